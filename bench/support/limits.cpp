@@ -1,0 +1,115 @@
+#include "support/limits.h"
+
+#include <immintrin.h>
+
+#include <algorithm>
+#include <chrono>
+#include <map>
+#include <memory>
+
+namespace bench {
+namespace {
+
+double secondsOf(const std::function<void()>& f) {
+  using clock = std::chrono::steady_clock;
+  double best = 1e9;
+  for (int round = 0; round < 7; ++round) {
+    const auto start = clock::now();
+    f();
+    best = std::min(best, std::chrono::duration<double>(clock::now() - start).count());
+  }
+  return best;
+}
+
+struct FreeDeleter {
+  void operator()(void* p) const { std::free(p); }
+};
+
+constexpr long chunk = 256;  // bytes
+
+[[gnu::always_inline]] inline void loadChunk(const char* p) {
+  for (int i = 0; i < int(chunk / 32); ++i)
+    asm volatile("vmovdqu %0, %%ymm0"
+                 :
+                 : "m"(*reinterpret_cast<const __m256i*>(p + 32 * i))
+                 : "ymm0");
+}
+[[gnu::always_inline]] inline void storeChunk(char* p) {
+  for (int i = 0; i < int(chunk / 32); ++i)
+    asm volatile("vmovdqa %%ymm0, %0" : "=m"(*reinterpret_cast<__m256i*>(p + 32 * i)));
+}
+
+// Seconds for one pass of 32-byte loads over `read` bytes beside stores over `written` bytes.
+double trafficSeconds(long read, long written) {
+  const long steps =
+      std::max(1L, std::min(read ? read : written, written ? written : read) / chunk);
+  const long loads = read / chunk / steps, stores = written / chunk / steps;  // a step
+  std::unique_ptr<char, FreeDeleter> memory(static_cast<char*>(
+      std::aligned_alloc(64, std::size_t((loads + stores) * steps * chunk + 64) & -64L)));
+  char* const source = memory.get();
+  char* const destination = source + loads * steps * chunk;
+  std::fill_n(source, (loads + stores) * steps * chunk, 1);
+  const long passes = std::max(1L, (64L << 20) / (read + written));
+  return secondsOf([&] {
+           for (long i = 0; i < passes; ++i) {
+             const char* r = source;
+             char* w = destination;
+             for (long step = 0; step < steps; ++step) {
+               for (long l = 0; l < loads; ++l, r += chunk) loadChunk(r);
+               for (long l = 0; l < stores; ++l, w += chunk) storeChunk(w);
+             }
+           }
+         }) /
+         double(passes);
+}
+
+// Floating-point operations a second: as many chains of multiplications and of additions as hide
+// the latency of either.
+template <class Vector>
+double arithmeticRate(Vector (*multiply)(Vector, Vector), Vector (*add)(Vector, Vector), Vector one,
+                      int lanes) {
+  constexpr int chains = 6;
+  constexpr long rounds = 1'000'000;
+  const double seconds = secondsOf([&] {
+    Vector m[chains], a[chains];
+    for (int c = 0; c < chains; ++c) m[c] = a[c] = one;
+    for (long i = 0; i < rounds; ++i)
+      for (int c = 0; c < chains; ++c) {
+        m[c] = multiply(m[c], one);
+        a[c] = add(a[c], one);
+        asm volatile("" : "+x"(m[c]), "+x"(a[c]));
+      }
+  });
+  return 2.0 * chains * rounds * lanes / seconds;
+}
+
+double floatRate() {
+  static const double rate = arithmeticRate<__m256>(
+      [](__m256 a, __m256 b) { return _mm256_mul_ps(a, b); },
+      [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); }, _mm256_set1_ps(1), 8);
+  return rate;
+}
+double doubleRate() {
+  static const double rate = arithmeticRate<__m256d>(
+      [](__m256d a, __m256d b) { return _mm256_mul_pd(a, b); },
+      [](__m256d a, __m256d b) { return _mm256_add_pd(a, b); }, _mm256_set1_pd(1), 4);
+  return rate;
+}
+
+}  // namespace
+
+double limitSeconds(const Work& work) {
+  static std::map<std::pair<long, long>, double> traffic;
+  const auto key = std::pair(long(work.bytesRead), long(work.bytesWritten));
+  double seconds = 0;
+  if (key.first + key.second > 0) {
+    auto [place, isNew] = traffic.try_emplace(key);
+    if (isNew) place->second = trafficSeconds(key.first, key.second);
+    seconds = place->second;
+  }
+  if (work.floatOps > 0) seconds = std::max(seconds, work.floatOps / floatRate());
+  if (work.doubleOps > 0) seconds = std::max(seconds, work.doubleOps / doubleRate());
+  return seconds;
+}
+
+}  // namespace bench

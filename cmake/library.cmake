@@ -1,0 +1,51 @@
+# The library, built once as position-independent objects and packed as shared and static.
+string(TIMESTAMP MOXSP_BUILD_DATE "%b %d %Y" UTC)  # SOURCE_DATE_EPOCH, where it is set
+execute_process(COMMAND git rev-list --count HEAD
+  WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE MOXSP_REVISION
+  OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+if(NOT MOXSP_REVISION)
+  set(MOXSP_REVISION 0)
+endif()
+configure_file(cmake/version_numbers.h.in generated/frame/version_numbers.h)
+
+file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp)
+add_library(moxsp_objects OBJECT ${sources})
+target_include_directories(moxsp_objects
+  PUBLIC include PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+set_target_properties(moxsp_objects PROPERTIES
+  POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+# Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
+# Vectors are written by hand, so the compiler's own vectoriser would only bloat peels and tails.
+target_compile_options(moxsp_objects PRIVATE
+  -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
+  -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
+
+add_library(moxsp SHARED $<TARGET_OBJECTS:moxsp_objects>)
+add_library(moxsp_static STATIC $<TARGET_OBJECTS:moxsp_objects>)
+add_library(moxsp::moxsp ALIAS moxsp)
+add_library(moxsp::moxsp_static ALIAS moxsp_static)
+set_target_properties(moxsp PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+  LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}
+  LINK_DEPENDS "${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld;${PROJECT_SOURCE_DIR}/src/frame/exports.map")
+set_target_properties(moxsp_static PROPERTIES
+  OUTPUT_NAME moxsp EXPORT_NAME moxsp_static ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+target_link_options(moxsp PRIVATE
+  -Wl,-T,${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld
+  -Wl,--version-script,${PROJECT_SOURCE_DIR}/src/frame/exports.map
+  -Wl,--as-needed -Wl,-z,relro,-z,now -Wl,--no-undefined)
+foreach(library moxsp moxsp_static)
+  target_include_directories(${library} INTERFACE
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+endforeach()
+target_link_libraries(moxsp_static INTERFACE m)
+target_link_libraries(moxsp PRIVATE m)
+
+if(MOXSP_SANITIZE)
+  # For all targets: a program and a library under the sanitizers must agree.
+  target_compile_options(moxsp_objects PRIVATE -fno-omit-frame-pointer)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=address,undefined)
+endif()

@@ -1,0 +1,12 @@
+/**
+ * @file
+ * moxSP, signal-processing primitives on plain arrays: all public declarations.
+ */
+#ifndef MOXSP_H
+#define MOXSP_H
+
+#include <moxsp/arith.h>
+#include <moxsp/frame.h>
+#include <moxsp/types.h>
+
+#endif

@@ -1,0 +1,38 @@
+// Lays out the parts of an object in one block. An object has one layout function, run over a
+// measuring arena for its size and over a placing one for its set-up, so that the two agree.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace mox {
+
+class Arena {
+ public:
+  Arena() = default;  // measures
+  explicit Arena(void* memory) : memory_(static_cast<std::byte*>(memory)) {}
+
+  // Room for `count` elements on a multiple of `alignment`; null while measuring. The block itself
+  // must start on a multiple of the largest alignment in use.
+  template <class T>
+  T* place(std::size_t count, std::size_t alignment = alignof(T)) {
+    const std::size_t start = (used_ + alignment - 1) & -alignment;
+    used_ = start + count * sizeof(T);
+    return memory_ ? reinterpret_cast<T*>(memory_ + start) : nullptr;
+  }
+
+  std::size_t used() const { return used_; }
+
+ private:
+  std::byte* memory_ = nullptr;
+  std::size_t used_ = 0;
+};
+
+// The next multiple of `alignment` at or after `p`.
+template <class T>
+T* alignUp(T* p, std::uintptr_t alignment) {
+  const std::uintptr_t step = -reinterpret_cast<std::uintptr_t>(p) & (alignment - 1);
+  return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(p) + step);
+}
+
+}  // namespace mox

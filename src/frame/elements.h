@@ -1,0 +1,44 @@
+// What templates need to know of an element type.
+#pragma once
+
+#include <moxsp/types.h>
+
+#include <type_traits>
+
+namespace mox {
+
+template <class E>
+concept Complex = requires(E e) {
+  e.re;
+  e.im;
+};
+
+namespace detail {
+template <class E>
+struct PartOf {
+  using type = E;
+};
+template <Complex E>
+struct PartOf<E> {
+  using type = decltype(E::re);
+};
+}  // namespace detail
+
+// The type of one number: the real and imaginary part of a complex element, else the element.
+template <class E>
+using Part = typename detail::PartOf<E>::type;
+
+template <class E>
+constexpr int partsPerElement = Complex<E> ? 2 : 1;
+
+// An array of complex elements seen as its parts, real part first.
+template <class E>
+const Part<E>* parts(const E* p) {
+  return reinterpret_cast<const Part<E>*>(p);
+}
+template <class E>
+Part<E>* parts(E* p) {
+  return reinterpret_cast<Part<E>*>(p);
+}
+
+}  // namespace mox

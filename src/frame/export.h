@@ -1,0 +1,19 @@
+// How a public function comes to be: MOX_EXPORT(name, body) puts the body's address into the
+// function's slot of the entry-point table and makes the public name a jump through that slot.
+// The slot has the type of the public declaration, so a body with another signature does not
+// compile. Bodies call bodies, never public names: whoever replaces a slot redirects outside
+// callers only. entry_table.ld gathers the slots in alphabetical order.
+#pragma once
+
+#define MOX_EXPORT(name, ...)                                                                 \
+  extern "C" [[gnu::used, gnu::visibility("hidden"),                                          \
+               gnu::section(".moxsp_entry." #name)]] decltype(&::name) const moxSlot_##name = \
+      __VA_ARGS__;                                                                            \
+  asm(".pushsection .text.moxsp_jump." #name                                                  \
+      ",\"ax\",@progbits\n"                                                                   \
+      ".p2align 4\n.globl " #name "\n.type " #name ",@function\n" #name                       \
+      ":\n\tendbr64\n\tjmp *moxSlot_" #name "(%rip)\n.size " #name ",.-" #name "\n.popsection")
+
+// For exports that share one body although their element types have different names.
+#define MOX_EXPORT_SHARED(name, ...) \
+  MOX_EXPORT(name, reinterpret_cast<decltype(&::name)>(__VA_ARGS__))

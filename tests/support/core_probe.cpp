@@ -1,0 +1,52 @@
+#include "support/core_probe.h"
+
+extern "C" {
+void* __real_moxMalloc(int bytes);
+void __real_moxFree(void* p);
+int __real_moxGetMaxCacheSizeB(int* bytes);
+int __real_ownGetFeature(std::uint64_t mask);
+}
+
+namespace {
+CoreProbe* active = nullptr;
+}
+
+CoreProbe::CoreProbe() { active = this; }
+CoreProbe::~CoreProbe() { active = nullptr; }
+
+void* CoreProbe::allocate(int bytes) {
+  if (++allocations_ == failAt_) return nullptr;
+  void* p = __real_moxMalloc(bytes);
+  live_ += p != nullptr;
+  return p;
+}
+
+void CoreProbe::release(void* p) {
+  live_ -= p != nullptr;
+  __real_moxFree(p);
+}
+
+int CoreProbe::maxCacheSize(int* bytes) {
+  ++cacheQueries_;
+  if (!cacheFixed_) return __real_moxGetMaxCacheSizeB(bytes);
+  if (!cache_) return -1;
+  *bytes = *cache_;
+  return 0;
+}
+
+int CoreProbe::feature(std::uint64_t mask) const {
+  return features_ ? (*features_ & mask) == mask : __real_ownGetFeature(mask);
+}
+
+extern "C" {
+void* __wrap_moxMalloc(int bytes) {
+  return active ? active->allocate(bytes) : __real_moxMalloc(bytes);
+}
+void __wrap_moxFree(void* p) { active ? active->release(p) : __real_moxFree(p); }
+int __wrap_moxGetMaxCacheSizeB(int* bytes) {
+  return active ? active->maxCacheSize(bytes) : __real_moxGetMaxCacheSizeB(bytes);
+}
+int __wrap_ownGetFeature(std::uint64_t mask) {
+  return active ? active->feature(mask) : __real_ownGetFeature(mask);
+}
+}

@@ -1,0 +1,37 @@
+// Stands between the library and moxcore while it lives: counts and fails allocations, fixes the
+// cache size and the feature mask. It hooks in at link time (--wrap), so the library carries
+// no trace of it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+class CoreProbe {
+ public:
+  CoreProbe();
+  ~CoreProbe();
+  CoreProbe(const CoreProbe&) = delete;
+  CoreProbe& operator=(const CoreProbe&) = delete;
+
+  void failAllocation(int nth) { failAt_ = allocations_ + nth; }  // 1 is the next one
+  void fixCacheSize(std::optional<int> bytes) {
+    cacheFixed_ = true, cache_ = bytes;
+  }  // none: unknown
+  void fixFeatures(std::uint64_t mask) { features_ = mask; }
+
+  int allocations() const { return allocations_; }  // asked for, failed ones included
+  int live() const { return live_; }                // taken and not yet released
+  int cacheQueries() const { return cacheQueries_; }
+
+  // Called by the hooks.
+  void* allocate(int bytes);
+  void release(void* p);
+  int maxCacheSize(int* bytes);
+  int feature(std::uint64_t mask) const;
+
+ private:
+  int allocations_ = 0, live_ = 0, failAt_ = 0, cacheQueries_ = 0;
+  bool cacheFixed_ = false;
+  std::optional<int> cache_;
+  std::optional<std::uint64_t> features_;
+};
