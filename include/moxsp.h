@@ -6,7 +6,10 @@
 #define MOXSP_H
 
 #include <moxsp/arith.h>
+#include <moxsp/convert.h>
+#include <moxsp/fir.h>
 #include <moxsp/frame.h>
+#include <moxsp/transforms.h>
 #include <moxsp/types.h>
 
 #endif
