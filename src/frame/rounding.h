@@ -28,8 +28,14 @@ using ExactVector = std::conditional_t<magnitude <= 31, V<Mox32s, 4>, V<Mox64f, 
 template <int magnitude>
 constexpr bool hasExactVector = magnitude <= 53;
 
-// 2^n for the exponents of normal doubles.
-inline Mox64f powerOfTwo(int n) { return std::bit_cast<Mox64f>(Mox64u(1023 + n) << 52); }
+// 2^n for the exponents of normal numbers.
+template <class F>
+F powerOfTwo(int n) {
+  if constexpr (sizeof(F) == 4)
+    return std::bit_cast<F>(Mox32u(127 + n) << 23);
+  else
+    return std::bit_cast<F>(Mox64u(1023 + n) << 52);
+}
 
 // Factor 0: the value itself.
 struct Unscaled {
@@ -58,7 +64,7 @@ class ScaledDown {
       mask_ = broadcast<Vector>(n > 31 ? 0 : Mox32s((Mox32u(1) << n) - 1));
       bias_ = broadcast<Vector>(n > 31 ? 0x7FFFFFFF : (Mox32s(1) << (n - 1)) - 1);
     } else {
-      factor_ = broadcast<Vector>(powerOfTwo(-std::min(n, magnitude + 2)));
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)));
     }
   }
 
@@ -104,7 +110,7 @@ class ScaledUp {
       lowLanes_ = broadcast<Vector>(Mox32s(low_));
       ones_ = broadcast<Vector>(Mox32s((Int128(1) << n_) - 1));
     } else {
-      factor_ = broadcast<Vector>(powerOfTwo(n_));
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(n_));
     }
   }
 

@@ -118,9 +118,10 @@ template <class E>
 struct Halves {
   V<E, 4> low, high;
 };
-[[gnu::always_inline]] inline Halves<Mox32s> halves(V<Mox32s, 8> v) {
-  return {V<Mox32s, 4>(_mm256_castsi256_si128(__m256i(v))),
-          V<Mox32s, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
+template <class E = Mox32s>
+[[gnu::always_inline]] inline Halves<E> halves(V<E, 8> v) {
+  return {V<E, 4>(_mm256_castsi256_si128(__m256i(v))),
+          V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
 }
 
 // Two vectors joined, each lane saturated to E.

@@ -30,7 +30,7 @@ template <class Wide, class E>
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));
   } else {
-    static_assert(sizeof(Wide) == 16 && sizeof(Wide{}[0]) == 4);
+    static_assert(sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 4);
     if constexpr (sizeof(E) == 3) {
       return Wide(loadLanes(p));
     } else if constexpr (sizeof(E) == 2) {
