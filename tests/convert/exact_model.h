@@ -29,9 +29,12 @@ inline Int128 roundedMagnitude(Int128 magnitude, long exponent, Mode mode) {
   const Int128 unit = Int128(1) << -exponent, whole = magnitude / unit, rest = magnitude % unit;
   const Int128 half = unit / 2;
   switch (mode) {
-    case Mode::zero: return whole;
-    case Mode::halfAway: return whole + (rest >= half);
-    case Mode::nearEven: return whole + (rest > half || (rest == half && whole % 2 == 1));
+    case Mode::zero:
+      return whole;
+    case Mode::halfAway:
+      return whole + (rest >= half);
+    case Mode::nearEven:
+      return whole + (rest > half || (rest == half && whole % 2 == 1));
   }
   return 0;
 }

@@ -76,8 +76,8 @@ void expectPairsExact(Op op) {
       const test::UnderRounding mode(rounding);
       mox::mapScaled<magnitude>(factor, op, dst.data(), long(a.size()), a.data(), b.data());
       for (std::size_t i = 0; i < a.size(); ++i)
-        ASSERT_EQ(dst[i], T(test::scaledInteger(op(Int128(a[i]), Int128(b[i])), factor,
-                                                test::rangeOf<T>)))
+        ASSERT_EQ(dst[i],
+                  T(test::scaledInteger(op(Int128(a[i]), Int128(b[i])), factor, test::rangeOf<T>)))
             << +a[i] << " and " << +b[i] << ", factor " << factor;
     }
 }
@@ -104,7 +104,8 @@ TEST(ScaleRule, AllBitsOfAVectorLaneMayBeInUse) {
   const std::vector<Mox32s> src(values.begin(), values.end());
   std::vector<Mox16s> dst(src.size());
   for (int factor : factors()) {
-    mox::mapScaled<31>(factor, [](auto r) { return r; }, dst.data(), long(src.size()), src.data());
+    mox::mapScaled<31>(
+        factor, [](auto r) { return r; }, dst.data(), long(src.size()), src.data());
     for (std::size_t i = 0; i < src.size(); ++i)
       ASSERT_EQ(dst[i], test::scaledInteger(src[i], factor, test::rangeOf<Mox16s>))
           << src[i] << ", factor " << factor;
