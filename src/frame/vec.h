@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace mox {
 
@@ -56,6 +57,48 @@ template <class T>
     _mm_stream_si128(static_cast<__m128i*>(p), __m128i(v));
 }
 inline void streamFence() { _mm_sfence(); }
+
+// The smaller and the larger of two values lane by lane, for scalars and vectors; the second
+// operand where they compare neither way, as with NaN.
+template <class T>
+[[gnu::always_inline]] inline T lesser(T a, T b) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_min_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_min_pd(a, b));
+  else
+    return a < b ? a : b;
+}
+template <class T>
+[[gnu::always_inline]] inline T greater(T a, T b) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_max_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_max_pd(a, b));
+  else
+    return a > b ? a : b;
+}
+
+// To the nearest integer, ties to even, whatever the rounding mode in force.
+[[gnu::always_inline]] inline V<Mox64f> nearestInteger(V<Mox64f> v) {
+  return V<Mox64f>(_mm256_round_pd(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+}
+
+// Two vectors joined, each lane saturated to E.
+template <class E>
+[[gnu::always_inline]] inline V<E, 8> packSaturated(V<Mox32s, 4> low, V<Mox32s, 4> high) {
+  if constexpr (std::is_same_v<E, Mox16s>)
+    return V<E, 8>(_mm_packs_epi32(__m128i(low), __m128i(high)));
+  else
+    return V<E, 8>(_mm_packus_epi32(__m128i(low), __m128i(high)));
+}
+template <class E>
+[[gnu::always_inline]] inline V<E, 16> packSaturated(V<Mox16s, 8> low, V<Mox16s, 8> high) {
+  if constexpr (std::is_same_v<E, Mox8s>)
+    return V<E, 16>(_mm_packs_epi16(__m128i(low), __m128i(high)));
+  else
+    return V<E, 16>(_mm_packus_epi16(__m128i(low), __m128i(high)));
+}
 
 // Every lane holds the same value.
 template <class T, class E>
