@@ -3,6 +3,10 @@
 // where the pairs begin and where R[n/2] is.
 #pragma once
 
+#include <cstring>
+
+#include "frame/vec.h"
+
 namespace mox {
 
 struct PermLayout {
@@ -25,5 +29,28 @@ struct CcsLayout {
 
 constexpr bool hasMiddle(long n) { return n % 2 == 0; }
 constexpr long interiorPairs(long n) { return (n - 1) / 2; }
+
+// Turns a Perm spectrum into another layout in place.
+template <class Layout, class E>
+void fromPerm(E* p, long n) {
+  const E middle = hasMiddle(n) ? load<E>(p + PermLayout::middle(n)) : E(0);
+  std::memmove(p + Layout::firstPair(n), p + PermLayout::firstPair(n),
+               2 * interiorPairs(n) * sizeof(E));
+  if (hasMiddle(n)) store(p + Layout::middle(n), middle);
+  if constexpr (Layout::imaginaryEnds) {
+    store(p + 1, E(0));
+    if (hasMiddle(n)) store(p + Layout::middle(n) + 1, E(0));
+  }
+}
+
+// Copies a spectrum of any layout to its Perm form; `dst` may be `src`.
+template <class Layout, class E>
+void toPerm(const E* src, E* dst, long n) {
+  const E first = load<E>(src), middle = hasMiddle(n) ? load<E>(src + Layout::middle(n)) : E(0);
+  std::memmove(dst + PermLayout::firstPair(n), src + Layout::firstPair(n),
+               2 * interiorPairs(n) * sizeof(E));
+  store(dst, first);
+  if (hasMiddle(n)) store(dst + PermLayout::middle(n), middle);
+}
 
 }  // namespace mox

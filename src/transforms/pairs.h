@@ -3,9 +3,10 @@
 // vectors over 16-bit parts have 32 bits to a lane.
 #pragma once
 
+#include <tuple>
 #include <type_traits>
 
-#include "frame/vec.h"
+#include "frame/map.h"
 
 namespace mox {
 
@@ -71,17 +72,21 @@ template <class T, class E>
   }
 }
 
-// dst = op(src1, src2) over `count` numbers, taken by operands of the types T in turn, the widest
-// first and a scalar last. All loads of a step come before its stores.
+// dst = op(src1, src2) over `count` numbers: a peel until `dst` is aligned, where numbers can reach
+// the alignment, then operands of the types T in turn, the widest first and a scalar last. All
+// loads of a step come before its stores.
 template <class... T, class Op, class E>
 void mapPairs(Op op, E* dst, long count, const E* src1, const E* src2) {
   long i = 0;
-  const auto run = [&]<class Operand>(Pair<Operand>*) {
-    for (; i <= count - numbersIn<Operand>; i += numbersIn<Operand>)
+  const auto run = [&]<class Operand>(Operand*, long end) {
+    for (; i <= end - numbersIn<Operand>; i += numbersIn<Operand>)
       storePairs(dst + 2 * i,
                  op(loadPairs<Operand>(src1 + 2 * i), loadPairs<Operand>(src2 + 2 * i)));
   };
-  (run(static_cast<Pair<T>*>(nullptr)), ...);
+  using Scalar = std::tuple_element_t<sizeof...(T) - 1, std::tuple<T...>>;
+  const int peel = peelCount(reinterpret_cast<Pair<E>*>(dst));
+  if (peel + lanesOf<E> <= count) run(static_cast<Scalar*>(nullptr), peel);
+  (run(static_cast<T*>(nullptr), count), ...);
 }
 
 }  // namespace mox
