@@ -1,0 +1,34 @@
+// Products added to what the destination holds.
+#include <moxsp/arith.h>
+
+#include "arith/element_wise.h"
+#include "arith/product.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+// srcDst = srcDst + op(src1, src2)
+template <auto op, class E>
+MoxStatus addProduct(const E* src1, const E* src2, E* srcDst, int len) {
+  if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
+  mapElements([](auto a, auto b, auto c) { return c + op(a, b); }, srcDst, len, src1, src2, srcDst);
+  return moxOk;
+}
+
+MoxStatus addProductConstant(const Mox32f* src, Mox32f val, Mox32f* srcDst, int len) {
+  if (MoxStatus s = checkArrays(len, src, srcDst)) return s;
+  mapElements([](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src, Same<Mox32f>{val},
+              srcDst);
+  return moxOk;
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsAddProduct_32f, addProduct<product, Mox32f>);
+MOX_EXPORT(moxsAddProduct_64f, addProduct<product, Mox64f>);
+MOX_EXPORT(moxsAddProduct_32fc, addProduct<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsAddProduct_64fc, addProduct<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsAddProductC_32f, addProductConstant);
+
+}  // namespace mox

@@ -1,0 +1,47 @@
+// Products of floats, of two vectors and with a constant.
+#include <moxsp/arith.h>
+
+#include "arith/element_wise.h"
+#include "arith/product.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+// Single precision alone copies for 1 and clears for 0, whatever the elements are.
+MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
+  if (val != 1 && val != 0) return mapConstant<product>(src, val, dst, len);
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  if (val == 0)
+    zeroElements(dst, len);
+  else if (src != dst)
+    copyElements(src, dst, len);
+  return moxOk;
+}
+MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
+  return mulConstant(srcDst, val, srcDst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f, Mox32f, Mox32f>);
+MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f, Mox64f, Mox64f>);
+MOX_EXPORT(moxsMul_32f_I, mapPairInPlace<product, Mox32f, Mox32f>);
+MOX_EXPORT(moxsMul_64f_I, mapPairInPlace<product, Mox64f, Mox64f>);
+MOX_EXPORT(moxsMul_32fc, mapPair<complexProduct, Mox32fc, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_64fc, mapPair<complexProduct, Mox64fc, Mox64fc, Mox64fc>);
+MOX_EXPORT(moxsMul_32fc_I, mapPairInPlace<complexProduct, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_64fc_I, mapPairInPlace<complexProduct, Mox64fc, Mox64fc>);
+MOX_EXPORT(moxsMul_32f32fc, mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_32f32fc_I, mapPairInPlace<realByComplex, Mox32f, Mox32fc>);
+
+MOX_EXPORT(moxsMulC_32f, mulConstant);
+MOX_EXPORT(moxsMulC_32f_I, mulConstantInPlace);
+MOX_EXPORT(moxsMulC_64f, mapConstant<product, Mox64f>);
+MOX_EXPORT(moxsMulC_64f_I, mapConstantInPlace<product, Mox64f>);
+MOX_EXPORT(moxsMulC_32fc, mapConstant<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsMulC_64fc, mapConstant<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsMulC_32fc_I, mapConstantInPlace<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsMulC_64fc_I, mapConstantInPlace<complexProduct, Mox64fc>);
+
+}  // namespace mox
