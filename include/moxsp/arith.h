@@ -12,6 +12,15 @@
 
 #include <moxsp/types.h>
 
+/** @defgroup scaling Scaled integers
+ * Names with `Sfs` scale their integer result: the exact value r of the operation becomes
+ * r * 2^-scaleFactor, rounded to nearest with ties to even and saturated to the type of the result.
+ * A positive factor divides: 2.5 gives 2, -1.5 gives -2. Every `scaleFactor` is valid: far above
+ * the size of r all results are 0, far below it the sign of r alone decides. Results are exact to
+ * the bit.
+ * @{ */
+/** @} */
+
 /** @defgroup add Add
  * Sums. Add: `dst[i] = src1[i] + src2[i]`, in place `srcDst[i] = src[i] + srcDst[i]`. AddC:
  * `dst[i] = src[i] + val`, in place `srcDst[i] = srcDst[i] + val`; for 0 <= i < len.
@@ -31,6 +40,56 @@ MOX_API MoxStatus moxsAdd_32f_I(const Mox32f* src, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsAdd_64f_I(const Mox64f* src, Mox64f* srcDst, int len);
 MOX_API MoxStatus moxsAdd_32fc_I(const Mox32fc* src, Mox32fc* srcDst, int len);
 MOX_API MoxStatus moxsAdd_64fc_I(const Mox64fc* src, Mox64fc* srcDst, int len);
+MOX_API MoxStatus moxsAdd_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
+                                 int scaleFactor);
+MOX_API MoxStatus moxsAdd_8u_ISfs(const Mox8u* src, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_8u16u(const Mox8u* src1, const Mox8u* src2, Mox16u* dst, int len);
+MOX_API MoxStatus moxsAdd_16s(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len);
+MOX_API MoxStatus moxsAdd_16s_I(const Mox16s* src, Mox16s* srcDst, int len);
+MOX_API MoxStatus moxsAdd_16s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsAdd_16s_ISfs(const Mox16s* src, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_16sc_Sfs(const Mox16sc* src1, const Mox16sc* src2, Mox16sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAdd_16sc_ISfs(const Mox16sc* src, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_16s32f(const Mox16s* src1, const Mox16s* src2, Mox32f* dst, int len);
+MOX_API MoxStatus moxsAdd_16s32s_I(const Mox16s* src, Mox32s* srcDst, int len);
+MOX_API MoxStatus moxsAdd_16u(const Mox16u* src1, const Mox16u* src2, Mox16u* dst, int len);
+MOX_API MoxStatus moxsAdd_16u_Sfs(const Mox16u* src1, const Mox16u* src2, Mox16u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsAdd_16u_ISfs(const Mox16u* src, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_32u(const Mox32u* src1, const Mox32u* src2, Mox32u* dst, int len);
+MOX_API MoxStatus moxsAdd_32s_Sfs(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsAdd_32s_ISfs(const Mox32s* src, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_32sc_Sfs(const Mox32sc* src1, const Mox32sc* src2, Mox32sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAdd_32sc_ISfs(const Mox32sc* src, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAdd_64s_Sfs(const Mox64s* src1, const Mox64s* src2, Mox64s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsAddC_8u_Sfs(const Mox8u* src, Mox8u val, Mox8u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsAddC_8u_ISfs(Mox8u val, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_16s_Sfs(const Mox16s* src, Mox16s val, Mox16s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAddC_16s_ISfs(Mox16s val, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_16u_Sfs(const Mox16u* src, Mox16u val, Mox16u* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAddC_16u_ISfs(Mox16u val, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_16sc_Sfs(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsAddC_16sc_ISfs(Mox16sc val, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_32s_Sfs(const Mox32s* src, Mox32s val, Mox32s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAddC_32s_ISfs(Mox32s val, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_32sc_Sfs(const Mox32sc* src, Mox32sc val, Mox32sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsAddC_32sc_ISfs(Mox32sc val, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsAddC_16s_I(Mox16s val, Mox16s* srcDst, int len);
+MOX_API MoxStatus moxsAddC_64s_Sfs(const Mox64s* src, Mox64s val, Mox64s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsAddC_64u_Sfs(const Mox64u* src, Mox64u val, Mox64u* dst, int len,
+                                   int scaleFactor);
 MOX_API MoxStatus moxsAddC_32f(const Mox32f* src, Mox32f val, Mox32f* dst, int len);
 MOX_API MoxStatus moxsAddC_32f_I(Mox32f val, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsAddC_32fc(const Mox32fc* src, Mox32fc val, Mox32fc* dst, int len);
@@ -52,6 +111,30 @@ MOX_API MoxStatus moxsAddC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
  * A `val` of 0 in `moxsSubC_32f` leaves every element as it is.
  * @note `moxsSub_64s_Sfs` saturates the difference to 64 bits before it scales it.
  * @{ */
+MOX_API MoxStatus moxsSub_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
+                                 int scaleFactor);
+MOX_API MoxStatus moxsSub_8u_ISfs(const Mox8u* src, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_16s(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len);
+MOX_API MoxStatus moxsSub_16s_I(const Mox16s* src, Mox16s* srcDst, int len);
+MOX_API MoxStatus moxsSub_16s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsSub_16s_ISfs(const Mox16s* src, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_16sc_Sfs(const Mox16sc* src1, const Mox16sc* src2, Mox16sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsSub_16sc_ISfs(const Mox16sc* src, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_16s32f(const Mox16s* src1, const Mox16s* src2, Mox32f* dst, int len);
+MOX_API MoxStatus moxsSub_16s32s_I(const Mox16s* src, Mox32s* srcDst, int len);
+MOX_API MoxStatus moxsSub_16u_Sfs(const Mox16u* src1, const Mox16u* src2, Mox16u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsSub_16u_ISfs(const Mox16u* src, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_32s_Sfs(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsSub_32s_ISfs(const Mox32s* src, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_32sc_Sfs(const Mox32sc* src1, const Mox32sc* src2, Mox32sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsSub_32sc_ISfs(const Mox32sc* src, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSub_64s_Sfs(const Mox64s* src1, const Mox64s* src2, Mox64s* dst, int len,
+                                  int scaleFactor);
 MOX_API MoxStatus moxsSub_32f(const Mox32f* src1, const Mox32f* src2, Mox32f* dst, int len);
 MOX_API MoxStatus moxsSub_32f_I(const Mox32f* src, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsSub_32fc(const Mox32fc* src1, const Mox32fc* src2, Mox32fc* dst, int len);
@@ -60,6 +143,25 @@ MOX_API MoxStatus moxsSub_64f(const Mox64f* src1, const Mox64f* src2, Mox64f* ds
 MOX_API MoxStatus moxsSub_64f_I(const Mox64f* src, Mox64f* srcDst, int len);
 MOX_API MoxStatus moxsSub_64fc(const Mox64fc* src1, const Mox64fc* src2, Mox64fc* dst, int len);
 MOX_API MoxStatus moxsSub_64fc_I(const Mox64fc* src, Mox64fc* srcDst, int len);
+MOX_API MoxStatus moxsSubC_8u_Sfs(const Mox8u* src, Mox8u val, Mox8u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsSubC_8u_ISfs(Mox8u val, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_16s_Sfs(const Mox16s* src, Mox16s val, Mox16s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsSubC_16s_ISfs(Mox16s val, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_16u_Sfs(const Mox16u* src, Mox16u val, Mox16u* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsSubC_16u_ISfs(Mox16u val, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_16sc_Sfs(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsSubC_16sc_ISfs(Mox16sc val, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_32s_Sfs(const Mox32s* src, Mox32s val, Mox32s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsSubC_32s_ISfs(Mox32s val, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_32sc_Sfs(const Mox32sc* src, Mox32sc val, Mox32sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsSubC_32sc_ISfs(Mox32sc val, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubC_16s_I(Mox16s val, Mox16s* srcDst, int len);
 MOX_API MoxStatus moxsSubC_32f(const Mox32f* src, Mox32f val, Mox32f* dst, int len);
 MOX_API MoxStatus moxsSubC_32f_I(Mox32f val, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsSubC_32fc(const Mox32fc* src, Mox32fc val, Mox32fc* dst, int len);
@@ -68,6 +170,25 @@ MOX_API MoxStatus moxsSubC_64f(const Mox64f* src, Mox64f val, Mox64f* dst, int l
 MOX_API MoxStatus moxsSubC_64f_I(Mox64f val, Mox64f* srcDst, int len);
 MOX_API MoxStatus moxsSubC_64fc(const Mox64fc* src, Mox64fc val, Mox64fc* dst, int len);
 MOX_API MoxStatus moxsSubC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
+MOX_API MoxStatus moxsSubCRev_8u_Sfs(const Mox8u* src, Mox8u val, Mox8u* dst, int len,
+                                     int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_8u_ISfs(Mox8u val, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16s_Sfs(const Mox16s* src, Mox16s val, Mox16s* dst, int len,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16s_ISfs(Mox16s val, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16u_Sfs(const Mox16u* src, Mox16u val, Mox16u* dst, int len,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16u_ISfs(Mox16u val, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16sc_Sfs(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len,
+                                       int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16sc_ISfs(Mox16sc val, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_32s_Sfs(const Mox32s* src, Mox32s val, Mox32s* dst, int len,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_32s_ISfs(Mox32s val, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_32sc_Sfs(const Mox32sc* src, Mox32sc val, Mox32sc* dst, int len,
+                                       int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_32sc_ISfs(Mox32sc val, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsSubCRev_16s_I(Mox16s val, Mox16s* srcDst, int len);
 MOX_API MoxStatus moxsSubCRev_32f(const Mox32f* src, Mox32f val, Mox32f* dst, int len);
 MOX_API MoxStatus moxsSubCRev_32f_I(Mox32f val, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsSubCRev_32fc(const Mox32fc* src, Mox32fc val, Mox32fc* dst, int len);
@@ -94,6 +215,38 @@ MOX_API MoxStatus moxsSubCRev_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
  * single precision, and round to 16 bits in the current rounding mode; a NaN gives 32767.
  * `moxsMulC_64f64s_ISfs` scales the exact product of integer and double; a NaN gives 0.
  * @{ */
+MOX_API MoxStatus moxsMul_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
+                                 int scaleFactor);
+MOX_API MoxStatus moxsMul_8u_ISfs(const Mox8u* src, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_8u16u(const Mox8u* src1, const Mox8u* src2, Mox16u* dst, int len);
+MOX_API MoxStatus moxsMul_16s(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len);
+MOX_API MoxStatus moxsMul_16s_I(const Mox16s* src, Mox16s* srcDst, int len);
+MOX_API MoxStatus moxsMul_16s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsMul_16s_ISfs(const Mox16s* src, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_16sc_Sfs(const Mox16sc* src1, const Mox16sc* src2, Mox16sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsMul_16sc_ISfs(const Mox16sc* src, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_16s32f(const Mox16s* src1, const Mox16s* src2, Mox32f* dst, int len);
+MOX_API MoxStatus moxsMul_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox32s* dst, int len,
+                                     int scaleFactor);
+MOX_API MoxStatus moxsMul_16u16s_Sfs(const Mox16u* src1, const Mox16s* src2, Mox16s* dst, int len,
+                                     int scaleFactor);
+MOX_API MoxStatus moxsMul_16u_Sfs(const Mox16u* src1, const Mox16u* src2, Mox16u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsMul_16u_ISfs(const Mox16u* src, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_32s_Sfs(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsMul_32s_ISfs(const Mox32s* src, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_32sc_Sfs(const Mox32sc* src1, const Mox32sc* src2, Mox32sc* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsMul_32sc_ISfs(const Mox32sc* src, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_32s32sc_Sfs(const Mox32s* src1, const Mox32sc* src2, Mox32sc* dst,
+                                      int len, int scaleFactor);
+MOX_API MoxStatus moxsMul_32s32sc_ISfs(const Mox32s* src, Mox32sc* srcDst, int len,
+                                       int scaleFactor);
+MOX_API MoxStatus moxsMul_Low_32s_Sfs(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len,
+                                      int scaleFactor);
 MOX_API MoxStatus moxsMul_32f(const Mox32f* src1, const Mox32f* src2, Mox32f* dst, int len);
 MOX_API MoxStatus moxsMul_32f_I(const Mox32f* src, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsMul_32fc(const Mox32fc* src1, const Mox32fc* src2, Mox32fc* dst, int len);
@@ -104,6 +257,25 @@ MOX_API MoxStatus moxsMul_64f(const Mox64f* src1, const Mox64f* src2, Mox64f* ds
 MOX_API MoxStatus moxsMul_64f_I(const Mox64f* src, Mox64f* srcDst, int len);
 MOX_API MoxStatus moxsMul_64fc(const Mox64fc* src1, const Mox64fc* src2, Mox64fc* dst, int len);
 MOX_API MoxStatus moxsMul_64fc_I(const Mox64fc* src, Mox64fc* srcDst, int len);
+MOX_API MoxStatus moxsMulC_8u_Sfs(const Mox8u* src, Mox8u val, Mox8u* dst, int len,
+                                  int scaleFactor);
+MOX_API MoxStatus moxsMulC_8u_ISfs(Mox8u val, Mox8u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_16s_Sfs(const Mox16s* src, Mox16s val, Mox16s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsMulC_16s_ISfs(Mox16s val, Mox16s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_16u_Sfs(const Mox16u* src, Mox16u val, Mox16u* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsMulC_16u_ISfs(Mox16u val, Mox16u* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_16sc_Sfs(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsMulC_16sc_ISfs(Mox16sc val, Mox16sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_32s_Sfs(const Mox32s* src, Mox32s val, Mox32s* dst, int len,
+                                   int scaleFactor);
+MOX_API MoxStatus moxsMulC_32s_ISfs(Mox32s val, Mox32s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_32sc_Sfs(const Mox32sc* src, Mox32sc val, Mox32sc* dst, int len,
+                                    int scaleFactor);
+MOX_API MoxStatus moxsMulC_32sc_ISfs(Mox32sc val, Mox32sc* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_16s_I(Mox16s val, Mox16s* srcDst, int len);
 MOX_API MoxStatus moxsMulC_32f(const Mox32f* src, Mox32f val, Mox32f* dst, int len);
 MOX_API MoxStatus moxsMulC_32f_I(Mox32f val, Mox32f* srcDst, int len);
 MOX_API MoxStatus moxsMulC_32fc(const Mox32fc* src, Mox32fc val, Mox32fc* dst, int len);
@@ -112,6 +284,11 @@ MOX_API MoxStatus moxsMulC_64f(const Mox64f* src, Mox64f val, Mox64f* dst, int l
 MOX_API MoxStatus moxsMulC_64f_I(Mox64f val, Mox64f* srcDst, int len);
 MOX_API MoxStatus moxsMulC_64fc(const Mox64fc* src, Mox64fc val, Mox64fc* dst, int len);
 MOX_API MoxStatus moxsMulC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
+MOX_API MoxStatus moxsMulC_32f16s_Sfs(const Mox16s* src, Mox32f val, Mox16s* dst, int len,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsMulC_64s_ISfs(Mox64s val, Mox64s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_64f64s_ISfs(Mox64f val, Mox64s* srcDst, int len, int scaleFactor);
+MOX_API MoxStatus moxsMulC_Low_32f16s(const Mox16s* src, Mox32f val, Mox16s* dst, int len);
 /** @} */
 
 /** @defgroup addproduct AddProduct
@@ -125,6 +302,12 @@ MOX_API MoxStatus moxsMulC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
  * + double(srcDst), to nearest in each step. Above 62 all results are 0, at or below -31 the sign
  * of the exact sum alone decides.
  * @{ */
+MOX_API MoxStatus moxsAddProduct_16s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox16s* srcDst,
+                                         int len, int scaleFactor);
+MOX_API MoxStatus moxsAddProduct_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox32s* srcDst,
+                                            int len, int scaleFactor);
+MOX_API MoxStatus moxsAddProduct_32s_Sfs(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst,
+                                         int len, int scaleFactor);
 MOX_API MoxStatus moxsAddProduct_32f(const Mox32f* src1, const Mox32f* src2, Mox32f* srcDst,
                                      int len);
 MOX_API MoxStatus moxsAddProduct_32fc(const Mox32fc* src1, const Mox32fc* src2, Mox32fc* srcDst,

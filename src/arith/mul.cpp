@@ -2,7 +2,7 @@
 #include <moxsp/arith.h>
 
 #include "arith/element_wise.h"
-#include "arith/product.h"
+#include "arith/operations.h"
 #include "frame/export.h"
 
 namespace mox {

@@ -69,14 +69,14 @@ template <class E>
   return load<Single<E>>(&src.value);
 }
 
-// One part of element i.
+// One part of element i; a real element stands for both parts.
 template <class E>
 [[gnu::always_inline]] inline Part<E> partFrom(const E* src, long i, int part) {
-  return load<Part<E>>(parts(src + i) + part);
+  return load<Part<E>>(parts(src + i) + part % partsPerElement<E>);
 }
 template <class E>
 [[gnu::always_inline]] inline Part<E> partFrom(Same<E> src, long, int part) {
-  return parts(&src.value)[part];
+  return parts(&src.value)[part % partsPerElement<E>];
 }
 
 template <class D, class E>

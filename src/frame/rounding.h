@@ -85,6 +85,15 @@ class ScaledDown {
     }
   }
 
+  // Lanes of 16 bits, as long as they hold r + 2^(n-1).
+  template <class W>
+  requires(sizeof(Lane<W>) == 2)  //
+      [[gnu::always_inline]] W
+      operator()(W r) const {
+    const auto bias = broadcast<W>(Lane<W>(scalarBias_));
+    return (r + bias + ((r >> scalarShift_) & 1)) >> scalarShift_;
+  }
+
  private:
   int scalarShift_, vectorShift_;
   Scalar scalarBias_;
@@ -127,6 +136,17 @@ class ScaledUp {
       return r * factor_;
   }
 
+  // Integer lanes of any other width that holds T.
+  template <class W>
+  [[gnu::always_inline]] W operator()(W r) const {
+    using E = Lane<W>;
+    const auto high = broadcast<W>(E(high_)), low = broadcast<W>(E(low_)),
+               ones = broadcast<W>(E((Int128(1) << n_) - 1));
+    W stopped = lesser(r, high);
+    if constexpr (std::is_signed_v<E>) stopped = greater(stopped, low);
+    return shiftLeft(stopped, std::min(n_, 8 * int(sizeof(E)))) | (W(r > high) & ones);
+  }
+
  private:
   int n_;
   Scalar high_, low_;
@@ -162,10 +182,17 @@ class Scale {
 
   template <class Loop>
   void withRule(Loop loop) const {
+    if (factor_ > 0)
+      loop(ScaledDown<magnitude>(factor_));
+    else
+      withUpwardRule(loop);
+  }
+
+  // For factors of 0 and below.
+  template <class Loop>
+  void withUpwardRule(Loop loop) const {
     if (factor_ == 0)
       loop(Unscaled());
-    else if (factor_ > 0)
-      loop(ScaledDown<magnitude>(factor_));
     else
       loop(ScaledUp<T, magnitude>(-std::max(factor_, -1000)));
   }
