@@ -18,18 +18,19 @@ MoxStatus mulConstant64(Mox64s val, Mox64s* srcDst, int len, int scaleFactor) {
 // A double as the integer `mantissa` times 2^exponent: the exact product with one, times a power of
 // two, is what the scale rule is about. Infinity counts as a power beyond every limit, NaN as 0.
 struct Decomposed {
-  Mox64s mantissa;
-  int exponent;
+  Mox64s mantissa = 0;
+  long exponent = 0;
 
   explicit Decomposed(Mox64f x) {
-    constexpr int digits = std::numeric_limits<Mox64f>::digits, beyond = 4096;
-    if (std::isnan(x)) {
-      mantissa = 0, exponent = 0;
-    } else if (std::isinf(x)) {
-      mantissa = x < 0 ? -1 : 1, exponent = beyond;
-    } else {
-      mantissa = Mox64s(std::ldexp(std::frexp(x, &exponent), digits));
-      exponent -= digits;
+    constexpr int digits = std::numeric_limits<Mox64f>::digits;
+    constexpr long beyond = 1L << 40;
+    if (std::isinf(x)) {
+      mantissa = x < 0 ? -1 : 1;
+      exponent = beyond;
+    } else if (!std::isnan(x)) {
+      int top;
+      mantissa = Mox64s(std::ldexp(std::frexp(x, &top), digits));
+      exponent = top - digits;
     }
   }
 };
@@ -37,7 +38,7 @@ struct Decomposed {
 MoxStatus mulDoubleConstant64(Mox64f val, Mox64s* srcDst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcDst)) return s;
   const Decomposed constant(val);
-  const long factor = long(scaleFactor) - constant.exponent;
+  const long factor = scaleFactor - constant.exponent;
   mapScaled<116>(int(std::clamp(factor, -2000L, 2000L)), product, srcDst, len, srcDst,
                  Same<Mox64s>{constant.mantissa});
   return moxOk;

@@ -10,9 +10,8 @@ namespace mox {
 namespace detail {
 
 // (x & 1) is what halving lost: a tie, which moves an odd floor up to the even integer above it.
-template <class W>
-[[gnu::always_inline]] inline W halfToEven(W floor, W x) {
-  return floor + (floor & x & 1);
+inline V<Mox16s, 8> halfToEven(V<Mox16s, 8> floor, V<Mox16s, 8> x) {
+  return addSaturated(floor, floor & x & 1);
 }
 
 }  // namespace detail

@@ -15,6 +15,10 @@ namespace mox {
 template <class E>
 constexpr int bits = std::numeric_limits<Part<E>>::digits;
 
+// Whether T has every value of E.
+template <class T, class E>
+constexpr bool holds = Limits<T>::min <= Limits<E>::min&& Limits<E>::max <= Limits<T>::max;
+
 // The magnitude of a result.
 template <class Op, class A, class B>
 constexpr int magnitudeOf = std::is_same_v<Op, Product> ? bits<A> + bits<B>
@@ -42,7 +46,8 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
   };
 
   // What an instruction has saturated is as good as the exact value when it gets no smaller.
-  if constexpr (requires(Lanes v) { op.saturated(v, v); }) {
+  constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
+  if constexpr (lanesHoldSources && requires(Lanes v) { op.saturated(v, v); }) {
     if (factor <= 0)
       return scale.withUpwardRule([&](auto rule) {
         map(rule, [&](long i) {
@@ -68,8 +73,8 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
         map(rule, [&](long i) { return packSaturated<Mox8u>(wide(i), wide(i + 8)); });
       });
   }
-  if constexpr (std::is_same_v<Lanes, V<Mox16s, 8>> && std::is_same_v<SA, T> &&
-                std::is_same_v<SB, T> && requires(Lanes v) { op.wide(v, v); })
+  if constexpr (std::is_same_v<Lanes, V<Mox16s, 8>> && lanesHoldSources &&
+                requires(Lanes v) { op.wide(v, v); })
     return scale.withRule([&](auto rule) {
       map(rule, [&](long i) {
         const auto r = op.wide(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i));
