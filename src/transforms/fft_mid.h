@@ -1,5 +1,4 @@
-// Transforms of 2^7 numbers and more that fit the second-level cache: one area holds the data from
-// the first pass to the last, in blocks.
+// Transforms of 2^7 numbers and more that one area holds from the first pass to the last.
 #pragma once
 
 #include "transforms/fft_spec.h"
@@ -7,16 +6,15 @@
 
 namespace mox {
 
-// All stages from the first up to transforms of `len` numbers but the last `left` of them, on
-// `blocks` such transforms side by side. The result is the twiddle pointer behind the last.
-template <Direction direction, class F>
-const F* ownFftStages(F* area, long len, long total, const F* twiddle) {
-  const bool odd = __builtin_ctzl(len) % 2;
-  long q = odd ? 8 : 4;
-  if (odd)
-    ownFftRadix4Pass<direction>(area, twiddle, q, total / (4 * q));
+// The stages behind the leaves up to transforms of `len` numbers, over `total` numbers that hold
+// several of them. The result is the twiddle pointer behind the last stage.
+template <Direction direction, class Area, class F>
+const F* ownFftStages(Area area, long len, long total, const F* twiddle) {
+  long q = __builtin_ctzl(len) % 2 ? 8 : 4;
+  if (q == 4)
+    ownFftStage16<direction>(area, twiddle, total / 16);
   else
-    ownFftStage16<direction>(area, twiddle, total / (4 * q));
+    ownFftRadix4Pass<direction>(area, twiddle, q, total / 32);
   twiddle += 6 * q;
   for (q *= 4; 4 * q <= len; q *= 4) {
     ownFftRadix4Pass<direction>(area, twiddle, q, total / (4 * q));
@@ -26,35 +24,31 @@ const F* ownFftStages(F* area, long len, long total, const F* twiddle) {
 }
 
 // A block that fits the first-level cache is finished before the next one is touched.
-template <Direction direction, class F>
-const F* ownFftRec(F* area, long len, const F* twiddle) {
-  if (len <= FftLimits<F>::rowsInCache) return ownFftStages<direction>(area, len, len, twiddle);
+template <Direction direction, class Area, class F>
+const F* ownFftRec(Area area, long len, const F* twiddle) {
+  if (len <= FftLimits<F>::inCache) return ownFftStages<direction>(area, len, len, twiddle);
   const long q = len / 4;
   const F* behind = twiddle;
-  for (int k = 0; k < 4; ++k) behind = ownFftRec<direction>(area + 2 * k * q, q, twiddle);
+  for (int k = 0; k < 4; ++k) behind = ownFftRec<direction>(area.from(k * q), q, twiddle);
   ownFftRadix4Pass<direction>(area, behind, q, 1);
   return behind + 6 * q;
 }
 
-// All stages but the last of a transform of n numbers that are in bit-reversed order.
-template <Direction direction, class F>
-const F* ownFftUpToLast(F* area, long n, const F* twiddle) {
-  const long q = n / 4;
-  if (n <= FftLimits<F>::rowsInCache) return ownFftStages<direction>(area, q, n, twiddle);
-  const F* behind = twiddle;
-  for (int k = 0; k < 4; ++k) behind = ownFftRec<direction>(area + 2 * k * q, q, twiddle);
-  return behind;
-}
-
-template <Direction direction, class Array, class F>
-void ownFftMid(Array src, Array dst, long n, const F* twiddle, const int* bitRev, F* work) {
-  F* const area = src.workArea(dst, work);
+template <Direction direction, class F, template <class> class Layout>
+void ownFftMid(Layout<const F> src, Layout<F> dst, long n, const F* twiddle, const int* bitRev,
+               F* work) {
+  const Blocks<F> area = midArea(src, dst, work);
   if (__builtin_ctzl(n) % 2)
     ownFftLeaf<direction, 8>(src, area, bitRev, n);
   else
     ownFftLeaf<direction, 4>(src, area, bitRev, n);
-  const F* const last = ownFftUpToLast<direction>(area, n, twiddle);
-  ownFftLastPass<direction>(area, dst, last, n / 4);
+  const long q = n / 4;
+  const F* last = twiddle;
+  if (n <= FftLimits<F>::inCache)
+    last = ownFftStages<direction>(area, q, n, twiddle);
+  else
+    for (int k = 0; k < 4; ++k) last = ownFftRec<direction>(area.from(k * q), q, twiddle);
+  joinFour<direction>(area, q, dst, last, q);
 }
 
 }  // namespace mox

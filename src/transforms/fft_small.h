@@ -2,9 +2,9 @@
 // before it writes, so that source and destination may be one array.
 #pragma once
 
-#include "transforms/fft_arrays.h"
 #include "transforms/fft_butterflies.h"
 #include "transforms/fft_spec.h"
+#include "transforms/fft_views.h"
 #include "transforms/turn.h"
 
 namespace mox {
@@ -42,8 +42,9 @@ template <class F, int rows, int columns, Direction direction>
 constexpr RowTwiddles<F, rows, columns, direction> rowTwiddles;
 
 // Number n = columns * r + c is turned over the rows, then over the columns.
-template <Direction direction, bool scaled, int rows, int columns, class Array, class F>
-void smallInRows(Array src, Array dst, F factor) {
+template <Direction direction, bool scaled, int rows, int columns, class Source, class Target,
+          class F>
+void smallInRows(Source src, Target dst, F factor) {
   constexpr int width = numbersInMixed<F>;
   constexpr const auto& twiddles = rowTwiddles<F, rows, columns, direction>;
   Mixed<F> turned[columns][rows / width];
@@ -73,8 +74,8 @@ void smallInRows(Array src, Array dst, F factor) {
   }
 }
 
-template <Direction direction, bool scaled, int order, class Array, class F>
-void smallTransform(Array src, Array dst, F factor) {
+template <Direction direction, bool scaled, int order, class Source, class Target, class F>
+void smallTransform(Source src, Target dst, F factor) {
   if constexpr (order <= 3) {
     constexpr int n = 1 << order;
     Lanes<F> a[n];
@@ -90,10 +91,9 @@ void smallTransform(Array src, Array dst, F factor) {
 }  // namespace detail
 
 // Kernels by order; `factor` multiplies the result in the scaled ones only.
-template <Direction direction, class Array>
+template <class F, Direction direction, template <class> class Layout>
 struct SmallTransforms {
-  using F = typename Array::Number;
-  using Kernel = void (*)(Array src, Array dst, F factor);
+  using Kernel = void (*)(Layout<const F> src, Layout<F> dst, F factor);
   Kernel plain[fftMaxSmallOrder + 1], scaled[fftMaxSmallOrder + 1];
 
   constexpr SmallTransforms() : plain{}, scaled{} {
@@ -103,11 +103,13 @@ struct SmallTransforms {
  private:
   template <int... order>
   constexpr void fill(std::integer_sequence<int, order...>) {
-    ((plain[order] = detail::smallTransform<direction, false, order, Array, F>), ...);
-    ((scaled[order] = detail::smallTransform<direction, true, order, Array, F>), ...);
+    using Source = Layout<const F>;
+    using Target = Layout<F>;
+    ((plain[order] = detail::smallTransform<direction, false, order, Source, Target, F>), ...);
+    ((scaled[order] = detail::smallTransform<direction, true, order, Source, Target, F>), ...);
   }
 };
-template <Direction direction, class Array>
-constexpr SmallTransforms<direction, Array> ownFftSmall;
+template <class F, Direction direction, template <class> class Layout>
+constexpr SmallTransforms<F, direction, Layout> ownFftSmall;
 
 }  // namespace mox
