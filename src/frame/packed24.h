@@ -14,7 +14,7 @@ struct Packed24 {
   Packed24() = default;
   explicit Packed24(Value v) : bytes{Mox8u(v), Mox8u(v >> 8), Mox8u(v >> 16)} {}
   // The top byte first: its sign, if it has one, fills the rest.
-  explicit operator Value() const {
+  operator Value() const {
     constexpr bool isSigned = std::is_signed_v<Value>;
     const Value top = Value(std::conditional_t<isSigned, Mox8s, Mox8u>(bytes[2]));
     return top << 16 | Value(bytes[1]) << 8 | Value(bytes[0]);
@@ -22,6 +22,10 @@ struct Packed24 {
 };
 using Packed24s = Packed24<Mox32s>;
 using Packed24u = Packed24<Mox32u>;
+
+// What a public prototype calls an element: packed samples are bytes there.
+template <class E>
+using Public = std::conditional_t<sizeof(E) == 3, Mox8u, E>;
 
 template <class Value>
 struct Limits<Packed24<Value>> {
@@ -49,14 +53,15 @@ template <class Value>
 }
 
 // Sixteen samples, the low three bytes of each lane.
-template <class Value>
-[[gnu::always_inline]] inline void storeLanes(Packed24<Value>* p, const V<Mox32s, 4> (&lanes)[4]) {
+template <class Value, class Put>
+[[gnu::always_inline]] inline void storeLanes(Packed24<Value>* p, const V<Mox32s, 4> (&lanes)[4],
+                                              Put put) {
   __m128i v[4];
   for (int j = 0; j < 4; ++j)
     v[j] = __m128i(detail::moveBytes(V<Mox8s, 16>(lanes[j]), detail::gather24));
-  store(p->bytes, _mm_or_si128(v[0], _mm_slli_si128(v[1], 12)));
-  store(p->bytes + 16, _mm_or_si128(_mm_srli_si128(v[1], 4), _mm_slli_si128(v[2], 8)));
-  store(p->bytes + 32, _mm_or_si128(_mm_srli_si128(v[2], 8), _mm_slli_si128(v[3], 4)));
+  put(p->bytes, _mm_or_si128(v[0], _mm_slli_si128(v[1], 12)));
+  put(p->bytes + 16, _mm_or_si128(_mm_srli_si128(v[1], 4), _mm_slli_si128(v[2], 8)));
+  put(p->bytes + 32, _mm_or_si128(_mm_srli_si128(v[2], 8), _mm_slli_si128(v[3], 4)));
 }
 
 }  // namespace mox

@@ -28,8 +28,14 @@ using ExactVector = std::conditional_t<magnitude <= 31, V<Mox32s, 4>, V<Mox64f, 
 template <int magnitude>
 constexpr bool hasExactVector = magnitude <= 53;
 
-// 2^n for the exponents of normal doubles.
-inline Mox64f powerOfTwo(int n) { return std::bit_cast<Mox64f>(Mox64u(1023 + n) << 52); }
+// 2^n for the exponents of normal numbers.
+template <class F>
+F powerOfTwo(int n) {
+  if constexpr (sizeof(F) == 4)
+    return std::bit_cast<F>(Mox32u(127 + n) << 23);
+  else
+    return std::bit_cast<F>(Mox64u(1023 + n) << 52);
+}
 
 // Factor 0: the value itself.
 struct Unscaled {
@@ -39,62 +45,93 @@ struct Unscaled {
   }
 };
 
-// A factor above 0: division by 2^n to nearest, ties to even. A divisor of at least four times the
-// largest value gives 0, as do all larger ones.
+// A factor above 0: division by 2^n to nearest, ties to even. From 2^n above twice the largest
+// value on all results are 0.
 template <int magnitude>
 class ScaledDown {
- public:
-  explicit ScaledDown(int n) : n_(n) {}
+  using Scalar = Exact<magnitude>;
+  using Vector = ExactVector<magnitude>;
+  static constexpr int topBit = 8 * sizeof(Scalar) - 1;
 
-  template <class R>
-  R operator()(R r) const {
-    if constexpr (std::is_same_v<R, V<Mox64f, 4>>) {
-      return nearestInteger(r * powerOfTwo(-std::min(n_, magnitude + 2)));
-    } else if constexpr (std::is_same_v<R, V<Mox32s, 4>> && magnitude == 31) {
-      // No bit is free: the fraction is rounded apart from the whole. From 2^32 on the parity of
-      // the whole alone, -1 or 0, decides on a carry that makes it 0.
-      const int n = std::min(n_, 31);
-      const Mox32u mask = n_ > 31 ? 0 : (Mox32u(1) << n) - 1;
-      const Mox32u bias = (n_ > 31 ? Mox32u(1) << 31 : Mox32u(1) << (n - 1)) - 1;
-      const R whole = r >> n;
-      const auto carry = (V<Mox32u, 4>(r) & mask) + bias + V<Mox32u, 4>(whole & 1);
-      return whole + R(carry >> n);
+ public:
+  explicit ScaledDown(int n)
+      : scalarShift_(std::min(n, topBit)), scalarBias_((Scalar(1) << (scalarShift_ - 1)) - 1) {
+    if constexpr (magnitude < 31) {
+      bias_ = broadcast<Vector>(scalarBias_);
+    } else if constexpr (magnitude == 31) {
+      // From 2^32 on the parity of the whole alone, -1 or 0, decides on a carry that makes it 0.
+      vectorShift_ = std::min(n, 31);
+      mask_ = broadcast<Vector>(n > 31 ? 0 : Mox32s((Mox32u(1) << n) - 1));
+      bias_ = broadcast<Vector>(n > 31 ? 0x7FFFFFFF : (Mox32s(1) << (n - 1)) - 1);
     } else {
-      using Lane = std::conditional_t<std::is_same_v<R, V<Mox32s, 4>>, Mox32s, R>;
-      const int n = std::min(n_, int(8 * sizeof(Lane)) - 1);
-      return (r + ((Lane(1) << (n - 1)) - 1) + ((r >> n) & 1)) >> n;
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)));
+    }
+  }
+
+  [[gnu::always_inline]] Scalar operator()(Scalar r) const {
+    return (r + scalarBias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
+  }
+
+  [[gnu::always_inline]] Vector operator()(Vector r) const {
+    if constexpr (magnitude < 31) {
+      return (r + bias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
+    } else if constexpr (magnitude == 31) {
+      // No bit is free: the fraction is rounded apart from the whole, and its carry added.
+      const Vector whole = r >> vectorShift_;
+      const auto fraction = V<Mox32u, 4>(r & mask_) + V<Mox32u, 4>(bias_) + V<Mox32u, 4>(whole & 1);
+      return whole + Vector(fraction >> vectorShift_);
+    } else {
+      return nearestInteger(r * factor_);
     }
   }
 
  private:
-  int n_;
+  int scalarShift_, vectorShift_;
+  Scalar scalarBias_;
+  V<Mox32s, 4> mask_, bias_;
+  V<Mox64f, 4> factor_;
 };
 
 // A factor below 0: multiplication by 2^n, stopped at the limits of T before it can wrap. From 2^n
-// above the limits of T on the sign alone decides.
-template <class T>
+// above the largest value of T on the sign alone decides.
+template <class T, int magnitude>
 class ScaledUp {
- public:
-  explicit ScaledUp(int n) : n_(std::min(n, Limits<T>::digits)) {}
+  using Scalar = Exact<magnitude>;
+  using Vector = ExactVector<magnitude>;
+  static_assert(Int128(Scalar(Limits<T>::max)) == Limits<T>::max, "name a larger magnitude");
 
-  template <class R>
-  R operator()(R r) const {
-    if constexpr (std::is_same_v<R, V<Mox64f, 4>>) {
-      return r * powerOfTwo(n_);
-    } else if constexpr (std::is_same_v<R, V<Mox32s, 4>>) {
-      const Mox32s high = Mox32s(Limits<T>::max >> n_), low = Mox32s(Limits<T>::min >> n_);
-      const Mox32s ones = Mox32s((Mox32u(1) << n_) - 1);
-      const R within = greater(lesser(r, broadcast<R>(high)), broadcast<R>(low));
-      return (within << n_) | ((r > high) & ones);
+ public:
+  explicit ScaledUp(int n)
+      : n_(std::min(n, Limits<T>::digits)),
+        high_(Scalar(Limits<T>::max >> n_)),
+        low_(Scalar(Limits<T>::min >> n_)) {
+    if constexpr (magnitude <= 31) {
+      highLanes_ = broadcast<Vector>(Mox32s(high_));
+      lowLanes_ = broadcast<Vector>(Mox32s(low_));
+      ones_ = broadcast<Vector>(Mox32s((Int128(1) << n_) - 1));
     } else {
-      if (r > R(Limits<T>::max >> n_)) return R(Limits<T>::max);
-      if (r < R(Limits<T>::min >> n_)) return R(Limits<T>::min);
-      return r << n_;
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(n_));
     }
+  }
+
+  [[gnu::always_inline]] Scalar operator()(Scalar r) const {
+    if (r > high_) return Scalar(Limits<T>::max);
+    if (r < low_) return Scalar(Limits<T>::min);
+    return r << n_;
+  }
+
+  [[gnu::always_inline]] Vector operator()(Vector r) const {
+    if constexpr (magnitude <= 31)
+      return (greater(lesser(r, highLanes_), lowLanes_) << n_) | ((r > highLanes_) & ones_);
+    else
+      return r * factor_;
   }
 
  private:
   int n_;
+  Scalar high_, low_;
+  V<Mox32s, 4> highLanes_, lowLanes_, ones_;
+  V<Mox64f, 4> factor_;
 };
 
 // The nearest value of T. Four doubles, which are integers by now, come out as 32-bit integers, and
@@ -130,7 +167,7 @@ class Scale {
     else if (factor_ > 0)
       loop(ScaledDown<magnitude>(factor_));
     else
-      loop(ScaledUp<T>(-std::max(factor_, -1000)));
+      loop(ScaledUp<T, magnitude>(-std::max(factor_, -1000)));
   }
 
   template <class R>

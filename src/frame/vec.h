@@ -29,6 +29,12 @@ constexpr int lanesOf = vectorBytes / int(sizeof(E));
 template <class E, int N = lanesOf<E>>
 using V = typename detail::VectorOf<E, N>::type;
 
+template <class Vector>
+using Lane = std::remove_cvref_t<decltype(Vector{}[0])>;
+
+template <class Vector>
+constexpr int laneCount = int(sizeof(Vector) / sizeof(Lane<Vector>));
+
 // Callers' arrays need not be aligned, not even to their element: kernels reach elements and
 // vectors alike through load and store, never by dereferencing a pointer.
 template <class T>
@@ -83,6 +89,40 @@ template <class T>
 // To the nearest integer, ties to even, whatever the rounding mode in force.
 [[gnu::always_inline]] inline V<Mox64f> nearestInteger(V<Mox64f> v) {
   return V<Mox64f>(_mm256_round_pd(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+}
+
+// To an integer in the rounding mode in force; the minimum for a value that has none.
+[[gnu::always_inline]] inline V<Mox32s, 8> toInteger(V<Mox32f> v) {
+  return V<Mox32s, 8>(_mm256_cvtps_epi32(v));
+}
+[[gnu::always_inline]] inline V<Mox32s, 4> toInteger(V<Mox64f> v) {
+  return V<Mox32s, 4>(_mm256_cvtpd_epi32(v));
+}
+inline Mox64s toInteger(Mox64f x) { return _mm_cvtsd_si64(_mm_set_sd(x)); }
+
+// Half floats, for processors that have the instructions. They are spelled out here, for the
+// compiler must not use them of its own accord anywhere.
+[[gnu::always_inline]] inline V<Mox32f> halfToFloat(V<Mox16u, 8> v) {
+  V<Mox32f> r;
+  asm("vcvtph2ps %1, %0" : "=x"(r) : "xm"(v));
+  return r;
+}
+template <int rounding>
+[[gnu::always_inline]] inline V<Mox16u, 8> floatToHalf(V<Mox32f> v) {
+  V<Mox16u, 8> r;
+  asm("vcvtps2ph %2, %1, %0" : "=x"(r) : "x"(v), "i"(rounding));
+  return r;
+}
+
+// Eight lanes as two vectors of four.
+template <class E>
+struct Halves {
+  V<E, 4> low, high;
+};
+template <class E = Mox32s>
+[[gnu::always_inline]] inline Halves<E> halves(V<E, 8> v) {
+  return {V<E, 4>(_mm256_castsi256_si128(__m256i(v))),
+          V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
 }
 
 // Two vectors joined, each lane saturated to E.

@@ -10,16 +10,15 @@ namespace mox {
 // Lanes of `Wide` from p[0], p[1] and so on.
 template <class Wide, class E>
 [[gnu::always_inline]] inline Wide loadWidened(const E* p) {
-  if constexpr (std::is_same_v<Wide, V<Mox32f>>) {
-    if constexpr (std::is_same_v<E, Mox32f>) return load<Wide>(p);
+  if constexpr (std::is_same_v<E, Lane<Wide>>) {
+    return load<Wide>(p);
+  } else if constexpr (std::is_same_v<Wide, V<Mox32f>>) {
     // The two halves of an integer register are joined for one conversion.
     const __m128i low = __m128i(loadWidened<V<Mox32s, 4>>(p));
     const __m128i high = __m128i(loadWidened<V<Mox32s, 4>>(p + 4));
     return Wide(_mm256_cvtepi32_ps(_mm256_set_m128i(high, low)));
   } else if constexpr (std::is_same_v<Wide, V<Mox64f>>) {
-    if constexpr (std::is_same_v<E, Mox64f>)
-      return load<Wide>(p);
-    else if constexpr (std::is_same_v<E, Mox32f>)
+    if constexpr (std::is_same_v<E, Mox32f>)
       return Wide(_mm256_cvtps_pd(load<__m128>(p)));
     else if constexpr (std::is_same_v<E, Mox32u>)  // less 2^31 while it is an integer
       return Wide(_mm256_cvtepi32_pd(load<__m128i>(p) ^
@@ -31,10 +30,8 @@ template <class Wide, class E>
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));
   } else {
-    static_assert(sizeof(Wide) == 16 && sizeof(Wide{}[0]) == 4);
-    if constexpr (sizeof(E) == 4) {
-      return load<Wide>(p);
-    } else if constexpr (sizeof(E) == 3) {
+    static_assert(sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 4);
+    if constexpr (sizeof(E) == 3) {
       return Wide(loadLanes(p));
     } else if constexpr (sizeof(E) == 2) {
       const __m128i words = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));

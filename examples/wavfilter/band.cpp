@@ -1,0 +1,35 @@
+#include "band.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+// Ideal lowpass at tap offset `t` from the middle; `f` is the cut-off relative to the rate.
+double idealLowpass(double f, int t) {
+  return t == 0 ? 2 * f : std::sin(2 * std::numbers::pi * f * t) / (std::numbers::pi * t);
+}
+
+}  // namespace
+
+bool Band::stops(double hz) const {
+  return hz < low - halfTransition() || hz > high + halfTransition();
+}
+
+bool Band::passes(double hz) const {
+  const bool aboveLow = low == 0 || hz > low + halfTransition();
+  return aboveLow && (high >= rate / 2 || hz < high - halfTransition());
+}
+
+std::vector<float> windowedSinc(const Band& band) {
+  const int middle = band.taps / 2;
+  std::vector<float> taps(band.taps);
+  for (int i = 0; i < band.taps; ++i) {
+    const double phase = 2 * std::numbers::pi * (i + 1) / (band.taps + 1);
+    const double window = 0.42 - 0.5 * std::cos(phase) + 0.08 * std::cos(2 * phase);
+    const double ideal = idealLowpass(band.high / band.rate, i - middle) -
+                         idealLowpass(band.low / band.rate, i - middle);
+    taps[i] = float(window * ideal);
+  }
+  return taps;
+}

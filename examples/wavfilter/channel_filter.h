@@ -1,0 +1,24 @@
+// One channel's FIR filter in memory of our own: the way that real-time code uses the library,
+// which then allocates nothing.
+#pragma once
+
+#include <moxsp.h>
+
+#include <vector>
+
+template <class Sample>  // Mox16s or Mox32f
+class ChannelFilter {
+ public:
+  explicit ChannelFilter(const std::vector<float>& taps);
+  ChannelFilter(ChannelFilter&&) = default;  // the state stays where it is
+
+  // Filters one block; the delay line carries over to the next.
+  void run(const std::vector<Sample>& samples, std::vector<Sample>& filtered);
+
+ private:
+  std::vector<Mox8u> memory_;
+  MoxsFIRState* state_ = nullptr;
+};
+
+// Throws std::runtime_error for a status other than moxOk.
+void require(MoxStatus status, const char* what);

@@ -1,0 +1,172 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sndfile.hh>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+  int exitCode;
+  std::string output;  // both streams
+};
+
+Outcome wavfilter(const std::string& arguments) {
+  Outcome outcome{-1, {}};
+  FILE* pipe = popen((WAVFILTER " " + arguments + " 2>&1").c_str(), "r");
+  std::array<char, 256> text;
+  while (std::fgets(text.data(), text.size(), pipe)) outcome.output += text.data();
+  outcome.exitCode = WEXITSTATUS(pclose(pipe));
+  return outcome;
+}
+
+struct Sound {
+  int rate, channels;
+  std::vector<double> samples;  // interleaved
+};
+
+Sound readSound(const fs::path& path) {
+  SndfileHandle file(path.string());
+  Sound s{file.samplerate(), file.channels(), std::vector<double>(file.frames() * file.channels())};
+  file.readf(s.samples.data(), file.frames());
+  return s;
+}
+
+class WavFilter : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ =
+        fs::path(testing::TempDir()) /
+        (std::string("wavfilter-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::create_directories(folder_);
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+
+  // Noise with a tone: something in every band.
+  void writeSound(const std::string& name, int format, int rate, int channels, long frames) const {
+    std::mt19937 engine(7);
+    std::uniform_real_distribution<double> noise(-0.4, 0.4);
+    std::vector<double> samples(frames * channels);
+    for (long i = 0; i < frames; ++i)
+      for (int c = 0; c < channels; ++c)
+        samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
+    SndfileHandle(path(name), SFM_WRITE, format, channels, rate).writef(samples.data(), frames);
+  }
+
+  fs::path folder_;
+};
+
+// The filter's formula again, in double precision and straight from its definition.
+std::vector<double> bandTaps(double low, double high, double rate, int count) {
+  std::vector<double> taps(count);
+  for (int i = 0; i < count; ++i) {
+    const double t = i - (count - 1) / 2.0, u = double(i + 1) / (count + 1);
+    const auto lowpass = [&](double hz) {
+      return t == 0 ? 2 * hz / rate : std::sin(2 * M_PI * hz / rate * t) / (M_PI * t);
+    };
+    taps[i] = (lowpass(high) - lowpass(low)) *
+              (0.42 - 0.5 * std::cos(2 * M_PI * u) + 0.08 * std::cos(4 * M_PI * u));
+  }
+  return taps;
+}
+
+// The largest difference between the written file and the same filter in double precision.
+double largestDifference(const Sound& in, const Sound& out, const std::vector<double>& taps) {
+  const long frames = long(in.samples.size()) / in.channels, half = long(taps.size()) / 2;
+  double largest = 0;
+  for (long i = 0; i < frames; ++i)
+    for (int c = 0; c < in.channels; ++c) {
+      double sum = 0;
+      for (long k = 0; k < long(taps.size()); ++k)
+        if (const long j = i + half - k; j >= 0 && j < frames)
+          sum += taps[k] * in.samples[j * in.channels + c];
+      largest = std::max(largest, std::abs(sum - out.samples[i * in.channels + c]));
+    }
+  return largest;
+}
+
+TEST_F(WavFilter, SixteenBitStereoLowpassMatchesTheFormulaToHalfAStep) {
+  writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 44100, 2, 20000);
+  const Outcome r = wavfilter(path("in.wav") + " " + path("out.wav") +
+                              " --lowpass 3000 --taps 255 --block 1000 --picture " + path("p.png"));
+  ASSERT_EQ(r.exitCode, 0) << r.output;
+  const Sound in = readSound(path("in.wav")), out = readSound(path("out.wav"));
+  ASSERT_EQ(out.samples.size(), in.samples.size());
+  EXPECT_EQ(out.rate, 44100);
+  EXPECT_LT(largestDifference(in, out, bandTaps(0, 3000, 44100, 255)), 0.51 / 32768);
+
+  std::string magic(4, '\0');
+  std::ifstream(path("p.png"), std::ios::binary).read(magic.data(), 4);
+  EXPECT_EQ(magic, "\x89PNG");
+}
+
+TEST_F(WavFilter, FloatBandpassMatchesTheFormulaInBlocksOfAnySize) {
+  writeSound("in.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 22050, 1, 15000);
+  const std::string command = path("in.flac") + " " + path("out.wav") +
+                              " --bandpass 1000 4000 --taps 101 --arithmetic float --block ";
+  const auto taps = bandTaps(1000, 4000, 22050, 101);
+  for (const char* block : {"1", "37", "512", "30000"}) {
+    const Outcome r = wavfilter(command + block);
+    ASSERT_EQ(r.exitCode, 0) << r.output;
+    const double difference =
+        largestDifference(readSound(path("in.flac")), readSound(path("out.wav")), taps);
+    EXPECT_LT(difference, 1e-6) << "block " << block;
+  }
+}
+
+TEST_F(WavFilter, HighpassReportsTheStopBandFarDown) {
+  writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1, 30000);
+  const Outcome r = wavfilter(path("in.wav") + " " + path("out.wav") + " --highpass 8000");
+  ASSERT_EQ(r.exitCode, 0) << r.output;
+  double before, after;
+  ASSERT_EQ(std::sscanf(r.output.substr(r.output.find("stop band")).c_str(),
+                        "stop band %lf dB before, %lf dB after", &before, &after),
+            2)
+      << r.output;
+  EXPECT_GT(before, -30);
+  EXPECT_LT(after, before - 60);
+}
+
+TEST_F(WavFilter, RefusesWhatItCannotDoWithAReason) {
+  writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, 500);
+  const std::string in = path("in.wav"), out = " " + path("out.wav");
+  const struct {
+    std::string arguments, reason;
+  } cases[] = {
+      {path("none.wav") + out + " --lowpass 100", "cannot read"},
+      {in + out + " --lowpass 4000", "half the sample rate"},
+      {in + out + " --highpass 5000", "half the sample rate"},
+      {in + out + " --bandpass 2000 1000", "lower frequency first"},
+      {in + out + " --lowpass many", "lowpass"},
+      {in + out + " --lowpass -5", "lowpass"},
+      {in + out + " --lowpass 100 --taps 10", "odd"},
+      {in + out + " --lowpass 100 --block 0", "block"},
+      {in + out, "filter"},
+      {in + out + " --lowpass 100 --highpass 200", "filter"},
+      {in + " /proc/none/out.wav --lowpass 100", "cannot write"},
+      {in + " " + in + " --lowpass 100", "same file"},
+      {in + out + " --lowpass 100 --picture /proc/none/p.png", "cannot write"},
+  };
+  for (const auto& c : cases) {
+    const Outcome r = wavfilter(c.arguments);
+    EXPECT_NE(r.exitCode, 0) << c.arguments;
+    EXPECT_THAT(r.output, testing::HasSubstr(c.reason)) << c.arguments;
+  }
+  const Outcome help = wavfilter("--help");
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_THAT(help.output, testing::HasSubstr("--bandpass"));
+}
+
+}  // namespace
