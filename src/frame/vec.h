@@ -125,6 +125,12 @@ template <class E = Mox32s>
           V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
 }
 
+// Two vectors of 16 bytes as one of 32.
+template <class Wide, class Half>
+[[gnu::always_inline]] inline Wide join(Half low, Half high) {
+  return Wide(_mm256_set_m128i(__m128i(high), __m128i(low)));
+}
+
 // Two vectors joined, each lane saturated to E.
 template <class E>
 [[gnu::always_inline]] inline V<E, 8> packSaturated(V<Mox32s, 4> low, V<Mox32s, 4> high) {
