@@ -150,9 +150,8 @@ template <class E>
 // Every lane holds the same value.
 template <class T, class E>
 [[gnu::always_inline]] inline T broadcast(E e) {
-  T v;
-  for (unsigned i = 0; i < sizeof(T) / sizeof(E); ++i) v[i] = e;
-  return v;
+  return [e]<std::size_t... lane>(std::index_sequence<lane...>) { return T{(void(lane), e)...}; }
+  (std::make_index_sequence<sizeof(T) / sizeof(E)>());
 }
 
 // Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
