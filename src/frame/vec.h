@@ -125,6 +125,12 @@ template <class E = Mox32s>
           V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
 }
 
+// Two vectors of 16 bytes as one of 32.
+template <class Wide, class Half>
+[[gnu::always_inline]] inline Wide join(Half low, Half high) {
+  return Wide(_mm256_set_m128i(__m128i(high), __m128i(low)));
+}
+
 // Two vectors joined, each lane saturated to E.
 template <class E>
 [[gnu::always_inline]] inline V<E, 8> packSaturated(V<Mox32s, 4> low, V<Mox32s, 4> high) {
@@ -144,9 +150,8 @@ template <class E>
 // Every lane holds the same value.
 template <class T, class E>
 [[gnu::always_inline]] inline T broadcast(E e) {
-  T v;
-  for (unsigned i = 0; i < sizeof(T) / sizeof(E); ++i) v[i] = e;
-  return v;
+  return [e]<std::size_t... lane>(std::index_sequence<lane...>) { return T{(void(lane), e)...}; }
+  (std::make_index_sequence<sizeof(T) / sizeof(E)>());
 }
 
 // Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
