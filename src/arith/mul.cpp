@@ -2,20 +2,28 @@
 #include <moxsp/arith.h>
 
 #include "arith/element_wise.h"
+#include "arith/mul_constant.h"
 #include "arith/operations.h"
 #include "frame/export.h"
 
 namespace mox {
 namespace {
 
-// Single precision alone copies for 1 and clears for 0, whatever the elements are.
-MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
-  if (val != 1 && val != 0) return mapConstant<product>(src, val, dst, len);
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+// 1 copies and 0 clears, whatever the elements are.
+template <class F>
+void multiplyByConstant(const F* src, F val, F* dst, long len) {
   if (val == 0)
     zeroElements(dst, len);
+  else if (val != 1)
+    mapElements<Stores::bypassing>(product, dst, len, src, Same<F>{val});
   else if (src != dst)
     copyElements(src, dst, len);
+}
+
+// Of the public functions, the one in single precision alone.
+MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  multiplyByConstant(src, val, dst, len);
   return moxOk;
 }
 MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
@@ -23,6 +31,13 @@ MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
 }
 
 }  // namespace
+
+template <class F>
+void ownsMulC_I(F factor, F* data, long count) {
+  multiplyByConstant(data, factor, data, count);
+}
+template void ownsMulC_I(Mox32f, Mox32f*, long);
+template void ownsMulC_I(Mox64f, Mox64f*, long);
 
 MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f, Mox32f, Mox32f>);
 MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f, Mox64f, Mox64f>);

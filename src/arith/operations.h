@@ -72,7 +72,7 @@ inline constexpr Product product;
 
 struct ComplexProduct {
   auto operator()(auto x, auto y) const {
-    return subtractAdd(x * realParts(y), swapParts(x) * imaginaryParts(y));
+    return addSubtract(x * realParts(y), swapParts(x) * imaginaryParts(y));
   }
 };
 inline constexpr ComplexProduct complexProduct;

@@ -18,11 +18,12 @@ int peelCount(const D* dst) {
   return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
 }
 
-// Whether the blocks of a large destination bypass the cache.
+// Whether the stores of a large call bypass the cache.
 enum class Stores { cached, bypassing };
 
-// From here on a destination is not worth the lines that it would take from the caller's data.
-constexpr long bypassBytes = 4L << 20;
+// Beyond this many bytes, sources and destination together, the last-level cache would hand the
+// destination's lines on to memory anyway, having read them first.
+constexpr long bypassBytes = 24L << 20;
 
 // A source whose elements are all the same: functions with a constant pass it where others pass an
 // array.
@@ -88,18 +89,26 @@ bool isSameArray(const D*, Same<E>) {
   return false;
 }
 
-// Runs one(i) for single elements and block(i, put) for blocks of elements from i on, which stores
-// its vectors through put(place, vector).
-template <Stores stores, long block, class D, class One, class Block>
-[[gnu::always_inline]] inline void forBlocks(D* dst, long len, One one, Block eachBlock,
-                                             bool dstIsRead = false) {
+// A destination that is read as well is in the cache already.
+template <Stores stores, class D, class... Source>
+bool bypasses(const D* dst, long len, Source... src) {
+  constexpr long bytes =
+      sizeof(D) + ((std::is_pointer_v<Source> ? sizeof(ElementOf<Source>) : 0) + ... + 0);
+  return stores == Stores::bypassing && len > bypassBytes / bytes &&
+         !(isSameArray(dst, src) || ...);
+}
+
+// Runs one(i) for single elements and eachBlock(i, put) for blocks of elements from i on, which
+// stores its vectors through put(place, vector).
+template <long block, class D, class One, class Block>
+[[gnu::always_inline]] inline void forBlocks(bool bypass, D* dst, long len, One one,
+                                             Block eachBlock) {
   const auto plain = [](void* p, auto v) { store(p, v); };
   const auto stream = [](void* p, auto v) { storeStream(p, v); };
   long i = 0;
   if (const int peel = peelCount(dst); peel + block <= len) {
     for (; i < peel; ++i) one(i);
-    if (stores == Stores::bypassing && len > bypassBytes / long(sizeof(D)) && !dstIsRead &&
-        isAligned(dst + i, vectorBytes)) {
+    if (bypass && isAligned(dst + i, vectorBytes)) {
       for (; i <= len - block; i += block) eachBlock(i, stream);
       streamFence();
     } else {
@@ -120,15 +129,15 @@ void mapElements(Op op, D* dst, long len, Source... src) {
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
     return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
   };
-  forBlocks<stores, block>(
-      dst, len, [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); },
+  forBlocks<block>(
+      bypasses<stores>(dst, len, src...), dst, len,
+      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); },
       [&](long i, auto put) {
         V<Part<D>, lanes * partsPerElement<D>> r[vecs];
         for (int j = 0; j < vecs; ++j)
           r[j] = op(atLanes(std::type_identity<ElementOf<Source>>(), src, i + j * lanes)...);
         for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
-      },
-      (isSameArray(dst, src) || ...));
+      });
 }
 
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element
@@ -136,8 +145,9 @@ void mapElements(Op op, D* dst, long len, Source... src) {
 template <class Wide, Stores stores = Stores::cached, class D, class Op, class... Source>
 void mapWidened(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
-  forBlocks<stores, 16>(
-      dst, len, [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(partFrom(src, i, 0))}...)[0])); },
+  forBlocks<16>(
+      bypasses<stores>(dst, len, src...), dst, len,
+      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(partFrom(src, i, 0))}...)[0])); },
       [&](long i, auto put) {
         decltype(op(lanesFrom<Wide>(src, 0)...)) r[vecs];
         for (int j = 0; j < vecs; ++j) r[j] = op(lanesFrom<Wide>(src, i + j * lanes)...);

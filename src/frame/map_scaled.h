@@ -29,17 +29,19 @@ template <class D, class Put>
 template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... Source>
 void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
   constexpr int perElement = partsPerElement<D>;
-  forBlocks<stores, 16 / perElement>(dst, len, one, [&](long i, auto put) {
-    V<Mox32s, 4> r[4];
-    for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
-      const auto wide = lanes(lanesFrom<Wide>(src, i + 4 * j / perElement)...);
-      if constexpr (laneCount<Wide> == 4)
-        r[j] = saturate<Part<D>>(wide);
-      else
-        r[j] = saturate<Part<D>>(halves(wide).low), r[j + 1] = saturate<Part<D>>(halves(wide).high);
-    }
-    storeSaturated(parts(dst + i), r, put);
-  });
+  forBlocks<16 / perElement>(
+      bypasses<stores>(dst, len, src...), dst, len, one, [&](long i, auto put) {
+        V<Mox32s, 4> r[4];
+        for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
+          const auto wide = lanes(lanesFrom<Wide>(src, i + 4 * j / perElement)...);
+          if constexpr (laneCount<Wide> == 4)
+            r[j] = saturate<Part<D>>(wide);
+          else
+            r[j] = saturate<Part<D>>(halves(wide).low),
+            r[j + 1] = saturate<Part<D>>(halves(wide).high);
+        }
+        storeSaturated(parts(dst + i), r, put);
+      });
 }
 
 // Results in vectors of 16 bytes: lanes(i) makes those from element i on, one(i, part) a single
@@ -47,8 +49,8 @@ void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
 template <class D, class One, class Lanes>
 [[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes) {
   constexpr int perVector = 16 / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
-  forBlocks<Stores::cached, 16 / perElement>(
-      dst, len,
+  forBlocks<16 / perElement>(
+      false, dst, len,
       [&](long i) {
         Part<D> r[perElement];
         for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
