@@ -12,8 +12,7 @@ void copyBytes(const void* from, void* to, long bytes) {
   const auto* src = static_cast<const Mox8u*>(from);
   auto* dst = static_cast<Mox8u*>(to);
   if (bytes <= shortCopyBytes) return copyShort(src, dst, bytes);
-  if (bytes < stringMoveBytes) return copyForward(src, dst, bytes);
-  stringMove<Mox8u>(src, dst, bytes);
+  copyUpwards(src, dst, bytes);
 }
 
 namespace {

@@ -65,17 +65,49 @@ inline void copyBackward(const Mox8u* src, Mox8u* dst, long bytes) {
   store(dst + bytes - size, tail);
 }
 
-// The processor's string move, upwards whatever the direction flag says.
 template <class E>
-void stringMove(const Mox8u* src, Mox8u* dst, long count) {
-  const auto flags = __builtin_ia32_readeflags_u64();
+void stringMoveOf(const Mox8u* src, Mox8u* dst, long count) {
   if constexpr (sizeof(E) == 4)
-    asm volatile("cld\n\trep movsl" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
+    asm volatile("rep movsl" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
   else if constexpr (sizeof(E) == 2)
-    asm volatile("cld\n\trep movsw" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
+    asm volatile("rep movsw" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
   else
-    asm volatile("cld\n\trep movsb" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
-  __builtin_ia32_writeeflags_u64(flags);
+    asm volatile("rep movsb" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
+}
+
+// The widest element on whose boundaries both arrays can be at once: single moves up to the first
+// boundary, then the string move.
+template <class E>
+void alignedStringMove(const Mox8u* src, Mox8u* dst, long bytes) {
+  constexpr long size = sizeof(E);
+  const long peel = -long(addressOf(dst)) & (size - 1);
+  for (long i = 0; i < peel; ++i) dst[i] = src[i];
+  const long count = (bytes - peel) / size, done = peel + count * size;
+  stringMoveOf<E>(src + peel, dst + peel, count);
+  for (long i = done; i < bytes; ++i) dst[i] = src[i];
+}
+
+// The processor's string move, upwards whatever the direction flag says; the flag is kept.
+inline void stringMove(const Mox8u* src, Mox8u* dst, long bytes) {
+  constexpr unsigned long downwards = 1 << 10;
+  const bool wasDownwards = __builtin_ia32_readeflags_u64() & downwards;
+  if (wasDownwards) asm volatile("cld");
+  const auto distance = addressOf(dst) - addressOf(src);
+  if (distance % 4 == 0)
+    alignedStringMove<Mox32u>(src, dst, bytes);
+  else if (distance % 2 == 0)
+    alignedStringMove<Mox16u>(src, dst, bytes);
+  else
+    alignedStringMove<Mox8u>(src, dst, bytes);
+  if (wasDownwards) asm volatile("std");
+}
+
+// Upwards over any number of bytes above shortCopyBytes. Some processors' string moves crawl where
+// the stores follow close behind the loads, modulo a page.
+inline void copyUpwards(const Mox8u* src, Mox8u* dst, long bytes) {
+  const auto lead = (addressOf(dst) - addressOf(src)) % 4096;
+  if (bytes < stringMoveBytes || (lead > 0 && lead < 64)) return copyForward(src, dst, bytes);
+  stringMove(src, dst, bytes);
 }
 
 }  // namespace mox

@@ -12,9 +12,7 @@ void moveBytes(const void* from, void* to, long bytes) {
   auto* dst = static_cast<Mox8u*>(to);
   if (bytes <= shortCopyBytes) return copyShort(src, dst, bytes);
   if (addressOf(src) < addressOf(dst)) return copyBackward(src, dst, bytes);
-  if (src == dst) return;
-  if (bytes < stringMoveBytes) return copyForward(src, dst, bytes);
-  stringMove<Mox8u>(src, dst, bytes);
+  if (src != dst) copyUpwards(src, dst, bytes);
 }
 
 namespace {
