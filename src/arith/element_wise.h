@@ -2,10 +2,10 @@
 // scalars and vectors. Bodies with a constant see it as a source like any other.
 #pragma once
 
-#include <cstring>
-
 #include "frame/checks.h"
+#include "frame/copy.h"
 #include "frame/elements.h"
+#include "frame/fill.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -34,15 +34,6 @@ MoxStatus mapParts(const E* src1, const E* src2, E* dst, int len) {
 template <auto op, Complex E>
 MoxStatus mapPartsInPlace(const E* src, E* srcDst, int len) {
   return mapParts<op>(src, srcDst, srcDst, len);
-}
-
-template <class E>
-void copyElements(const E* src, E* dst, long len) {
-  std::memmove(dst, src, len * sizeof(E));
-}
-template <class E>
-void zeroElements(E* dst, long len) {
-  std::memset(dst, 0, len * sizeof(E));
 }
 
 // dst = op(src, val)

@@ -48,8 +48,8 @@ template <class E>
 void swapElements(const E* src, E* dst, long len) {
   constexpr int size = sizeof(E), vecs = size == 3 ? 3 : 4;
   constexpr long vector = sizeof(Bytes), block = vecs * vector / size;
-  forBlocks<Stores::cached, block>(
-      dst, len, [&](long i) { store(dst + i, swapped(load<E>(src + i))); },
+  forBlocks<block>(
+      false, dst, len, [&](long i) { store(dst + i, swapped(load<E>(src + i))); },
       [&](long i, auto put) {
         const auto* from = reinterpret_cast<const Mox8u*>(src + i);
         auto* to = reinterpret_cast<Mox8u*>(dst + i);
