@@ -48,6 +48,11 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
   // What an instruction has saturated is as good as the exact value when it gets no smaller.
   constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
   if constexpr (lanesHoldSources && requires(Lanes v) { op.saturated(v, v); }) {
+    if (factor == -1)
+      return map(ScaledUp<T, magnitude>(1), [&](long i) {
+        const Lanes r = op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i));
+        return addSaturated(r, r);
+      });
     if (factor <= 0)
       return scale.withUpwardRule([&](auto rule) {
         map(rule, [&](long i) {

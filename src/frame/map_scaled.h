@@ -49,7 +49,8 @@ void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
 template <class D, class One, class Lanes>
 [[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes) {
   constexpr int perVector = 16 / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
-  forBlocks<16 / perElement>(
+  constexpr int vecs = perVector == 16 ? 2 : 4, perBlock = vecs * perVector;
+  forBlocks<perBlock / perElement>(
       false, dst, len,
       [&](long i) {
         Part<D> r[perElement];
@@ -57,9 +58,9 @@ template <class D, class One, class Lanes>
         for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
       },
       [&](long i, auto put) {
-        V<Part<D>, perVector> r[16 / perVector];
-        for (int j = 0; j < 16 / perVector; ++j) r[j] = lanes(i + j * perVector / perElement);
-        for (int j = 0; j < 16 / perVector; ++j) put(parts(dst + i) + j * perVector, r[j]);
+        V<Part<D>, perVector> r[vecs];
+        for (int j = 0; j < vecs; ++j) r[j] = lanes(i + j * perVector / perElement);
+        for (int j = 0; j < vecs; ++j) put(parts(dst + i) + j * perVector, r[j]);
       });
 }
 
