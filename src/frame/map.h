@@ -55,10 +55,11 @@ template <class Wide, class E>
 }
 template <class Wide, class E>
 [[gnu::always_inline]] inline Wide lanesFrom(Same<E> src, long) {
-  Wide lanes;
-  for (int k = 0; k < laneCount<Wide>; ++k)
-    lanes[k] = Lane<Wide>(parts(&src.value)[k % partsPerElement<E>]);
-  return lanes;
+  constexpr int count = partsPerElement<E>;
+  Wide first = {};
+  for (int part = 0; part < count; ++part) first[part] = Lane<Wide>(parts(&src.value)[part]);
+  // Unlike lanes set one by one, a shuffle moves out of the loop around it.
+  return shuffle<[](int i) { return i % count; }>(first);
 }
 
 template <class E>
