@@ -24,12 +24,17 @@ struct Misbehaved : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The call raised a floating-point exception that the caller had unmasked.
+struct FloatingPointTrap : Misbehaved {
+  using Misbehaved::Misbehaved;
+};
+
 struct Setting {
   int length = 17;
   Placement destination = {}, source = {};
   bool anyFloats = false;              // infinities, NaN, zeros and subnormals among the floats
-  bool nullBuffer = false;             // pass no work buffer, where one may be left out
-  std::map<std::string, long> numbers; // arguments that are to have another value than usual
+  bool nullOptional = false;           // pass null for what may be left out
+  std::map<std::string, long> numbers = {};// arguments that are to have another value than usual
 };
 
 struct Array {
@@ -57,6 +62,8 @@ class Call {
   long operator()(const std::string& parameter) const;
 
   void setNull(int parameter) { slots_[parameter].set<void*>(nullptr); }
+  void setRowNull(int parameter, int row) { rows_.at(parameter).at(std::size_t(row)) = nullptr; }
+  int rowCount(int parameter) const { return int(rows_.at(parameter).size()); }
   void setNumber(int parameter, int value) { slots_[parameter].set(value); }
   void setObject(int parameter, void* object) { slots_[parameter].set(object); }
   void alias(int parameter, int of);  // one array passed for two parameters
@@ -71,6 +78,7 @@ class Call {
 
   void requireUntouched() const;  // no byte of arrays and objects has changed
   void requireSourcesUntouched() const;
+  void requireSameContent(const Array& a, const Array& expected, double tolerance = 0) const;
   void requireSameOutputs(const Call& reference, double tolerance = 0) const;
 
  private:
@@ -91,8 +99,7 @@ class Call {
   bool owns_ = false;
 };
 
-// The value that `function` stores at `output` when called with these numbers.
-long query(const std::string& function, std::map<std::string, long> numbers,
-           const std::string& output);
+// The value that `function` stores at `output`, for the lengths and numbers of `setting`.
+long query(const std::string& function, const Setting& setting, const std::string& output);
 
 }  // namespace every

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "frame/every/call.h"
 
@@ -12,18 +13,18 @@ namespace every {
 
 // A valid value for a parameter passed by value, or for all elements of a small array; none: arrays
 // get random elements.
-std::optional<double> numberFor(const Call& call, const std::string& parameter);
+std::optional<double> numberFor(const Call& call, int parameter);
 
 // How many elements the function may touch.
-std::optional<long> countFor(const Call& call, const std::string& parameter);
+std::optional<long> countFor(const Call& call, int parameter);
 
-// The Init function that makes the object for a parameter of this function.
-std::optional<std::string> makerOf(const std::string& function, const std::string& parameter);
+// The Init function that makes the object on which this function works.
+std::optional<std::string> makerOf(const std::string& function);
 
 // The status for a length that is out of range, and the values that are.
 struct LengthRule {
   const char* functions;
-  const char* parameter;
+  const char* parameters;
   MoxStatus status;
   std::vector<int> refused;
 };

@@ -27,9 +27,9 @@ constexpr ElementType elementType = {sizeof(E), sizeof(mox::Part<E>),
 enum class Form {
   value,   // by value, of type `element`
   array,   // pointer to `element`s
-  rows,    // pointer to pointers to `element`s
+  rows,    // pointer to unchanging pointers to `element`s or objects
   object,  // pointer to an opaque object
-  objectOut
+  objectOut  // where a pointer is stored
 };
 
 struct ArgumentType {
@@ -46,7 +46,7 @@ consteval ArgumentType argumentType() {
     constexpr bool isConst = std::is_const_v<Target>;
     if constexpr (std::is_pointer_v<Bare>) {
       ArgumentType inner = argumentType<Bare>();
-      inner.form = inner.form == Form::array ? Form::rows : Form::objectOut;
+      inner.form = isConst ? Form::rows : Form::objectOut;
       return inner;
     } else if constexpr (requires { sizeof(Bare); }) {
       return {Form::array, &elementType<Bare>, isConst};
