@@ -1,7 +1,7 @@
-// What holds for all exported functions is tested here on all of them, driven by the names and types
-// in the public headers. A new function is found by itself; where its shape is new as well, the
-// test fails and says which table wants a row (every/shapes.cpp for arrays, numbers and objects,
-// every/contract.cpp for deviations).
+// What holds for all exported functions is tested here on all of them, driven by the names and
+// types in the public headers. A new function is found by itself; where its shape is new as well,
+// the test fails and says which table wants a row (every/shapes.cpp for arrays, numbers and
+// objects, every/contract.cpp for deviations).
 #include <gtest/gtest.h>
 
 #include "frame/every/call.h"
@@ -52,10 +52,11 @@ class FunctionTest : public testing::Test {
 };
 
 // A function without a status is named in the contract table, and no other is.
-class StatusTest : public testing::Test {
+class DeclarationTest : public testing::Test {
  public:
-  explicit StatusTest(const Function& function) : function_(function) {}
+  explicit DeclarationTest(const Function& function) : function_(function) {}
   void TestBody() override {
+    ASSERT_NE(function_.address, nullptr) << function_.name << " is declared and not built";
     EXPECT_NE(function_.signature->returnsStatus,
               deviation(function_.name, Deviation::noStatus) != nullptr);
   }
@@ -67,13 +68,14 @@ class StatusTest : public testing::Test {
 void registerTests() {
   for (const Function& f : allFunctions()) {
     const std::string suite = "EveryFunction/" + f.name;
-    testing::RegisterTest(suite.c_str(), "ReturnsStatus", nullptr, nullptr, __FILE__, __LINE__,
-                          [&f]() -> testing::Test* { return new StatusTest(f); });
-    if (!f.signature->returnsStatus) continue;
+    testing::RegisterTest(suite.c_str(), "IsBuiltAndReturnsStatus", nullptr, nullptr, __FILE__,
+                          __LINE__, [&f]() -> testing::Test* { return new DeclarationTest(f); });
+    if (!f.address || !f.signature->returnsStatus) continue;
     for (const Check& check : checks)
       if (check.applies(f))
-        testing::RegisterTest(suite.c_str(), check.name, nullptr, nullptr, __FILE__, __LINE__,
-                              [&f, &check]() -> testing::Test* { return new FunctionTest(f, check); });
+        testing::RegisterTest(
+            suite.c_str(), check.name, nullptr, nullptr, __FILE__, __LINE__,
+            [&f, &check]() -> testing::Test* { return new FunctionTest(f, check); });
   }
 }
 

@@ -78,7 +78,8 @@ void checkLengths(const Function& f, Position& at) {
     for (int k = 0; k < f.count(); ++k)
       if (isPointer(f, k)) call.setNull(k);
     call.setNumber(i, 0);
-    requireStatus(call.run(), deviation(f.name, Deviation::lengthFirst) ? moxErrSize : moxErrNullPtr);
+    requireStatus(call.run(),
+                  deviation(f.name, Deviation::lengthFirst) ? moxErrSize : moxErrNullPtr);
   }
 }
 

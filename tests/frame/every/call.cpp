@@ -170,8 +170,7 @@ void Call::prepareObject(int i) {
   auto& call = *makers_.emplace_back(std::make_unique<Call>(*init, setting));
   if (const MoxStatus status = call.run(); status != moxOk)
     throw Misbehaved(*maker + " answers " + std::to_string(status) + " to valid arguments");
-  for (auto& array : call.arrays_)
-    array->initial.assign(array->data, array->data + array->bytes);
+  for (auto& array : call.arrays_) array->initial.assign(array->data, array->data + array->bytes);
   slots_[i].set(call.object());
 }
 
@@ -187,8 +186,8 @@ void Call::prepareArray(int i) {
   }
   if (!type.element) unknown(function_, name, "how to make a row of objects, which is the form");
   auto& rows = rows_[i];
-  const long channels = function_.indexOf("channels") >= 0 ? (*this)("channels")
-                                                           : (*this)("numChannels");
+  const long channels =
+      function_.indexOf("channels") >= 0 ? (*this)("channels") : (*this)("numChannels");
   for (long r = 0; r < channels; ++r) rows.push_back(addArray(i, *count).data);
   slots_[i].set<void*>(rows.data());
 }
@@ -250,8 +249,8 @@ void* Call::object() const {
 
 MoxStatus Call::run() {
   MoxStatus status = moxOk;
-  const auto fault = trap(
-      [&] { status = function_.signature->call(function_.address, slots_.data()); });
+  const auto fault =
+      trap([&] { status = function_.signature->call(function_.address, slots_.data()); });
   if (fault) report(*fault);
   if (status >= moxOk && function_.name.find("InitAlloc") != std::string::npos) owns_ = true;
   if (status >= moxOk && function_.name.find("Free") != std::string::npos)
@@ -274,8 +273,8 @@ void Call::report(const Fault& fault) const {
   const auto find = [&](const Call& call) {
     for (const auto& a : call.arrays_)
       if (const auto at = a->region->distanceTo(fault.address))
-        throw Misbehaved(what + " near '" + call.function_.parameters[a->parameter] +
-                         "': byte " + std::to_string(*at) + " of " + std::to_string(a->bytes));
+        throw Misbehaved(what + " near '" + call.function_.parameters[a->parameter] + "': byte " +
+                         std::to_string(*at) + " of " + std::to_string(a->bytes));
   };
   find(*this);
   for (const auto& maker : makers_) find(*maker);

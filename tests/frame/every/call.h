@@ -32,9 +32,9 @@ struct FloatingPointTrap : Misbehaved {
 struct Setting {
   int length = 17;
   Placement destination = {}, source = {};
-  bool anyFloats = false;              // infinities, NaN, zeros and subnormals among the floats
-  bool nullOptional = false;           // pass null for what may be left out
-  std::map<std::string, long> numbers = {};// arguments that are to have another value than usual
+  bool anyFloats = false;     // infinities, NaN, zeros and subnormals among the floats
+  bool nullOptional = false;  // pass null for what may be left out
+  std::map<std::string, long> numbers = {};  // arguments that are to have another value than usual
 };
 
 struct Array {

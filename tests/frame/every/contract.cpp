@@ -58,8 +58,8 @@ constexpr Pointer optionalPointers[] = {
 };
 
 constexpr Pointer scratchMemory[] = {
-    {"*", "buffer", "work memory"},       {"*", "initBuf", "work memory"},
-    {"*", "tmpIdx", "work memory"},       {"*Init*", "specMem", "the object holds addresses"},
+    {"*", "buffer", "work memory"},          {"*", "initBuf", "work memory"},
+    {"*", "tmpIdx", "work memory"},          {"*Init*", "specMem", "the object holds addresses"},
     {"*Init*", "state", "a private record"},
 };
 

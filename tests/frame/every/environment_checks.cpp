@@ -89,8 +89,9 @@ void checkScaleFactors(const Function& f, Position& at) {
   forLengths(f, at, [&](int length) {
     if (length != 1 && length != 17 && length != 64) return;
     for (int mode = 0; mode <= (rounding < 0 ? 0 : 2); ++mode)
-      for (const int factor : {INT_MIN, INT_MIN + 1, -1000, -64, -63, -33, -32, -31, -16, -15, -1, 0,
-                               1, 15, 16, 17, 31, 32, 33, 63, 64, 65, 1000, INT_MAX - 1, INT_MAX}) {
+      for (const int factor : {INT_MIN, INT_MIN + 1, -1000,  -64, -63, -33, -32, -31, -16, -15, -1,
+                               0,       1,           15,     16,  17,  31,  32,  33,  63,  64,  65,
+                               1000,    INT_MAX - 1, INT_MAX}) {
         at.detail = "with scale factor " + std::to_string(factor);
         Setting setting{.length = length, .destination = {Edge::start, 0}};
         setting.numbers["scaleFactor"] = factor;
@@ -102,8 +103,8 @@ void checkScaleFactors(const Function& f, Position& at) {
         if (status < moxOk && status != moxErrRoundMode)
           throw Misbehaved("answers " + std::to_string(status));
         if (misaligned.run() != status) throw Misbehaved("gives another status when misaligned");
-        misaligned.requireSameOutputs(
-            aligned, deviation(f.name, Deviation::alignedSums) ? 1e-4 : 0);
+        misaligned.requireSameOutputs(aligned,
+                                      deviation(f.name, Deviation::alignedSums) ? 1e-4 : 0);
       }
   });
 }

@@ -7,6 +7,11 @@
 #include <sstream>
 #include <stdexcept>
 
+// Weak, so that a function that is declared but missing from the library fails a test by its name.
+#define MOXSP_FUNCTION(name, parameters) extern "C" [[gnu::weak]] decltype(name) name;
+#include "every_function.inc"
+#undef MOXSP_FUNCTION
+
 namespace every {
 namespace {
 
@@ -49,8 +54,9 @@ std::span<const Function> allFunctions() {
 
 const Function* findFunction(std::string_view name) {
   const auto all = allFunctions();
-  const auto at = std::lower_bound(all.begin(), all.end(), name,
-                                   [](const Function& f, std::string_view n) { return f.name < n; });
+  const auto at =
+      std::lower_bound(all.begin(), all.end(), name,
+                       [](const Function& f, std::string_view n) { return f.name < n; });
   return at != all.end() && at->name == name ? &*at : nullptr;
 }
 

@@ -12,8 +12,7 @@ namespace {
 
 MoxStatus runWell(Call& call) {
   const MoxStatus status = call.run();
-  if (status < moxOk)
-    throw Misbehaved("answers " + std::to_string(status) + " to valid arguments");
+  if (status < moxOk) throw Misbehaved("answers " + std::to_string(status) + " to valid arguments");
   return status;
 }
 

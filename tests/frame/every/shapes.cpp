@@ -40,9 +40,8 @@ long ccsLength(const Call& c) { return transformLength(c) + 2; }
 // What the size query that belongs to an Init function reports.
 auto sizeFrom(const char* queryWord, const char* output) {
   return [=](const Call& c) {
-    const std::string name =
-        std::regex_replace(c.function().name, std::regex("Init"), queryWord,
-                           std::regex_constants::format_first_only);
+    const std::string name = std::regex_replace(c.function().name, std::regex("Init"), queryWord,
+                                                std::regex_constants::format_first_only);
     return query(name, c.setting(), output);
   };
 }
@@ -56,8 +55,7 @@ constexpr long packWidth = 11;
 
 // Numbers, and arrays whose every element must have a certain value.
 const Row<double> numberRows[] = {
-    {"moxsFFT*", "order",
-     [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
+    {"moxsFFT*", "order", [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
     {"moxsPackBits_*", "bitWidths", real(packWidth)},
     {"moxsSortRadixIndex*", "srcStrideBytes",
      [](const Call& c) { return c.function().type(0).element->bytes; }},
@@ -177,7 +175,9 @@ const LengthRule lengthRules[] = {
     {"moxsIIR*", "numBq", moxErrIirOrder, {0, -1, INT_MIN}},
     {"moxs@(FIRLMS|FIRGen)*", "tapsLen", moxErrSize, {0, -1, INT_MIN}},
     {"moxsFIR*", "tapsLen", moxErrFirLen, {0, -1, INT_MIN}},
-    {"*", "@(len|srcLen|dstLen|len1|len2|numIters|channels|tableLen)", moxErrSize,
+    {"*",
+     "@(len|srcLen|dstLen|len1|len2|numIters|channels|tableLen)",
+     moxErrSize,
      {0, -1, INT_MIN}},
 };
 
@@ -209,7 +209,8 @@ std::optional<std::string> makerOf(const std::string& function) {
   const auto [at, isNew] = found.try_emplace(function);
   if (isNew)
     for (const Maker& maker : makers)
-      if (std::regex functions(maker.functions); !at->second && std::regex_match(function, functions))
+      if (std::regex functions(maker.functions);
+          !at->second && std::regex_match(function, functions))
         at->second = std::regex_replace(function, functions, maker.init);
   return at->second;
 }

@@ -25,10 +25,10 @@ constexpr ElementType elementType = {sizeof(E), sizeof(mox::Part<E>),
                                      std::is_floating_point_v<mox::Part<E>>};
 
 enum class Form {
-  value,   // by value, of type `element`
-  array,   // pointer to `element`s
-  rows,    // pointer to unchanging pointers to `element`s or objects
-  object,  // pointer to an opaque object
+  value,     // by value, of type `element`
+  array,     // pointer to `element`s
+  rows,      // pointer to unchanging pointers to `element`s or objects
+  object,    // pointer to an opaque object
   objectOut  // where a pointer is stored
 };
 
@@ -103,11 +103,11 @@ template <class F>
 struct SignatureOf;
 template <class R, class... A>
 struct SignatureOf<R (*)(A...)> {
-  static constexpr Signature value = {
-      std::is_same_v<R, MoxStatus>, sizeof...(A), argumentTypes<A...>,
-      [](AnyFunction* f, const Slot* slots) {
-        return callWith<R, A...>(f, slots, std::index_sequence_for<A...>());
-      }};
+  static constexpr Signature value = {std::is_same_v<R, MoxStatus>, sizeof...(A),
+                                      argumentTypes<A...>, [](AnyFunction* f, const Slot* slots) {
+                                        return callWith<R, A...>(f, slots,
+                                                                 std::index_sequence_for<A...>());
+                                      }};
 };
 }  // namespace detail
 
