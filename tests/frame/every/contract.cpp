@@ -53,7 +53,6 @@ constexpr Pointer optionalPointers[] = {
     {"moxs@(FIR|FIRMR|IIR|FIRLMS|FIRLMSMR)*Init*", "dlyLine", "the delay line starts cleared"},
     {"moxs@(FIR|IIR|FIRLMSMR|FIRLMS)SetDlyLine*", "dlyLine", "the delay line is cleared"},
     {"moxsFIRLMS*InitAlloc*", "taps", "the taps start at zero"},
-    {"moxsFIR*_Direct_*", "dlyLine", "samples before the first are zero"},
     {"moxs@(FFT|DFT|DCT)*Init_*", "initBuf", "tables of small lengths need none"},
 };
 

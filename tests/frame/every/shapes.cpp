@@ -61,6 +61,7 @@ const Row<double> numberRows[] = {
      [](const Call& c) { return c.function().type(0).element->bytes; }},
     {"moxsThreshold_*", "levelGT", real(5)},
     {"moxsRand*", "high", real(90)},
+    {"moxs@(FIR|IIR)*One*", "@(src|srcDst)", real(7)},  // one sample, by value or in place
 
     {"*", "@(len|srcLen|dstLen|len1|numIters|numStates|tableLen)",
      [](const Call& c) { return c.length(); }},
