@@ -101,12 +101,18 @@ bool samePart(const ElementType& element, const std::byte* a, const std::byte* b
                                 : closeFloats<double>(a, b, tolerance);
 }
 
-std::string freeFunctionOf(const std::string& name) {
+// The Free function of an InitAlloc function: of the same name, or one that several kinds share.
+const Function& freeFunctionOf(const std::string& name) {
   std::string free = std::regex_replace(name, std::regex("InitAlloc"), "Free");
-  if (findFunction(free)) return free;
-  for (const char* kind : {"_BiQuad", "_DF1", "MR", "Stream", "Q15_16s"}) {
-    free = std::regex_replace(free, std::regex(kind), "");
-    if (findFunction(free)) return free;
+  for (const auto& [kind, by] : {std::pair("$", ""),
+                                 {"_BiQuad|_DF1", ""},
+                                 {"FIRMR", "FIR"},
+                                 {"Stream", ""},
+                                 {"_16s32f", "_16s"},
+                                 {"_16sc32fc", "_16sc"},
+                                 {"Q15_16s", ""}}) {
+    free = std::regex_replace(free, std::regex(kind), by);
+    if (const Function* f = findFunction(free)) return *f;
   }
   throw Unknown(name + ": its Free function was not found; extend freeFunctionOf in call.cpp");
 }
@@ -130,11 +136,10 @@ Call::Call(const Function& function, const Setting& setting)
 }
 
 Call::~Call() {
-  if (!owns_) return;
-  const Function& free = *findFunction(freeFunctionOf(function_.name));
+  if (!free_) return;
   Slot slot;
   slot.set(objectOut_);
-  free.signature->call(free.address, &slot);
+  free_->signature->call(free_->address, &slot);
 }
 
 long Call::operator()(const std::string& parameter) const {
@@ -162,6 +167,7 @@ void Call::prepareObject(int i) {
   const std::optional<std::string> maker = makerOf(function_.name);
   if (!maker) unknown(function_, name, "which Init function makes the object");
   const Function* init = findFunction(*maker);
+  if (!init) init = findFunction(std::regex_replace(*maker, std::regex("Init"), "InitAlloc"));
   if (!init) throw Unknown(function_.name + ": no function " + *maker + " to make its object");
   Setting setting;
   setting.length = setting_.length;
@@ -169,7 +175,8 @@ void Call::prepareObject(int i) {
   setting.destination = setting.source = {Edge::end, -1};
   auto& call = *makers_.emplace_back(std::make_unique<Call>(*init, setting));
   if (const MoxStatus status = call.run(); status != moxOk)
-    throw Misbehaved(*maker + " answers " + std::to_string(status) + " to valid arguments");
+    throw Misbehaved("(" + init->name + " answers " + std::to_string(status) +
+                     " to valid arguments)");
   for (auto& array : call.arrays_) array->initial.assign(array->data, array->data + array->bytes);
   slots_[i].set(call.object());
 }
@@ -252,9 +259,10 @@ MoxStatus Call::run() {
   const auto fault =
       trap([&] { status = function_.signature->call(function_.address, slots_.data()); });
   if (fault) report(*fault);
-  if (status >= moxOk && function_.name.find("InitAlloc") != std::string::npos) owns_ = true;
+  if (status >= moxOk && function_.name.find("InitAlloc") != std::string::npos)
+    free_ = &freeFunctionOf(function_.name);
   if (status >= moxOk && function_.name.find("Free") != std::string::npos)
-    for (auto& maker : makers_) maker->owns_ = false;
+    for (auto& maker : makers_) maker->free_ = nullptr;
   const auto check = [&](const Call& call) {
     for (const auto& a : call.arrays_)
       if (const auto at = a->region->strayWrite())
@@ -290,7 +298,7 @@ void Call::compare(const Array& a, const char* what) const {
 
 void Call::requireUntouched() const {
   for (const auto& a : arrays_) compare(*a, "in a call that failed");
-  if (objectOut_ != &sentinel && !owns_)
+  if (objectOut_ != &sentinel && !free_)
     throw Misbehaved("stores an object pointer in a call that failed");
   for (const auto& maker : makers_)
     for (const auto& a : maker->arrays_) maker->compare(*a, "of the object in a call that failed");

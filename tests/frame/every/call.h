@@ -96,7 +96,7 @@ class Call {
   std::map<int, std::vector<void*>> rows_;
   std::vector<std::unique_ptr<Call>> makers_;  // the Init calls of this call's objects
   void* objectOut_ = nullptr;
-  bool owns_ = false;
+  const Function* free_ = nullptr;  // releases what InitAlloc has made
 };
 
 // The value that `function` stores at `output`, for the lengths and numbers of `setting`.

@@ -1,5 +1,6 @@
 #include "frame/every/shapes.h"
 
+#include <algorithm>
 #include <bit>
 #include <climits>
 #include <functional>
@@ -49,6 +50,15 @@ long workBufferSize(const Call& c) {
   const std::string init = *makerOf(c.function().name);
   return query(std::regex_replace(init, std::regex("Init(Alloc)?"), "GetBufSize"), c.setting(),
                "size");
+}
+
+// Convolution and correlation: the query wants the element type as a number.
+long convolutionBuffer(const Call& c) {
+  const ElementType& e = *c.function().type(0).element;
+  Setting setting = c.setting();
+  setting.numbers["dataType"] = 13 + 6 * (e.partBytes == 8) + (e.bytes > e.partBytes);
+  const std::string& name = c.function().name;
+  return query(name.substr(0, name.find('_')) + "GetBufferSize", setting, "bufferSize");
 }
 
 constexpr long packWidth = 11;
@@ -107,12 +117,19 @@ const Row<long> countRows[] = {
     {"moxs@(FFT|DFT|DCT)*Init_*", "initBuf", sizeFrom("GetSize", "initSize")},
     {"moxsConjCcs_*", "src", [](const Call& c) { return c("len") / 2 * 2 + 2; }},
 
+    {"moxs@(Convolve|AutoCorrNorm|CrossCorrNorm)_*", "buffer", convolutionBuffer},
     {"moxs@(FIR|IIR)*Init*", "buffer", sizeFrom("GetStateSize", "size")},
     {"moxs@(Tone|Triangle)Init*", "state", sizeFrom("GetStateSize", "size")},
     {"moxsRand@(Uniform|Gauss)Init*", "state", sizeFrom("GetSize", "size")},
     {"moxsFIRMR*Init*", "dlyLine",
      [](const Call& c) { return (c("tapsLen") + c("upFactor") - 1) / c("upFactor"); }},
     {"moxs@(FIR|IIR)One*", "@(dst|srcDst)", fixed(1)},
+    {"moxsFIRMR*_Direct_*", "src", [](const Call& c) { return c("numIters") * c("downFactor"); }},
+    {"moxsFIRMR*_Direct_*", "dst", [](const Call& c) { return c("numIters") * c("upFactor"); }},
+    {"moxsFIRMR*_Direct_*", "srcDst",
+     [](const Call& c) { return c("numIters") * std::max(c("downFactor"), c("upFactor")); }},
+    {"moxsWT*", "tapsLow", argument("lenLow")},
+    {"moxsWT*", "tapsHigh", argument("lenHigh")},
     {"moxsFIR*_Direct_*", "dlyLine", times(2, "tapsLen")},
     {"moxsFIR*", "@(taps|dlyLine)", argument("tapsLen")},
     {"moxsIIR*_BiQuad*", "taps", times(6, "numBq")},
@@ -137,7 +154,7 @@ const Row<long> countRows[] = {
     {"*", "@(size|specSize|initSize|workSize|bufferSize|dstBitLen|tapsFactor|dlyLineIndex)",
      fixed(1)},
     {"*", "@(sum|mean|stdDev|norm|dp|result|index|min|max|minIndex|maxIndex|order)", fixed(1)},
-    {"*", "@(phase|time|outVal|outIndex|counts|dstLen|outLen|dlyPoint)", fixed(1)},
+    {"*", "@(phase|time|outVal|outIndex|seed|counts|dstLen|outLen|dlyPoint)", fixed(1)},
     {"*", "table", argument("tableLen")},
     {"*", "@(src|src1|src2|srcRe|srcIm|srcMagn|srcPhase|srcLow|srcHigh|srcRows|bitWidths|ref)",
      argument("len")},
@@ -161,7 +178,7 @@ const Maker makers[] = {
     {"moxs(FIR|IIR|FIRLMS|FIRLMSMR|FFT|DFT|DCTFwd|DCTInv|WTFwd|WTInv)Free(.*)",
      "moxs$1InitAlloc$2"},
     {"moxs(FIR|IIR)(?:One|GetTaps|SetTaps|GetDlyLine|SetDlyLine)?([0-9a-z]*_(?:BiQuad_|DF1_)?"
-     "[0-9]+[a-z]+)(_.*)?",
+     "[0-9]+[a-z]+(?:32f|32fc)?)(_.*)?",
      "moxs$1Init$2"},
     {"moxs(WTFwd|WTInv)(?:GetDlyLine|SetDlyLine)?_([0-9]+[a-z]+)", "moxs$1InitAlloc_$2"},
     {"moxs(Rand(?:Uniform|Gauss))(_.*)", "moxs$1Init$2"},
