@@ -14,6 +14,7 @@ case $way in
     cmake -S "$consumer" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$prefix" \
       -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" > "$scratch/log" 2>&1 &&
       cmake --build "$scratch/build" >> "$scratch/log" 2>&1 || fail "$(cat "$scratch/log")"
+    grep -q 'Linking C executable moxsp_static_c' "$scratch/log" || fail "a C program is linked as C++"
     check_programs "$scratch/build"
     ;;
   pkg_config)

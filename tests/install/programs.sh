@@ -15,7 +15,7 @@ check_programs() {
   done
   no_cxx_runtime "$1/moxsp_c"
   no_cxx_runtime "$1/moxsp_static_c"
-  readelf -d "$1/moxsp_c" | grep -q 'NEEDED.*libmoxsp\.so\.1' || fail "moxsp_c is not shared"
+  readelf -d "$1/moxsp_c" | grep 'NEEDED.*libmoxsp\.so\.1' > /dev/null || fail "moxsp_c is not shared"
   if readelf -d "$1/moxsp_static_c" | grep 'NEEDED.*libmoxsp'; then
     fail "moxsp_static_c is not static"
   fi
