@@ -6,6 +6,7 @@
 
 #include "frame/every/call.h"
 #include "frame/every/contract.h"
+#include "frame/every/last_words.h"
 #include "frame/every/own_checks.h"
 #include "support/random.h"
 
@@ -27,22 +28,27 @@ const Check checks[] = {
     {"SurvivesFailedAllocations", always, checkAllocations},
 };
 
+// The line that runs this case again.
+std::string rerunLine(const Function& function, const Check& check, const Position& at) {
+  return test::seedNote() + " MOXSP_TEST_LEN=" + std::to_string(at.length) +
+         " MOXSP_TEST_OFFSET=" + std::to_string(at.remainder) +
+         " every_function_test --gtest_filter=EveryFunction/" + function.name + '.' + check.name;
+}
+
 class FunctionTest : public testing::Test {
  public:
   FunctionTest(const Function& function, const Check& check) : function_(function), check_(check) {}
 
   void TestBody() override {
     Position at;
+    const LastWords lastWords([&] { return rerunLine(function_, check_, at); });
     try {
       check_.run(function_, at);
     } catch (const Unknown& missing) {
       ADD_FAILURE() << function_.name << ": " << missing.what();
     } catch (const Misbehaved& fault) {
-      ADD_FAILURE() << function_.name << ' ' << fault.what() << ", " << at.detail << "\n"
-                    << test::seedNote() << " MOXSP_TEST_LEN=" << at.length
-                    << " MOXSP_TEST_OFFSET=" << at.remainder
-                    << " every_function_test --gtest_filter=EveryFunction/" << function_.name << '.'
-                    << check_.name;
+      ADD_FAILURE() << function_.name << ' ' << fault.what() << ", " << at.detail << '\n'
+                    << rerunLine(function_, check_, at);
     }
   }
 
