@@ -116,7 +116,8 @@ void checkAllocations(const Function& f, Position& at) {
     for (int nth = 1; nth < 100; ++nth) {
       at.detail = "with allocation " + std::to_string(nth) + " failing";
       Setting setting;
-      setting.length = at.length = 64;
+      // Long enough for a transform that needs work memory.
+      setting.length = at.length = hasLength(f) ? 64 : 4096;
       setting.nullOptional = withoutBuffer;
       Call call(f, setting);
       CoreProbe probe;

@@ -78,19 +78,16 @@ struct Slot {
 
 using AnyFunction = void();
 
+constexpr int maxArguments = 16;
+
 struct Signature {
   bool returnsStatus;
   int count;
-  const ArgumentType* arguments;
+  ArgumentType arguments[maxArguments];
   MoxStatus (*call)(AnyFunction*, const Slot*);
 };
 
 namespace detail {
-template <class... A>
-constexpr ArgumentType argumentTypes[] = {argumentType<A>()...};
-template <>
-constexpr ArgumentType argumentTypes<>[] = {{}};
-
 template <class R, class... A, std::size_t... i>
 MoxStatus callWith(AnyFunction* f, [[maybe_unused]] const Slot* slots, std::index_sequence<i...>) {
   if constexpr (std::is_same_v<R, MoxStatus>)
@@ -103,11 +100,12 @@ template <class F>
 struct SignatureOf;
 template <class R, class... A>
 struct SignatureOf<R (*)(A...)> {
-  static constexpr Signature value = {std::is_same_v<R, MoxStatus>, sizeof...(A),
-                                      argumentTypes<A...>, [](AnyFunction* f, const Slot* slots) {
-                                        return callWith<R, A...>(f, slots,
-                                                                 std::index_sequence_for<A...>());
-                                      }};
+  static_assert(sizeof...(A) <= maxArguments);
+  static MoxStatus call(AnyFunction* f, const Slot* slots) {
+    return callWith<R, A...>(f, slots, std::index_sequence_for<A...>());
+  }
+  static constexpr Signature value = {
+      std::is_same_v<R, MoxStatus>, sizeof...(A), {argumentType<A>()...}, call};
 };
 }  // namespace detail
 

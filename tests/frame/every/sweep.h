@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "frame/every/checks.h"
+#include "frame/every/own_checks.h"
 #include "frame/every/shapes.h"
 
 namespace every {
@@ -13,16 +13,13 @@ inline bool wanted(const char* variable, int value) {
   return !text || std::atoi(text) == value;
 }
 
-// f(length) for 1 to 70 where the function has a length; for powers of two where an object decides
-// the length, for one where nothing depends on it.
+// f(length) for 1 to 70 where the function has a length; for powers of two to 1024 where an object
+// decides the length, for one where nothing depends on it.
 template <class F>
 void forLengths(const Function& function, Position& position, F f) {
-  bool hasLength = false;
-  for (int i = 0; i < function.count(); ++i)
-    hasLength |= function.type(i).form == Form::value &&
-                 lengthRuleFor(function.name, function.parameters[std::size_t(i)]);
-  const bool hasObject = makerOf(function.name).has_value();
-  for (int length = 1; length <= 70; ++length) {
+  const bool hasLength = every::hasLength(function), hasObject = makerOf(function.name).has_value();
+  const int last = hasLength || !hasObject ? 70 : 1024;
+  for (int length = 1; length <= last; ++length) {
     const bool powerOfTwo = (length & (length - 1)) == 0;
     if (hasLength || (hasObject && powerOfTwo) || length == 17) {
       position.length = length;
