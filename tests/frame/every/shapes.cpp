@@ -36,7 +36,7 @@ auto bits(const char* offset, long width) {
   return [=](const Call& c) { return (c(offset) + width * c("len") + 7) / 8; };
 }
 long transformLength(const Call& c) { return 1L << c("order"); }
-long ccsLength(const Call& c) { return transformLength(c) + 2; }
+long ccsLength(const Call& c) { return transformLength(c) / 2 * 2 + 2; }
 
 // What the size query that belongs to an Init function reports.
 auto sizeFrom(const char* queryWord, const char* output) {
