@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 namespace mox {
 
@@ -140,12 +141,27 @@ template <class E>
     return V<E, 16>(_mm_packus_epi16(__m128i(low), __m128i(high)));
 }
 
-// Every lane holds the same value.
+// Every lane holds the same value. Spelled out lane by lane it is one instruction from memory.
 template <class T, class E>
 [[gnu::always_inline]] inline T broadcast(E e) {
-  T v;
-  for (unsigned i = 0; i < sizeof(T) / sizeof(E); ++i) v[i] = e;
-  return v;
+  return [&]<int... i>(std::integer_sequence<int, i...>) {
+    return T{(void(i), e)...};
+  }
+  (std::make_integer_sequence<int, sizeof(T) / sizeof(E)>());
+}
+
+// Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
+template <auto index, class T>
+[[gnu::always_inline]] inline T shuffle(T a, T b) {
+  constexpr int lanes = sizeof(T) / sizeof(a[0]);
+  return [&]<int... i>(std::integer_sequence<int, i...>) {
+    return __builtin_shufflevector(a, b, index(i)...);
+  }
+  (std::make_integer_sequence<int, lanes>());
+}
+template <auto index, class T>
+[[gnu::always_inline]] inline T shuffle(T a) {
+  return shuffle<index>(a, a);
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
