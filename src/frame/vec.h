@@ -164,20 +164,6 @@ template <auto index, class T>
   return shuffle<index>(a, a);
 }
 
-// Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
-template <auto index, class T>
-[[gnu::always_inline]] inline T shuffle(T a, T b) {
-  constexpr int lanes = sizeof(T) / sizeof(a[0]);
-  return [&]<int... i>(std::integer_sequence<int, i...>) {
-    return __builtin_shufflevector(a, b, index(i)...);
-  }
-  (std::make_integer_sequence<int, lanes>());
-}
-template <auto index, class T>
-[[gnu::always_inline]] inline T shuffle(T a) {
-  return shuffle<index>(a, a);
-}
-
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
 
 inline bool isAligned(const void* p, std::uintptr_t alignment) {
