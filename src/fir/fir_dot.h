@@ -13,15 +13,14 @@ enum class TapOrder { forward, reversed };
 namespace detail {
 
 // The taps for the numbers from k on in a window of n numbers, where elements are `width` numbers.
-template <TapOrder order, int width, class F>
-[[gnu::always_inline]] inline V<F> tapLanes(const F* taps, long n, long k) {
-  constexpr auto backward = [](int i) {
-    return lanesOf<F> - width - i / width * width + i % width;
-  };
+template <class T, TapOrder order, int width, class F>
+[[gnu::always_inline]] inline T tapLanes(const F* taps, long n, long k) {
+  constexpr int lanes = sizeof(T) / sizeof(F);
+  constexpr auto backward = [](int i) { return lanes - width - i / width * width + i % width; };
   if constexpr (order == TapOrder::reversed)
-    return load<V<F>>(taps + k);
+    return load<T>(taps + k);
   else
-    return shuffle<backward>(load<V<F>>(taps + n - k - lanesOf<F>));
+    return shuffle<backward>(load<T>(taps + n - k - lanes));
 }
 
 template <TapOrder order, class A>
@@ -41,11 +40,12 @@ auto sumOfLanes(T v) {
 // Products in the type A of the taps, summed in the type Wide.
 template <class Wide, TapOrder order, class A, class D>
 Wide dotProduct(const D* window, const A* taps, long n) {
-  constexpr int lanes = lanesOf<A>;
-  using S = V<Wide, lanes>;
+  constexpr int lanes = lanesOf<Wide>;
+  using S = V<Wide>;
+  using T = V<A, lanes>;
   const auto product = [&](long k) {
     return __builtin_convertvector(
-        loadWidened<V<A>>(window + k) * detail::tapLanes<order, 1>(taps, n, k), S);
+        loadWidened<T>(window + k) * detail::tapLanes<T, order, 1>(taps, n, k), S);
   };
   S sums[4] = {};
   long k = 0;
@@ -69,7 +69,7 @@ A dotProduct(const A* window, const A* taps, long n) {
   // Straight products are re * re, im * im in turn; crossed ones re * im, im * re.
   T straight[2] = {}, crossed[2] = {};
   const auto add = [&](int i, long k) {
-    const T tap = detail::tapLanes<order, 2>(parts(taps), 2 * n, 2 * k);
+    const T tap = detail::tapLanes<T, order, 2>(parts(taps), 2 * n, 2 * k);
     const T x = load<T>(parts(window) + 2 * k);
     straight[i] += tap * x;
     crossed[i] += tap * shuffle<[](int j) { return j ^ 1; }>(x);
