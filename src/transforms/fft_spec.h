@@ -49,16 +49,20 @@ struct FftLimits<Mox32f> {
   static constexpr int maxComplexOrder = 28;
   static constexpr int largeOrder = 19;  // from here on complex transforms run blocked
   static constexpr int tileBits = 6;     // log2 of a reordering tile's side
-  static constexpr int rowsInCache = 2048;
+  static constexpr long inCache = 2048;  // elements that the stages finish before moving on
 };
 template <>
 struct FftLimits<Mox64f> {
   static constexpr int maxComplexOrder = 27;
   static constexpr int largeOrder = 18;
   static constexpr int tileBits = 5;
-  static constexpr int rowsInCache = 1024;
+  static constexpr long inCache = 1024;
 };
 constexpr int fftMaxSmallOrder = 6;      // straight-line complex kernels up to here
 constexpr int fftMaxSmallRealOrder = 4;  // straight-line real kernels up to here
+
+// The block of a record, and every table in it, starts on a multiple of this.
+constexpr int fftAlignment = 64;
+constexpr long fftRoundUp(long bytes) { return (bytes + fftAlignment - 1) & -long(fftAlignment); }
 
 }  // namespace mox

@@ -1,0 +1,43 @@
+// Complex power-of-two transforms on the tables of a record, for the transforms built on them. F is
+// Mox32f or Mox64f, Layout is Interleaved or Split. Forward and inverse differ in the sign of i
+// alone; a transform may run in place, with equal source and destination.
+#pragma once
+
+#include "transforms/fft_spec.h"
+#include "transforms/fft_views.h"
+
+namespace mox {
+
+// Straight-line kernels of the orders 0 to fftMaxSmallOrder; the scaled ones multiply the result.
+template <class F, template <class> class Layout>
+using FftSmall = void (*)(Layout<const F> src, Layout<F> dst);
+template <class F, template <class> class Layout>
+using FftSmallScaled = void (*)(Layout<const F> src, Layout<F> dst, F factor);
+
+template <class F, Direction d, template <class> class Layout>
+extern const FftSmall<F, Layout> ownFftSmall[fftMaxSmallOrder + 1];
+template <class F, Direction d, template <class> class Layout>
+extern const FftSmallScaled<F, Layout> ownFftSmallScaled[fftMaxSmallOrder + 1];
+
+// Orders above those, below FftLimits<F>::largeOrder. `work` has room for n elements and is
+// aligned to 64 bytes.
+template <class F, template <class> class Layout>
+void ownFftMid(Layout<const F> src, Layout<F> dst, long n, const F* twiddle, const int* bitRev,
+               F* work);
+template <class F, template <class> class Layout>
+void ownFftMidInv(Layout<const F> src, Layout<F> dst, long n, const F* twiddle, const int* bitRev,
+                  F* work);
+
+// Orders from FftLimits<F>::largeOrder on. These multiply by normFactor where the record asks for
+// it.
+template <class F, template <class> class Layout>
+void ownFftLarge(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int order, F* work);
+template <class F, template <class> class Layout>
+void ownFftLargeInv(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int order, F* work);
+
+// The transform of any order with the tables of the record, multiplied by normFactor where the
+// record asks for it. `order` is below the record's for real kinds.
+template <class F, Direction d, template <class> class Layout>
+void ownFftRun(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int order, F* work);
+
+}  // namespace mox
