@@ -28,7 +28,8 @@ class FirLayout {
     record_.fftLen = -1;
     if (tapsLen >= leastTapsForFft<A>) {
       while (1L << (order_ - 1) <= tapsLen) ++order_;
-      if (Transform::sizes(order_, sizes_) == moxOk) record_.fftLen = 1 << order_;
+      if (order_ <= mostOrder && Transform::sizes(order_, sizes_) == moxOk)
+        record_.fftLen = 1 << order_;
     }
     Arena measuring;
     placeParts(measuring, record_);
@@ -57,6 +58,7 @@ class FirLayout {
 
  private:
   using Transform = FirTransform<A>;
+  static constexpr int mostOrder = 27;  // samples and spectrum of larger ones take 2^31 bytes
   static constexpr int recordAlignment = 16, partsAlignment = 64;
 
   Mox8u* placeParts(Arena& arena, FirState<A>& s) const {
@@ -74,7 +76,7 @@ class FirLayout {
 
   FirState<A> record_{};
   int order_ = 3;
-  typename Transform::Sizes sizes_{};
+  FirTransformSizes sizes_{};
   std::size_t partsBytes_;
 };
 
