@@ -10,6 +10,95 @@
 /** A power-of-two transform: length, normalisation and tables. Read-only during runs. */
 typedef struct MoxsFFTSpec MoxsFFTSpec;
 
+/** @defgroup fft_complex_objects Objects of the complex FFT
+ * A transform of N = 2^order complex elements, order 0 to 28 (`_32fc`, and `_32f` for separate
+ * arrays of parts) or 27 (`_64fc`, `_64f`). Sizes, memory, `flag`, `hint` and the statuses are as
+ * for
+ * @ref fft_real_objects; `initBuf` may be null below order 11.
+ * @{ */
+MOX_API MoxStatus moxsFFTGetSize_C_32fc(int order, int flag, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_32fc(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                     Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_32fc(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_32fc(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_32fc(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_32f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_32f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_32f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_32f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_32f(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_64fc(int order, int flag, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_64fc(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                     Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_64fc(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_64fc(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_64fc(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_64f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_64f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_64f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_64f(const MoxsFFTSpec* spec, int* size);
+/** @} */
+
+/** @defgroup fft_complex Complex FFT
+ * Forward: X[k] = sum of x[n] * exp(-2 pi i n k / N) over 0 <= n < N. Inverse: x[n] = sum of
+ * X[k] * exp(2 pi i n k / N) over 0 <= k < N. Each is scaled as the flag of the object says:
+ * without scaling a forward and an inverse transform together give N * x.
+ *
+ * `_32fc` and `_64fc` take arrays of complex elements, `_32f` and `_64f` an array of real and one
+ * of imaginary parts. `dst` may be `src`, part by part where there are two, and none need be
+ * aligned. `buffer` has the bytes that the object asks for, or is null: then the call takes the
+ * memory and releases it.
+ *
+ * Method: decimation in time by radix 4 on bit-reversed data (Cooley and Tukey, "An algorithm for
+ * the machine calculation of complex Fourier series", Math. Comp. 19, 1965); beyond the caches as
+ * rows and columns (Gentleman and Sande, "Fast Fourier transforms: for fun and profit", AFIPS 29,
+ * 1966).
+ *
+ * @return ::moxErrNullPtr for a null object, ::moxErrContext for one of another kind or one that
+ * was freed, ::moxErrNullPtr for a null array, ::moxErrMemAlloc when there is no `buffer` and no
+ * memory.
+ * @note Relative error, in the L2 norm: below 3e-7 * sqrt(order) for single and
+ * 6e-16 * sqrt(order) for double precision. The same input gives the same result to the bit, in
+ * place or not, whatever the alignment. Infinities and NaN spread as in the arithmetic; no status
+ * tells.
+ * @{ */
+MOX_API MoxStatus moxsFFTFwd_CToC_32fc(const Mox32fc* src, Mox32fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32fc_I(Mox32fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32fc(const Mox32fc* src, Mox32fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32fc_I(Mox32fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64fc(const Mox64fc* src, Mox64fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64fc_I(Mox64fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64fc(const Mox64fc* src, Mox64fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64fc_I(Mox64fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32f(const Mox32f* srcRe, const Mox32f* srcIm, Mox32f* dstRe,
+                                      Mox32f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32f_I(Mox32f* srcDstRe, Mox32f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32f(const Mox32f* srcRe, const Mox32f* srcIm, Mox32f* dstRe,
+                                      Mox32f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32f_I(Mox32f* srcDstRe, Mox32f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, Mox64f* dstRe,
+                                      Mox64f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, Mox64f* dstRe,
+                                      Mox64f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+/** @} */
+
 /** @defgroup packed_spectra Packed spectra
  * How the transforms of real signals keep their result. The spectrum X[k] = R[k] + i I[k] of n real
  * samples is conjugate-symmetric, X[n - k] = conj(X[k]), so half of it tells it all; X[0] is real

@@ -8,16 +8,14 @@
 
 namespace mox {
 
-// Straight-line kernels of the orders 0 to fftMaxSmallOrder; the scaled ones multiply the result.
-template <class F, template <class> class Layout>
-using FftSmall = void (*)(Layout<const F> src, Layout<F> dst);
-template <class F, template <class> class Layout>
-using FftSmallScaled = void (*)(Layout<const F> src, Layout<F> dst, F factor);
-
+// Straight-line kernels by order; the scaled ones multiply the result by a factor.
 template <class F, Direction d, template <class> class Layout>
-extern const FftSmall<F, Layout> ownFftSmall[fftMaxSmallOrder + 1];
-template <class F, Direction d, template <class> class Layout>
-extern const FftSmallScaled<F, Layout> ownFftSmallScaled[fftMaxSmallOrder + 1];
+struct ownFftSmall {
+  using Kernel = void (*)(Layout<const F> src, Layout<F> dst);
+  using ScaledKernel = void (*)(Layout<const F> src, Layout<F> dst, F factor);
+  static const Kernel plain[fftMaxSmallOrder + 1];
+  static const ScaledKernel scaled[fftMaxSmallOrder + 1];
+};
 
 // Orders above those, below FftLimits<F>::largeOrder. `work` has room for n elements and is
 // aligned to 64 bytes.

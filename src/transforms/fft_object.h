@@ -139,8 +139,7 @@ template <class F>
 constexpr FftSizes fftComplexSizes(int order) {
   if (order < FftLimits<F>::largeOrder) {
     const long data = 2 * long(sizeof(F)) << order;
-    return {fftRoundUp(data + 2 * long(sizeof(F))) +
-                fftRoundUp((1L << order) + long(sizeof(int))),
+    return {fftRoundUp(data + 2 * long(sizeof(F))) + fftRoundUp((1L << order) + long(sizeof(int))),
             fftRoundUp(data)};
   }
   const FftLargeSizes sizes = ownFftLargeSizes<F>(order);

@@ -1,7 +1,7 @@
 // The layouts in which transforms meet complex data, behind one shape: `load` and `store` move a
 // vector of consecutive numbers as a pair of vectors of parts, at an index counted in numbers.
-// `loadParted` may give them in another order, lane i holding number column(i), where that saves
-// instructions.
+// `loadParted` and `storeParted` may have them in another order, lane i holding number column(i),
+// where that saves instructions.
 #pragma once
 
 #include <type_traits>
@@ -24,8 +24,13 @@ struct Interleaved {
   [[gnu::always_inline]] Pair<T> loadParted(long i) const {
     return loadPairs<T>(parts + 2 * i);
   }
+  template <int width = lanes>
   static constexpr int column(int lane) {
-    return detail::PartingOrder<F, lanes>::realPart(lane) / 2;
+    return detail::PartingOrder<F, width>::realPart(lane) / 2;
+  }
+  template <class T>
+  [[gnu::always_inline]] void storeParted(long i, Pair<T> z) const {
+    storePairs(parts + 2 * i, z);
   }
   [[gnu::always_inline]] Pair<V<F>> load(long i) const {
     constexpr int half = 16 / sizeof(F);
@@ -62,12 +67,17 @@ struct Split {
   [[gnu::always_inline]] Pair<T> loadParted(long i) const {
     return {mox::load<T>(re + i), mox::load<T>(im + i)};
   }
-  static constexpr int column(int lane) { return lane; }
-  [[gnu::always_inline]] Pair<V<F>> load(long i) const { return loadParted(i); }
-  [[gnu::always_inline]] void store(long i, Pair<V<F>> z) const {
+  template <int width = lanes>
+  static constexpr int column(int lane) {
+    return lane;
+  }
+  template <class T>
+  [[gnu::always_inline]] void storeParted(long i, Pair<T> z) const {
     mox::store(re + i, z.re);
     mox::store(im + i, z.im);
   }
+  [[gnu::always_inline]] Pair<V<F>> load(long i) const { return loadParted(i); }
+  [[gnu::always_inline]] void store(long i, Pair<V<F>> z) const { storeParted(i, z); }
 };
 
 // The layout between passes: a vector of real parts, then the vector of their imaginary parts, and
