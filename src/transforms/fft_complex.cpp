@@ -64,18 +64,29 @@ MoxStatus run(Layout<const F> src, Layout<F> dst, const MoxsFFTSpec* spec, Mox8u
   return moxOk;
 }
 
+}  // namespace
+
 template <Direction d, class E>
-MoxStatus interleaved(const E* src, E* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+MoxStatus ownFftCToC(const E* src, E* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
   using F = Part<E>;
   if (!spec) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc)) return s;
+  if (MoxStatus s = requireId(spec, fftComplexId<E>)) return s;
   if (anyNull(src, dst)) return moxErrNullPtr;
   return run<d>(Interleaved<const F>{parts(src)}, Interleaved<F>{parts(dst)}, spec, buffer);
 }
 
+#define MOX_INSTANTIATE(E)                                                                     \
+  template MoxStatus ownFftCToC<Direction::forward>(const E*, E*, const MoxsFFTSpec*, Mox8u*); \
+  template MoxStatus ownFftCToC<Direction::inverse>(const E*, E*, const MoxsFFTSpec*, Mox8u*)
+MOX_INSTANTIATE(Mox32fc);
+MOX_INSTANTIATE(Mox64fc);
+#undef MOX_INSTANTIATE
+
+namespace {
+
 template <Direction d, class E>
 MoxStatus interleavedInPlace(E* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return interleaved<d, E>(srcDst, srcDst, spec, buffer);
+  return ownFftCToC<d>(srcDst, srcDst, spec, buffer);
 }
 
 template <Direction d, class F>
@@ -96,10 +107,10 @@ constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 }  // namespace
 
-MOX_EXPORT(moxsFFTFwd_CToC_32fc, interleaved<fwd, Mox32fc>);
-MOX_EXPORT(moxsFFTInv_CToC_32fc, interleaved<inv, Mox32fc>);
-MOX_EXPORT(moxsFFTFwd_CToC_64fc, interleaved<fwd, Mox64fc>);
-MOX_EXPORT(moxsFFTInv_CToC_64fc, interleaved<inv, Mox64fc>);
+MOX_EXPORT(moxsFFTFwd_CToC_32fc, ownFftCToC<fwd, Mox32fc>);
+MOX_EXPORT(moxsFFTInv_CToC_32fc, ownFftCToC<inv, Mox32fc>);
+MOX_EXPORT(moxsFFTFwd_CToC_64fc, ownFftCToC<fwd, Mox64fc>);
+MOX_EXPORT(moxsFFTInv_CToC_64fc, ownFftCToC<inv, Mox64fc>);
 MOX_EXPORT(moxsFFTFwd_CToC_32fc_I, interleavedInPlace<fwd, Mox32fc>);
 MOX_EXPORT(moxsFFTInv_CToC_32fc_I, interleavedInPlace<inv, Mox32fc>);
 MOX_EXPORT(moxsFFTFwd_CToC_64fc_I, interleavedInPlace<fwd, Mox64fc>);
