@@ -44,9 +44,8 @@ class FirLayout {
   }
   bool fits() const { return bytes() <= INT_MAX; }
 
-  // The record without identifier, and its parts without contents. A layout with an FFT path
-  // reports memory for the transform's object, and memory that is scratch while the object is set
-  // up.
+  // The record without identifier, and its parts without contents. Of a layout with an FFT path
+  // also the memory of the transform's object, and scratch for setting that up.
   FirState<A>* place(Mox8u* memory, Mox8u*& specMemory, Mox8u*& scratch) const {
     auto* state = reinterpret_cast<FirState<A>*>(alignUp(memory, recordAlignment));
     *state = record_;

@@ -9,8 +9,7 @@
 namespace mox {
 namespace {
 
-// Appends a stretch of samples to the delay store, makes `outputs` results of it and keeps the
-// last tapsLen samples.
+// Appends samples to the delay store, makes a result of each and keeps the last tapsLen samples.
 template <class C>
 void filterInStore(FirState<typename C::Acc>& s, const typename C::Data* src,
                    typename C::Acc* results, long len) {
