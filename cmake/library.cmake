@@ -21,7 +21,8 @@ target_compile_options(moxsp_objects PRIVATE
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 # Sources that change the rounding mode (frame/rounding_control.h).
-set_source_files_properties(src/convert/half.cpp src/convert/to_integer.cpp
+set_source_files_properties(
+  src/convert/half.cpp src/convert/to_integer.cpp src/convert/widen.cpp
   PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 

@@ -10,11 +10,43 @@
 /** A power-of-two transform: length, normalisation and tables. Read-only during runs. */
 typedef struct MoxsFFTSpec MoxsFFTSpec;
 
-/** @defgroup fft_complex_objects Objects of the complex FFT
- * A transform of N = 2^order complex elements, order 0 to 28 (`_32fc`, and `_32f` for separate
- * arrays of parts) or 27 (`_64fc`, `_64f`). Sizes, memory, `flag`, `hint` and the statuses are as
- * for
- * @ref fft_real_objects; `initBuf` may be null below order 11.
+/** @defgroup packed_spectra Packed spectra
+ * How the transforms of real signals keep their result. The spectrum X[k] = R[k] + i I[k] of n real
+ * samples is conjugate-symmetric, X[n - k] = conj(X[k]), so half of it tells it all; X[0] is real
+ * and so is X[n/2] for even n. With pairs R[k], I[k] for 0 < k < n/2:
+ *
+ * | Layout | even n                                  | odd n                     | Reals    |
+ * |--------|-----------------------------------------|---------------------------|----------|
+ * | Perm   | R[0], R[n/2], R[1], I[1], R[2], I[2] .. | R[0], R[1], I[1] ..       | n        |
+ * | Pack   | R[0], R[1], I[1], R[2], I[2] .. R[n/2]  | R[0], R[1], I[1] ..       | n        |
+ * | CCS    | R[0], 0, R[1], I[1] .. R[n/2], 0        | R[0], 0, R[1], I[1] ..    | n/2+1 pairs |
+ */
+
+/** @defgroup fft_objects Objects of the FFT
+ * A transform of N = 2^order samples. The kind behind `C_` tells how complex data lie, interleaved
+ * (`32fc`, `64fc`) or in an array of real and one of imaginary parts (`32f`, `64f`); `R_` is for
+ * real data. Orders go from 0 to 28 (`C_32fc`, `C_32f`), 27 (`C_64fc`, `C_64f`), 29 (`R_32f`) and
+ * 28
+ * (`R_64f`).
+ *
+ * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
+ * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.
+ * `moxsFFTInit` sets the object up in `specMem` and stores its address, which is inside `specMem`,
+ * in `spec`; `initBuf` may go when it returns and may be null below order 11. `moxsFFTInitAlloc`
+ * takes the memory itself; end with `moxsFFTFree`, which only invalidates an object that lies in
+ * the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer of a run once more.
+ *
+ * `flag` says where results are scaled: 1 the forward transform by 1/N, 2 the inverse by 1/N,
+ * 4 both by 1/sqrt(N), 8 neither. `hint` is stored and has no effect.
+ *
+ * The object is only read by runs: threads may share it, each with a work buffer of its own.
+ *
+ * @return `moxsFFTGetSize`: ::moxErrFftOrder for an order outside 0 to 30, ::moxErrNullPtr,
+ * ::moxErrFftFlag, then ::moxErrFftOrder beyond the limit of the type. `moxsFFTInit`:
+ * ::moxErrNullPtr for `spec`, ::moxErrFftOrder, ::moxErrNullPtr for `specMem`, ::moxErrFftFlag,
+ * ::moxErrNullPtr for an `initBuf` that is needed. `moxsFFTInitAlloc`: ::moxErrNullPtr, those of
+ * `moxsFFTGetSize`, ::moxErrMemAlloc. `moxsFFTFree` and `moxsFFTGetBufSize`: ::moxErrNullPtr,
+ * ::moxErrContext for an object of another kind or one that was freed.
  * @{ */
 MOX_API MoxStatus moxsFFTGetSize_C_32fc(int order, int flag, int hint, int* specSize, int* initSize,
                                         int* workSize);
@@ -44,30 +76,37 @@ MOX_API MoxStatus moxsFFTInit_C_64f(MoxsFFTSpec** spec, int order, int flag, int
 MOX_API MoxStatus moxsFFTInitAlloc_C_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
 MOX_API MoxStatus moxsFFTFree_C_64f(MoxsFFTSpec* spec);
 MOX_API MoxStatus moxsFFTGetBufSize_C_64f(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_R_32f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_R_32f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_R_32f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_R_32f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_R_32f(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_R_64f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_R_64f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_R_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_R_64f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_R_64f(const MoxsFFTSpec* spec, int* size);
 /** @} */
 
 /** @defgroup fft_complex Complex FFT
- * Forward: X[k] = sum of x[n] * exp(-2 pi i n k / N) over 0 <= n < N. Inverse: x[n] = sum of
- * X[k] * exp(2 pi i n k / N) over 0 <= k < N. Each is scaled as the flag of the object says:
- * without scaling a forward and an inverse transform together give N * x.
+ * Forward: `X[k] = sum of x[n] exp(-2 pi i n k / N)` over 0 <= n < N, for 0 <= k < N; inverse: the
+ * same with `+2 pi i`. Where the object's flag asks for it, the result is multiplied by 1/N or
+ * 1/sqrt(N); an inverse after a forward transform gives the input back with the flags 1, 2 and 4,
+ * and N times the input with 8. Arrays hold N elements; the destination may be the source.
  *
- * `_32fc` and `_64fc` take arrays of complex elements, `_32f` and `_64f` an array of real and one
- * of imaginary parts. `dst` may be `src`, part by part where there are two, and none need be
- * aligned. `buffer` has the bytes that the object asks for, or is null: then the call takes the
- * memory and releases it.
+ * `buffer` has the size that moxsFFTGetBufSize tells and lies at any address. Without one, a null
+ * pointer, a run takes memory and releases it, unless it needs none: up to order 6.
  *
- * Method: decimation in time by radix 4 on bit-reversed data (Cooley and Tukey, "An algorithm for
- * the machine calculation of complex Fourier series", Math. Comp. 19, 1965); beyond the caches as
- * rows and columns (Gentleman and Sande, "Fast Fourier transforms: for fun and profit", AFIPS 29,
- * 1966).
- *
- * @return ::moxErrNullPtr for a null object, ::moxErrContext for one of another kind or one that
- * was freed, ::moxErrNullPtr for a null array, ::moxErrMemAlloc when there is no `buffer` and no
- * memory.
- * @note Relative error, in the L2 norm: below 3e-7 * sqrt(order) for single and
- * 6e-16 * sqrt(order) for double precision. The same input gives the same result to the bit, in
- * place or not, whatever the alignment. Infinities and NaN spread as in the arithmetic; no status
- * tells.
+ * @return ::moxErrNullPtr for a null `spec`, ::moxErrContext for an object of another kind,
+ * ::moxErrNullPtr for a null array, ::moxErrMemAlloc when there is no memory for a work buffer.
+ * @note The relative L2 error is below 3e-7 sqrt(order) in single, 6e-16 sqrt(order) in double
+ * precision. Infinities and NaN spread as in plain arithmetic.
+ * @see Cooley and Tukey, An algorithm for the machine calculation of complex Fourier series, 1965;
+ * Bailey, FFTs in external or hierarchical memory, 1990.
  * @{ */
 MOX_API MoxStatus moxsFFTFwd_CToC_32fc(const Mox32fc* src, Mox32fc* dst, const MoxsFFTSpec* spec,
                                        Mox8u* buffer);
@@ -97,56 +136,6 @@ MOX_API MoxStatus moxsFFTInv_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, 
                                       Mox64f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
 MOX_API MoxStatus moxsFFTInv_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, const MoxsFFTSpec* spec,
                                         Mox8u* buffer);
-/** @} */
-
-/** @defgroup packed_spectra Packed spectra
- * How the transforms of real signals keep their result. The spectrum X[k] = R[k] + i I[k] of n real
- * samples is conjugate-symmetric, X[n - k] = conj(X[k]), so half of it tells it all; X[0] is real
- * and so is X[n/2] for even n. With pairs R[k], I[k] for 0 < k < n/2:
- *
- * | Layout | even n                                  | odd n                     | Reals    |
- * |--------|-----------------------------------------|---------------------------|----------|
- * | Perm   | R[0], R[n/2], R[1], I[1], R[2], I[2] .. | R[0], R[1], I[1] ..       | n        |
- * | Pack   | R[0], R[1], I[1], R[2], I[2] .. R[n/2]  | R[0], R[1], I[1] ..       | n        |
- * | CCS    | R[0], 0, R[1], I[1] .. R[n/2], 0        | R[0], 0, R[1], I[1] ..    | n/2+1 pairs |
- */
-
-/** @defgroup fft_real_objects Objects of the real FFT
- * A transform of N = 2^order real samples, order 0 to 29 (`_32f`) or 28 (`_64f`).
- *
- * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
- * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.
- * `moxsFFTInit` sets the object up in `specMem` and stores its address, which is inside `specMem`,
- * in `spec`; `initBuf` may go when it returns and may be null below order 11. `moxsFFTInitAlloc`
- * takes the memory itself; end with `moxsFFTFree`, which only invalidates an object that lies in
- * the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer of a run once more.
- *
- * `flag` says where results are scaled: 1 the forward transform by 1/N, 2 the inverse by 1/N,
- * 4 both by 1/sqrt(N), 8 neither. `hint` is stored and has no effect.
- *
- * The object is only read by runs: threads may share it, each with a work buffer of its own.
- *
- * @return `moxsFFTGetSize`: ::moxErrFftOrder for an order outside 0 to 30, ::moxErrNullPtr,
- * ::moxErrFftFlag, then ::moxErrFftOrder beyond the limit of the type. `moxsFFTInit`:
- * ::moxErrNullPtr for `spec`, ::moxErrFftOrder, ::moxErrNullPtr for `specMem`, ::moxErrFftFlag,
- * ::moxErrNullPtr for an `initBuf` that is needed. `moxsFFTInitAlloc`: ::moxErrNullPtr, those of
- * `moxsFFTGetSize`, ::moxErrMemAlloc. `moxsFFTFree` and `moxsFFTGetBufSize`: ::moxErrNullPtr,
- * ::moxErrContext for an object of another kind or one that was freed.
- * @{ */
-MOX_API MoxStatus moxsFFTGetSize_R_32f(int order, int flag, int hint, int* specSize, int* initSize,
-                                       int* workSize);
-MOX_API MoxStatus moxsFFTInit_R_32f(MoxsFFTSpec** spec, int order, int flag, int hint,
-                                    Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsFFTInitAlloc_R_32f(MoxsFFTSpec** spec, int order, int flag, int hint);
-MOX_API MoxStatus moxsFFTFree_R_32f(MoxsFFTSpec* spec);
-MOX_API MoxStatus moxsFFTGetBufSize_R_32f(const MoxsFFTSpec* spec, int* size);
-MOX_API MoxStatus moxsFFTGetSize_R_64f(int order, int flag, int hint, int* specSize, int* initSize,
-                                       int* workSize);
-MOX_API MoxStatus moxsFFTInit_R_64f(MoxsFFTSpec** spec, int order, int flag, int hint,
-                                    Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsFFTInitAlloc_R_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
-MOX_API MoxStatus moxsFFTFree_R_64f(MoxsFFTSpec* spec);
-MOX_API MoxStatus moxsFFTGetBufSize_R_64f(const MoxsFFTSpec* spec, int* size);
 /** @} */
 
 /** @defgroup fft_real Real FFT

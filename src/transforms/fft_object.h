@@ -153,6 +153,7 @@ struct ComplexKind {
   static constexpr FftKind id = kind;
   static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
   static constexpr int maxSmallOrder = fftMaxSmallOrder;
+
   static constexpr FftSizes sizes(int order) { return fftComplexSizes<F>(order); }
   static void buildTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
     fftBuildComplexTables(spec, order, sine, next);

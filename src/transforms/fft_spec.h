@@ -24,7 +24,7 @@ enum FftKind : Mox32s {
   fftReal64f = 9
 };
 
-constexpr int fftMaxLevels = 2;  // of rows within rows, at the largest orders
+constexpr int fftMaxDepth = 2;  // levels of rows on the large path
 
 // The whole record for data of type F, Mox32f or Mox64f.
 template <class F>
@@ -34,11 +34,11 @@ struct FftSpec : MoxsFFTSpec {
   Mox32s bufSize;    // bytes of work buffer that a run needs, 0 for none
   Mox32s allocated;  // 1 when InitAlloc took the block at specMem
   Mox8u* specMem;
-  int* bitRev;                    // bit-reversal table
-  F* twiddle;                     // stage twiddles, of the rows on the large path
-  F* realFwdTwiddle;              // real kinds: post-processing of the forward transform
-  F* realInvTwiddle;              // real kinds: pre-processing of the inverse one
-  F* levelTwiddle[fftMaxLevels];  // large path: outer twiddles, by depth of recursion
+  int* bitRev;                   // bit-reversal table
+  F* twiddle;                    // stage twiddles, of the rows on the large path
+  F* realFwdTwiddle;             // real kinds: post-processing of the forward transform
+  F* realInvTwiddle;             // real kinds: pre-processing of the inverse one
+  F* levelTwiddle[fftMaxDepth];  // large path: outer twiddles, by depth of recursion
 };
 
 static_assert(sizeof(FftSpec<Mox32f>) == 88 && sizeof(FftSpec<Mox64f>) == 96);

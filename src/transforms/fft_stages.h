@@ -1,104 +1,127 @@
-// The passes of a transform. A leaf pass puts the data into bit-reversed order and does the first
-// butterflies; radix-4 passes follow, four times as long each.
+// The passes of the transforms that work through memory: a first pass that reorders, stages that
+// join four transforms into one, and a last stage that gives the result back in the caller's order.
+// An Area holds the data in between: Blocks, or the caller's own arrays where they are split.
 #pragma once
 
 #include "transforms/fft_butterflies.h"
-#include "transforms/fft_spec.h"
+#include "transforms/fft_views.h"
 
 namespace mox {
 
-// log2 of the radix of the leaves. A leaf of 16 stands for the first two radix-4 stages.
-constexpr int fftLeafBits(int order) { return order % 2 ? 3 : 4; }
-// The twiddles of the stage of length 16 are in the leaf's code.
-constexpr int fftLeafTwiddles(int order) { return order % 2 ? 0 : 24; }
+// W^j, W^2j and W^3j of lanesOf<F> butterflies, stored as six runs.
+template <class F>
+struct StageTwiddles {
+  Lanes<V<F>> w1, w2, w3;
+};
+template <class F>
+[[gnu::always_inline]] inline StageTwiddles<F> loadTwiddles(const F* p) {
+  const auto run = [p](int i) { return load<V<F>>(p + i * lanesOf<F>); };
+  return {{run(0), run(1)}, {run(2), run(3)}, {run(4), run(5)}};
+}
 
-// Transforms of `radix` elements that lie `stride` apart in `src`, as many side by side as a vector
-// has lanes. The result of column i goes to dst, from number place(i) on.
-template <Direction d, int radix, class Src, class Dst, class Place>
-[[gnu::always_inline]] inline void leaf(Src src, long stride, Dst dst, Place place) {
-  using F = typename Src::F;
-  using T = V<F>;
-  constexpr int lanes = lanesOf<F>;
-  Pair<T> x[radix];
-  for (int i = 0; i < radix; ++i) x[i] = src.loadParted(i * stride);
-  dft<d, radix, 1, F>(x);
-  for (int block = 0; block < radix; block += lanes) {
-    T re[lanes], im[lanes];
-    for (int i = 0; i < lanes; ++i) {
-      re[i] = x[dftPlace<radix>(block + i)].re;
-      im[i] = x[dftPlace<radix>(block + i)].im;
+// The quarters of a transform lie in bit-reversed order: the second turns by W^2j, the third by
+// W^j.
+template <Direction direction, class T>
+[[gnu::always_inline]] inline void stageButterfly(Lanes<T> (&a)[4], Lanes<T> w1, Lanes<T> w2,
+                                                  Lanes<T> w3) {
+  const Lanes<T> b1 = rotated<direction>(a[1], w2), b2 = rotated<direction>(a[2], w1),
+                 b3 = rotated<direction>(a[3], w3);
+  const Lanes<T> s = a[0] + b1, d = a[0] - b1, t = b2 + b3, u = b2 - b3;
+  const auto [first, third] = quarterTurns<direction>(d, u);
+  a[0] = s + t;
+  a[1] = first;
+  a[2] = s - t;
+  a[3] = third;
+}
+
+// Four transforms of q numbers that lie `stride` apart in `src` become one of 4 q in `dst`.
+template <Direction direction, class Source, class Target, class F>
+[[gnu::always_inline]] inline void joinFour(Source src, long stride, Target dst, const F* twiddle,
+                                            long q) {
+  for (long j = 0; j < q; j += lanesOf<F>, twiddle += 6 * lanesOf<F>) {
+    Lanes<V<F>> a[4];
+    for (int k = 0; k < 4; ++k) a[k] = src.lanes(j + k * stride);
+    const auto [w1, w2, w3] = loadTwiddles(twiddle);
+    stageButterfly<direction>(a, w1, w2, w3);
+    for (int k = 0; k < 4; ++k) dst.putLanes(j + k * q, a[k]);
+  }
+}
+
+// Each of `blocks` blocks of 4 q numbers: four transforms become one.
+template <Direction direction, class Area, class F>
+void ownFftRadix4Pass(Area area, const F* twiddle, long q, long blocks) {
+  for (long b = 0; b < blocks; ++b)
+    joinFour<direction>(area.from(4 * q * b), q, area.from(4 * q * b), twiddle, q);
+}
+
+// Where the four numbers of a transform fill half a vector only, two groups share one.
+template <Direction direction, class Area>
+void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
+  using T = V<Mox32f>;
+  const auto run = [twiddle](int i) {
+    const auto half = load<V<Mox32f, 4>>(twiddle + 4 * i);
+    return __builtin_shufflevector(half, half, 0, 1, 2, 3, 0, 1, 2, 3);
+  };
+  const Lanes<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)}, w3 = {run(4), run(5)};
+  for (long i = 0; i < 16 * blocks; i += 32) {
+    Lanes<T> g[4], a[4];
+    for (int k = 0; k < 4; ++k) g[k] = area.lanes(i + 8 * k);
+    for (int k = 0; k < 2; ++k) {
+      a[2 * k] = {joinLow(g[k].re, g[k + 2].re), joinLow(g[k].im, g[k + 2].im)};
+      a[2 * k + 1] = {joinHigh(g[k].re, g[k + 2].re), joinHigh(g[k].im, g[k + 2].im)};
     }
-    transpose(re);
-    transpose(im);
-    for (int i = 0; i < lanes; ++i) dst.store(place(Src::column(i)) + block, Pair<T>{re[i], im[i]});
+    stageButterfly<direction>(a, w1, w2, w3);
+    for (int k = 0; k < 2; ++k) {
+      g[k] = {joinLow(a[2 * k].re, a[2 * k + 1].re), joinLow(a[2 * k].im, a[2 * k + 1].im)};
+      g[k + 2] = {joinHigh(a[2 * k].re, a[2 * k + 1].re), joinHigh(a[2 * k].im, a[2 * k + 1].im)};
+    }
+    for (int k = 0; k < 4; ++k) area.putLanes(i + 8 * k, g[k]);
+  }
+}
+template <Direction direction, class Area>
+void ownFftStage16(Area area, const Mox64f* twiddle, long blocks) {
+  ownFftRadix4Pass<direction>(area, twiddle, 4, blocks);
+}
+
+// How the first pass takes its numbers: `runs` of them n / runs apart become vectors of their own,
+// and after it each of `columns` such sets fills whole blocks.
+template <class F, int radix>
+struct LeafShape {
+  static constexpr int runs = radix < lanesOf<F> ? lanesOf<F> : radix;
+  static constexpr int columns = numbersInMixed<F>;
+};
+
+// run(k) gives number k of all columns; place(c) is where the transforms of column c go.
+template <Direction direction, int radix, class F, class Area, class Run, class Place>
+[[gnu::always_inline]] inline void leafColumns(Area area, Run run, Place place) {
+  using Shape = LeafShape<F, radix>;
+  constexpr int l = lanesOf<F>, sharing = Shape::runs / radix;
+  V<F> rows[Shape::runs];
+  for (int part = 0; part < sharing; ++part) {
+    Mixed<F> a[radix];
+    for (int k = 0; k < radix; ++k) a[k] = run(k * sharing + part);
+    butterfly<direction, F>(a);
+    for (int k = 0; k < radix; ++k) rows[part * radix + k] = a[k].v;
+  }
+  for (int block = 0; block < Shape::runs; block += l) {
+    V<F> square[l];
+    for (int k = 0; k < l; ++k) square[k] = rows[block + k];
+    transpose(square);
+    for (int c = 0; c < Shape::columns; ++c)
+      area.putLanes(place(c) + block, {square[2 * c], square[2 * c + 1]});
   }
 }
 
-template <class T, class F>
-[[gnu::always_inline]] inline Pair<T> loadTwiddle(const F* runs, int multiple) {
-  constexpr int lanes = laneCount<T>;
-  return {load<T>(runs + (2 * multiple - 2) * lanes), load<T>(runs + (2 * multiple - 1) * lanes)};
-}
-
-// One vector of butterflies over the quarters a[0] to a[3], which are in bit-reversed order.
-template <Direction d, class T, class F>
-[[gnu::always_inline]] inline Radix4<d, T> twiddledRadix4(const Pair<T> (&a)[4], const F* twiddle) {
-  return {a[0], twiddled<d>(a[1], loadTwiddle<T>(twiddle, 2)),
-          twiddled<d>(a[2], loadTwiddle<T>(twiddle, 1)),
-          twiddled<d>(a[3], loadTwiddle<T>(twiddle, 3))};
-}
-
-// The butterflies of one block of 4 * q numbers.
-template <Direction d, class Src, class Dst, class F>
-[[gnu::always_inline]] inline void radix4Block(Src src, Dst dst, const F* twiddle, long q) {
-  using T = V<F>;
-  constexpr int lanes = lanesOf<F>;
-  for (long j = 0; j < q; j += lanes, twiddle += 6 * lanes) {
-    const Pair<T> a[4] = {src.load(j), src.load(j + q), src.load(j + 2 * q), src.load(j + 3 * q)};
-    const Radix4<d, T> r = twiddledRadix4<d>(a, twiddle);
-    dst.store(j, r.out0);
-    dst.store(j + q, r.out1);
-    dst.store(j + 2 * q, r.out2);
-    dst.store(j + 3 * q, r.out3);
-  }
-}
-
-// In place, over consecutive blocks. The result is the twiddles of the next stage.
-template <Direction d, class View, class F>
-const F* ownFftRadix4Pass(View area, const F* twiddle, long q, long blocks) {
-  for (long b = 0; b < blocks; ++b) radix4Block<d>(area + 4 * b * q, area + 4 * b * q, twiddle, q);
-  return twiddle + 6 * q;
-}
-
-// The stages behind the leaves up to the length `len`, whose parity is that of the transform. A
-// block that fits the cache is finished before the next one is touched.
-template <Direction d, class View, class F>
-const F* ownFftRec(View area, long len, const F* twiddle, int leafBits) {
-  long q = 1L << leafBits;
-  if (len <= FftLimits<F>::inCache) {
-    for (; q < len; q *= 4) twiddle = ownFftRadix4Pass<d>(area, twiddle, q, len / (4 * q));
-    return twiddle;
-  }
-  const F* next = twiddle;
-  for (int quarter = 0; quarter < 4; ++quarter)
-    next = ownFftRec<d>(area + quarter * (len / 4), len / 4, twiddle, leafBits);
-  return ownFftRadix4Pass<d>(area, next, len / 4, 1);
-}
-
-// All stages behind the leaves, the last one from `area` to `dst`, which may be the same.
-template <Direction d, class View, class Dst, class F>
-void fftStages(View area, Dst dst, int order, const F* twiddle) {
-  const long quarter = 1L << (order - 2);
-  const int leafBits = fftLeafBits(order);
-  twiddle += fftLeafTwiddles(order);
-  const F* last = twiddle;
-  if (quarter * 4 <= FftLimits<F>::inCache) {
-    for (long q = 1L << leafBits; q < quarter; q *= 4)
-      last = ownFftRadix4Pass<d>(area, last, q, quarter / q);
-  } else {
-    for (int i = 0; i < 4; ++i) last = ownFftRec<d>(area + i * quarter, quarter, twiddle, leafBits);
-  }
-  radix4Block<d>(area, dst, last, quarter);
+// Transforms of `radix` numbers, each put where its bit-reversed index is.
+template <Direction direction, int radix, class Source, class Area>
+void ownFftLeaf(Source src, Area area, const int* bitRev, long n) {
+  using F = typename Area::F;
+  using Shape = LeafShape<F, radix>;
+  const long stride = n / Shape::runs;
+  for (long i = 0; i < stride; i += Shape::columns)
+    leafColumns<direction, radix, F>(
+        area, [=](int k) { return src.mixed(i + k * stride); },
+        [=](int c) { return 2L * bitRev[i + c]; });
 }
 
 }  // namespace mox

@@ -1,151 +1,161 @@
 #include "transforms/fft_tables.h"
 
-#include "arith/sin_cos.h"
+#include "arith/vector_functions.h"
 #include "frame/arena.h"
-#include "transforms/fft_reversal.h"
-#include "transforms/fft_roots.h"
-#include "transforms/pairs.h"
+#include "frame/vec.h"
+#include "transforms/turn.h"
 
 namespace mox {
 namespace {
 
-template <class T>
-T* placeTable(Mox8u* next) {
-  return reinterpret_cast<T*>(alignUp(next, fftAlignment));
+// The place for the next table.
+template <class E>
+Mox8u* behind(E* end) {
+  return reinterpret_cast<Mox8u*>(alignUp(end, fftAlignment));
 }
-Mox8u* placeBehind(void* end) { return alignUp(static_cast<Mox8u*>(end), fftAlignment); }
+
+// The reversal of i in some bits from that of i - 1, counted from the top.
+int nextReversed(int reversed, int count) {
+  int bit = count / 2;
+  for (; bit && bit <= reversed; bit /= 2) reversed -= bit;
+  return reversed + bit;
+}
 
 template <class F>
-struct ConstantSine {
-  static constexpr int length = 1 << fftConstantSineOrder;
-  alignas(fftAlignment) F at[length / 4 + 1];
+struct ConstantWave {
+  static constexpr long points = 1 << fftConstantSineOrder;
+  alignas(fftAlignment) F values[points / 4 + 1];
 
-  constexpr ConstantSine() : at() {
-    for (int i = 0; i <= length / 4; ++i) at[i] = F(sineOfTurn(i, length));
+  constexpr ConstantWave() : values{} {
+    for (long i = 0; i <= points / 4; ++i) values[i] = sineOfTurn<F>(i, points);
   }
 };
-
 template <class F>
-constexpr ConstantSine<F> constantSine;
+constexpr ConstantWave<F> constantWave;
 
-// exp(-2 pi i a / length) for a up to three quarters of the length, out of the quarter wave.
+// W^a = exp(-2 pi i a / 2^order) for angle indices a below three quarters of the length.
 template <class F>
-class RootsOfUnity {
+class Wave {
  public:
-  RootsOfUnity(QuarterSine<F> sine, int lengthOrder)
-      : sine_(sine.at), quarter_(1L << (lengthOrder - 2)), step_(1L << (sine.log - lengthOrder)) {}
+  Wave(QuarterSine<F> sine, int order)
+      : sine_(sine.at), step_(1L << (sine.log - order)), quarter_((1L << order) / 4) {}
 
+  Twiddle<F> at(long a) const {
+    if (a <= quarter_) return {sine(quarter_ - a), -sine(a)};
+    if (a <= 2 * quarter_) return {-sine(a - quarter_), -sine(2 * quarter_ - a)};
+    return {-sine(3 * quarter_ - a), sine(a - 2 * quarter_)};
+  }
   long quarter() const { return quarter_; }
 
-  Pair<F> operator()(long a) const {
-    if (a <= quarter_) return {sineAt(quarter_ - a), -sineAt(a)};
-    if (a <= 2 * quarter_) return {-sineAt(a - quarter_), -sineAt(2 * quarter_ - a)};
-    return {-sineAt(3 * quarter_ - a), sineAt(a - 2 * quarter_)};
-  }
-
-  // The factors for a, 2a .. multiples * a, of `group` consecutive angles a, in runs of parts.
-  F* writeRuns(F* table, long a, int group, int multiples) const {
-    for (int m = 1; m <= multiples; ++m, table += 2 * group)
-      for (int j = 0; j < group; ++j) {
-        const Pair<F> w = (*this)(m * (a + j));
-        table[j] = w.re;
-        table[j + group] = w.im;
-      }
-    return table;
-  }
-
  private:
-  F sineAt(long i) const { return sine_[i * step_]; }
+  F sine(long i) const { return sine_[i * step_]; }
 
   const F* sine_;
-  long quarter_, step_;
+  long step_, quarter_;
 };
 
-// The outer twiddles of one level, in the order in which the column passes use them. The last
-// stage has those of the first half of its butterflies, and no third factors.
+// The record of the butterflies a, a + 1 and so on of a group: a run of real and a run of imaginary
+// parts for each multiple.
 template <class F>
-F* writeOuterTwiddles(int rowOrder, int splitOrder, QuarterSine<F> sine, F* table) {
-  constexpr int columns = 1 << FftLimits<F>::tileBits, lanes = lanesOf<F>;
-  const int stages = splitOrder / 2;
-  for (long first = 0; first < 1L << rowOrder; first += columns)
-    for (int stage = 0; stage < stages; ++stage) {
-      const bool last = stage == stages - 1;
-      const RootsOfUnity<F> roots(sine, rowOrder + 2 + 2 * stage);
-      const int groups = (1 << 2 * stage) >> last;
-      for (long group = 0; group < groups; ++group)
-        for (int c = 0; c < columns; c += lanes)
-          table = roots.writeRuns(table, (group << rowOrder) + first + c, lanes, last ? 2 : 3);
+F* writeRecord(F* table, const Wave<F>& wave, long a, int group, int multiples) {
+  for (int m = 1; m <= multiples; ++m, table += 2 * group)
+    for (int i = 0; i < group; ++i) {
+      const Twiddle<F> w = wave.at(m * (a + i));
+      table[i] = w.re;
+      table[i + group] = w.im;
     }
   return table;
 }
 
-// The rows' tables, then the outer ones; the largest transforms have rows with levels of their own.
-template <int depth, class F>
+// For each block of columns the records of each outer stage in the order of use; in the last stage
+// W^a and W^2a alone, for the first half of the groups of rows.
+template <class F>
+Mox8u* writeOuterTwiddles(int order, QuarterSine<F> sine, F* table) {
+  const FftRows<F> rows(order);
+  for (long column = 0; column < rows.length; column += rows.columns)
+    for (long groups = 1, length = rows.order + 2; groups < rows.count; groups *= 4, length += 2) {
+      const Wave<F> wave(sine, int(length));
+      const bool last = 4 * groups == rows.count;
+      for (long g = 0; g < (last ? groups / 2 : groups); ++g)
+        for (long c = 0; c < rows.columns; c += lanesOf<F>)
+          table = writeRecord(table, wave, g * rows.length + column + c, lanesOf<F>, last ? 2 : 3);
+    }
+  return behind(table);
+}
+
+// Rows that are large themselves are cut up once more.
+template <int depth = 0, class F>
 Mox8u* buildLevel(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
-  const int splitOrder = fftSplitOrder<F>(order), rowOrder = order - splitOrder;
-  if (rowOrder < FftLimits<F>::largeOrder) {
-    spec.twiddle = placeTable<F>(next);
-    next = ownFftTwiddle(rowOrder, sine, spec.twiddle);
-  } else if constexpr (depth + 1 < fftMaxLevels) {
-    next = buildLevel<depth + 1>(spec, rowOrder, sine, next);
+  const FftRows<F> rows(order);
+  if (rows.order < FftLimits<F>::largeOrder) {
+    spec.twiddle = reinterpret_cast<F*>(next);
+    next = ownFftTwiddle(rows.order, sine, spec.twiddle);
+  } else if constexpr (depth + 1 < fftMaxDepth) {
+    next = buildLevel<depth + 1>(spec, rows.order, sine, next);
   }
-  spec.levelTwiddle[depth] = placeTable<F>(next);
-  return placeBehind(writeOuterTwiddles(rowOrder, splitOrder, sine, spec.levelTwiddle[depth]));
+  spec.levelTwiddle[depth] = reinterpret_cast<F*>(next);
+  return writeOuterTwiddles(order, sine, spec.levelTwiddle[depth]);
+}
+
+// Butterflies of one record.
+template <class F>
+constexpr int groupOf(int stage) {
+  return stage == 4 ? 4 : lanesOf<F>;
 }
 
 }  // namespace
 
 template <class F>
 QuarterSine<F> ownFftConstantSine() {
-  return {constantSine<F>.at, fftConstantSineOrder};
+  return {constantWave<F>.values, fftConstantSineOrder};
 }
 
 template <class F>
 QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf) {
-  F* const table = placeTable<F>(initBuf);
-  const int quarter = 1 << (order - 2), eighth = quarter / 2;
-  const double step = 6.283185307179586 / double(1L << order);
-  for (int i = 0; i <= eighth; ++i) table[i] = F(step * i);
-  for (int i = eighth + 1; i <= quarter; ++i) table[i] = F(step * (quarter - i));
-  ownsSin(table, table, eighth + 1);
-  ownsCos(table + eighth + 1, table + eighth + 1, quarter - eighth);
+  F* const table = reinterpret_cast<F*>(alignUp(initBuf, fftAlignment));
+  const long n = 1L << order, quarter = n / 4, eighth = n / 8;
+  const Mox64f h = 6.283185307179586 / Mox64f(n);
+  for (long i = 0; i <= quarter; ++i) table[i] = F(h * Mox64f(i <= eighth ? i : quarter - i));
+  ownsSin(table, table, int(eighth + 1));
+  ownsCos(table + eighth + 1, table + eighth + 1, int(quarter - eighth));
   return {table, order};
 }
 
 Mox8u* ownFftBitRevTable(int order, int* table) {
-  if (order < 2) return placeBehind(table);
+  if (order < 2) return behind(table);
   const int count = 1 << (order - 2);
-  table[0] = table[count] = 0;
-  for (int i = 1; i < count; ++i) table[i] = 2 * reversed(i, order - 2);
-  return placeBehind(table + count + 1);
+  for (int i = 0, reversed = 0; i < count; ++i, reversed = nextReversed(reversed, count))
+    table[i] = 2 * reversed;
+  table[count] = 0;
+  return behind(table + count + 1);
 }
 
 template <class F>
 Mox8u* ownFftTwiddle(int order, QuarterSine<F> sine, F* table) {
-  for (int stage = 4 + order % 2; stage <= order; stage += 2) {
-    const RootsOfUnity<F> roots(sine, stage);
-    const int group = roots.quarter() < lanesOf<F> ? int(roots.quarter()) : lanesOf<F>;
-    for (long j = 0; j < roots.quarter(); j += group) table = roots.writeRuns(table, j, group, 3);
+  for (int stage = order % 2 ? 5 : 4; stage <= order; stage += 2) {
+    const Wave<F> wave(sine, stage);
+    const int group = groupOf<F>(stage);
+    for (long j = 0; j < wave.quarter(); j += group) table = writeRecord(table, wave, j, group, 3);
   }
-  return placeBehind(table);
+  return behind(table);
 }
 
 template <class F>
 Mox8u* ownFftLargeInit(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
-  constexpr int tileBits = FftLimits<F>::tileBits;
-  const int tileOrder = order - 2 * tileBits, tiles = 1 << tileOrder;
-  spec.bitRev = placeTable<int>(next);
-  for (int i = 0; i < tiles; ++i) spec.bitRev[i] = reversed(i, tileOrder) << tileBits;
-  spec.bufSize = int(ownFftLargeSizes<F>(order).work);
-  return buildLevel<0>(spec, order, sine, placeBehind(spec.bitRev + tiles));
+  const int tiles = 1 << (order - 2 * FftLimits<F>::tileBits);
+  spec.bitRev = reinterpret_cast<int*>(next);
+  for (int i = 0, reversed = 0; i < tiles; ++i, reversed = nextReversed(reversed, tiles))
+    spec.bitRev[i] = reversed;
+  spec.bufSize = Mox32s(ownFftLargeSizes<F>(order).work);
+  return buildLevel(spec, order, sine, behind(spec.bitRev + tiles));
 }
 
 template <class F>
 Mox8u* fftBuildComplexTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
   if (order >= FftLimits<F>::largeOrder) return ownFftLargeInit(spec, order, sine, next);
-  spec.bitRev = placeTable<int>(next);
-  spec.twiddle = placeTable<F>(ownFftBitRevTable(order, spec.bitRev));
-  spec.bufSize = int(fftRoundUp(2 * long(sizeof(F)) << order));
+  spec.bitRev = reinterpret_cast<int*>(next);
+  spec.twiddle = reinterpret_cast<F*>(ownFftBitRevTable(order, spec.bitRev));
+  spec.bufSize = Mox32s(2 * sizeof(F) << order);
   return ownFftTwiddle(order, sine, spec.twiddle);
 }
 
@@ -155,8 +165,6 @@ template QuarterSine<Mox32f> ownFftSinTable(int, Mox8u*);
 template QuarterSine<Mox64f> ownFftSinTable(int, Mox8u*);
 template Mox8u* ownFftTwiddle(int, QuarterSine<Mox32f>, Mox32f*);
 template Mox8u* ownFftTwiddle(int, QuarterSine<Mox64f>, Mox64f*);
-template Mox8u* ownFftLargeInit(FftSpec<Mox32f>&, int, QuarterSine<Mox32f>, Mox8u*);
-template Mox8u* ownFftLargeInit(FftSpec<Mox64f>&, int, QuarterSine<Mox64f>, Mox8u*);
 template Mox8u* fftBuildComplexTables(FftSpec<Mox32f>&, int, QuarterSine<Mox32f>, Mox8u*);
 template Mox8u* fftBuildComplexTables(FftSpec<Mox64f>&, int, QuarterSine<Mox64f>, Mox8u*);
 

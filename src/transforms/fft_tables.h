@@ -55,29 +55,37 @@ Mox8u* ownFftLargeInit(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* 
 template <class F>
 Mox8u* fftBuildComplexTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next);
 
-// How the large path decomposes: 2^rowBits rows... see fft_large.h.
+// The large path cuts 2^order numbers into rows, transformed one by one, and joins these in blocks
+// of columns over all rows.
 template <class F>
-constexpr int fftSplitOrder(int order) {
-  return order < FftLimits<F>::largeOrder + 4 ? 4 : 8;
-}
-// log2 of the elements in a block of columns.
-template <class F>
-constexpr int fftBlockOrder(int order) {
-  return fftSplitOrder<F>(order) + FftLimits<F>::tileBits;
-}
+struct FftRows {
+  int order;  // of a row
+  long count, length, columns;
+
+  constexpr explicit FftRows(int whole)
+      : order(whole - splitOrder(whole)),
+        count(1L << splitOrder(whole)),
+        length(1L << order),
+        columns(1L << FftLimits<F>::tileBits) {}
+
+ private:
+  static constexpr int splitOrder(int whole) {
+    return whole < FftLimits<F>::largeOrder + 4 ? 4 : 8;
+  }
+};
 
 namespace detail {
 template <class F>
 constexpr FftLargeSizes fftLevelSizes(int order) {
-  const int rowOrder = order - fftSplitOrder<F>(order);
+  constexpr long number = 2 * sizeof(F);
+  const FftRows<F> rows(order);
   FftLargeSizes sizes;
-  if (rowOrder < FftLimits<F>::largeOrder)
-    sizes = {fftRoundUp((2 * sizeof(F) << rowOrder) + 2 * sizeof(F)),
-             fftRoundUp(2 * sizeof(F) << rowOrder)};
+  if (rows.order < FftLimits<F>::largeOrder)
+    sizes = {fftRoundUp(number * rows.length + number), fftRoundUp(number * rows.length)};
   else
-    sizes = fftLevelSizes<F>(rowOrder);
+    sizes = fftLevelSizes<F>(rows.order);
   sizes.tables += long(sizeof(F)) << order;
-  const long block = 2 * long(sizeof(F)) << fftBlockOrder<F>(order);
+  const long block = number * rows.count * rows.columns;
   if (sizes.work < block) sizes.work = block;
   return sizes;
 }

@@ -1,101 +1,106 @@
-// The layouts in which transforms meet complex data, behind one shape: `load` and `store` move a
-// vector of consecutive numbers as a pair of vectors of parts, at an index counted in numbers.
-// `loadParted` and `storeParted` may have them in another order, lane i holding number column(i),
-// where that saves instructions.
+// How callers hold complex data, interleaved or split into real and imaginary parts, and how the
+// passes hold them in between. All give the same vectors to the kernels, at an index that counts
+// numbers.
 #pragma once
 
 #include <type_traits>
 
-#include "transforms/pairs.h"
+#include "arith/mul_constant.h"
+#include "transforms/complex_vector.h"
 
 namespace mox {
-
-enum class Direction { forward, inverse };
 
 // An array of complex elements.
 template <class P>
 struct Interleaved {
   using F = std::remove_const_t<P>;
-  static constexpr int lanes = lanesOf<F>;
   P* parts;
 
-  Interleaved operator+(long i) const { return {parts + 2 * i}; }
-  template <class T = V<F>>
-  [[gnu::always_inline]] Pair<T> loadParted(long i) const {
-    return loadPairs<T>(parts + 2 * i);
+  Interleaved from(long i) const { return {parts + 2 * i}; }
+
+  // numbersInMixed<F> numbers.
+  [[gnu::always_inline]] Mixed<F> mixed(long i) const { return {load<V<F>>(parts + 2 * i)}; }
+  [[gnu::always_inline]] void putMixed(long i, Mixed<F> z) const { store(parts + 2 * i, z.v); }
+
+  // lanesOf<F> numbers.
+  [[gnu::always_inline]] void putLanes(long i, Lanes<V<F>> z) const {
+    const V<F> a = unpackLow<F>(z.re, z.im), b = unpackHigh<F>(z.re, z.im);
+    store(parts + 2 * i, joinLow(a, b));
+    store(parts + 2 * i + lanesOf<F>, joinHigh(a, b));
   }
-  template <int width = lanes>
-  static constexpr int column(int lane) {
-    return detail::PartingOrder<F, width>::realPart(lane) / 2;
+
+  Lanes<F> number(long i) const { return {load<F>(parts + 2 * i), load<F>(parts + 2 * i + 1)}; }
+  void putNumber(long i, Lanes<F> z) const {
+    store(parts + 2 * i, z.re);
+    store(parts + 2 * i + 1, z.im);
   }
-  template <class T>
-  [[gnu::always_inline]] void storeParted(long i, Pair<T> z) const {
-    storePairs(parts + 2 * i, z);
-  }
-  [[gnu::always_inline]] Pair<V<F>> load(long i) const {
-    constexpr int half = 16 / sizeof(F);
-    const auto halfAt = [&](int n) { return mox::load<V<F, half>>(parts + 2 * i + n * half); };
-    const auto join = [&]<int... k>(V<F, half> a, V<F, half> b, std::integer_sequence<int, k...>) {
-      return V<F>(__builtin_shufflevector(a, b, k...));
-    };
-    constexpr auto inOrder = std::make_integer_sequence<int, lanes>();
-    const V<F> a = join(halfAt(0), halfAt(2), inOrder), b = join(halfAt(1), halfAt(3), inOrder);
-    using Order = detail::PartingOrder<F, lanes>;
-    return {shuffle<Order::realPart>(a, b), shuffle<Order::imaginaryPart>(a, b)};
-  }
-  [[gnu::always_inline]] void store(long i, Pair<V<F>> z) const {
-    constexpr int half = lanes / 2;
-    const V<F> a = shuffle<detail::PartingOrder<F, lanes>::joinedLow>(z.re, z.im);
-    const V<F> b = shuffle<detail::PartingOrder<F, lanes>::joinedHigh>(z.re, z.im);
-    constexpr auto lowHalves = [](int k) { return k < half ? k : k + half; };
-    constexpr auto highHalves = [](int k) { return k < half ? k + half : k + lanes; };
-    mox::store(parts + 2 * i, shuffle<lowHalves>(a, b));
-    mox::store(parts + 2 * i + lanes, shuffle<highHalves>(a, b));
-  }
+
+  void scale(F factor, long count) const { ownsMulC_I(factor, parts, 2 * count); }
 };
 
 // An array of real and an array of imaginary parts.
 template <class P>
 struct Split {
   using F = std::remove_const_t<P>;
-  static constexpr int lanes = lanesOf<F>;
-  P* re;
-  P* im;
+  P *re, *im;
 
-  Split operator+(long i) const { return {re + i, im + i}; }
-  template <class T = V<F>>
-  [[gnu::always_inline]] Pair<T> loadParted(long i) const {
-    return {mox::load<T>(re + i), mox::load<T>(im + i)};
+  Split from(long i) const { return {re + i, im + i}; }
+
+  [[gnu::always_inline]] Mixed<F> mixed(long i) const {
+    constexpr int n = numbersInMixed<F>;
+    const auto a = load<V<F, n>>(re + i), b = load<V<F, n>>(im + i);
+    return {[&]<int... k>(std::integer_sequence<int, k...>){
+        return V<F>(__builtin_shufflevector(a, b, (k % 2 * n + k / 2)...));
   }
-  template <int width = lanes>
-  static constexpr int column(int lane) {
-    return lane;
-  }
-  template <class T>
-  [[gnu::always_inline]] void storeParted(long i, Pair<T> z) const {
-    mox::store(re + i, z.re);
-    mox::store(im + i, z.im);
-  }
-  [[gnu::always_inline]] Pair<V<F>> load(long i) const { return loadParted(i); }
-  [[gnu::always_inline]] void store(long i, Pair<V<F>> z) const { storeParted(i, z); }
+  (std::make_integer_sequence<int, 2 * n>())
 };
-
-// The layout between passes: a vector of real parts, then the vector of their imaginary parts, and
-// so on. Indices are multiples of the lane count.
-template <class P>
-struct BlockSplit {
-  using F = std::remove_const_t<P>;
-  static constexpr int lanes = lanesOf<F>;
-  P* blocks;
-
-  BlockSplit operator+(long i) const { return {blocks + 2 * i}; }
-  [[gnu::always_inline]] Pair<V<F>> load(long i) const {
-    return {mox::load<V<F>>(blocks + 2 * i), mox::load<V<F>>(blocks + 2 * i + lanes)};
+}  // namespace mox
+[[gnu::always_inline]] void putMixed(long i, Mixed<F> z) const {
+  [&]<int... k>(std::integer_sequence<int, k...>) {
+    store(re + i, __builtin_shufflevector(z.v, z.v, (2 * k)...));
+    store(im + i, __builtin_shufflevector(z.v, z.v, (2 * k + 1)...));
   }
-  [[gnu::always_inline]] void store(long i, Pair<V<F>> z) const {
-    mox::store(blocks + 2 * i, z.re);
-    mox::store(blocks + 2 * i + lanes, z.im);
+  (std::make_integer_sequence<int, numbersInMixed<F>>());
+}
+
+[[gnu::always_inline]] Lanes<V<F>> lanes(long i) const {
+  return {load<V<F>>(re + i), load<V<F>>(im + i)};
+}
+[[gnu::always_inline]] void putLanes(long i, Lanes<V<F>> z) const {
+  store(re + i, z.re);
+  store(im + i, z.im);
+}
+
+Lanes<F> number(long i) const { return {load<F>(re + i), load<F>(im + i)}; }
+void putNumber(long i, Lanes<F> z) const {
+  store(re + i, z.re);
+  store(im + i, z.im);
+}
+
+void scale(F factor, long count) const {
+  ownsMulC_I(factor, re, count);
+  ownsMulC_I(factor, im, count);
+}
+}
+;
+
+// The layout between passes: lanesOf<F> real parts, their imaginary parts, and so on.
+template <class F_>
+struct Blocks {
+  using F = F_;
+  F* data;
+
+  Blocks from(long i) const { return {data + 2 * i}; }
+
+  [[gnu::always_inline]] Lanes<V<F>> lanes(long i) const {
+    return {load<V<F>>(data + 2 * i), load<V<F>>(data + 2 * i + lanesOf<F>)};
   }
+  [[gnu::always_inline]] void putLanes(long i, Lanes<V<F>> z) const {
+    store(data + 2 * i, z.re);
+    store(data + 2 * i + lanesOf<F>, z.im);
+  }
+
+  void scale(F factor, long count) const { ownsMulC_I(factor, data, 2 * count); }
 };
 
 template <class F>
@@ -104,7 +109,29 @@ bool sameArrays(Interleaved<const F> a, Interleaved<F> b) {
 }
 template <class F>
 bool sameArrays(Split<const F> a, Split<F> b) {
-  return a.re == b.re && a.im == b.im;
+  return a.re == b.re || a.im == b.im;
+}
+
+// Where the mid path holds the data between passes: in an aligned destination that isn't the
+// source, else in the work memory.
+template <class F>
+Blocks<F> midArea(Interleaved<const F> src, Interleaved<F> dst, F* work) {
+  const bool inDst = !sameArrays(src, dst) && isAligned(dst.parts, vectorBytes);
+  return {inDst ? dst.parts : work};
+}
+template <class F>
+Blocks<F> midArea(Split<const F>, Split<F>, F* work) {
+  return {work};
+}
+
+// Where the large path does: in the destination, in blocks unless its parts are split anyway.
+template <class F>
+Blocks<F> largeArea(Interleaved<F> dst) {
+  return {dst.parts};
+}
+template <class F>
+Split<F> largeArea(Split<F> dst) {
+  return dst;
 }
 
 }  // namespace mox
