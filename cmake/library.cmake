@@ -17,7 +17,7 @@ set_target_properties(moxsp_objects PROPERTIES
 # Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
 # Vectors are written by hand, so the compiler's own vectoriser would only bloat peels and tails.
 target_compile_options(moxsp_objects PRIVATE
-  -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
+  $<$<CONFIG:>:-O3> -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 # Sources that change the rounding mode (frame/rounding_control.h).

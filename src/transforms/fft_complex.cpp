@@ -28,9 +28,8 @@ MoxStatus run(Layout<const F> src, Layout<F> dst, const MoxsFFTSpec* object, Mox
 template <Direction d, class C>
 MoxStatus transform(const C* src, C* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
   using F = Part<C>;
-  constexpr FftKind kind = sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc;
-  return run<d, kind, F>(Interleaved<const F>{parts(src)}, Interleaved<F>{parts(dst)}, spec, buffer,
-                         src, dst);
+  return run<d, fftComplexId<C>, F>(Interleaved<const F>{parts(src)}, Interleaved<F>{parts(dst)},
+                                    spec, buffer, src, dst);
 }
 
 template <Direction d, class C>
@@ -54,6 +53,15 @@ MoxStatus transformSplitInPlace(F* srcDstRe, F* srcDstIm, const MoxsFFTSpec* spe
 constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 }  // namespace
+
+template <Direction d, class E>
+MoxStatus ownFftCToC(const E* src, E* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+  return transform<d>(src, dst, spec, buffer);
+}
+template MoxStatus ownFftCToC<fwd>(const Mox32fc*, Mox32fc*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftCToC<inv>(const Mox32fc*, Mox32fc*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftCToC<fwd>(const Mox64fc*, Mox64fc*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftCToC<inv>(const Mox64fc*, Mox64fc*, const MoxsFFTSpec*, Mox8u*);
 
 MOX_EXPORT(moxsFFTFwd_CToC_32fc, transform<fwd, Mox32fc>);
 MOX_EXPORT(moxsFFTInv_CToC_32fc, transform<inv, Mox32fc>);

@@ -13,4 +13,12 @@ namespace mox {
 template <class F, Direction d, template <class> class Layout>
 void ownFftRun(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int order, F* work);
 
+// The kind of object for interleaved elements.
+template <class E>
+constexpr FftKind fftComplexId = sizeof(Part<E>) == 4 ? fftComplex32fc : fftComplex64fc;
+
+// The body of the public functions on complex elements, with their arguments and statuses.
+template <Direction d, class E>
+MoxStatus ownFftCToC(const E* src, E* dst, const MoxsFFTSpec* spec, Mox8u* buffer);
+
 }  // namespace mox

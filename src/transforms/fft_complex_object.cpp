@@ -7,19 +7,6 @@
 namespace mox {
 namespace {
 
-template <class F, FftKind kind>
-struct ComplexKind {
-  using Float = F;
-  static constexpr FftKind id = kind;
-  static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
-  static constexpr int maxSmallOrder = fftMaxSmallOrder;
-
-  static constexpr FftSizes sizes(int order) { return fftComplexSizes<F>(order); }
-  static void buildTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
-    fftBuildComplexTables(spec, order, sine, next);
-  }
-};
-
 using C32fc = ComplexKind<Mox32f, fftComplex32fc>;
 using C32f = ComplexKind<Mox32f, fftComplex32f>;
 using C64fc = ComplexKind<Mox64f, fftComplex64fc>;

@@ -146,4 +146,18 @@ constexpr FftSizes fftComplexSizes(int order) {
   return {sizes.tables, sizes.work};
 }
 
+// A complex transform as a kind of object.
+template <class F, FftKind kind>
+struct ComplexKind {
+  using Float = F;
+  static constexpr FftKind id = kind;
+  static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
+  static constexpr int maxSmallOrder = fftMaxSmallOrder;
+
+  static constexpr FftSizes sizes(int order) { return fftComplexSizes<F>(order); }
+  static void buildTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
+    fftBuildComplexTables(spec, order, sine, next);
+  }
+};
+
 }  // namespace mox

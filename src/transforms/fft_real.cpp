@@ -9,6 +9,7 @@
 #include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_complex.h"
+#include "transforms/fft_real.h"
 #include "transforms/fft_real_post.h"
 #include "transforms/fft_real_small.h"
 #include "transforms/packed_layouts.h"
@@ -92,6 +93,19 @@ MoxStatus inverseInPlace(F* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer) {
 }
 
 }  // namespace
+
+template <class F>
+MoxStatus ownFftFwdRToPerm(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+  return forward<PermLayout>(src, dst, spec, buffer);
+}
+template <class F>
+MoxStatus ownFftInvPermToR(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+  return inverse<PermLayout>(src, dst, spec, buffer);
+}
+template MoxStatus ownFftFwdRToPerm(const Mox32f*, Mox32f*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftFwdRToPerm(const Mox64f*, Mox64f*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftInvPermToR(const Mox32f*, Mox32f*, const MoxsFFTSpec*, Mox8u*);
+template MoxStatus ownFftInvPermToR(const Mox64f*, Mox64f*, const MoxsFFTSpec*, Mox8u*);
 
 MOX_EXPORT(moxsFFTFwd_RToPerm_32f, forward<PermLayout, Mox32f>);
 MOX_EXPORT(moxsFFTFwd_RToPerm_32f_I, forwardInPlace<PermLayout, Mox32f>);

@@ -18,6 +18,7 @@ CoreProbe::CoreProbe() { active = this; }
 CoreProbe::~CoreProbe() { active = nullptr; }
 
 void* CoreProbe::allocate(int bytes) {
+  lastBytes_ = bytes;
   if (++allocations_ == failAt_) return nullptr;
   void* p = __real_moxMalloc(bytes);
   live_ += p != nullptr;

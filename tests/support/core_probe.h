@@ -24,6 +24,7 @@ class CoreProbe {
   void fixCpuid(unsigned leaf, Registers registers) { cpuid_[leaf] = registers; }
 
   int allocations() const { return allocations_; }  // asked for, failed ones included
+  long lastBytes() const { return lastBytes_; }     // of the last allocation asked for
   int live() const { return live_; }                // taken and not yet released
   int cacheQueries() const { return cacheQueries_; }
   int cpuidQueries() const { return cpuidQueries_; }
@@ -37,6 +38,7 @@ class CoreProbe {
 
  private:
   int allocations_ = 0, live_ = 0, failAt_ = 0, cacheQueries_ = 0, cpuidQueries_ = 0;
+  long lastBytes_ = 0;
   bool cacheFixed_ = false;
   std::optional<int> cache_;
   std::optional<std::uint64_t> features_;
