@@ -20,6 +20,9 @@ target_compile_options(moxsp_objects PRIVATE
   -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+# Sources that change the rounding mode (frame/rounding_control.h).
+set_source_files_properties(src/convert/half.cpp src/convert/to_integer.cpp
+  PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 
 add_library(moxsp SHARED $<TARGET_OBJECTS:moxsp_objects>)

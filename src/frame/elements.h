@@ -3,6 +3,7 @@
 
 #include <moxsp/types.h>
 
+#include <limits>
 #include <type_traits>
 
 namespace mox {
@@ -41,4 +42,12 @@ Part<E>* parts(E* p) {
   return reinterpret_cast<Part<E>*>(p);
 }
 
+__extension__ typedef __int128 Int128;
+
+// The range of an integer element: min to max, of which max is 2^digits - 1.
+template <class T>
+struct Limits {
+  static constexpr int digits = std::numeric_limits<T>::digits;
+  static constexpr Int128 max = std::numeric_limits<T>::max(), min = std::numeric_limits<T>::min();
+};
 }  // namespace mox

@@ -2,33 +2,74 @@
 // and a tail; all three apply the same operation.
 #pragma once
 
+#include <algorithm>
+
 #include "frame/vec.h"
+#include "frame/widen.h"
 
 namespace mox {
 
-// Elements before `dst` reaches a vector boundary, or -1 when it never does.
+// Elements before `dst` reaches a vector boundary; none when it never does.
 template <class D>
 int peelCount(const D* dst) {
   const int past = int(addressOf(dst) & (vectorBytes - 1));
-  if (past == 0) return 0;
-  return past % int(sizeof(D)) ? -1 : (vectorBytes - past) / int(sizeof(D));
+  const int missing = past ? vectorBytes - past : 0;
+  return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
+}
+
+// Whether the blocks of a large destination bypass the cache.
+enum class Stores { cached, bypassing };
+
+// From here on a destination is not worth the lines that it would take from the caller's data.
+constexpr long bypassBytes = 4L << 20;
+
+// Runs one(i) for single elements and block(i, put) for blocks of elements from i on, which stores
+// its vectors through put(place, vector).
+template <Stores stores, long block, class D, class One, class Block>
+[[gnu::always_inline]] inline void forBlocks(D* dst, long len, One one, Block eachBlock) {
+  const auto plain = [](void* p, auto v) { store(p, v); };
+  const auto stream = [](void* p, auto v) { storeStream(p, v); };
+  long i = 0;
+  if (const int peel = peelCount(dst); peel + block <= len) {
+    for (; i < peel; ++i) one(i);
+    if (stores == Stores::bypassing && len > bypassBytes / long(sizeof(D)) &&
+        isAligned(dst + i, vectorBytes)) {
+      for (; i <= len - block; i += block) eachBlock(i, stream);
+      streamFence();
+    } else {
+      for (; i <= len - block; i += block) eachBlock(i, plain);
+    }
+  }
+  for (; i < len; ++i) one(i);
 }
 
 // dst[i] = op(src[i]...). `op` takes scalars or vectors; all loads of a block come before its
 // stores, so that `dst` may be one of the sources.
-template <class D, class Op, class... S>
+template <Stores stores = Stores::cached, class D, class Op, class... S>
 void mapElements(Op op, D* dst, long len, const S*... src) {
-  constexpr long lanes = lanesOf<D>, block = lanes < 16 ? 16 : lanes, vecs = block / lanes;
-  long i = 0;
-  if (const int peel = peelCount(dst); peel >= 0 && peel + block <= len) {
-    for (; i < peel; ++i) store(dst + i, D(op(load<S>(src + i)...)));
-    for (; i <= len - block; i += block) {
-      V<D> r[vecs];
-      for (int j = 0; j < vecs; ++j) r[j] = op(load<V<S, lanes>>(src + i + j * lanes)...);
-      for (int j = 0; j < vecs; ++j) storeAligned(dst + i + j * lanes, r[j]);
-    }
-  }
-  for (; i < len; ++i) store(dst + i, D(op(load<S>(src + i)...)));
+  constexpr long lanes = vectorBytes / long(std::max({sizeof(D), sizeof(S)...}));
+  constexpr long block = std::max(lanes, 16L), vecs = block / lanes;
+  forBlocks<stores, block>(
+      dst, len, [&](long i) { store(dst + i, D(op(load<S>(src + i)...))); },
+      [&](long i, auto put) {
+        V<D, lanes> r[vecs];
+        for (int j = 0; j < vecs; ++j) r[j] = op(load<V<S, lanes>>(src + i + j * lanes)...);
+        for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
+      });
+}
+
+// The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element
+// goes through the first lane of one.
+template <class Wide, Stores stores = Stores::cached, class D, class Op, class S>
+void mapWidened(Op op, D* dst, long len, const S* src) {
+  constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
+  forBlocks<stores, 16>(
+      dst, len, [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(load<S>(src + i))})[0])); },
+      [&](long i, auto put) {
+        decltype(op(Wide{})) r[vecs];
+        for (int j = 0; j < vecs; ++j) r[j] = op(loadWidened<Wide>(src + i + j * lanes));
+        for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
+      });
 }
 
 }  // namespace mox

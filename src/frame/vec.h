@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace mox {
 
@@ -26,6 +27,12 @@ constexpr int lanesOf = vectorBytes / int(sizeof(E));
 
 template <class E, int N = lanesOf<E>>
 using V = typename detail::VectorOf<E, N>::type;
+
+template <class Vector>
+using Lane = std::remove_cvref_t<decltype(Vector{}[0])>;
+
+template <class Vector>
+constexpr int laneCount = int(sizeof(Vector) / sizeof(Lane<Vector>));
 
 // Callers' arrays need not be aligned, not even to their element: kernels reach elements and
 // vectors alike through load and store, never by dereferencing a pointer.
@@ -56,6 +63,82 @@ template <class T>
     _mm_stream_si128(static_cast<__m128i*>(p), __m128i(v));
 }
 inline void streamFence() { _mm_sfence(); }
+
+// The smaller and the larger of two values lane by lane, for scalars and vectors; the second
+// operand where they compare neither way, as with NaN.
+template <class T>
+[[gnu::always_inline]] inline T lesser(T a, T b) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_min_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_min_pd(a, b));
+  else
+    return a < b ? a : b;
+}
+template <class T>
+[[gnu::always_inline]] inline T greater(T a, T b) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_max_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_max_pd(a, b));
+  else
+    return a > b ? a : b;
+}
+
+// To the nearest integer, ties to even, whatever the rounding mode in force.
+[[gnu::always_inline]] inline V<Mox64f> nearestInteger(V<Mox64f> v) {
+  return V<Mox64f>(_mm256_round_pd(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+}
+
+// To an integer in the rounding mode in force; the minimum for a value that has none.
+[[gnu::always_inline]] inline V<Mox32s, 8> toInteger(V<Mox32f> v) {
+  return V<Mox32s, 8>(_mm256_cvtps_epi32(v));
+}
+[[gnu::always_inline]] inline V<Mox32s, 4> toInteger(V<Mox64f> v) {
+  return V<Mox32s, 4>(_mm256_cvtpd_epi32(v));
+}
+inline Mox64s toInteger(Mox64f x) { return _mm_cvtsd_si64(_mm_set_sd(x)); }
+
+// Half floats, for processors that have the instructions. They are spelled out here, for the
+// compiler must not use them of its own accord anywhere.
+[[gnu::always_inline]] inline V<Mox32f> halfToFloat(V<Mox16u, 8> v) {
+  V<Mox32f> r;
+  asm("vcvtph2ps %1, %0" : "=x"(r) : "xm"(v));
+  return r;
+}
+template <int rounding>
+[[gnu::always_inline]] inline V<Mox16u, 8> floatToHalf(V<Mox32f> v) {
+  V<Mox16u, 8> r;
+  asm("vcvtps2ph %2, %1, %0" : "=x"(r) : "x"(v), "i"(rounding));
+  return r;
+}
+
+// Eight lanes as two vectors of four.
+template <class E>
+struct Halves {
+  V<E, 4> low, high;
+};
+template <class E = Mox32s>
+[[gnu::always_inline]] inline Halves<E> halves(V<E, 8> v) {
+  return {V<E, 4>(_mm256_castsi256_si128(__m256i(v))),
+          V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
+}
+
+// Two vectors joined, each lane saturated to E.
+template <class E>
+[[gnu::always_inline]] inline V<E, 8> packSaturated(V<Mox32s, 4> low, V<Mox32s, 4> high) {
+  if constexpr (std::is_same_v<E, Mox16s>)
+    return V<E, 8>(_mm_packs_epi32(__m128i(low), __m128i(high)));
+  else
+    return V<E, 8>(_mm_packus_epi32(__m128i(low), __m128i(high)));
+}
+template <class E>
+[[gnu::always_inline]] inline V<E, 16> packSaturated(V<Mox16s, 8> low, V<Mox16s, 8> high) {
+  if constexpr (std::is_same_v<E, Mox8s>)
+    return V<E, 16>(_mm_packs_epi16(__m128i(low), __m128i(high)));
+  else
+    return V<E, 16>(_mm_packus_epi16(__m128i(low), __m128i(high)));
+}
 
 // Every lane holds the same value.
 template <class T, class E>

@@ -1,0 +1,18 @@
+// Conversions that other families call: arguments are valid, lengths at least 0.
+#pragma once
+
+#include <moxsp/types.h>
+
+namespace mox {
+
+// Each value as D: exact where D holds it, else rounded in the current mode. For 16s32f, 32s64f,
+// 32f64f and 64f32f.
+template <class S, class D>
+void convertValues(const S* src, D* dst, long len);
+
+// Each float times 2^-scaleFactor as the integer T, rounded under `roundMode` and saturated. For
+// 32f16s, 64f16s and 64f32s.
+template <class F, class T>
+void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor);
+
+}  // namespace mox

@@ -1,0 +1,184 @@
+// The scale rule of integer results: the exact value r of an operation times 2^-factor, rounded to
+// nearest with ties to even and saturated to the type of the result. Every factor is valid.
+//
+// A family says how large its exact values get: `magnitude` stands for |r| <= 2^magnitude. From it
+// follow the types that hold r without loss, Exact<magnitude> for a scalar and
+// ExactVector<magnitude> for four lanes; the operation is written once, for both.
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <type_traits>
+
+#include "frame/elements.h"
+#include "frame/vec.h"
+
+namespace mox {
+
+// Scalars keep one bit free, so that half a unit can be added to any value.
+template <int magnitude>
+using Exact = std::conditional_t<magnitude <= 30, Mox32s,
+                                 std::conditional_t<magnitude <= 62, Mox64s, Int128>>;
+
+// Magnitude 31 stands for all values of 32 bits. Doubles hold larger ones: the powers of two that
+// the rule multiplies by leave their 53 bits as they are, and AVX has no 64-bit arithmetic shift.
+template <int magnitude>
+using ExactVector = std::conditional_t<magnitude <= 31, V<Mox32s, 4>, V<Mox64f, 4>>;
+
+template <int magnitude>
+constexpr bool hasExactVector = magnitude <= 53;
+
+// 2^n for the exponents of normal numbers.
+template <class F>
+F powerOfTwo(int n) {
+  if constexpr (sizeof(F) == 4)
+    return std::bit_cast<F>(Mox32u(127 + n) << 23);
+  else
+    return std::bit_cast<F>(Mox64u(1023 + n) << 52);
+}
+
+// Factor 0: the value itself.
+struct Unscaled {
+  template <class R>
+  R operator()(R r) const {
+    return r;
+  }
+};
+
+// A factor above 0: division by 2^n to nearest, ties to even. From 2^n above twice the largest
+// value on all results are 0.
+template <int magnitude>
+class ScaledDown {
+  using Scalar = Exact<magnitude>;
+  using Vector = ExactVector<magnitude>;
+  static constexpr int topBit = 8 * sizeof(Scalar) - 1;
+
+ public:
+  explicit ScaledDown(int n)
+      : scalarShift_(std::min(n, topBit)), scalarBias_((Scalar(1) << (scalarShift_ - 1)) - 1) {
+    if constexpr (magnitude < 31) {
+      bias_ = broadcast<Vector>(scalarBias_);
+    } else if constexpr (magnitude == 31) {
+      // From 2^32 on the parity of the whole alone, -1 or 0, decides on a carry that makes it 0.
+      vectorShift_ = std::min(n, 31);
+      mask_ = broadcast<Vector>(n > 31 ? 0 : Mox32s((Mox32u(1) << n) - 1));
+      bias_ = broadcast<Vector>(n > 31 ? 0x7FFFFFFF : (Mox32s(1) << (n - 1)) - 1);
+    } else {
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)));
+    }
+  }
+
+  [[gnu::always_inline]] Scalar operator()(Scalar r) const {
+    return (r + scalarBias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
+  }
+
+  [[gnu::always_inline]] Vector operator()(Vector r) const {
+    if constexpr (magnitude < 31) {
+      return (r + bias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
+    } else if constexpr (magnitude == 31) {
+      // No bit is free: the fraction is rounded apart from the whole, and its carry added.
+      const Vector whole = r >> vectorShift_;
+      const auto fraction = V<Mox32u, 4>(r & mask_) + V<Mox32u, 4>(bias_) + V<Mox32u, 4>(whole & 1);
+      return whole + Vector(fraction >> vectorShift_);
+    } else {
+      return nearestInteger(r * factor_);
+    }
+  }
+
+ private:
+  int scalarShift_, vectorShift_;
+  Scalar scalarBias_;
+  V<Mox32s, 4> mask_, bias_;
+  V<Mox64f, 4> factor_;
+};
+
+// A factor below 0: multiplication by 2^n, stopped at the limits of T before it can wrap. From 2^n
+// above the largest value of T on the sign alone decides.
+template <class T, int magnitude>
+class ScaledUp {
+  using Scalar = Exact<magnitude>;
+  using Vector = ExactVector<magnitude>;
+  static_assert(Int128(Scalar(Limits<T>::max)) == Limits<T>::max, "name a larger magnitude");
+
+ public:
+  explicit ScaledUp(int n)
+      : n_(std::min(n, Limits<T>::digits)),
+        high_(Scalar(Limits<T>::max >> n_)),
+        low_(Scalar(Limits<T>::min >> n_)) {
+    if constexpr (magnitude <= 31) {
+      highLanes_ = broadcast<Vector>(Mox32s(high_));
+      lowLanes_ = broadcast<Vector>(Mox32s(low_));
+      ones_ = broadcast<Vector>(Mox32s((Int128(1) << n_) - 1));
+    } else {
+      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(n_));
+    }
+  }
+
+  [[gnu::always_inline]] Scalar operator()(Scalar r) const {
+    if (r > high_) return Scalar(Limits<T>::max);
+    if (r < low_) return Scalar(Limits<T>::min);
+    return r << n_;
+  }
+
+  [[gnu::always_inline]] Vector operator()(Vector r) const {
+    if constexpr (magnitude <= 31)
+      return (greater(lesser(r, highLanes_), lowLanes_) << n_) | ((r > highLanes_) & ones_);
+    else
+      return r * factor_;
+  }
+
+ private:
+  int n_;
+  Scalar high_, low_;
+  V<Mox32s, 4> highLanes_, lowLanes_, ones_;
+  V<Mox64f, 4> factor_;
+};
+
+// The nearest value of T. Four doubles, which are integers by now, come out as 32-bit integers, and
+// vectors of those stand for packSaturated() to narrow; for 24 bits there is no such pack.
+template <class T, class R>
+auto saturate(R r) {
+  if constexpr (std::is_same_v<R, V<Mox32s, 4>> && std::is_integral_v<T>) {
+    return r;
+  } else if constexpr (std::is_same_v<R, V<Mox32s, 4>>) {
+    return greater(lesser(r, broadcast<R>(Mox32s(Limits<T>::max))),
+                   broadcast<R>(Mox32s(Limits<T>::min)));
+  } else if constexpr (std::is_same_v<R, V<Mox64f, 4>>) {
+    static_assert(Limits<T>::max < Int128(1) << 31, "no lanes for this type");
+    const auto high = broadcast<R>(Mox64f(Limits<T>::max)),
+               low = broadcast<R>(Mox64f(Limits<T>::min));
+    return __builtin_convertvector(greater(lesser(r, high), low), V<Mox32s, 4>);
+  } else {
+    return T(std::clamp<Int128>(r, Limits<T>::min, Limits<T>::max));
+  }
+}
+
+// What the factor of a call asks for. withRule() names the rule once, around a loop, so that the
+// loop has no branch on it; apply() is for code whose time isn't spent here.
+template <class T, int magnitude>
+class Scale {
+ public:
+  explicit Scale(int factor) : factor_(factor) {}
+
+  template <class Loop>
+  void withRule(Loop loop) const {
+    if (factor_ == 0)
+      loop(Unscaled());
+    else if (factor_ > 0)
+      loop(ScaledDown<magnitude>(factor_));
+    else
+      loop(ScaledUp<T, magnitude>(-std::max(factor_, -1000)));
+  }
+
+  template <class R>
+  T apply(R r) const {
+    T result;
+    withRule([&](auto rule) { result = saturate<T>(rule(Exact<magnitude>(r))); });
+    return result;
+  }
+
+ private:
+  int factor_;
+};
+
+}  // namespace mox
