@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 namespace mox {
 
@@ -146,6 +147,20 @@ template <class T, class E>
   T v;
   for (unsigned i = 0; i < sizeof(T) / sizeof(E); ++i) v[i] = e;
   return v;
+}
+
+// Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
+template <auto index, class T>
+[[gnu::always_inline]] inline T shuffle(T a, T b) {
+  constexpr int lanes = sizeof(T) / sizeof(a[0]);
+  return [&]<int... i>(std::integer_sequence<int, i...>) {
+    return __builtin_shufflevector(a, b, index(i)...);
+  }
+  (std::make_integer_sequence<int, lanes>());
+}
+template <auto index, class T>
+[[gnu::always_inline]] inline T shuffle(T a) {
+  return shuffle<index>(a, a);
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }

@@ -1,0 +1,135 @@
+// The passes between the half-length complex spectrum Z and the spectrum X of the real signal of
+// length N = 2M, whose even samples are the real and whose odd samples the imaginary parts:
+//
+//   forward   X[k] = E - i W O,  X[M-k] = conj(E + i W O),
+//             E = (Z[k] + conj Z[M-k]) / 2,  O = (Z[k] - conj Z[M-k]) / 2,  W = exp(-2 pi i k / N)
+//   inverse   Z[k] = P + i conj(W) Q,  Z[M-k] = conj(P - i conj(W) Q), twice the true Z,
+//             P = X[k] + conj X[M-k],  Q = X[k] - conj X[M-k]
+//
+// for k = 1 to M/2. One front of vectors goes up from k = 1, the other down from M - 1; both reach
+// M/2 and find the same value for it. With conjugates taken on the upward front in the forward
+// direction and on the downward front in the inverse, both run the same butterfly.
+#pragma once
+
+#include "frame/vec.h"
+#include "transforms/fft_real_tables.h"
+
+namespace mox {
+namespace detail {
+
+// Vectors of interleaved complex values, lanesOf<F> / 2 in each. With v = (z1, z2, z3, z4) going up
+// and (z4, z3, z2, z1) going down, both become (z2, z1, z4, z3): the upward one swaps neighbours
+// and the downward one blocks of two.
+template <class T>
+[[gnu::always_inline]] inline T neighboursSwapped(T v) {
+  return shuffle<[](int i) { return i ^ 2; }>(v);
+}
+template <class T>
+[[gnu::always_inline]] inline T blocksReversed(T v) {
+  constexpr int lanes = sizeof(T) / sizeof(v[0]);
+  return shuffle<[](int i) { return i ^ (lanes - 4); }>(v);
+}
+
+template <class T>
+[[gnu::always_inline]] inline T partsSwapped(T v) {
+  return shuffle<[](int i) { return i ^ 1; }>(v);
+}
+template <class T>
+[[gnu::always_inline]] inline T realParts(T v) {
+  return shuffle<[](int i) { return i & ~1; }>(v);
+}
+template <class T>
+[[gnu::always_inline]] inline T imaginaryParts(T v) {
+  return shuffle<[](int i) { return i | 1; }>(v);
+}
+
+template <class T>
+[[gnu::always_inline]] inline T conjugated(T v) {
+  constexpr int lanes = sizeof(T) / sizeof(v[0]);
+  using Bits = V<Mox32u>;
+  const T signs = shuffle<[](int i) { return i % 2 * lanes + i; }>(T{}, -T{});
+  return T(Bits(v) ^ Bits(signs));
+}
+
+// z * (re + i im), where the lanes of re and im come in pairs.
+template <class T>
+[[gnu::always_inline]] inline T times(T z, T re, T im) {
+  constexpr int lanes = sizeof(T) / sizeof(z[0]);
+  const T a = z * re, b = partsSwapped(z) * im;
+  return shuffle<[](int i) { return i % 2 * lanes + i; }>(a - b, a + b);
+}
+
+template <class T>
+struct Fronts {
+  T up, down;
+};
+
+// (P + i conj(W) Q, P - i conj(W) Q)
+template <class T>
+[[gnu::always_inline]] inline Fronts<T> butterfly(T up, T down, T w) {
+  const T sum = up + down, turned = times(up - down, imaginaryParts(w), realParts(w));
+  return {sum + turned, sum - turned};
+}
+
+// step(up, down, i) for the values k = first + i; `conjugateUp` tells the front that is conjugated.
+template <bool conjugateUp, class F, class Step>
+[[gnu::always_inline]] inline void meetInTheMiddle(const F* src, F* dst, long m, long first,
+                                                   long count, Step step) {
+  using T = V<F>;
+  constexpr long numbers = lanesOf<F> / 2;
+  for (long i = 0; i < count; i += numbers) {
+    const long up = 2 * (first + i), down = 2 * (m - first - i - numbers + 1);
+    T z = neighboursSwapped(load<T>(src + up)), y = blocksReversed(load<T>(src + down));
+    if constexpr (conjugateUp)
+      z = conjugated(z);
+    else
+      y = conjugated(y);
+    const Fronts<T> r = step(z, y, i);
+    store(dst + up, neighboursSwapped(conjugateUp ? conjugated(r.up) : r.up));
+    store(dst + down, blocksReversed(conjugateUp ? r.down : conjugated(r.down)));
+  }
+}
+
+// The whole pass with W formed from two levels.
+template <bool conjugateUp, class F>
+void meetByTwoLevels(const F* src, F* dst, long m, const F* table) {
+  using T = V<F>;
+  constexpr long fine = fineTwiddles<F>;
+  const F* coarse = table + 2 * fine;
+  for (long first = 1; first < m / 2; first += fine, coarse += 2) {
+    const T re = broadcast<T>(coarse[0]), im = broadcast<T>(coarse[1]);
+    meetInTheMiddle<conjugateUp>(src, dst, m, first, fine, [=](T up, T down, long i) {
+      if constexpr (conjugateUp) up *= F(0.5), down *= F(0.5);  // the inverse has no halving
+      return butterfly(up, down, times(load<T>(table + 2 * i), re, im));
+    });
+  }
+}
+
+}  // namespace detail
+
+// In place on the M complex values of `data`, but for the first one.
+template <class F>
+void ownFftRealPost(F* data, long m, const F* table) {
+  using T = V<F>;
+  if (2 * m >= 1L << fftTwoLevelOrder) return detail::meetByTwoLevels<true>(data, data, m, table);
+  // With A = (1/2 - sin/2) - i cos/2 the two are conj Z[M-k] + A D and conj(Z[k] - A D), where
+  // D = Z[k] - conj Z[M-k]: one product, and no halving.
+  detail::meetInTheMiddle<true>(data, data, m, 1, m / 2, [=](T up, T down, long i) {
+    const T entry = load<T>(table + 2 * i);
+    const T turned =
+        detail::times(up - down, detail::imaginaryParts(entry), detail::realParts(entry));
+    return detail::Fronts<T>{down + turned, up - turned};
+  });
+}
+
+// `dst` may be `src`; the first of the M complex values stays as it is.
+template <class F>
+void ownFftRealPre(const F* src, F* dst, long m, const F* table) {
+  using T = V<F>;
+  if (2 * m >= 1L << fftTwoLevelOrder) return detail::meetByTwoLevels<false>(src, dst, m, table);
+  detail::meetInTheMiddle<false>(src, dst, m, 1, m / 2, [=](T up, T down, long i) {
+    return detail::butterfly(up, down, load<T>(table + 2 * i));
+  });
+}
+
+}  // namespace mox

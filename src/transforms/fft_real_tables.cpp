@@ -1,0 +1,71 @@
+#include "transforms/fft_real_tables.h"
+
+#include <moxsp/types.h>
+
+namespace mox {
+namespace {
+
+// sin and cos of 2 pi i / N for 0 <= i <= N/4, from a quarter wave of at least as many points.
+template <class F>
+class QuarterWave {
+ public:
+  QuarterWave(int order, const F* sine, int sinLog)
+      : sine_(sine), step_(1L << (sinLog - order)), quarter_((1L << order) / 4) {}
+
+  F sin(long i) const { return sine_[i * step_]; }
+  F cos(long i) const { return sine_[(quarter_ - i) * step_]; }
+  long quarter() const { return quarter_; }
+
+ private:
+  const F* sine_;
+  long step_, quarter_;
+};
+
+// entry(i) for i = 2, 1, 4, 3 ... count.
+template <class F, class Entry>
+F* writeSwapped(F* table, long count, Entry entry) {
+  for (long i = 1; i <= count; i += 2) {
+    entry(table, i + 1);
+    entry(table + 2, i);
+    table += 4;
+  }
+  return table;
+}
+
+// W = (cos, -sin), whole or in two levels.
+template <class F>
+F* writeTwiddles(int order, const QuarterWave<F>& wave, F* table) {
+  const auto twiddle = [&](F* p, long i) {
+    p[0] = wave.cos(i);
+    p[1] = -wave.sin(i);
+  };
+  if (order < fftTwoLevelOrder) return writeSwapped(table, wave.quarter(), twiddle);
+  table = writeSwapped(table, fineTwiddles<F>, twiddle);
+  for (long i = 0; i < wave.quarter(); i += fineTwiddles<F>, table += 2) twiddle(table, i);
+  return table;
+}
+
+}  // namespace
+
+template <class F>
+F* ownFftRealTwiddleFwd(int order, const F* sine, int sinLog, F* table) {
+  const QuarterWave<F> wave(order, sine, sinLog);
+  if (order >= fftTwoLevelOrder) return alignUp(writeTwiddles(order, wave, table), 64);
+  const auto halved = [&](F* p, long i) {
+    p[0] = F(0.5) * wave.cos(i);
+    p[1] = F(0.5 - 0.5 * Mox64f(wave.sin(i)));
+  };
+  return alignUp(writeSwapped(table, wave.quarter(), halved), 64);
+}
+
+template <class F>
+F* ownFftRealTwiddleInv(int order, const F* sine, int sinLog, F* table) {
+  return alignUp(writeTwiddles(order, QuarterWave<F>(order, sine, sinLog), table), 64);
+}
+
+template Mox32f* ownFftRealTwiddleFwd(int, const Mox32f*, int, Mox32f*);
+template Mox64f* ownFftRealTwiddleFwd(int, const Mox64f*, int, Mox64f*);
+template Mox32f* ownFftRealTwiddleInv(int, const Mox32f*, int, Mox32f*);
+template Mox64f* ownFftRealTwiddleInv(int, const Mox64f*, int, Mox64f*);
+
+}  // namespace mox

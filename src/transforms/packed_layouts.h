@@ -1,0 +1,56 @@
+// The three ways to keep the spectrum of n real samples. R[0], and R[n/2] for even n, are real; the
+// interior pairs R[k], I[k] lie one behind the other in every layout, so that a layout is told by
+// where the pairs begin and where R[n/2] is.
+#pragma once
+
+#include <cstring>
+
+#include "frame/vec.h"
+
+namespace mox {
+
+struct PermLayout {
+  static constexpr long firstPair(long n) { return n % 2 ? 1 : 2; }
+  static constexpr long middle(long) { return 1; }
+  static constexpr bool imaginaryEnds = false;
+};
+
+struct PackLayout {
+  static constexpr long firstPair(long) { return 1; }
+  static constexpr long middle(long n) { return n - 1; }
+  static constexpr bool imaginaryEnds = false;
+};
+
+struct CcsLayout {
+  static constexpr long firstPair(long) { return 2; }
+  static constexpr long middle(long n) { return n; }
+  static constexpr bool imaginaryEnds = true;  // a place behind R[0] and behind R[n/2], holding 0
+};
+
+constexpr bool hasMiddle(long n) { return n % 2 == 0; }
+constexpr long interiorPairs(long n) { return (n - 1) / 2; }
+
+// Turns a Perm spectrum into another layout in place.
+template <class Layout, class E>
+void fromPerm(E* p, long n) {
+  const E middle = hasMiddle(n) ? load<E>(p + PermLayout::middle(n)) : E(0);
+  std::memmove(p + Layout::firstPair(n), p + PermLayout::firstPair(n),
+               2 * interiorPairs(n) * sizeof(E));
+  if (hasMiddle(n)) store(p + Layout::middle(n), middle);
+  if constexpr (Layout::imaginaryEnds) {
+    store(p + 1, E(0));
+    if (hasMiddle(n)) store(p + Layout::middle(n) + 1, E(0));
+  }
+}
+
+// Copies a spectrum of any layout to its Perm form; `dst` may be `src`.
+template <class Layout, class E>
+void toPerm(const E* src, E* dst, long n) {
+  const E first = load<E>(src), middle = hasMiddle(n) ? load<E>(src + Layout::middle(n)) : E(0);
+  std::memmove(dst + PermLayout::firstPair(n), src + Layout::firstPair(n),
+               2 * interiorPairs(n) * sizeof(E));
+  store(dst, first);
+  if (hasMiddle(n)) store(dst + PermLayout::middle(n), middle);
+}
+
+}  // namespace mox
