@@ -3,7 +3,7 @@
 #include <moxsp/arith.h>
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 #include "arith/map_rounded.h"
 #include "arith/vector_function.h"
@@ -12,9 +12,7 @@
 namespace mox {
 namespace {
 
-// e^x in single precision: x = n * ln(2) + r, and a polynomial in r.
-struct Exp32f;
-
+// In double precision.
 struct Exp64f {
   using Element = Mox64f;
 
@@ -36,6 +34,7 @@ struct Exp64f {
   }
 };
 
+// In single precision: x = n * ln(2) + r, and a polynomial in r.
 struct Exp32f {
   using Element = Mox32f;
 

@@ -33,7 +33,7 @@ struct Ln32f {
     return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
   }
 
-  static Mox32f one(Mox32f x, int& code) { return ownLnOne(x, code); }
+  static Mox32f one(Mox32f x, int& code) { return lnOfFloat(x, code); }
 };
 
 MoxStatus lnFloat(const Mox32f* src, Mox32f* dst, int len) {

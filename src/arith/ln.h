@@ -73,6 +73,6 @@ struct Ln64f {
 };
 
 // The logarithm of one float, whatever its value.
-Mox32f ownLnOne(Mox32f x, int& code);
+Mox32f lnOfFloat(Mox32f x, int& code);
 
 }  // namespace mox

@@ -29,14 +29,17 @@ class Exact {
   mpfr_t value_;
 };
 
-// The exact value, or infinity where it rounds to that in the format of F.
+// A value as F must have it: infinity where it rounds to that.
 template <class F>
-long double exactValue(ExactFunction function, long double x) {
+long double inRangeOf(long double exact) {
+  return std::isinf(F(exact)) ? (long double)F(exact) : exact;
+}
+
+inline long double exactValue(ExactFunction function, long double x) {
   static Exact argument(64), result(113);
   mpfr_set_ld(argument.get(), x, MPFR_RNDN);
   function(result.get(), argument.get(), MPFR_RNDN);
-  const long double exact = mpfr_get_ld(result.get(), MPFR_RNDN);
-  return std::isinf(F(exact)) ? (long double)F(exact) : exact;
+  return mpfr_get_ld(result.get(), MPFR_RNDN);
 }
 
 // `value` times 2^-factor, to nearest with ties to even, saturated to T.

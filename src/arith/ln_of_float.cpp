@@ -61,7 +61,7 @@ double lnOfPositive(double x, int exponentOffset) {
 
 }  // namespace
 
-Mox32f ownLnOne(Mox32f x, int& code) {
+Mox32f lnOfFloat(Mox32f x, int& code) {
   using Range = std::numeric_limits<Mox32f>;
   if (x == 0) {
     code = lnOfZero;
