@@ -12,5 +12,8 @@ write_basic_package_version_file(moxsp-config-version.cmake COMPATIBILITY SameMa
 install(FILES ${PROJECT_BINARY_DIR}/moxsp-config.cmake
   ${PROJECT_BINARY_DIR}/moxsp-config-version.cmake DESTINATION ${package_dir})
 
+# Relative to the file itself, so that an installed copy can be moved.
+file(RELATIVE_PATH prefix_from_pkgconfig
+  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/moxsp.pc.in moxsp.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/moxsp.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -17,11 +17,12 @@ set_target_properties(moxsp_objects PROPERTIES
 # Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
 # Vectors are written by hand, so the compiler's own vectoriser would only bloat peels and tails.
 target_compile_options(moxsp_objects PRIVATE
-  -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
+  $<$<CONFIG:>:-O3> -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 # Sources that change the rounding mode (frame/rounding_control.h).
-set_source_files_properties(src/convert/half.cpp src/convert/to_integer.cpp
+set_source_files_properties(
+  src/convert/half.cpp src/convert/to_integer.cpp src/convert/widen.cpp
   PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace bench {
 namespace {
@@ -64,35 +65,34 @@ double trafficSeconds(long read, long written) {
 }
 
 // Floating-point operations a second: as many chains of multiplications and of additions as hide
-// the latency of either.
-template <class Vector>
-double arithmeticRate(Vector (*multiply)(Vector, Vector), Vector (*add)(Vector, Vector), Vector one,
-                      int lanes) {
-  constexpr int chains = 6;
+// the latency of either, each in a register of its own.
+template <class Vector, class Multiply, class Add, int... chain>
+double arithmeticRate(Vector one, Multiply multiply, Add add,
+                      std::integer_sequence<int, chain...>) {
   constexpr long rounds = 1'000'000;
   const double seconds = secondsOf([&] {
-    Vector m[chains], a[chains];
-    for (int c = 0; c < chains; ++c) m[c] = a[c] = one;
-    for (long i = 0; i < rounds; ++i)
-      for (int c = 0; c < chains; ++c) {
-        m[c] = multiply(m[c], one);
-        a[c] = add(a[c], one);
-        asm volatile("" : "+x"(m[c]), "+x"(a[c]));
-      }
+    Vector m[] = {(void(chain), one)...}, a[] = {(void(chain), one)...};
+    const auto step = [&](Vector& product, Vector& sum) {
+      product = multiply(product, one);
+      sum = add(sum, one);
+      asm volatile("" : "+x"(product), "+x"(sum));
+    };
+    for (long i = 0; i < rounds; ++i) (step(m[chain], a[chain]), ...);
   });
-  return 2.0 * chains * rounds * lanes / seconds;
+  return 2.0 * sizeof...(chain) * rounds * sizeof(Vector) / sizeof(one[0]) / seconds;
 }
+constexpr std::make_integer_sequence<int, 6> chains;
 
 double floatRate() {
-  static const double rate = arithmeticRate<__m256>(
-      [](__m256 a, __m256 b) { return _mm256_mul_ps(a, b); },
-      [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); }, _mm256_set1_ps(1), 8);
+  static const double rate = arithmeticRate(
+      _mm256_set1_ps(1), [](__m256 a, __m256 b) { return _mm256_mul_ps(a, b); },
+      [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); }, chains);
   return rate;
 }
 double doubleRate() {
-  static const double rate = arithmeticRate<__m256d>(
-      [](__m256d a, __m256d b) { return _mm256_mul_pd(a, b); },
-      [](__m256d a, __m256d b) { return _mm256_add_pd(a, b); }, _mm256_set1_pd(1), 4);
+  static const double rate = arithmeticRate(
+      _mm256_set1_pd(1), [](__m256d a, __m256d b) { return _mm256_mul_pd(a, b); },
+      [](__m256d a, __m256d b) { return _mm256_add_pd(a, b); }, chains);
   return rate;
 }
 

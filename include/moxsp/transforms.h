@@ -22,8 +22,12 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * | CCS    | R[0], 0, R[1], I[1] .. R[n/2], 0        | R[0], 0, R[1], I[1] ..    | n/2+1 pairs |
  */
 
-/** @defgroup fft_real_objects Objects of the real FFT
- * A transform of N = 2^order real samples, order 0 to 29 (`_32f`) or 28 (`_64f`).
+/** @defgroup fft_objects Objects of the FFT
+ * A transform of N = 2^order samples. The kind behind `C_` tells how complex data lie, interleaved
+ * (`32fc`, `64fc`) or in an array of real and one of imaginary parts (`32f`, `64f`); `R_` is for
+ * real data. Orders go from 0 to 28 (`C_32fc`, `C_32f`), 27 (`C_64fc`, `C_64f`), 29 (`R_32f`) and
+ * 28
+ * (`R_64f`).
  *
  * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
  * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.
@@ -44,6 +48,34 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * `moxsFFTGetSize`, ::moxErrMemAlloc. `moxsFFTFree` and `moxsFFTGetBufSize`: ::moxErrNullPtr,
  * ::moxErrContext for an object of another kind or one that was freed.
  * @{ */
+MOX_API MoxStatus moxsFFTGetSize_C_32fc(int order, int flag, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_32fc(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                     Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_32fc(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_32fc(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_32fc(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_32f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_32f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_32f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_32f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_32f(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_64fc(int order, int flag, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_64fc(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                     Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_64fc(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_64fc(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_64fc(const MoxsFFTSpec* spec, int* size);
+MOX_API MoxStatus moxsFFTGetSize_C_64f(int order, int flag, int hint, int* specSize, int* initSize,
+                                       int* workSize);
+MOX_API MoxStatus moxsFFTInit_C_64f(MoxsFFTSpec** spec, int order, int flag, int hint,
+                                    Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsFFTInitAlloc_C_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
+MOX_API MoxStatus moxsFFTFree_C_64f(MoxsFFTSpec* spec);
+MOX_API MoxStatus moxsFFTGetBufSize_C_64f(const MoxsFFTSpec* spec, int* size);
 MOX_API MoxStatus moxsFFTGetSize_R_32f(int order, int flag, int hint, int* specSize, int* initSize,
                                        int* workSize);
 MOX_API MoxStatus moxsFFTInit_R_32f(MoxsFFTSpec** spec, int order, int flag, int hint,
@@ -58,6 +90,52 @@ MOX_API MoxStatus moxsFFTInit_R_64f(MoxsFFTSpec** spec, int order, int flag, int
 MOX_API MoxStatus moxsFFTInitAlloc_R_64f(MoxsFFTSpec** spec, int order, int flag, int hint);
 MOX_API MoxStatus moxsFFTFree_R_64f(MoxsFFTSpec* spec);
 MOX_API MoxStatus moxsFFTGetBufSize_R_64f(const MoxsFFTSpec* spec, int* size);
+/** @} */
+
+/** @defgroup fft_complex Complex FFT
+ * Forward: `X[k] = sum of x[n] exp(-2 pi i n k / N)` over 0 <= n < N, for 0 <= k < N; inverse: the
+ * same with `+2 pi i`. Where the object's flag asks for it, the result is multiplied by 1/N or
+ * 1/sqrt(N); an inverse after a forward transform gives the input back with the flags 1, 2 and 4,
+ * and N times the input with 8. Arrays hold N elements; the destination may be the source.
+ *
+ * `buffer` has the size that moxsFFTGetBufSize tells and lies at any address. Without one, a null
+ * pointer, a run takes memory and releases it, unless it needs none: up to order 6.
+ *
+ * @return ::moxErrNullPtr for a null `spec`, ::moxErrContext for an object of another kind,
+ * ::moxErrNullPtr for a null array, ::moxErrMemAlloc when there is no memory for a work buffer.
+ * @note The relative L2 error is below 3e-7 sqrt(order) in single, 6e-16 sqrt(order) in double
+ * precision. Infinities and NaN spread as in plain arithmetic.
+ * @see Cooley and Tukey, An algorithm for the machine calculation of complex Fourier series, 1965;
+ * Bailey, FFTs in external or hierarchical memory, 1990.
+ * @{ */
+MOX_API MoxStatus moxsFFTFwd_CToC_32fc(const Mox32fc* src, Mox32fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32fc_I(Mox32fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32fc(const Mox32fc* src, Mox32fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32fc_I(Mox32fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64fc(const Mox64fc* src, Mox64fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64fc_I(Mox64fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64fc(const Mox64fc* src, Mox64fc* dst, const MoxsFFTSpec* spec,
+                                       Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64fc_I(Mox64fc* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32f(const Mox32f* srcRe, const Mox32f* srcIm, Mox32f* dstRe,
+                                      Mox32f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_32f_I(Mox32f* srcDstRe, Mox32f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32f(const Mox32f* srcRe, const Mox32f* srcIm, Mox32f* dstRe,
+                                      Mox32f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_32f_I(Mox32f* srcDstRe, Mox32f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, Mox64f* dstRe,
+                                      Mox64f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTFwd_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, Mox64f* dstRe,
+                                      Mox64f* dstIm, const MoxsFFTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsFFTInv_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, const MoxsFFTSpec* spec,
+                                        Mox8u* buffer);
 /** @} */
 
 /** @defgroup fft_real Real FFT

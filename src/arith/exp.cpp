@@ -7,6 +7,7 @@
 
 #include "arith/map_rounded.h"
 #include "arith/vector_function.h"
+#include "arith/vector_functions.h"
 #include "frame/export.h"
 
 namespace mox {
@@ -121,8 +122,7 @@ MoxStatus expScaledInPlace(E* srcDst, int len, int scaleFactor) {
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsExp_32f = {
-    {runFunction<Exp32f>, runFunction<Exp32f>, runFunction<Exp32f>}, {4.02f, 4.53f, 2.34f}};
+const VectorFunction<Mox32f> ownsExp_32f(runFunction<Exp32f>, 4.02f, 4.53f, 2.34f);
 
 MOX_EXPORT(moxsExp_32f, expFloat);
 MOX_EXPORT(moxsExp_32f_I, expFloatInPlace);

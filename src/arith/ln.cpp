@@ -4,6 +4,7 @@
 #include <moxsp/arith.h>
 
 #include "arith/vector_function.h"
+#include "arith/vector_functions.h"
 #include "frame/export.h"
 
 namespace mox {
@@ -52,8 +53,7 @@ MoxStatus lnDoubleInPlace(Mox64f* srcDst, int len) { return lnDouble(srcDst, src
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsLn_32f = {
-    {runFunction<Ln32f>, runFunction<Ln32f>, runFunction<Ln32f>}, {3.35f, 4.19f, 2.28f}};
+const VectorFunction<Mox32f> ownsLn_32f(runFunction<Ln32f>, 3.35f, 4.19f, 2.28f);
 
 MOX_EXPORT(moxsLn_32f, lnFloat);
 MOX_EXPORT(moxsLn_32f_I, lnFloatInPlace);

@@ -47,8 +47,8 @@ MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
     for (Mox16s bound : {1, 4, 12, 33, 90, 244, 665, 1808, 4914, 13359}) passed -= Lanes(x > bound);
     return note.lowestWithout(x, passed);
   };
-  forBlocks<Stores::cached, 16>(
-      dst, len,
+  forBlocks<16>(
+      false, dst, len,
       [&](long i) { store(dst + i, rounded(broadcast<Lanes>(load<Mox16s>(src + i)))[0]); },
       [&](long i, auto put) {
         const Lanes low = rounded(load<Lanes>(src + i)), high = rounded(load<Lanes>(src + i + 8));

@@ -1,5 +1,6 @@
 #include <moxsp/arith.h>
 
+#include "arith/mul_complex.h"
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
@@ -15,22 +16,8 @@ MoxStatus square(const E* src, E* dst, int len) {
   return moxOk;
 }
 
-// Lanes hold pairs (a, b); the square of a pair is (a * a - b * b, a * b + b * a).
-V<Mox32f> squarePairs(V<Mox32f> v) {
-  const V<Mox32f> a = __builtin_shufflevector(v, v, 0, 0, 2, 2, 4, 4, 6, 6),
-                  b = __builtin_shufflevector(v, v, 1, 1, 3, 3, 5, 5, 7, 7),
-                  swapped = __builtin_shufflevector(v, v, 1, 0, 3, 2, 5, 4, 7, 6);
-  return subtractAdd(a * v, b * swapped);
-}
-V<Mox64f> squarePairs(V<Mox64f> v) {
-  const V<Mox64f> a = __builtin_shufflevector(v, v, 0, 0, 2, 2),
-                  b = __builtin_shufflevector(v, v, 1, 1, 3, 3),
-                  swapped = __builtin_shufflevector(v, v, 1, 0, 3, 2);
-  return subtractAdd(a * v, b * swapped);
-}
-
-// Of 16-bit integers only 2 * -32768 * -32768 leaves 32 bits; as 2^31 - 1 it has the same result
-// under every factor.
+// Lanes hold pairs (a, b); the square of a pair is (a * a - b * b, 2 * a * b). Of 16-bit integers
+// only 2 * -32768 * -32768 leaves 32 bits; as 2^31 - 1 it has the same result under every factor.
 V<Mox32s, 4> squarePairs(V<Mox32s, 4> v) {
   const V<Mox32s, 4> squares = v * v, product = v * __builtin_shufflevector(v, v, 1, 0, 3, 2);
   const V<Mox32s, 4> re = squares - __builtin_shufflevector(squares, squares, 1, 0, 3, 2);
@@ -42,18 +29,7 @@ V<Mox32s, 4> squarePairs(V<Mox32s, 4> v) {
 template <Complex E>
 MoxStatus square(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  constexpr int pairs = lanesOf<E>, vectors = 16 / pairs;
-  forBlocks<Stores::cached, 16>(
-      dst, len,
-      [&](long i) {
-        const auto [a, b] = load<E>(src + i);
-        store(dst + i, E{a * a - b * b, a * b + b * a});
-      },
-      [&](long i, auto put) {
-        V<Part<E>> r[vectors];
-        for (int j = 0; j < vectors; ++j) r[j] = squarePairs(load<V<Part<E>>>(src + i + j * pairs));
-        for (int j = 0; j < vectors; ++j) put(dst + i + j * pairs, r[j]);
-      });
+  mulComplex(src, src, dst, len);
   return moxOk;
 }
 
@@ -76,8 +52,8 @@ MoxStatus squareScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFacto
     const auto squares = [&](const Mox16s* p) {
       return rule(squarePairs(loadWidened<V<Mox32s, 4>>(p)));
     };
-    forBlocks<Stores::cached, 16>(
-        dst, len,
+    forBlocks<16>(
+        false, dst, len,
         [&](long i) {
           const Exact<31> a = load<Mox16sc>(src + i).re, b = load<Mox16sc>(src + i).im;
           store(dst + i,

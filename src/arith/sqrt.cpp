@@ -39,7 +39,7 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
     return squareRoot(x);
   };
   constexpr long lanes = lanesOf<E>;
-  if (len > bypassBytes / long(sizeof(E))) {
+  if (bypasses<Stores::bypassing, E, E>(len)) {
     mapElements<Stores::bypassing>(root, dst, len, src);
   } else {
     long i = 0;

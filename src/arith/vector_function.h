@@ -120,18 +120,4 @@ int runFunction(const S* src, D* dst, int len) {
   return code;
 }
 
-// A function that other folders share has a row: room for three kernels, and a figure for each.
-// Calls go through the first slot; the others stand for variants and hold the same kernel.
-template <class F>
-struct VectorFunction {
-  using Kernel = int (*)(const F* src, F* dst, int len);
-
-  Kernel kernels[3];
-  Mox32f figures[3];
-
-  int operator()(const F* src, F* dst, int len) const { return kernels[0](src, dst, len); }
-};
-
-extern const VectorFunction<Mox32f> ownsExp_32f, ownsLn_32f;
-
 }  // namespace mox

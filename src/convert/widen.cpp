@@ -7,6 +7,7 @@
 #include "frame/map.h"
 #include "frame/packed24.h"
 #include "frame/rounding.h"
+#include "frame/rounding_control.h"
 
 namespace mox {
 namespace {
@@ -14,6 +15,33 @@ namespace {
 // Float lanes fill a register; AVX has integer operations on half of one only.
 template <class D>
 using Lanes = V<D, (std::is_floating_point_v<D> ? vectorBytes : vectorBytes / 2) / int(sizeof(D))>;
+
+// 16-bit integers times 2^-scaleFactor with one float operation: a word beneath the upper half of
+// 2^23 * 2^-scaleFactor is the float that exceeds that by the word in units of 2^-scaleFactor.
+// False, with nothing done, where a power of two isn't normal or a difference of equals would be
+// -0.
+template <class S>
+requires(sizeof(S) == 2) bool wordsToFloats(const S* src, Mox32f* dst, long len, int scaleFactor) {
+  if (scaleFactor < -104 || scaleFactor > 126 || roundsDown()) return false;
+  constexpr Mox16u lift = std::is_signed_v<S> ? 0x8000 : 0;  // makes a signed word unsigned
+  const Mox32f base = powerOfTwo<Mox32f>(23 - scaleFactor);
+  const Mox32f surplus = base + lift * powerOfTwo<Mox32f>(-scaleFactor);
+  const auto upperHalf = broadcast<V<Mox16u, 8>>(Mox16u(std::bit_cast<Mox32u>(base) >> 16));
+  mapWidened<V<S, 8>, Stores::bypassing>(
+      [=](auto words) {
+        const auto w = V<Mox16u, 8>(words) ^ lift;
+        const auto low = __builtin_shufflevector(w, upperHalf, 0, 8, 1, 9, 2, 10, 3, 11);
+        const auto high = __builtin_shufflevector(w, upperHalf, 4, 12, 5, 13, 6, 14, 7, 15);
+        return join<V<Mox32f>>(low, high) - surplus;
+      },
+      dst, len, src);
+  return true;
+}
+
+template <class S, class D>
+bool wordsToFloats(const S*, D*, long, int) {
+  return false;
+}
 
 template <class S, class D>
 MoxStatus widen(const Public<S>* src, D* dst, int len) {
@@ -31,6 +59,8 @@ MoxStatus scaledToFloat(const S* src, D* dst, int len, int scaleFactor) {
   constexpr int largest = std::numeric_limits<D>::max_exponent - 1;
   if (scaleFactor == 0) {
     convertValues(src, dst, len);
+  } else if (wordsToFloats(src, dst, len, scaleFactor)) {
+    return moxOk;
   } else if (scaleFactor < largest) {
     const D scale = powerOfTwo<D>(-std::max(scaleFactor, Limits<S>::digits - largest));
     mapWidened<Lanes<D>, Stores::bypassing>([=](auto v) { return v * scale; }, dst, len, src);
@@ -47,6 +77,7 @@ MoxStatus scaledToFloat(const S* src, D* dst, int len, int scaleFactor) {
 
 template <class S, class D>
 void convertValues(const S* src, D* dst, long len) {
+  if (wordsToFloats(src, dst, len, 0)) return;
   if constexpr (std::is_same_v<S, Mox64s>)  // AVX has no vectors of this conversion
     for (long i = 0; i < len; ++i) store(dst + i, D(load<S>(src + i)));
   else if constexpr (sizeof(S) > sizeof(D))

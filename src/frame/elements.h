@@ -42,6 +42,31 @@ Part<E>* parts(E* p) {
   return reinterpret_cast<Part<E>*>(p);
 }
 
+namespace detail {
+template <int bytes>
+struct UnsignedOf;
+template <>
+struct UnsignedOf<1> {
+  using type = Mox8u;
+};
+template <>
+struct UnsignedOf<2> {
+  using type = Mox16u;
+};
+template <>
+struct UnsignedOf<4> {
+  using type = Mox32u;
+};
+template <>
+struct UnsignedOf<8> {
+  using type = Mox64u;
+};
+}  // namespace detail
+
+// The unsigned integer that holds the bits of an element.
+template <class E>
+using BitsOf = typename detail::UnsignedOf<sizeof(E)>::type;
+
 __extension__ typedef __int128 Int128;
 
 // The range of an integer element: min to max, of which max is 2^digits - 1.

@@ -17,23 +17,30 @@ int peelCount(const D* dst) {
   return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
 }
 
-// Whether the blocks of a large destination bypass the cache.
+// Whether the stores of a large call bypass the cache.
 enum class Stores { cached, bypassing };
 
-// From here on a destination is not worth the lines that it would take from the caller's data.
-constexpr long bypassBytes = 4L << 20;
+// Beyond this many bytes, sources and destination together, the last-level cache would hand the
+// destination's lines on to memory anyway, having read them first.
+constexpr long bypassBytes = 24L << 20;
 
-// Runs one(i) for single elements and block(i, put) for blocks of elements from i on, which stores
-// its vectors through put(place, vector).
-template <Stores stores, long block, class D, class One, class Block>
-[[gnu::always_inline]] inline void forBlocks(D* dst, long len, One one, Block eachBlock) {
+// For `len` elements of each array of types E.
+template <Stores stores, class... E>
+bool bypasses(long len) {
+  return stores == Stores::bypassing && len > bypassBytes / long((sizeof(E) + ...));
+}
+
+// Runs one(i) for single elements and eachBlock(i, put) for blocks of elements from i on, which
+// stores its vectors through put(place, vector).
+template <long block, class D, class One, class Block>
+[[gnu::always_inline]] inline void forBlocks(bool bypass, D* dst, long len, One one,
+                                             Block eachBlock) {
   const auto plain = [](void* p, auto v) { store(p, v); };
   const auto stream = [](void* p, auto v) { storeStream(p, v); };
   long i = 0;
   if (const int peel = peelCount(dst); peel + block <= len) {
     for (; i < peel; ++i) one(i);
-    if (stores == Stores::bypassing && len > bypassBytes / long(sizeof(D)) &&
-        isAligned(dst + i, vectorBytes)) {
+    if (bypass && isAligned(dst + i, vectorBytes)) {
       for (; i <= len - block; i += block) eachBlock(i, stream);
       streamFence();
     } else {
@@ -49,8 +56,9 @@ template <Stores stores = Stores::cached, class D, class Op, class... S>
 void mapElements(Op op, D* dst, long len, const S*... src) {
   constexpr long lanes = vectorBytes / long(std::max({sizeof(D), sizeof(S)...}));
   constexpr long block = std::max(lanes, 16L), vecs = block / lanes;
-  forBlocks<stores, block>(
-      dst, len, [&](long i) { store(dst + i, D(op(load<S>(src + i)...))); },
+  forBlocks<block>(
+      bypasses<stores, D, S...>(len), dst, len,
+      [&](long i) { store(dst + i, D(op(load<S>(src + i)...))); },
       [&](long i, auto put) {
         V<D, lanes> r[vecs];
         for (int j = 0; j < vecs; ++j) r[j] = op(load<V<S, lanes>>(src + i + j * lanes)...);
@@ -63,8 +71,9 @@ void mapElements(Op op, D* dst, long len, const S*... src) {
 template <class Wide, Stores stores = Stores::cached, class D, class Op, class S>
 void mapWidened(Op op, D* dst, long len, const S* src) {
   constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
-  forBlocks<stores, 16>(
-      dst, len, [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(load<S>(src + i))})[0])); },
+  forBlocks<16>(
+      bypasses<stores, D, S>(len), dst, len,
+      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(load<S>(src + i))})[0])); },
       [&](long i, auto put) {
         decltype(op(Wide{})) r[vecs];
         for (int j = 0; j < vecs; ++j) r[j] = op(loadWidened<Wide>(src + i + j * lanes));

@@ -28,7 +28,7 @@ template <class D, class Put>
 // vectors `Wide`, and are saturated to D.
 template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... S>
 void mapToInteger(One one, Op lanes, D* dst, long len, const S*... src) {
-  forBlocks<stores, 16>(dst, len, one, [&](long i, auto put) {
+  forBlocks<16>(bypasses<stores, D, S...>(len), dst, len, one, [&](long i, auto put) {
     V<Mox32s, 4> r[4];
     for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
       const auto wide = lanes(loadWidened<Wide>(src + i + 4 * j)...);

@@ -1,13 +1,16 @@
 // The scale rule of integer results: the exact value r of an operation times 2^-factor, rounded to
 // nearest with ties to even and saturated to the type of the result. Every factor is valid.
 //
-// A family says how large its exact values get: `magnitude` stands for |r| <= 2^magnitude. From it
-// follow the types that hold r without loss, Exact<magnitude> for a scalar and
-// ExactVector<magnitude> for four lanes; the operation is written once, for both.
+// A family says how large its exact values get: `magnitude` stands for |r| <= 2^magnitude, except
+// that 31 stands for all values of Mox32s in vectors and 63 for all of Mox64s in scalars: where r
+// can reach 2^63 itself, it is 64. From it follow the types that hold r without loss,
+// Exact<magnitude> for a scalar and ExactVector<magnitude> for four lanes; the operation is written
+// once, for both.
 #pragma once
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 #include <type_traits>
 
 #include "frame/elements.h"
@@ -15,13 +18,12 @@
 
 namespace mox {
 
-// Scalars keep one bit free, so that half a unit can be added to any value.
 template <int magnitude>
 using Exact = std::conditional_t<magnitude <= 30, Mox32s,
-                                 std::conditional_t<magnitude <= 62, Mox64s, Int128>>;
+                                 std::conditional_t<magnitude <= 63, Mox64s, Int128>>;
 
-// Magnitude 31 stands for all values of 32 bits. Doubles hold larger ones: the powers of two that
-// the rule multiplies by leave their 53 bits as they are, and AVX has no 64-bit arithmetic shift.
+// Doubles hold what 32 bits don't: the powers of two that the rule multiplies by leave their 53
+// bits as they are, and AVX has no 64-bit arithmetic shift.
 template <int magnitude>
 using ExactVector = std::conditional_t<magnitude <= 31, V<Mox32s, 4>, V<Mox64f, 4>>;
 
@@ -45,51 +47,76 @@ struct Unscaled {
   }
 };
 
-// A factor above 0: division by 2^n to nearest, ties to even. From 2^n above twice the largest
-// value on all results are 0.
+// Division of integers by 2^n, n > 0, to nearest with ties to even; R is E or a vector of it.
+// `bitFree` says that a bit of E is free for the sum with half a unit.
+template <class R, class E, bool bitFree>
+class RoundedShift {
+  using Unsigned = std::conditional_t<sizeof(E) == 4, Mox32u, Mox64u>;
+  using UnsignedR =
+      std::conditional_t<std::is_same_v<R, E>, Unsigned, V<Unsigned, sizeof(R) / sizeof(E)>>;
+  static constexpr int bits = 8 * sizeof(E);
+
+ public:
+  explicit RoundedShift(int n) : n_(std::min(n, bits - 1)), bias_(lanes((E(1) << (n_ - 1)) - 1)) {
+    if constexpr (!bitFree) {
+      mask_ = lanes(E((Unsigned(1) << n_) - 1));
+      // From 2^bits on the parity of the whole alone, -1 or 0, decides on a carry that makes it 0.
+      if (n >= bits) mask_ = lanes(0), bias_ = lanes(std::numeric_limits<E>::max());
+    }
+  }
+
+  [[gnu::always_inline]] R operator()(R r) const {
+    const R whole = r >> n_;
+    if constexpr (bitFree) return (r + bias_ + (whole & 1)) >> n_;
+    // The fraction is rounded apart from the whole, and its carry added.
+    const auto fraction = UnsignedR(r & mask_) + UnsignedR(bias_) + UnsignedR(whole & 1);
+    return whole + R(fraction >> n_);
+  }
+
+ private:
+  static R lanes(E e) {
+    if constexpr (std::is_same_v<R, E>)
+      return e;
+    else
+      return broadcast<R>(e);
+  }
+
+  int n_;
+  R mask_, bias_;
+};
+
+// The same for doubles that are integers up to 2^magnitude.
+template <int magnitude>
+class RoundedQuotient {
+ public:
+  explicit RoundedQuotient(int n)
+      : factor_(broadcast<V<Mox64f, 4>>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)))) {}
+
+  [[gnu::always_inline]] V<Mox64f, 4> operator()(V<Mox64f, 4> r) const {
+    return nearestInteger(r * factor_);
+  }
+
+ private:
+  V<Mox64f, 4> factor_;
+};
+
+// A factor above 0: division by 2^n.
 template <int magnitude>
 class ScaledDown {
   using Scalar = Exact<magnitude>;
   using Vector = ExactVector<magnitude>;
-  static constexpr int topBit = 8 * sizeof(Scalar) - 1;
 
  public:
-  explicit ScaledDown(int n)
-      : scalarShift_(std::min(n, topBit)), scalarBias_((Scalar(1) << (scalarShift_ - 1)) - 1) {
-    if constexpr (magnitude < 31) {
-      bias_ = broadcast<Vector>(scalarBias_);
-    } else if constexpr (magnitude == 31) {
-      // From 2^32 on the parity of the whole alone, -1 or 0, decides on a carry that makes it 0.
-      vectorShift_ = std::min(n, 31);
-      mask_ = broadcast<Vector>(n > 31 ? 0 : Mox32s((Mox32u(1) << n) - 1));
-      bias_ = broadcast<Vector>(n > 31 ? 0x7FFFFFFF : (Mox32s(1) << (n - 1)) - 1);
-    } else {
-      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)));
-    }
-  }
+  explicit ScaledDown(int n) : scalar_(n), vector_(n) {}
 
-  [[gnu::always_inline]] Scalar operator()(Scalar r) const {
-    return (r + scalarBias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
-  }
-
-  [[gnu::always_inline]] Vector operator()(Vector r) const {
-    if constexpr (magnitude < 31) {
-      return (r + bias_ + ((r >> scalarShift_) & 1)) >> scalarShift_;
-    } else if constexpr (magnitude == 31) {
-      // No bit is free: the fraction is rounded apart from the whole, and its carry added.
-      const Vector whole = r >> vectorShift_;
-      const auto fraction = V<Mox32u, 4>(r & mask_) + V<Mox32u, 4>(bias_) + V<Mox32u, 4>(whole & 1);
-      return whole + Vector(fraction >> vectorShift_);
-    } else {
-      return nearestInteger(r * factor_);
-    }
-  }
+  [[gnu::always_inline]] Scalar operator()(Scalar r) const { return scalar_(r); }
+  [[gnu::always_inline]] Vector operator()(Vector r) const { return vector_(r); }
 
  private:
-  int scalarShift_, vectorShift_;
-  Scalar scalarBias_;
-  V<Mox32s, 4> mask_, bias_;
-  V<Mox64f, 4> factor_;
+  RoundedShift<Scalar, Scalar, magnitude != 63> scalar_;
+  std::conditional_t<magnitude <= 31, RoundedShift<Vector, Mox32s, magnitude != 31>,
+                     RoundedQuotient<magnitude>>
+      vector_;
 };
 
 // A factor below 0: multiplication by 2^n, stopped at the limits of T before it can wrap. From 2^n

@@ -4,6 +4,8 @@
 
 #include <immintrin.h>
 
+#include <cmath>
+
 namespace mox {
 
 enum class Rounding : unsigned { nearEven = 0x0000, down = 0x2000, up = 0x4000, zero = 0x6000 };
@@ -39,5 +41,13 @@ class RoundingScope {
   unsigned outer_;
   bool changed_;
 };
+
+// Whether the rounding mode in force is downward, by the sign of a difference of equals: unlike a
+// read of the control word this doesn't wait for the arithmetic under way.
+inline bool roundsDown() {
+  float one = 1;
+  asm volatile("" : "+x"(one));
+  return std::signbit(one - one);
+}
 
 }  // namespace mox

@@ -125,6 +125,12 @@ template <class E = Mox32s>
           V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
 }
 
+// Two vectors of 16 bytes as one of 32.
+template <class Wide, class Half>
+[[gnu::always_inline]] inline Wide join(Half low, Half high) {
+  return Wide(_mm256_set_m128i(__m128i(high), __m128i(low)));
+}
+
 // Two vectors joined, each lane saturated to E.
 template <class E>
 [[gnu::always_inline]] inline V<E, 8> packSaturated(V<Mox32s, 4> low, V<Mox32s, 4> high) {
@@ -141,13 +147,11 @@ template <class E>
     return V<E, 16>(_mm_packus_epi16(__m128i(low), __m128i(high)));
 }
 
-// Every lane holds the same value. Spelled out lane by lane it is one instruction from memory.
+// Every lane holds the same value.
 template <class T, class E>
 [[gnu::always_inline]] inline T broadcast(E e) {
-  return [&]<int... i>(std::integer_sequence<int, i...>) {
-    return T{(void(i), e)...};
-  }
-  (std::make_integer_sequence<int, sizeof(T) / sizeof(E)>());
+  return [e]<std::size_t... lane>(std::index_sequence<lane...>) { return T{(void(lane), e)...}; }
+  (std::make_index_sequence<sizeof(T) / sizeof(E)>());
 }
 
 // Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
@@ -162,6 +166,78 @@ template <auto index, class T>
 template <auto index, class T>
 [[gnu::always_inline]] inline T shuffle(T a) {
   return shuffle<index>(a, a);
+}
+
+// Parts of two vectors within their blocks of 16 bytes, elements E of either in turn: the lower or
+// the upper half of each block.
+template <class E, class T>
+[[gnu::always_inline]] inline T unpackLow(T a, T b) {
+  constexpr int block = 16 / sizeof(E), lanes = sizeof(T) / sizeof(E);
+  using W = V<E, lanes>;
+  return T(
+      shuffle<[](int i) { return i % 2 * lanes + i / block * block + i % block / 2; }>(W(a), W(b)));
+}
+template <class E, class T>
+[[gnu::always_inline]] inline T unpackHigh(T a, T b) {
+  constexpr int block = 16 / sizeof(E), lanes = sizeof(T) / sizeof(E);
+  using W = V<E, lanes>;
+  return T(
+      shuffle<[](int i) { return i % 2 * lanes + i / block * block + block / 2 + i % block / 2; }>(
+          W(a), W(b)));
+}
+
+// The lower halves of two vectors joined, and the upper ones.
+template <class T>
+[[gnu::always_inline]] inline T joinLow(T a, T b) {
+  constexpr int half = sizeof(T) / sizeof(a[0]) / 2;
+  return shuffle<[](int i) { return i < half ? i : i + half; }>(a, b);
+}
+template <class T>
+[[gnu::always_inline]] inline T joinHigh(T a, T b) {
+  constexpr int half = sizeof(T) / sizeof(a[0]) / 2;
+  return shuffle<[](int i) { return i < half ? i + half : i + 2 * half; }>(a, b);
+}
+
+// Rows become columns.
+[[gnu::always_inline]] inline void transpose(V<Mox64f> (&r)[4]) {
+  const V<Mox64f> a = unpackLow<Mox64f>(r[0], r[1]), b = unpackHigh<Mox64f>(r[0], r[1]);
+  const V<Mox64f> c = unpackLow<Mox64f>(r[2], r[3]), d = unpackHigh<Mox64f>(r[2], r[3]);
+  r[0] = joinLow(a, c);
+  r[1] = joinLow(b, d);
+  r[2] = joinHigh(a, c);
+  r[3] = joinHigh(b, d);
+}
+[[gnu::always_inline]] inline void transpose(V<Mox32f> (&r)[8]) {
+  V<Mox32f> quads[2][4];  // columns of the upper four rows, and of the lower four
+  for (int half = 0; half < 2; ++half) {
+    const V<Mox32f>* p = r + 4 * half;
+    const V<Mox32f> a = unpackLow<Mox32f>(p[0], p[1]), b = unpackHigh<Mox32f>(p[0], p[1]);
+    const V<Mox32f> c = unpackLow<Mox32f>(p[2], p[3]), d = unpackHigh<Mox32f>(p[2], p[3]);
+    quads[half][0] = unpackLow<Mox64f>(a, c);
+    quads[half][1] = unpackHigh<Mox64f>(a, c);
+    quads[half][2] = unpackLow<Mox64f>(b, d);
+    quads[half][3] = unpackHigh<Mox64f>(b, d);
+  }
+  for (int i = 0; i < 4; ++i) {
+    r[i] = joinLow(quads[0][i], quads[1][i]);
+    r[i + 4] = joinHigh(quads[0][i], quads[1][i]);
+  }
+}
+
+// Whether a comparison holds in any lane.
+[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 8> comparison) {
+  return _mm256_movemask_ps(__m256(comparison)) != 0;
+}
+[[gnu::always_inline]] inline bool anyLane(V<Mox64s, 4> comparison) {
+  return _mm256_movemask_pd(__m256d(comparison)) != 0;
+}
+
+// a - b in even lanes, a + b in odd ones.
+[[gnu::always_inline]] inline V<Mox32f> addSubtract(V<Mox32f> a, V<Mox32f> b) {
+  return V<Mox32f>(_mm256_addsub_ps(a, b));
+}
+[[gnu::always_inline]] inline V<Mox64f> addSubtract(V<Mox64f> a, V<Mox64f> b) {
+  return V<Mox64f>(_mm256_addsub_pd(a, b));
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
@@ -234,16 +310,8 @@ template <class T>
 [[gnu::always_inline]] inline int signBits(V<Mox32f> v) { return _mm256_movemask_ps(v); }
 [[gnu::always_inline]] inline int signBits(V<Mox64f> v) { return _mm256_movemask_pd(v); }
 
-// a - b in the even lanes, a + b in the odd ones.
-[[gnu::always_inline]] inline V<Mox32f> subtractAdd(V<Mox32f> a, V<Mox32f> b) {
-  return V<Mox32f>(_mm256_addsub_ps(a, b));
-}
-[[gnu::always_inline]] inline V<Mox64f> subtractAdd(V<Mox64f> a, V<Mox64f> b) {
-  return V<Mox64f>(_mm256_addsub_pd(a, b));
-}
-
-// `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic apart
-// into a branch for each lane.
+// `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic
+// apart into a branch for each lane.
 [[gnu::always_inline]] inline V<Mox32f> select(V<Mox32f> mask, V<Mox32f> yes, V<Mox32f> no) {
   V<Mox32f> r;
   asm("vblendvps %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));

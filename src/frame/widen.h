@@ -14,9 +14,8 @@ template <class Wide, class E>
     return load<Wide>(p);
   } else if constexpr (std::is_same_v<Wide, V<Mox32f>>) {
     // The two halves of an integer register are joined for one conversion.
-    const __m128i low = __m128i(loadWidened<V<Mox32s, 4>>(p));
-    const __m128i high = __m128i(loadWidened<V<Mox32s, 4>>(p + 4));
-    return Wide(_mm256_cvtepi32_ps(_mm256_set_m128i(high, low)));
+    using Half = V<Mox32s, 4>;
+    return Wide(_mm256_cvtepi32_ps(join<__m256i>(loadWidened<Half>(p), loadWidened<Half>(p + 4))));
   } else if constexpr (std::is_same_v<Wide, V<Mox64f>>) {
     if constexpr (std::is_same_v<E, Mox32f>)
       return Wide(_mm256_cvtps_pd(load<__m128>(p)));

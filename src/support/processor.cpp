@@ -76,6 +76,12 @@ std::uint64_t moxGetEnabledCpuFeatures() {
   return features;
 }
 
+void ownGetCpuid(unsigned leaf, unsigned (*registers)[4]) {
+  const CpuidResult r = cpuid(leaf);
+  const unsigned abcd[4] = {r.eax, r.ebx, r.ecx, r.edx};
+  std::copy(abcd, abcd + 4, *registers);
+}
+
 int ownGetFeature(std::uint64_t mask) {
   std::uint64_t features = enabledFeatures.load(std::memory_order_relaxed);
   if (features == 0)

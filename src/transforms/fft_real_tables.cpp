@@ -1,6 +1,6 @@
 #include "transforms/fft_real_tables.h"
 
-#include <moxsp/types.h>
+#include "frame/arena.h"
 
 namespace mox {
 namespace {
@@ -9,8 +9,8 @@ namespace {
 template <class F>
 class QuarterWave {
  public:
-  QuarterWave(int order, const F* sine, int sinLog)
-      : sine_(sine), step_(1L << (sinLog - order)), quarter_((1L << order) / 4) {}
+  QuarterWave(int order, QuarterSine<F> sine)
+      : sine_(sine.at), step_(1L << (sine.log - order)), quarter_((1L << order) / 4) {}
 
   F sin(long i) const { return sine_[i * step_]; }
   F cos(long i) const { return sine_[(quarter_ - i) * step_]; }
@@ -45,27 +45,32 @@ F* writeTwiddles(int order, const QuarterWave<F>& wave, F* table) {
   return table;
 }
 
+template <class F>
+Mox8u* placeBehind(F* table) {
+  return reinterpret_cast<Mox8u*>(alignUp(table, fftAlignment));
+}
+
 }  // namespace
 
 template <class F>
-F* ownFftRealTwiddleFwd(int order, const F* sine, int sinLog, F* table) {
-  const QuarterWave<F> wave(order, sine, sinLog);
-  if (order >= fftTwoLevelOrder) return alignUp(writeTwiddles(order, wave, table), 64);
+Mox8u* ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
+  const QuarterWave<F> wave(order, sine);
+  if (order >= fftTwoLevelOrder) return placeBehind(writeTwiddles(order, wave, table));
   const auto halved = [&](F* p, long i) {
     p[0] = F(0.5) * wave.cos(i);
     p[1] = F(0.5 - 0.5 * Mox64f(wave.sin(i)));
   };
-  return alignUp(writeSwapped(table, wave.quarter(), halved), 64);
+  return placeBehind(writeSwapped(table, wave.quarter(), halved));
 }
 
 template <class F>
-F* ownFftRealTwiddleInv(int order, const F* sine, int sinLog, F* table) {
-  return alignUp(writeTwiddles(order, QuarterWave<F>(order, sine, sinLog), table), 64);
+Mox8u* ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table) {
+  return placeBehind(writeTwiddles(order, QuarterWave<F>(order, sine), table));
 }
 
-template Mox32f* ownFftRealTwiddleFwd(int, const Mox32f*, int, Mox32f*);
-template Mox64f* ownFftRealTwiddleFwd(int, const Mox64f*, int, Mox64f*);
-template Mox32f* ownFftRealTwiddleInv(int, const Mox32f*, int, Mox32f*);
-template Mox64f* ownFftRealTwiddleInv(int, const Mox64f*, int, Mox64f*);
+template Mox8u* ownFftRealTwiddleFwd(int, QuarterSine<Mox32f>, Mox32f*);
+template Mox8u* ownFftRealTwiddleFwd(int, QuarterSine<Mox64f>, Mox64f*);
+template Mox8u* ownFftRealTwiddleInv(int, QuarterSine<Mox32f>, Mox32f*);
+template Mox8u* ownFftRealTwiddleInv(int, QuarterSine<Mox64f>, Mox64f*);
 
 }  // namespace mox

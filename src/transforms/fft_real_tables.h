@@ -2,9 +2,12 @@
 // W[k] = exp(-2 pi i k / N), the passes use k = 1 to N/4 in the order 2, 1, 4, 3, 6, 5 ...
 #pragma once
 
-#include "frame/arena.h"
+#include "transforms/fft_tables.h"
 
 namespace mox {
+
+template <class F>
+constexpr FftKind fftRealId = sizeof(F) == 4 ? fftReal32f : fftReal64f;
 
 // From this order on the tables have two levels: W[b * fineTwiddles + i] is the product of the
 // coarse entry b and the fine entry i, for i = 1 to fineTwiddles. Both tables would fill half the
@@ -21,11 +24,10 @@ constexpr long realTwiddleCount(int order) {
 }
 
 // Forward: entries (cos / 2, 1/2 - sin / 2) of the angle 2 pi k / N, or two levels of W. Inverse:
-// entries W, in one or two levels. `sine` is a quarter wave, sin(2 pi i / 2^sinLog). The result is
-// the next 64-byte boundary behind the table.
+// entries W, in one or two levels. The result is the place for the next table.
 template <class F>
-F* ownFftRealTwiddleFwd(int order, const F* sine, int sinLog, F* table);
+Mox8u* ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table);
 template <class F>
-F* ownFftRealTwiddleInv(int order, const F* sine, int sinLog, F* table);
+Mox8u* ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table);
 
 }  // namespace mox

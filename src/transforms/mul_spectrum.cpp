@@ -7,6 +7,7 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
+#include "transforms/fft_real.h"
 #include "transforms/packed_layouts.h"
 #include "transforms/pairs.h"
 
@@ -96,6 +97,13 @@ MoxStatus mulScaledInPlace(const Mox16s* src, Mox16s* srcDst, int len, int scale
 }
 
 }  // namespace
+
+template <class F>
+MoxStatus ownMulPerm_I(const F* src, F* srcDst, int len) {
+  return mulInPlace<PermLayout>(src, srcDst, len);
+}
+template MoxStatus ownMulPerm_I(const Mox32f*, Mox32f*, int);
+template MoxStatus ownMulPerm_I(const Mox64f*, Mox64f*, int);
 
 MOX_EXPORT(moxsMulPack_32f, mul<PackLayout, Mox32f>);
 MOX_EXPORT(moxsMulPack_64f, mul<PackLayout, Mox64f>);

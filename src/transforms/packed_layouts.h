@@ -30,12 +30,18 @@ struct CcsLayout {
 constexpr bool hasMiddle(long n) { return n % 2 == 0; }
 constexpr long interiorPairs(long n) { return (n - 1) / 2; }
 
+// The interior pairs from one layout's places to another's; the arrays may be one.
+template <class From, class To, class E>
+void movePairs(const E* src, E* dst, long n) {
+  src += From::firstPair(n), dst += To::firstPair(n);
+  if (src != dst) std::memmove(dst, src, 2 * interiorPairs(n) * sizeof(E));
+}
+
 // Turns a Perm spectrum into another layout in place.
 template <class Layout, class E>
 void fromPerm(E* p, long n) {
   const E middle = hasMiddle(n) ? load<E>(p + PermLayout::middle(n)) : E(0);
-  std::memmove(p + Layout::firstPair(n), p + PermLayout::firstPair(n),
-               2 * interiorPairs(n) * sizeof(E));
+  movePairs<PermLayout, Layout>(p, p, n);
   if (hasMiddle(n)) store(p + Layout::middle(n), middle);
   if constexpr (Layout::imaginaryEnds) {
     store(p + 1, E(0));
@@ -47,8 +53,7 @@ void fromPerm(E* p, long n) {
 template <class Layout, class E>
 void toPerm(const E* src, E* dst, long n) {
   const E first = load<E>(src), middle = hasMiddle(n) ? load<E>(src + Layout::middle(n)) : E(0);
-  std::memmove(dst + PermLayout::firstPair(n), src + Layout::firstPair(n),
-               2 * interiorPairs(n) * sizeof(E));
+  movePairs<Layout, PermLayout>(src, dst, n);
   store(dst, first);
   if (hasMiddle(n)) store(dst + PermLayout::middle(n), middle);
 }

@@ -14,6 +14,8 @@ template <class T>
 struct Pair {
   T re, im;
 };
+template <class T>
+Pair(T, T) -> Pair<T>;
 
 // How many numbers an operand holds: one, or as many as a vector has lanes.
 template <class T>

@@ -26,10 +26,10 @@ struct FloatCase {
   double bound;
 };
 const FloatCase floatCases[] = {
-    {"exp", moxsExp_32f, mpfr_exp, std::exp, 3.1},
-    {"ln", moxsLn_32f, mpfr_log, std::log, 4.1},
-    {"arctan", moxsArctan_32f, mpfr_atan, std::atan, 5.4},
-    {"cubrt", moxsCubrt_32f, mpfr_cbrt, std::cbrt, 7.8},
+    {"exp", moxsExp_32f, mpfr_exp, std::exp, 2.94},
+    {"ln", moxsLn_32f, mpfr_log, std::log, 3.94},
+    {"arctan", moxsArctan_32f, mpfr_atan, std::atan, 5.62},
+    {"cubrt", moxsCubrt_32f, mpfr_cbrt, std::cbrt, 7.74},
     {"sqrt", moxsSqrt_32f, mpfr_sqrt, std::sqrt, 0.5},
 };
 
@@ -111,8 +111,8 @@ void checkRange(const char* name, Function<S, D> function, test::ExactFunction e
 
 TEST(ElementaryAccuracy, DoublesStayWithinTheStatedBounds) {
   for (const Range range : {Range{-746, 710}, {-1, 1}, {1e-300, 1e-3}}) {
-    checkRange("exp", moxsExp_64f, mpfr_exp, range, 1.0);
-    checkRange("exp to double", moxsExp_32f64f, mpfr_exp, range, 1.0);
+    checkRange("exp", moxsExp_64f, mpfr_exp, range, 1.1);
+    checkRange("exp to double", moxsExp_32f64f, mpfr_exp, range, 1.1);
   }
   for (const Range range : {Range{0.25, 4}, {0.99, 1.01}, {1e-300, 1e300}, {5e-324, 1e-307}}) {
     checkRange("ln", moxsLn_64f, mpfr_log, range, 1.0);

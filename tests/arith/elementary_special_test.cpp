@@ -4,8 +4,10 @@
 #include <immintrin.h>
 #include <moxsp.h>
 
+#include <array>
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -273,6 +275,44 @@ TEST(ElementarySpecial, SumsOfLogarithmsWarnAtEveryPosition) {
       EXPECT_EQ(moxsSumLn_64f(d.data(), len, &wide), moxOk);
       EXPECT_NEAR(wide, std::log(5e-324), 1e-12);
     }
+}
+
+template <class E, class F>
+void checkSquares(MoxStatus (*function)(const E*, E*, int), F plain) {
+  test::Random random;
+  for (int offset = 0; offset < 4; ++offset)
+    for (int len = 1; len < 45; ++len) {
+      const std::vector<E> x = random.vector<E>(len);
+      std::vector<E> y(len + offset);
+      ASSERT_EQ(function(x.data(), y.data() + offset, len), moxOk);
+      for (int i = 0; i < len; ++i)
+        ASSERT_TRUE(std::memcmp(&y[offset + i], std::array{plain(x[i])}.data(), sizeof(E)) == 0)
+            << len << " at " << i;
+    }
+}
+
+TEST(ElementarySpecial, SquaresOfFloatsAreTheirFormulas) {
+  checkSquares(moxsSqr_32f, [](Mox32f x) { return x * x; });
+  checkSquares(moxsSqr_64f, [](Mox64f x) { return x * x; });
+  const auto complex = [](auto z) {
+    return decltype(z){z.re * z.re - z.im * z.im, z.re * z.im + z.im * z.re};
+  };
+  checkSquares<Mox32fc>(moxsSqr_32fc, complex);
+  checkSquares<Mox64fc>(moxsSqr_64fc, complex);
+}
+
+TEST(ElementarySpecial, AbsoluteFloatsLoseTheirSignAlone) {
+  test::Random random;
+  std::vector<Mox32f> x(10000), y(x.size());
+  for (Mox32f& e : x) e = random.anyFloat<Mox32f>();
+  const std::vector<Mox64f> wide(x.begin(), x.end());
+  std::vector<Mox64f> got(wide.size());
+  ASSERT_EQ(moxsAbs_32f(x.data(), y.data(), int(x.size())), moxOk);
+  ASSERT_EQ(moxsAbs_64f(wide.data(), got.data(), int(wide.size())), moxOk);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    ASSERT_EQ(bitsOf(y[i]), bitsOf(x[i]) & 0x7FFFFFFF);
+    ASSERT_TRUE(!std::signbit(got[i]) && (got[i] == std::fabs(wide[i]) || std::isnan(wide[i])));
+  }
 }
 
 TEST(ElementarySpecial, ComplexRootsOfSpecialValues) {

@@ -1,10 +1,13 @@
 #include "support/core_probe.h"
 
+#include <algorithm>
+
 extern "C" {
 void* __real_moxMalloc(int bytes);
 void __real_moxFree(void* p);
 int __real_moxGetMaxCacheSizeB(int* bytes);
 int __real_ownGetFeature(std::uint64_t mask);
+void __real_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]);
 }
 
 namespace {
@@ -15,6 +18,7 @@ CoreProbe::CoreProbe() { active = this; }
 CoreProbe::~CoreProbe() { active = nullptr; }
 
 void* CoreProbe::allocate(int bytes) {
+  lastBytes_ = bytes;
   if (++allocations_ == failAt_) return nullptr;
   void* p = __real_moxMalloc(bytes);
   live_ += p != nullptr;
@@ -38,6 +42,14 @@ int CoreProbe::feature(std::uint64_t mask) const {
   return features_ ? (*features_ & mask) == mask : __real_ownGetFeature(mask);
 }
 
+void CoreProbe::cpuid(unsigned leaf, unsigned (*registers)[4]) {
+  ++cpuidQueries_;
+  if (const auto fixed = cpuid_.find(leaf); fixed != cpuid_.end())
+    std::copy(fixed->second.begin(), fixed->second.end(), *registers);
+  else
+    __real_ownGetCpuid(leaf, registers);
+}
+
 extern "C" {
 void* __wrap_moxMalloc(int bytes) {
   return active ? active->allocate(bytes) : __real_moxMalloc(bytes);
@@ -48,5 +60,8 @@ int __wrap_moxGetMaxCacheSizeB(int* bytes) {
 }
 int __wrap_ownGetFeature(std::uint64_t mask) {
   return active ? active->feature(mask) : __real_ownGetFeature(mask);
+}
+void __wrap_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]) {
+  active ? active->cpuid(leaf, registers) : __real_ownGetCpuid(leaf, registers);
 }
 }

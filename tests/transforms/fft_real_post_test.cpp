@@ -7,6 +7,7 @@
 #include <numbers>
 #include <vector>
 
+#include "frame/arena.h"
 #include "support/accuracy.h"
 #include "support/random.h"
 #include "transforms/fft_real_post.h"
@@ -56,9 +57,11 @@ TYPED_TEST(RealPass, PostAndPreFollowTheirFormulas) {
     const auto sine = quarterWave<F>(sinLog);
     const long places = 2 * mox::realTwiddleCount<F>(order);
     std::vector<F> forward(places + 16, 99), inverse(places + 16, 99);
-    EXPECT_EQ(mox::ownFftRealTwiddleFwd(order, sine.data(), sinLog, alignedTable(forward)),
+    EXPECT_EQ(reinterpret_cast<F*>(mox::ownFftRealTwiddleFwd(
+                  order, mox::QuarterSine<F>{sine.data(), sinLog}, alignedTable(forward))),
               mox::alignUp(alignedTable(forward) + places, 64));
-    mox::ownFftRealTwiddleInv(order, sine.data(), sinLog, alignedTable(inverse));
+    mox::ownFftRealTwiddleInv(order, mox::QuarterSine<F>{sine.data(), sinLog},
+                              alignedTable(inverse));
 
     // Behind a neighbour on each side that must stay as it is, at an odd address.
     const auto z = random.vector<F>(n);

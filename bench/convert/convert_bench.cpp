@@ -1,0 +1,94 @@
+#include <moxsp.h>
+#include <volk/volk.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "support/compare.h"
+
+namespace {
+
+// The peer wants arrays on its own alignment for its fastest path.
+struct VolkFree {
+  void operator()(void* p) const { volk_free(p); }
+};
+template <class E>
+using Array = std::unique_ptr<E[], VolkFree>;
+template <class E>
+Array<E> makeArray(long len) {
+  Array<E> a(static_cast<E*>(volk_malloc(len * sizeof(E), volk_get_alignment())));
+  for (long i = 0; i < len; ++i)
+    a[i] = E((i * 7919 % 2001 - 1000) / (sizeof(E) == 4 ? 1001.0 : 1.0));
+  return a;
+}
+
+template <class S, class D>
+struct Data {
+  explicit Data(long len) : src(makeArray<S>(len)), dst(makeArray<D>(len)) {}
+  Array<S> src;
+  Array<D> dst;
+};
+
+using Sides = std::vector<std::pair<std::string, bench::Call>>;
+
+// `sides` makes the calls for the arrays of one size: ours first, then the peers.
+template <class S, class D, class MakeSides>
+void addSizes(const std::string& family, MakeSides sides) {
+  for (const long bytes : {4L << 10, 256L << 10, 64L << 20}) {
+    const long len = bytes / long(sizeof(S));
+    auto data = std::make_shared<Data<S, D>>(len);
+    Sides all = sides(data->src.get(), data->dst.get(), int(len));
+    for (auto& [name, call] : all) call = [data, inner = call] { inner(); };
+    const bench::Call ours = all.front().second;
+    all.erase(all.begin());
+    bench::add({.family = family,
+                .size = bytes,
+                .work = {.bytesRead = double(bytes), .bytesWritten = double(len * sizeof(D))},
+                .ours = ours,
+                .peers = all});
+  }
+}
+
+void plainToFloat(const Mox16s* src, float* dst, int len, float scale) {
+  for (int i = 0; i < len; ++i) dst[i] = float(src[i]) * scale;
+}
+void plainToInteger(const float* src, Mox16s* dst, int len, float scale) {
+  for (int i = 0; i < len; ++i)
+    dst[i] = Mox16s(std::lrint(std::min(std::max(src[i] * scale, -32768.0f), 32767.0f)));
+}
+void plainWiden(const float* src, double* dst, int len) {
+  for (int i = 0; i < len; ++i) dst[i] = src[i];
+}
+void plainNarrow(const Mox32s* src, Mox16s* dst, int len) {
+  for (int i = 0; i < len; ++i) dst[i] = Mox16s(std::min(std::max(src[i] >> 4, -32768), 32767));
+}
+
+const bool registered = [] {
+  addSizes<Mox16s, float>("convert_16s32f_Sfs", [](auto* src, auto* dst, int len) -> Sides {
+    return {{"moxsp", [=] { moxsConvert_16s32f_Sfs(src, dst, len, 15); }},
+            {"volk", [=] { volk_16i_s32f_convert_32f(dst, src, 32768, len); }},
+            {"loop", [=] { plainToFloat(src, dst, len, 0x1p-15f), bench::clobber(dst); }}};
+  });
+  addSizes<float, Mox16s>("convert_32f16s_Sfs", [](auto* src, auto* dst, int len) -> Sides {
+    return {{"moxsp", [=] { moxsConvert_32f16s_Sfs(src, dst, len, moxRoundNearEven, -15); }},
+            {"volk", [=] { volk_32f_s32f_convert_16i(dst, src, 32768, len); }},
+            {"loop", [=] { plainToInteger(src, dst, len, 32768), bench::clobber(dst); }}};
+  });
+  addSizes<float, double>("convert_32f64f", [](auto* src, auto* dst, int len) -> Sides {
+    return {{"moxsp", [=] { moxsConvert_32f64f(src, dst, len); }},
+            {"volk", [=] { volk_32f_convert_64f(dst, src, len); }},
+            {"loop", [=] { plainWiden(src, dst, len), bench::clobber(dst); }}};
+  });
+  addSizes<Mox32s, Mox16s>("convert_32s16s_Sfs", [](auto* src, auto* dst, int len) -> Sides {
+    return {{"moxsp", [=] { moxsConvert_32s16s_Sfs(src, dst, len, 4); }},
+            {"loop not rounded", [=] { plainNarrow(src, dst, len), bench::clobber(dst); }}};
+  });
+  addSizes<float, Mox16u>("convert_32f16f", [](auto* src, auto* dst, int len) -> Sides {
+    return {{"moxsp", [=] { moxsConvert_32f16f(src, dst, len, moxRoundNearEven); }}};
+  });
+  return true;
+}();
+
+}  // namespace

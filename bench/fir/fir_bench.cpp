@@ -1,0 +1,208 @@
+#include <fftw3.h>
+#include <liquid/liquid.h>
+#include <moxsp.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/compare.h"
+
+namespace {
+
+// What a user would write; the compiler computes a vector of outputs at a time.
+void plainFir(const float* __restrict x, float* __restrict y, int len, const float* __restrict taps,
+              int n) {
+  for (int i = 0; i < len; ++i) {
+    float sum = 0;
+    for (int k = 0; k < n; ++k) sum += taps[k] * x[i - k];
+    y[i] = sum;
+  }
+}
+
+// The same in tiles that stay in the first-level cache while the taps run by.
+void tiledFir(const float* __restrict x, float* __restrict y, int len, const float* __restrict taps,
+              int n) {
+  constexpr int tile = 512;
+  for (int i = 0; i < len; i += tile) {
+    const int count = std::min(tile, len - i);
+    std::fill_n(y + i, count, 0.0f);
+    for (int k = 0; k < n; ++k)
+      for (int j = 0; j < count; ++j) y[i + j] += taps[k] * x[i + j - k];
+  }
+}
+
+void plainComplexFir(const Mox32fc* __restrict x, Mox32fc* __restrict y, int len,
+                     const Mox32fc* __restrict taps, int n) {
+  for (int i = 0; i < len; ++i) {
+    float re = 0, im = 0;
+    for (int k = 0; k < n; ++k) {
+      re += taps[k].re * x[i - k].re - taps[k].im * x[i - k].im;
+      im += taps[k].re * x[i - k].im + taps[k].im * x[i - k].re;
+    }
+    y[i] = {re, im};
+  }
+}
+
+// Overlap-save with transforms of `size` points, planned by measurement.
+class FftwFir {
+ public:
+  FftwFir(const std::vector<float>& taps, int size)
+      : taps_(int(taps.size())),
+        size_(size),
+        time_(fftwf_alloc_real(size)),
+        spectrum_(fftwf_alloc_complex(size / 2 + 1)),
+        response_(size / 2 + 1),
+        forward_(fftwf_plan_dft_r2c_1d(size, time_, spectrum_, FFTW_MEASURE)),
+        inverse_(fftwf_plan_dft_c2r_1d(size, spectrum_, time_, FFTW_MEASURE)) {
+    std::fill_n(time_, size, 0.0f);
+    for (int k = 0; k < taps_; ++k) time_[k] = taps[k] / float(size);
+    fftwf_execute(forward_);
+    for (int k = 0; k <= size / 2; ++k) response_[k] = {spectrum_[k][0], spectrum_[k][1]};
+  }
+  ~FftwFir() {
+    fftwf_destroy_plan(forward_);
+    fftwf_destroy_plan(inverse_);
+    fftwf_free(time_);
+    fftwf_free(spectrum_);
+  }
+
+  // x has taps - 1 samples before it.
+  void run(const float* x, float* y, int len) {
+    const int outputs = size_ - taps_ + 1;
+    for (int i = 0; i < len; i += outputs) {
+      const int count = std::min(outputs, len - i), samples = count + taps_ - 1;
+      std::copy_n(x + i - taps_ + 1, samples, time_);
+      std::fill(time_ + samples, time_ + size_, 0.0f);
+      fftwf_execute(forward_);
+      for (int k = 0; k <= size_ / 2; ++k) {
+        const float re = spectrum_[k][0], im = spectrum_[k][1];
+        spectrum_[k][0] = re * response_[k].re - im * response_[k].im;
+        spectrum_[k][1] = re * response_[k].im + im * response_[k].re;
+      }
+      fftwf_execute(inverse_);
+      std::copy_n(time_ + taps_ - 1, count, y + i);
+    }
+  }
+
+ private:
+  int taps_, size_;
+  float* time_;
+  fftwf_complex* spectrum_;
+  std::vector<Mox32fc> response_;
+  fftwf_plan forward_, inverse_;
+};
+
+constexpr int len = 1 << 16;
+
+template <class E>
+std::vector<E> noise(int count) {
+  std::mt19937 engine(1);
+  std::uniform_real_distribution<float> uniform(-1, 1);
+  std::vector<E> v(count);
+  auto* p = reinterpret_cast<float*>(v.data());
+  for (std::size_t i = 0; i < count * sizeof(E) / sizeof(float); ++i) p[i] = uniform(engine);
+  return v;
+}
+
+template <class E>
+struct Data {
+  explicit Data(int taps)
+      : h(noise<E>(taps)), padded(noise<E>(len + taps - 1)), x(padded.data() + taps - 1), y(len) {}
+  std::vector<E> h, padded;
+  const E* x;
+  std::vector<E> y;
+};
+
+template <class Object, class Destroy>
+std::shared_ptr<Object> shared(Object* object, Destroy destroy) {
+  return std::shared_ptr<Object>(object, destroy);
+}
+
+void addReal(int taps) {
+  auto d = std::make_shared<Data<float>>(taps);
+  MoxsFIRState* state;
+  moxsFIRInitAlloc_32f(&state, d->h.data(), taps, nullptr);
+  const auto fir = shared(state, moxsFIRFree_32f);
+  const auto liquid = shared(firfilt_rrrf_create(d->h.data(), taps), firfilt_rrrf_destroy);
+  std::vector<std::pair<std::string, bench::Call>> peers = {
+      {"loop",
+       [=] {
+         plainFir(d->x, d->y.data(), len, d->h.data(), taps);
+         bench::clobber(d->y.data());
+       }},
+      {"tiled loop",
+       [=] {
+         tiledFir(d->x, d->y.data(), len, d->h.data(), taps);
+         bench::clobber(d->y.data());
+       }},
+      {"liquid direct", [=] {
+         firfilt_rrrf_execute_block(liquid.get(), const_cast<float*>(d->x), len, d->y.data());
+       }}};
+  for (const int factor : {4, 8, 16}) {
+    const auto fftw = std::make_shared<FftwFir>(d->h, std::max(256, factor * taps));
+    peers.emplace_back("fftw " + std::to_string(std::max(256, factor * taps)),
+                       [=] { fftw->run(d->x, d->y.data(), len); });
+  }
+  bench::add({.family = "fir_32f",
+              .size = taps,
+              .work = {.floatOps = 2.0 * taps * len},
+              .ours = [=] { moxsFIR_32f(d->x, d->y.data(), len, fir.get()); },
+              .peers = peers});
+}
+
+// The direct engine at any tap count, by way of a state without delay line.
+void addDirect(int taps) {
+  auto d = std::make_shared<Data<float>>(taps);
+  MoxsFIRState* state;
+  moxsFIRStreamInitAlloc_32f(&state, d->h.data(), taps);
+  const auto fir = shared(state, moxsFIRFree_32f);
+  bench::add({.family = "fir_stream_32f",
+              .size = taps,
+              .work = {.floatOps = 2.0 * taps * len},
+              .ours = [=] { moxsFIR_32f(d->padded.data(), d->y.data(), len, fir.get()); },
+              .peers = {{"loop", [=] {
+                           plainFir(d->x, d->y.data(), len, d->h.data(), taps);
+                           bench::clobber(d->y.data());
+                         }}}});
+}
+
+void addComplex(int taps) {
+  auto d = std::make_shared<Data<Mox32fc>>(taps);
+  MoxsFIRState* state;
+  moxsFIRInitAlloc_32fc(&state, d->h.data(), taps, nullptr);
+  const auto fir = shared(state, moxsFIRFree_32fc);
+  auto* h = reinterpret_cast<liquid_float_complex*>(d->h.data());
+  auto* x = reinterpret_cast<liquid_float_complex*>(const_cast<Mox32fc*>(d->x));
+  auto* y = reinterpret_cast<liquid_float_complex*>(d->y.data());
+  const auto direct = shared(firfilt_cccf_create(h, taps), firfilt_cccf_destroy);
+  std::vector<std::pair<std::string, bench::Call>> peers = {
+      {"loop",
+       [=] {
+         plainComplexFir(d->x, d->y.data(), len, d->h.data(), taps);
+         bench::clobber(d->y.data());
+       }},
+      {"liquid direct", [=] { firfilt_cccf_execute_block(direct.get(), x, len, y); }}};
+  for (const int block : {taps, 4 * taps}) {
+    const auto filter = shared(fftfilt_cccf_create(h, taps, block), fftfilt_cccf_destroy);
+    peers.emplace_back("liquid fft " + std::to_string(2 * block), [=] {
+      for (int i = 0; i < len; i += block) fftfilt_cccf_execute(filter.get(), x + i, y + i);
+    });
+  }
+  bench::add({.family = "fir_32fc",
+              .size = taps,
+              .work = {.floatOps = 8.0 * taps * len},
+              .ours = [=] { moxsFIR_32fc(d->x, d->y.data(), len, fir.get()); },
+              .peers = peers});
+}
+
+const bool registered = [] {
+  for (const int taps : {16, 64, 256, 1024}) addReal(taps);
+  for (const int taps : {16, 64, 256, 1024}) addDirect(taps);
+  for (const int taps : {8, 16, 64, 256}) addComplex(taps);
+  return true;
+}();
+
+}  // namespace

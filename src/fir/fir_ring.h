@@ -1,0 +1,18 @@
+// Every sample twice, in rings of `taps` places one behind the other, so that the last `taps`
+// samples always lie in one stretch.
+#pragma once
+
+#include "frame/vec.h"
+
+namespace mox {
+
+// Takes in a sample and returns the window that ends with it.
+template <class D>
+const D* pushSample(D* ring, int& index, int taps, D sample) {
+  store(ring + index, sample);
+  store(ring + index + taps, sample);
+  if (++index == taps) index = 0;
+  return ring + index;
+}
+
+}  // namespace mox

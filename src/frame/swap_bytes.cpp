@@ -1,0 +1,87 @@
+#include <moxsp/frame.h>
+
+#include <utility>
+
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/map.h"
+#include "frame/packed24.h"
+
+namespace mox {
+namespace {
+
+Mox16u swapped(Mox16u e) { return __builtin_bswap16(e); }
+Mox32u swapped(Mox32u e) { return __builtin_bswap32(e); }
+Mox64u swapped(Mox64u e) { return __builtin_bswap64(e); }
+Packed24u swapped(Packed24u e) {
+  std::swap(e.bytes[0], e.bytes[2]);
+  return e;
+}
+
+using Bytes = V<Mox8u, 16>;
+
+// Where the byte that belongs at place i stands: mirrored within its element.
+template <int size>
+constexpr int mirrored(int i) {
+  return i / size * size + size - 1 - i % size;
+}
+
+template <int size>
+[[gnu::always_inline]] inline void swapBlock(Bytes (&v)[4]) {
+  for (Bytes& b : v) b = shuffle<mirrored<size>>(b);
+}
+
+// Sixteen elements of three bytes: those across a vector boundary draw from both sides.
+template <int size>
+[[gnu::always_inline]] inline void swapBlock(Bytes (&v)[3]) {
+  constexpr auto first = [](int i) { return mirrored<3>(i); };
+  constexpr auto last = [](int i) { return mirrored<3>(32 + i) - 16; };
+  // Place 1 of the middle draws from the first vector and place 14 from the last one.
+  constexpr auto middle = [](int i) { return i == 14 ? 30 : mirrored<3>(16 + i); };
+  constexpr auto third = [](int i) { return i == 14 ? 16 : i; };
+  const Bytes a = shuffle<first>(v[0], v[1]), c = shuffle<last>(v[1], v[2]);
+  v[1] = shuffle<third>(shuffle<middle>(v[0], v[1]), v[2]);
+  v[0] = a, v[2] = c;
+}
+
+template <class E>
+void swapElements(const E* src, E* dst, long len) {
+  constexpr int size = sizeof(E), vecs = size == 3 ? 3 : 4;
+  constexpr long vector = sizeof(Bytes), block = vecs * vector / size;
+  forBlocks<block>(
+      src != dst && bypasses<Stores::bypassing, E, E>(len), dst, len,
+      [&](long i) { store(dst + i, swapped(load<E>(src + i))); },
+      [&](long i, auto put) {
+        const auto* from = reinterpret_cast<const Mox8u*>(src + i);
+        auto* to = reinterpret_cast<Mox8u*>(dst + i);
+        Bytes v[vecs];
+        for (int j = 0; j < vecs; ++j) v[j] = load<Bytes>(from + j * vector);
+        swapBlock<size>(v);
+        for (int j = 0; j < vecs; ++j) put(to + j * vector, v[j]);
+      });
+}
+
+template <class E>
+MoxStatus swapBytes(const Public<E>* src, Public<E>* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  swapElements(reinterpret_cast<const E*>(src), reinterpret_cast<E*>(dst), len);
+  return moxOk;
+}
+
+template <class E>
+MoxStatus swapBytesInPlace(Public<E>* srcDst, int len) {
+  return swapBytes<E>(srcDst, srcDst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsSwapBytes_16u, swapBytes<Mox16u>);
+MOX_EXPORT(moxsSwapBytes_24u, swapBytes<Packed24u>);
+MOX_EXPORT(moxsSwapBytes_32u, swapBytes<Mox32u>);
+MOX_EXPORT(moxsSwapBytes_64u, swapBytes<Mox64u>);
+MOX_EXPORT(moxsSwapBytes_16u_I, swapBytesInPlace<Mox16u>);
+MOX_EXPORT(moxsSwapBytes_24u_I, swapBytesInPlace<Packed24u>);
+MOX_EXPORT(moxsSwapBytes_32u_I, swapBytesInPlace<Mox32u>);
+MOX_EXPORT(moxsSwapBytes_64u_I, swapBytesInPlace<Mox64u>);
+
+}  // namespace mox

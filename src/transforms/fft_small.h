@@ -1,0 +1,115 @@
+// Straight-line transforms of 2^order numbers for orders 0 to 6. Each reads all of its source
+// before it writes, so that source and destination may be one array.
+#pragma once
+
+#include "transforms/fft_butterflies.h"
+#include "transforms/fft_spec.h"
+#include "transforms/fft_views.h"
+#include "transforms/turn.h"
+
+namespace mox {
+namespace detail {
+
+// Each row's numbers become columns.
+[[gnu::always_inline]] inline void transposeNumbers(Mixed<Mox32f> (&z)[4]) {
+  V<Mox64f> r[4] = {V<Mox64f>(z[0].v), V<Mox64f>(z[1].v), V<Mox64f>(z[2].v), V<Mox64f>(z[3].v)};
+  transpose(r);
+  for (int i = 0; i < 4; ++i) z[i].v = V<Mox32f>(r[i]);
+}
+[[gnu::always_inline]] inline void transposeNumbers(Mixed<Mox64f> (&z)[2]) {
+  const V<Mox64f> first = joinLow(z[0].v, z[1].v);
+  z[1].v = joinHigh(z[0].v, z[1].v);
+  z[0].v = first;
+}
+
+// exp(-2 pi i r c / n), or its conjugate, for the rows r from 1 on and the columns c: real parts
+// twice, and imaginary parts with the signs that addSubtract() wants.
+template <class F, int rows, int columns, Direction direction>
+struct RowTwiddles {
+  alignas(vectorBytes) F re[rows - 1][2 * columns], im[rows - 1][2 * columns];
+
+  constexpr RowTwiddles() : re{}, im{} {
+    for (int r = 1; r < rows; ++r)
+      for (int c = 0; c < columns; ++c) {
+        const auto w = twiddleOf<F>(r * c, rows * columns);
+        const F turned = direction == Direction::forward ? w.im : -w.im;
+        re[r - 1][2 * c] = re[r - 1][2 * c + 1] = w.re;
+        im[r - 1][2 * c] = im[r - 1][2 * c + 1] = turned;
+      }
+  }
+};
+template <class F, int rows, int columns, Direction direction>
+constexpr RowTwiddles<F, rows, columns, direction> rowTwiddles;
+
+// Number n = columns * r + c is turned over the rows, then over the columns.
+template <Direction direction, bool scaled, int rows, int columns, class Source, class Target,
+          class F>
+void smallInRows(Source src, Target dst, F factor) {
+  constexpr int width = numbersInMixed<F>;
+  constexpr const auto& twiddles = rowTwiddles<F, rows, columns, direction>;
+  Mixed<F> turned[columns][rows / width];
+  for (int v = 0; v < columns / width; ++v) {
+    Mixed<F> a[rows];
+    for (int r = 0; r < rows; ++r) a[r] = src.mixed(r * columns + v * width);
+    butterfly<direction, F>(a);
+    for (int r = 1; r < rows; ++r)
+      a[r].v =
+          addSubtract(a[r].v * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
+                      partsSwapped<F>(a[r].v) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
+    for (int g = 0; g < rows / width; ++g) {
+      Mixed<F> square[width];
+      for (int i = 0; i < width; ++i) square[i] = a[g * width + i];
+      transposeNumbers(square);
+      for (int i = 0; i < width; ++i) turned[v * width + i][g] = square[i];
+    }
+  }
+  for (int g = 0; g < rows / width; ++g) {
+    Mixed<F> a[columns];
+    for (int c = 0; c < columns; ++c) a[c] = turned[c][g];
+    butterfly<direction, F>(a);
+    for (int c = 0; c < columns; ++c) {
+      if constexpr (scaled) a[c] = a[c] * factor;
+      dst.putMixed(c * rows + g * width, a[c]);
+    }
+  }
+}
+
+template <Direction direction, bool scaled, int order, class Source, class Target, class F>
+void smallTransform(Source src, Target dst, F factor) {
+  if constexpr (order <= 3) {
+    constexpr int n = 1 << order;
+    Lanes<F> a[n];
+    for (int i = 0; i < n; ++i) a[i] = src.number(i);
+    butterfly<direction, F>(a);
+    for (int i = 0; i < n; ++i) dst.putNumber(i, scaled ? a[i] * factor : a[i]);
+  } else {
+    constexpr int rows = 1 << (order + 1) / 2, columns = 1 << order / 2;
+    smallInRows<direction, scaled, rows, columns>(src, dst, factor);
+  }
+}
+
+}  // namespace detail
+
+// Kernels by order; `factor` multiplies the result in the scaled ones only.
+template <class F, Direction direction, template <class> class Layout>
+struct SmallTransforms {
+  using Kernel = void (*)(Layout<const F> src, Layout<F> dst, F factor);
+  Kernel plain[fftMaxSmallOrder + 1], scaled[fftMaxSmallOrder + 1];
+
+  constexpr SmallTransforms() : plain{}, scaled{} {
+    fill(std::make_integer_sequence<int, fftMaxSmallOrder + 1>());
+  }
+
+ private:
+  template <int... order>
+  constexpr void fill(std::integer_sequence<int, order...>) {
+    using Source = Layout<const F>;
+    using Target = Layout<F>;
+    ((plain[order] = detail::smallTransform<direction, false, order, Source, Target, F>), ...);
+    ((scaled[order] = detail::smallTransform<direction, true, order, Source, Target, F>), ...);
+  }
+};
+template <class F, Direction direction, template <class> class Layout>
+constexpr SmallTransforms<F, direction, Layout> ownFftSmall;
+
+}  // namespace mox

@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+#include <moxsp.h>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <x86intrin.h>
+
+#include <cstring>
+
+#include "support/guarded_array.h"
+#include "support/random.h"
+
+namespace {
+
+using test::Guard;
+using test::GuardedArray;
+using Bytes = std::vector<Mox8u>;
+
+// Both arrays end, or both begin, at an inaccessible page.
+void checkCopy(test::Random& random, int len, int srcOffset, int dstOffset, Guard side) {
+  const int srcPad = side == Guard::after ? 0 : srcOffset;
+  const int dstPad = side == Guard::after ? 0 : dstOffset;
+  GuardedArray<Mox8u> src(len + srcOffset, side), dst(len + dstOffset, side);
+  for (Mox8u& b : src) b = Mox8u(random.bits());
+  std::fill(dst.begin(), dst.end(), 0x5A);
+  ASSERT_EQ(moxsCopy_8u(src.data() + srcOffset - srcPad, dst.data() + dstOffset - dstPad, len),
+            moxOk);
+  ASSERT_EQ(std::memcmp(src.data() + srcOffset - srcPad, dst.data() + dstOffset - dstPad, len), 0)
+      << "len " << len << " offsets " << srcOffset << ' ' << dstOffset;
+  for (int i = 0; i < dstOffset; ++i)
+    ASSERT_EQ(dst[side == Guard::after ? i : len + i], 0x5A) << "len " << len;
+}
+
+TEST(Copy, EveryLengthAndDistanceOfAlignment) {
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  for (const Guard side : {Guard::before, Guard::after})
+    for (int len = 1; len <= 420; len += len < 300 ? 1 : 7)
+      for (int offset = 0; offset < 4; ++offset)
+        checkCopy(random, len, offset * 5, offset == 3 ? 0 : offset, side);
+}
+
+// Around the string move, for each distance modulo 4 and where loads and stores share a page line.
+TEST(Copy, StringMoveAtEveryAlignment) {
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  for (const int len : {32767, 32768, 32769, 40003})
+    for (int srcOffset = 0; srcOffset < 4; ++srcOffset)
+      for (const int dstOffset : {0, 1, 2, 3, 66, 130})
+        for (const Guard side : {Guard::before, Guard::after})
+          checkCopy(random, len, srcOffset, dstOffset, side);
+}
+
+TEST(Copy, DirectionFlagIsIgnoredAndKept) {
+  const Bytes src(50000, 7);
+  Bytes dst(50000);
+  asm volatile("std");
+  const MoxStatus status = moxsCopy_8u(src.data(), dst.data(), 50000);
+  const bool kept = __readeflags() >> 10 & 1;
+  asm volatile("cld");
+  EXPECT_EQ(status, moxOk);
+  EXPECT_TRUE(kept);
+  EXPECT_EQ(dst, src);
+}
+
+// More bytes than an int counts: 2 GiB of addresses over one MiB of memory, but for the last page.
+class HugeArray {
+ public:
+  static constexpr std::size_t chunk = 1 << 20, page = 4096, size = (std::size_t(2) << 30) + page;
+
+  HugeArray() {
+    const int file = memfd_create("huge", 0);
+    if (ftruncate(file, chunk + page)) throw std::bad_alloc();
+    base_ = static_cast<Mox8u*>(
+        mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
+    for (std::size_t at = 0; at < size; at += chunk) {
+      const bool last = at + chunk > size;
+      mmap(base_ + at, last ? page : chunk, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file,
+           last ? chunk : 0);
+    }
+    close(file);
+  }
+  ~HugeArray() { munmap(base_, size); }
+
+  Mox8u* data() const { return base_; }
+  Mox8u& last() const { return base_[size - 1]; }
+
+ private:
+  Mox8u* base_;
+};
+
+TEST(Copy, ByteCountsBeyondAnInt) {
+  const HugeArray src, dst;
+  std::memset(src.data(), 3, HugeArray::chunk);
+  src.last() = 9;
+  ASSERT_EQ(moxsCopy_64fc(reinterpret_cast<Mox64fc*>(src.data()),
+                          reinterpret_cast<Mox64fc*>(dst.data()), int(HugeArray::size / 16)),
+            moxOk);
+  EXPECT_EQ(std::memcmp(src.data(), dst.data(), HugeArray::chunk), 0);
+  EXPECT_EQ(dst.last(), 9);
+}
+
+template <class E>
+using Binary = MoxStatus (*)(const E*, E*, int);
+
+template <class E>
+void checkElements(Binary<E> function) {
+  test::Random random(1);
+  for (const int len : {1, 7, 2051}) {
+    GuardedArray<E> src(len), dst(len);
+    for (E& e : src) e = random.value<E>();
+    ASSERT_EQ(function(src.data(), dst.data(), len), moxOk);
+    ASSERT_EQ(std::memcmp(src.data(), dst.data(), len * sizeof(E)), 0);
+    ASSERT_EQ(function(nullptr, dst.data(), 0), moxErrNullPtr);
+    ASSERT_EQ(function(src.data(), nullptr, len), moxErrNullPtr);
+    ASSERT_EQ(function(src.data(), dst.data(), 0), moxErrSize);
+    ASSERT_EQ(function(src.data(), dst.data(), -5), moxErrSize);
+  }
+}
+
+TEST(Copy, EveryElementSize) {
+  checkElements(moxsCopy_8u);
+  checkElements(moxsCopy_16s);
+  checkElements(moxsCopy_32f);
+  checkElements(moxsCopy_32s);
+  checkElements(moxsCopy_16sc);
+  checkElements(moxsCopy_64f);
+  checkElements(moxsCopy_64s);
+  checkElements(moxsCopy_32fc);
+  checkElements(moxsCopy_32sc);
+  checkElements(moxsCopy_64fc);
+  checkElements(moxsCopy_64sc);
+}
+
+TEST(Move, EveryElementSize) {
+  checkElements(moxsMove_8u);
+  checkElements(moxsMove_16s);
+  checkElements(moxsMove_32f);
+  checkElements(moxsMove_32s);
+  checkElements(moxsMove_16sc);
+  checkElements(moxsMove_64f);
+  checkElements(moxsMove_64s);
+  checkElements(moxsMove_32fc);
+  checkElements(moxsMove_32sc);
+  checkElements(moxsMove_64fc);
+  checkElements(moxsMove_64sc);
+}
+
+void checkMove(const Bytes& before, int src, int dst, int len) {
+  Bytes after = before, expected = before;
+  ASSERT_EQ(moxsMove_8u(after.data() + src, after.data() + dst, len), moxOk);
+  for (int i = 0; i < len; ++i) expected[dst + i] = before[src + i];
+  ASSERT_EQ(after, expected) << "from " << src << " to " << dst << " len " << len;
+}
+
+TEST(Move, EveryOverlapOfSmallArrays) {
+  SCOPED_TRACE(test::seedNote());
+  const Bytes before = test::Random().vector<Mox8u>(160);
+  for (int len = 1; len <= 80; ++len)
+    for (int src = 0; src < 80; src += 1 + src / 20)
+      for (int dst = 0; dst < 80; ++dst) checkMove(before, src, dst, len);
+}
+
+TEST(Move, OverlapsOfMediumArrays) {
+  SCOPED_TRACE(test::seedNote());
+  const Bytes before = test::Random().vector<Mox8u>(1500);
+  for (const int len : {128, 129, 255, 256, 257, 288, 289, 320, 511, 700, 1001})
+    for (int src = 200; src < 233; src += 3)
+      for (int dst = 0; dst < 430; dst += 1 + (dst % 7 == 0)) checkMove(before, src, dst, len);
+}
+
+TEST(Move, OverlapsOfLargeArrays) {
+  SCOPED_TRACE(test::seedNote());
+  const Bytes before = test::Random().vector<Mox8u>(110000);
+  for (const int len : {32767, 32768, 100000})
+    for (const int distance : {-5000, -4096, -4092, -64, -33, -32, -4, -3,  -2,   -1,   0,
+                               1,     2,     3,     4,   31,  32,  64, 100, 4095, 4100, 5000})
+      checkMove(before, 5001, 5001 + distance, len);
+}
+
+}  // namespace

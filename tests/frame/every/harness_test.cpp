@@ -1,0 +1,128 @@
+// Each check can fail: here it meets functions that have the fault it looks for.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <immintrin.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
+#include "frame/every/call.h"
+#include "frame/every/own_checks.h"
+#include "support/moxcore.h"
+
+namespace {
+
+using namespace every;
+using CheckFunction = void(const Function&, Position&);
+
+MoxStatus checked(const Mox32f* src, Mox32f* dst, int len) {
+  if (!src || !dst) return moxErrNullPtr;
+  return len < 1 ? moxErrSize : moxOk;
+}
+
+// Copies, but for the fault that `spoil` adds to the good call.
+template <auto spoil>
+MoxStatus copy(const Mox32f* src, Mox32f* dst, int len) {
+  if (const MoxStatus s = checked(src, dst, len)) return s;
+  std::memmove(dst, src, std::size_t(len) * 4);
+  spoil(src, dst, len);
+  return moxOk;
+}
+
+MoxStatus refusesLate(const Mox32f* src, Mox32f* dst, int len) {
+  if (dst && len > 0) *reinterpret_cast<char*>(dst) ^= 1;
+  return checked(src, dst, len);
+}
+MoxStatus acceptsNegativeLength(const Mox32f* src, Mox32f* dst, int len) {
+  if (!src || !dst) return moxErrNullPtr;
+  return len == 0 ? moxErrSize : moxOk;
+}
+
+constexpr auto nothing = [](const Mox32f*, Mox32f*, int) {};
+constexpr auto readsBehind = [](const Mox32f* src, Mox32f*, int len) {
+  [[maybe_unused]] static volatile char seen;
+  seen = reinterpret_cast<const char*>(src + len)[0];
+};
+constexpr auto readsBefore = [](const Mox32f* src, Mox32f*, int len) {
+  [[maybe_unused]] static volatile char seen;
+  if (len == 33) seen = reinterpret_cast<const char*>(src)[-1];
+};
+constexpr auto writesBehind = [](const Mox32f*, Mox32f* dst, int len) {
+  if (reinterpret_cast<std::uintptr_t>(dst) % 4 == 3 && len == 70)
+    reinterpret_cast<char*>(dst + len)[0] = 0;
+};
+constexpr auto dependsOnAlignment = [](const Mox32f*, Mox32f* dst, int) {
+  if (reinterpret_cast<std::uintptr_t>(dst) % 32 == 5) *reinterpret_cast<char*>(dst) ^= 1;
+};
+constexpr auto keepsRounding = [](const Mox32f*, Mox32f*, int) { _mm_setcsr(0x3F80); };
+constexpr auto keepsMemory = [](const Mox32f*, Mox32f*, int) {
+  [[maybe_unused]] static void* volatile kept;
+  kept = moxMalloc(8);
+};
+MoxStatus readsAfterWriting(const Mox32f* src, Mox32f* dst, int len) {
+  if (const MoxStatus s = checked(src, dst, len)) return s;
+  for (int i = 0; i < len; ++i) {
+    Mox32f previous;
+    std::memcpy(&previous, src + std::max(i - 1, 0), 4);
+    std::memcpy(dst + i, &previous, 4);
+  }
+  return moxOk;
+}
+
+std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*, int)) {
+  const Function faulty{"moxsFaulty_32f",
+                        {"src", "dst", "len"},
+                        signatureOf<decltype(f)>,
+                        reinterpret_cast<AnyFunction*>(f)};
+  Position at;
+  try {
+    check(faulty, at);
+  } catch (const Misbehaved& fault) {
+    return fault.what();
+  }
+  return "fine";
+}
+
+TEST(Harness, FindsNothingInAGoodFunction) {
+  for (CheckFunction* check : {checkNullPointers, checkLengths, checkEveryLengthAndAlignment,
+                               checkOntoSource, checkControlWords, checkAllocations})
+    EXPECT_EQ(verdict(check, copy<nothing>), "fine");
+}
+
+TEST(Harness, FindsTheFaultOfABadFunction) {
+  using testing::HasSubstr;
+  EXPECT_THAT(verdict(checkNullPointers, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
+  EXPECT_THAT(verdict(checkLengths, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
+  EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<dependsOnAlignment>),
+              HasSubstr("another result at element 0 of 'dst'"));
+  EXPECT_THAT(verdict(checkOntoSource, readsAfterWriting),
+              HasSubstr("another result at element 2"));
+  EXPECT_THAT(verdict(checkControlWords, copy<keepsRounding>), HasSubstr("vector control word"));
+  EXPECT_THAT(verdict(checkAllocations, copy<keepsMemory>), HasSubstr("answers 0"));
+}
+
+#if !defined(__SANITIZE_ADDRESS__)  // which ends the program at the first stray byte
+TEST(Harness, FindsStrayReadsAndWrites) {
+  using testing::HasSubstr;
+  EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<writesBehind>),
+              HasSubstr("writes outside 'dst', at byte 280 of 280"));
+  EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<readsBehind>),
+              HasSubstr("touches forbidden memory near 'src'"));
+  EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<readsBefore>),
+              HasSubstr("near 'src': byte -1 of 132"));
+}
+#endif
+
+TEST(Harness, NamesWhatItDoesNotKnow) {
+  auto* f = +[](const Mox32f*, int, Mox32f) { return MoxStatus(moxOk); };
+  const Function strange{"moxsStrange_32f",
+                         {"wavelets", "len", "mood"},
+                         signatureOf<decltype(f)>,
+                         reinterpret_cast<AnyFunction*>(f)};
+  Position at;
+  EXPECT_THAT([&] { checkNullPointers(strange, at); },
+              testing::ThrowsMessage<Unknown>(testing::HasSubstr("'mood' of moxsStrange_32f")));
+}
+
+}  // namespace

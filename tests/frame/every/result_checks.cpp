@@ -1,0 +1,157 @@
+// Results: no byte outside the arrays is touched at any length and alignment, and neither the
+// alignment nor the in-place form changes a result.
+#include <cstring>
+
+#include "frame/every/call.h"
+#include "frame/every/contract.h"
+#include "frame/every/own_checks.h"
+#include "frame/every/sweep.h"
+
+namespace every {
+namespace {
+
+MoxStatus runWell(Call& call) {
+  const MoxStatus status = call.run();
+  if (status < moxOk) throw Misbehaved("answers " + std::to_string(status) + " to valid arguments");
+  return status;
+}
+
+struct Reference {
+  Reference(const Function& f, int length, bool anyFloats)
+      : call(f, {.length = length,
+                 .destination = {Edge::start, 0},
+                 .source = {Edge::start, 0},
+                 .anyFloats = anyFloats}),
+        status(runWell(call)) {
+    call.requireSourcesUntouched();
+  }
+  Call call;
+  MoxStatus status;
+};
+
+// The parameter of the plain form that a parameter of the in-place form stands for.
+std::string plainSource(const Function& plain, const std::string& name) {
+  std::string source = name;
+  if (name.starts_with("srcDst")) {
+    source = "src" + name.substr(6);
+    if (plain.indexOf(source) < 0) source = "src2";
+  } else if (plain.indexOf(name) < 0 && name == "src") {
+    source = "src1";
+  }
+  if (plain.indexOf(source) < 0)
+    throw Unknown(plain.name + " has no counterpart of '" + name + "' of its in-place form");
+  return source;
+}
+
+const Function* plainForm(const Function& f) {
+  const std::string& name = f.name;
+  if (name.ends_with("_ISfs")) return findFunction(name.substr(0, name.size() - 5) + "_Sfs");
+  if (name.ends_with("_I")) return findFunction(name.substr(0, name.size() - 2));
+  return nullptr;
+}
+
+// The sources that the destination could be: pairs of parameters of arrays of the same form.
+std::vector<std::vector<std::pair<int, int>>> aliasings(const Function& f) {
+  std::vector<std::vector<std::pair<int, int>>> sets;
+  for (const char* source : {"", "1", "2"}) {
+    std::vector<std::pair<int, int>> pairs;
+    for (int d = 0; d < f.count(); ++d) {
+      const std::string& name = f.parameters[std::size_t(d)];
+      if (!name.starts_with("dst") || f.type(d).form != Form::array) continue;
+      const int s = f.indexOf("src" + name.substr(3) + source);
+      if (s >= 0 && f.type(s).form == Form::array && f.type(s).element == f.type(d).element)
+        pairs.emplace_back(d, s);
+    }
+    if (!pairs.empty()) sets.push_back(pairs);
+  }
+  return sets;
+}
+
+}  // namespace
+
+void checkEveryLengthAndAlignment(const Function& f, Position& at) {
+  const bool sums = deviation(f.name, Deviation::alignedSums);
+  const double tolerance = sums ? 1e-4 : 0;
+  forLengths(f, at, [&](int length) {
+    at.remainder = 0, at.detail = "on aligned arrays";
+    const Reference plain(f, length, false), any(f, length, !sums);
+    const auto compare = [&](const Reference& reference, const char* where, Placement destination,
+                             Placement source) {
+      at.detail = where;
+      Call call(f, {.length = length,
+                    .destination = destination,
+                    .source = source,
+                    .anyFloats = reference.call.setting().anyFloats});
+      if (runWell(call) != reference.status) throw Misbehaved("gives another status");
+      call.requireSourcesUntouched();
+      call.requireSameOutputs(reference.call, tolerance);
+    };
+    forRemainders(at, [&](int remainder) {
+      const Placement atStart{Edge::start, remainder}, atEnd{Edge::end, remainder},
+          flush{Edge::end, -1};
+      compare(plain, "with sources that end at a wall", atEnd, flush);
+      compare(plain, "with a destination that ends at a wall", flush, atEnd);
+      compare(any, "with arrays that start at a wall", atStart, atStart);
+    });
+  });
+}
+
+bool hasPlainForm(const Function& f) {
+  return plainForm(f) && !deviation(f.name, Deviation::otherInPlace);
+}
+
+void checkInPlaceForm(const Function& f, Position& at) {
+  const Function& plain = *plainForm(f);
+  forLengths(f, at, [&](int length) {
+    for (const int remainder : {0, 1, 4, 8, 16}) {
+      at.remainder = remainder;
+      if (!wanted("MOXSP_TEST_OFFSET", remainder)) continue;
+      const Setting setting{.length = length, .destination = {Edge::start, remainder}};
+      Call expected(plain, setting), call(f, setting);
+      for (const auto& a : call.arrays())
+        if (Array* source = expected.array(
+                plain.indexOf(plainSource(plain, f.parameters[std::size_t(a->parameter)]))))
+          call.fill(a->parameter, source->initial);
+      at.detail = "compared with " + plain.name;
+      const MoxStatus status = runWell(expected);
+      if (runWell(call) != status) throw Misbehaved("gives another status");
+      for (const auto& a : call.arrays()) {
+        const std::string& name = f.parameters[std::size_t(a->parameter)];
+        if (!name.starts_with("srcDst")) continue;
+        const Array* to = expected.array(plain.indexOf("dst" + name.substr(6)));
+        if (!to) throw Unknown(plain.name + " has no counterpart of '" + name + "'");
+        call.requireSameContent(*a, *to);
+      }
+    }
+  });
+}
+
+bool mayRunOntoSource(const Function& f) {
+  return !aliasings(f).empty() && !deviation(f.name, Deviation::notOntoSource);
+}
+
+void checkOntoSource(const Function& f, Position& at) {
+  forLengths(f, at, [&](int length) {
+    for (const auto& pairs : aliasings(f))
+      for (const int remainder : {0, 1, 4, 8, 16}) {
+        at.remainder = remainder;
+        if (!wanted("MOXSP_TEST_OFFSET", remainder)) continue;
+        const Setting setting{.length = length, .destination = {Edge::end, remainder}};
+        Call expected(f, setting), call(f, setting);
+        bool sameSize = true;
+        for (const auto& [d, s] : pairs) {
+          sameSize &= call.array(d)->bytes == call.array(s)->bytes;
+          at.detail = "with '" + f.parameters[std::size_t(d)] + "' the same array as '" +
+                      f.parameters[std::size_t(s)] + "'";
+          call.fill(d, call.array(s)->initial);
+          call.alias(s, d);
+        }
+        if (!sameSize) continue;
+        const MoxStatus status = runWell(expected);
+        if (runWell(call) != status) throw Misbehaved("gives another status");
+        call.requireSameOutputs(expected);
+      }
+  });
+}
+
+}  // namespace every

@@ -1,0 +1,39 @@
+// The lengths and alignments that checks run over.
+#pragma once
+
+#include <cstdlib>
+
+#include "frame/every/own_checks.h"
+#include "frame/every/shapes.h"
+
+namespace every {
+
+inline bool wanted(const char* variable, int value) {
+  const char* text = std::getenv(variable);
+  return !text || std::atoi(text) == value;
+}
+
+// f(length) for 1 to 70 where the function has a length; for powers of two to 1024 where an object
+// decides the length, for one where nothing depends on it.
+template <class F>
+void forLengths(const Function& function, Position& position, F f) {
+  const bool hasLength = every::hasLength(function), hasObject = makerOf(function.name).has_value();
+  const int last = hasLength || !hasObject ? 70 : 1024;
+  for (int length = 1; length <= last; ++length) {
+    const bool powerOfTwo = (length & (length - 1)) == 0;
+    if (hasLength || (hasObject && powerOfTwo) || length == 17) {
+      position.length = length;
+      if (wanted("MOXSP_TEST_LEN", length)) f(length);
+    }
+  }
+}
+
+template <class F>
+void forRemainders(Position& position, F f) {
+  for (int remainder = 0; remainder < 32; ++remainder) {
+    position.remainder = remainder;
+    if (wanted("MOXSP_TEST_OFFSET", remainder)) f(remainder);
+  }
+}
+
+}  // namespace every

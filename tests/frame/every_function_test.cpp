@@ -1,0 +1,94 @@
+// What holds for all exported functions is tested here on all of them, driven by the names and
+// types in the public headers. A new function is found by itself; where its shape is new as well,
+// the test fails and says which table wants a row (every/shapes.cpp for arrays, numbers and
+// objects, every/contract.cpp for deviations).
+#include <gtest/gtest.h>
+
+#include "frame/every/call.h"
+#include "frame/every/contract.h"
+#include "frame/every/last_words.h"
+#include "frame/every/own_checks.h"
+#include "support/random.h"
+
+namespace {
+
+using namespace every;
+
+bool always(const Function&) { return true; }
+
+const Check checks[] = {
+    {"NullPointersAreRefused", hasPointer, checkNullPointers},
+    {"LengthsOutOfRangeAreRefused", hasLength, checkLengths},
+    {"ForeignObjectsAreRefused", takesObject, checkForeignObject},
+    {"EveryLengthAndAlignment", always, checkEveryLengthAndAlignment},
+    {"AgreesWithPlainForm", hasPlainForm, checkInPlaceForm},
+    {"RunsOntoItsSource", mayRunOntoSource, checkOntoSource},
+    {"ScaleFactorsOfAnySize", hasScaleFactor, checkScaleFactors},
+    {"LeavesControlWords", always, checkControlWords},
+    {"SurvivesFailedAllocations", always, checkAllocations},
+};
+
+// The line that runs this case again.
+std::string rerunLine(const Function& function, const Check& check, const Position& at) {
+  return test::seedNote() + " MOXSP_TEST_LEN=" + std::to_string(at.length) +
+         " MOXSP_TEST_OFFSET=" + std::to_string(at.remainder) +
+         " every_function_test --gtest_filter=EveryFunction/" + function.name + '.' + check.name;
+}
+
+class FunctionTest : public testing::Test {
+ public:
+  FunctionTest(const Function& function, const Check& check) : function_(function), check_(check) {}
+
+  void TestBody() override {
+    Position at;
+    const LastWords lastWords([&] { return rerunLine(function_, check_, at); });
+    try {
+      check_.run(function_, at);
+    } catch (const Unknown& missing) {
+      ADD_FAILURE() << function_.name << ": " << missing.what();
+    } catch (const Misbehaved& fault) {
+      ADD_FAILURE() << function_.name << ' ' << fault.what() << ", " << at.detail << '\n'
+                    << rerunLine(function_, check_, at);
+    }
+  }
+
+ private:
+  const Function& function_;
+  const Check& check_;
+};
+
+// A function without a status is named in the contract table, and no other is.
+class DeclarationTest : public testing::Test {
+ public:
+  explicit DeclarationTest(const Function& function) : function_(function) {}
+  void TestBody() override {
+    ASSERT_NE(function_.address, nullptr) << function_.name << " is declared and not built";
+    EXPECT_NE(function_.signature->returnsStatus,
+              deviation(function_.name, Deviation::noStatus) != nullptr);
+  }
+
+ private:
+  const Function& function_;
+};
+
+void registerTests() {
+  for (const Function& f : allFunctions()) {
+    const std::string suite = "EveryFunction/" + f.name;
+    testing::RegisterTest(suite.c_str(), "IsBuiltAndReturnsStatus", nullptr, nullptr, __FILE__,
+                          __LINE__, [&f]() -> testing::Test* { return new DeclarationTest(f); });
+    if (!f.address || !f.signature->returnsStatus) continue;
+    for (const Check& check : checks)
+      if (check.applies(f))
+        testing::RegisterTest(
+            suite.c_str(), check.name, nullptr, nullptr, __FILE__, __LINE__,
+            [&f, &check]() -> testing::Test* { return new FunctionTest(f, check); });
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  registerTests();
+  return RUN_ALL_TESTS();
+}

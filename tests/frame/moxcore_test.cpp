@@ -1,0 +1,97 @@
+#include "support/moxcore.h"
+
+#include <cpuid.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace {
+
+std::uintptr_t address(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
+
+TEST(Core, BlocksAreAlignedAndWritableToTheirLastByte) {
+  for (int bytes = 1; bytes < 300; ++bytes) {
+    void* p = moxMalloc(bytes);
+    ASSERT_NE(p, nullptr) << bytes;
+    EXPECT_EQ(address(p) % 64, 0u) << bytes;
+    std::memset(p, 0x5A, std::size_t(bytes));
+    moxFree(p);
+  }
+}
+
+TEST(Core, CountsBelowOneGiveNoBlock) {
+  for (int bytes : {0, -1, INT_MIN}) EXPECT_EQ(moxMalloc(bytes), nullptr) << bytes;
+  moxFree(nullptr);
+}
+
+TEST(Core, TheLargestBlockIsThereOrRefused) {
+  auto* p = static_cast<char*>(moxMalloc(INT_MAX));
+  if (!p) GTEST_SKIP() << "no memory for a block of 2 GB";
+  p[0] = p[INT_MAX - 1] = 1;
+  EXPECT_EQ(address(p) % 64, 0u);
+  moxFree(p);
+}
+
+TEST(Core, AlignPtrGivesTheFirstMultipleAtOrAfter) {
+  char memory[256];
+  for (int alignment = 1; alignment <= 64; alignment *= 2)
+    for (int i = 0; i < 128; ++i) {
+      const auto aligned = address(moxAlignPtr(memory + i, alignment));
+      const auto multiple = std::uintptr_t(alignment);
+      const auto expected = (address(memory + i) + multiple - 1) / multiple * multiple;
+      ASSERT_EQ(aligned, expected) << "alignment " << alignment << ", byte " << i;
+    }
+}
+
+// What the kernel says of the caches of the first processor: "48K", "2048K", "260M".
+long largestCacheOfKernel() {
+  long largest = 0;
+  for (int i = 0; i < 8; ++i) {
+    const std::string folder = "/sys/devices/system/cpu/cpu0/cache/index" + std::to_string(i) + '/';
+    std::string type, size;
+    if (!(std::ifstream(folder + "type") >> type) || !(std::ifstream(folder + "size") >> size))
+      continue;
+    if (type == "Instruction") continue;
+    const long unit = size.back() == 'M' ? 1L << 20 : size.back() == 'K' ? 1L << 10 : 1;
+    largest = std::max(largest, std::stol(size) * unit);
+  }
+  return largest;
+}
+
+TEST(Core, CacheSizeIsTheKernels) {
+  int bytes = -1;
+  if (moxGetMaxCacheSizeB(&bytes) != 0) GTEST_SKIP() << "this processor does not tell";
+  EXPECT_GE(bytes, 4 << 10);
+  int again = 0;
+  ASSERT_EQ(moxGetMaxCacheSizeB(&again), 0);
+  EXPECT_EQ(again, bytes);
+  const long kernels = std::min<long>(largestCacheOfKernel(), INT_MAX);
+  if (kernels == 0) GTEST_SKIP() << "this kernel does not tell";
+  EXPECT_EQ(bytes, kernels);
+}
+
+TEST(Core, FeaturesAgreeWithTheProcessor) {
+  unsigned eax, ebx, ecx, edx;
+  ASSERT_TRUE(__get_cpuid(1, &eax, &ebx, &ecx, &edx));
+  const std::uint64_t features = moxGetEnabledCpuFeatures();
+  EXPECT_EQ((features & mox::cpuAvx) != 0, (ecx & bit_AVX) != 0);
+  EXPECT_EQ((features & mox::cpuHalfFloat) != 0, (ecx & bit_F16C) != 0);
+  EXPECT_TRUE(features & mox::cpuWideState) << "the tests themselves run on wide registers";
+}
+
+TEST(Core, AFeatureMaskNeedsAllItsBits) {
+  const std::uint64_t features = moxGetEnabledCpuFeatures();
+  constexpr std::uint64_t absent = std::uint64_t(1) << 40;
+  ASSERT_FALSE(features & absent);
+  EXPECT_TRUE(ownGetFeature(0));
+  EXPECT_TRUE(ownGetFeature(features));
+  EXPECT_FALSE(ownGetFeature(absent));
+  EXPECT_FALSE(ownGetFeature(features | absent));
+}
+
+}  // namespace
