@@ -1,43 +1,65 @@
+// Sums, of two vectors and with a constant.
 #include <moxsp/arith.h>
 
-#include "frame/checks.h"
-#include "frame/elements.h"
+#include "arith/element_wise.h"
+#include "arith/operations.h"
+#include "arith/scaled.h"
 #include "frame/export.h"
-#include "frame/map.h"
 
 namespace mox {
-namespace {
+MOX_EXPORT(moxsAdd_32f, mapPair<sum, Mox32f, Mox32f, Mox32f>);
+MOX_EXPORT(moxsAdd_64f, mapPair<sum, Mox64f, Mox64f, Mox64f>);
+MOX_EXPORT(moxsAdd_32f_I, mapPairInPlace<sum, Mox32f, Mox32f>);
+MOX_EXPORT(moxsAdd_64f_I, mapPairInPlace<sum, Mox64f, Mox64f>);
+MOX_EXPORT(moxsAdd_32fc, mapParts<sum, Mox32fc>);
+MOX_EXPORT(moxsAdd_64fc, mapParts<sum, Mox64fc>);
+MOX_EXPORT(moxsAdd_32fc_I, mapPartsInPlace<sum, Mox32fc>);
+MOX_EXPORT(moxsAdd_64fc_I, mapPartsInPlace<sum, Mox64fc>);
 
-template <class E>
-MoxStatus add(const E* src1, const E* src2, E* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  mapElements([](auto a, auto b) { return a + b; }, dst, len, src1, src2);
-  return moxOk;
-}
+MOX_EXPORT(moxsAddC_32f, mapUnlessZero<sum, Mox32f>);
+MOX_EXPORT(moxsAddC_64f, mapUnlessZero<sum, Mox64f>);
+MOX_EXPORT(moxsAddC_32f_I, mapUnlessZeroInPlace<sum, Mox32f>);
+MOX_EXPORT(moxsAddC_64f_I, mapUnlessZeroInPlace<sum, Mox64f>);
+MOX_EXPORT(moxsAddC_32fc, mapConstant<sum, Mox32fc>);
+MOX_EXPORT(moxsAddC_64fc, mapConstant<sum, Mox64fc>);
+MOX_EXPORT(moxsAddC_32fc_I, mapConstantInPlace<sum, Mox32fc>);
+MOX_EXPORT(moxsAddC_64fc_I, mapConstantInPlace<sum, Mox64fc>);
 
-// A complex sum is the real sum of the parts; its length is looked at before the pointers.
-template <Complex E>
-MoxStatus add(const E* src1, const E* src2, E* dst, int len) {
-  if (MoxStatus s = checkLength(len)) return s;
-  if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  mapElements([](auto a, auto b) { return a + b; }, parts(dst), 2L * len, parts(src1), parts(src2));
-  return moxOk;
-}
+MOX_EXPORT(moxsAdd_8u_Sfs, scalePair<sum, Mox8u, Mox8u, Mox8u>);
+MOX_EXPORT(moxsAdd_8u_ISfs, scalePairInPlace<sum, Mox8u, Mox8u>);
+MOX_EXPORT(moxsAdd_16s_Sfs, scalePair<sum, Mox16s, Mox16s, Mox16s>);
+MOX_EXPORT(moxsAdd_16s_ISfs, scalePairInPlace<sum, Mox16s, Mox16s>);
+MOX_EXPORT(moxsAdd_16u_Sfs, scalePair<sum, Mox16u, Mox16u, Mox16u>);
+MOX_EXPORT(moxsAdd_16u_ISfs, scalePairInPlace<sum, Mox16u, Mox16u>);
+MOX_EXPORT(moxsAdd_32s_Sfs, scalePair<sum, Mox32s, Mox32s, Mox32s>);
+MOX_EXPORT(moxsAdd_32s_ISfs, scalePairInPlace<sum, Mox32s, Mox32s>);
+MOX_EXPORT(moxsAdd_16sc_Sfs, scaleParts<sum, Mox16sc>);
+MOX_EXPORT(moxsAdd_16sc_ISfs, scalePartsInPlace<sum, Mox16sc>);
+MOX_EXPORT(moxsAdd_32sc_Sfs, scaleParts<sum, Mox32sc>);
+MOX_EXPORT(moxsAdd_32sc_ISfs, scalePartsInPlace<sum, Mox32sc>);
+MOX_EXPORT(moxsAdd_64s_Sfs, scalePair64<sum, Mox64s>);
+MOX_EXPORT(moxsAdd_16s, saturatePair<sum, Mox16s, Mox16s, Mox16s>);
+MOX_EXPORT(moxsAdd_16s_I, saturatePairInPlace<sum, Mox16s, Mox16s>);
+MOX_EXPORT(moxsAdd_16u, saturatePair<sum, Mox16u, Mox16u, Mox16u>);
+MOX_EXPORT(moxsAdd_32u, saturatePair<sum, Mox32u, Mox32u, Mox32u>);
+MOX_EXPORT(moxsAdd_8u16u, saturatePair<sum, Mox8u, Mox8u, Mox16u>);
+MOX_EXPORT(moxsAdd_16s32s_I, saturatePairInPlace<sum, Mox16s, Mox32s>);
+MOX_EXPORT(moxsAdd_16s32f, pairToFloat<sum>);
 
-template <class E>
-MoxStatus addInPlace(const E* src, E* srcDst, int len) {
-  return add(src, srcDst, srcDst, len);
-}
-
-}  // namespace
-
-MOX_EXPORT(moxsAdd_32f, add<Mox32f>);
-MOX_EXPORT(moxsAdd_64f, add<Mox64f>);
-MOX_EXPORT(moxsAdd_32fc, add<Mox32fc>);
-MOX_EXPORT(moxsAdd_64fc, add<Mox64fc>);
-MOX_EXPORT(moxsAdd_32f_I, addInPlace<Mox32f>);
-MOX_EXPORT(moxsAdd_64f_I, addInPlace<Mox64f>);
-MOX_EXPORT(moxsAdd_32fc_I, addInPlace<Mox32fc>);
-MOX_EXPORT(moxsAdd_64fc_I, addInPlace<Mox64fc>);
+MOX_EXPORT(moxsAddC_8u_Sfs, scaleConstant<sum, Mox8u>);
+MOX_EXPORT(moxsAddC_8u_ISfs, scaleConstantInPlace<sum, Mox8u>);
+MOX_EXPORT(moxsAddC_16s_Sfs, scaleConstant<sum, Mox16s>);
+MOX_EXPORT(moxsAddC_16s_ISfs, scaleConstantInPlace<sum, Mox16s>);
+MOX_EXPORT(moxsAddC_16u_Sfs, scaleConstant<sum, Mox16u>);
+MOX_EXPORT(moxsAddC_16u_ISfs, scaleConstantInPlace<sum, Mox16u>);
+MOX_EXPORT(moxsAddC_32s_Sfs, scaleConstant<sum, Mox32s>);
+MOX_EXPORT(moxsAddC_32s_ISfs, scaleConstantInPlace<sum, Mox32s>);
+MOX_EXPORT(moxsAddC_16sc_Sfs, scaleConstant<sum, Mox16sc>);
+MOX_EXPORT(moxsAddC_16sc_ISfs, scaleConstantInPlace<sum, Mox16sc>);
+MOX_EXPORT(moxsAddC_32sc_Sfs, scaleConstant<sum, Mox32sc>);
+MOX_EXPORT(moxsAddC_32sc_ISfs, scaleConstantInPlace<sum, Mox32sc>);
+MOX_EXPORT(moxsAddC_16s_I, saturateConstantInPlace<sum, Mox16s>);
+MOX_EXPORT(moxsAddC_64s_Sfs, scaleConstant64<sum, Mox64s>);
+MOX_EXPORT(moxsAddC_64u_Sfs, scaleConstant64<sum, Mox64u>);
 
 }  // namespace mox

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/elements.h"
 #include "frame/vec.h"
 #include "frame/widen.h"
 
@@ -24,10 +25,77 @@ enum class Stores { cached, bypassing };
 // destination's lines on to memory anyway, having read them first.
 constexpr long bypassBytes = 24L << 20;
 
-// For `len` elements of each array of types E.
-template <Stores stores, class... E>
-bool bypasses(long len) {
-  return stores == Stores::bypassing && len > bypassBytes / long((sizeof(E) + ...));
+// A source whose elements are all the same: functions with a constant pass it where others pass an
+// array.
+template <class E>
+struct Same {
+  E value;
+};
+
+namespace detail {
+template <class E>
+E elementOf(const E*);
+template <class E>
+E elementOf(Same<E>);
+}  // namespace detail
+
+// The element type of a source, be it an array or a constant.
+template <class Source>
+using ElementOf = decltype(detail::elementOf(std::declval<Source>()));
+
+// One element as an operation sees it: complex ones are a vector of two parts.
+template <class E>
+using Single = typename std::conditional_t<Complex<E>, detail::VectorOf<Part<E>, 2>,
+                                           std::type_identity<E>>::type;
+
+// The parts of the elements from i on, each widened to a lane of `Wide`.
+template <class Wide, class E>
+[[gnu::always_inline]] inline Wide lanesFrom(const E* src, long i) {
+  return loadWidened<Wide>(parts(src + i));
+}
+template <class Wide, class E>
+[[gnu::always_inline]] inline Wide lanesFrom(Same<E> src, long) {
+  Wide lanes;
+  for (int k = 0; k < laneCount<Wide>; ++k)
+    lanes[k] = Lane<Wide>(parts(&src.value)[k % partsPerElement<E>]);
+  return lanes;
+}
+
+template <class E>
+[[gnu::always_inline]] inline Single<E> singleFrom(const E* src, long i) {
+  return load<Single<E>>(src + i);
+}
+template <class E>
+[[gnu::always_inline]] inline Single<E> singleFrom(Same<E> src, long) {
+  return load<Single<E>>(&src.value);
+}
+
+// One part of element i; a real element stands for both parts.
+template <class E>
+[[gnu::always_inline]] inline Part<E> partFrom(const E* src, long i, int part) {
+  return load<Part<E>>(parts(src + i) + part % partsPerElement<E>);
+}
+template <class E>
+[[gnu::always_inline]] inline Part<E> partFrom(Same<E> src, long, int part) {
+  return parts(&src.value)[part % partsPerElement<E>];
+}
+
+template <class D, class E>
+bool isSameArray(const D* dst, const E* src) {
+  return addressOf(dst) == addressOf(src);
+}
+template <class D, class E>
+bool isSameArray(const D*, Same<E>) {
+  return false;
+}
+
+// A destination that is read as well is in the cache already.
+template <Stores stores, class D, class... Source>
+bool bypasses(const D* dst, long len, Source... src) {
+  constexpr long bytes =
+      sizeof(D) + ((std::is_pointer_v<Source> ? sizeof(ElementOf<Source>) : 0) + ... + 0);
+  return stores == Stores::bypassing && len > bypassBytes / bytes &&
+         !(isSameArray(dst, src) || ...);
 }
 
 // Runs one(i) for single elements and eachBlock(i, put) for blocks of elements from i on, which
@@ -50,33 +118,39 @@ template <long block, class D, class One, class Block>
   for (; i < len; ++i) one(i);
 }
 
-// dst[i] = op(src[i]...). `op` takes scalars or vectors; all loads of a block come before its
-// stores, so that `dst` may be one of the sources.
-template <Stores stores = Stores::cached, class D, class Op, class... S>
-void mapElements(Op op, D* dst, long len, const S*... src) {
-  constexpr long lanes = vectorBytes / long(std::max({sizeof(D), sizeof(S)...}));
+// dst[i] = op(src[i]...), where a source is an array or `Same`. `op` takes scalars or vectors,
+// complex elements as interleaved parts; all loads of a block come before its stores, so that `dst`
+// may be one of the sources.
+template <Stores stores = Stores::cached, int registerBytes = vectorBytes, class D, class Op,
+          class... Source>
+void mapElements(Op op, D* dst, long len, Source... src) {
+  constexpr long lanes = registerBytes / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr long block = std::max(lanes, 16L), vecs = block / lanes;
+  const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
+    return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
+  };
   forBlocks<block>(
-      bypasses<stores, D, S...>(len), dst, len,
-      [&](long i) { store(dst + i, D(op(load<S>(src + i)...))); },
+      bypasses<stores>(dst, len, src...), dst, len,
+      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); },
       [&](long i, auto put) {
-        V<D, lanes> r[vecs];
-        for (int j = 0; j < vecs; ++j) r[j] = op(load<V<S, lanes>>(src + i + j * lanes)...);
+        V<Part<D>, lanes * partsPerElement<D>> r[vecs];
+        for (int j = 0; j < vecs; ++j)
+          r[j] = op(atLanes(std::type_identity<ElementOf<Source>>(), src, i + j * lanes)...);
         for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
       });
 }
 
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element
 // goes through the first lane of one.
-template <class Wide, Stores stores = Stores::cached, class D, class Op, class S>
-void mapWidened(Op op, D* dst, long len, const S* src) {
+template <class Wide, Stores stores = Stores::cached, class D, class Op, class... Source>
+void mapWidened(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
   forBlocks<16>(
-      bypasses<stores, D, S>(len), dst, len,
-      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(load<S>(src + i))})[0])); },
+      bypasses<stores>(dst, len, src...), dst, len,
+      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(partFrom(src, i, 0))}...)[0])); },
       [&](long i, auto put) {
-        decltype(op(Wide{})) r[vecs];
-        for (int j = 0; j < vecs; ++j) r[j] = op(loadWidened<Wide>(src + i + j * lanes));
+        decltype(op(lanesFrom<Wide>(src, 0)...)) r[vecs];
+        for (int j = 0; j < vecs; ++j) r[j] = op(lanesFrom<Wide>(src, i + j * lanes)...);
         for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
       });
 }

@@ -25,32 +25,59 @@ template <class D, class Put>
 }
 
 // Runs one(i) for single elements; blocks go through lanes(), which makes 32-bit integers of
-// vectors `Wide`, and are saturated to D.
-template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... S>
-void mapToInteger(One one, Op lanes, D* dst, long len, const S*... src) {
-  forBlocks<16>(bypasses<stores, D, S...>(len), dst, len, one, [&](long i, auto put) {
-    V<Mox32s, 4> r[4];
-    for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
-      const auto wide = lanes(loadWidened<Wide>(src + i + 4 * j)...);
-      if constexpr (laneCount<Wide> == 4)
-        r[j] = saturate<D>(wide);
-      else
-        r[j] = saturate<D>(halves(wide).low), r[j + 1] = saturate<D>(halves(wide).high);
-    }
-    storeSaturated(dst + i, r, put);
-  });
+// vectors `Wide`, and are saturated to the parts of D.
+template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... Source>
+void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
+  constexpr int perElement = partsPerElement<D>;
+  forBlocks<16 / perElement>(
+      bypasses<stores>(dst, len, src...), dst, len, one, [&](long i, auto put) {
+        V<Mox32s, 4> r[4];
+        for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
+          const auto wide = lanes(lanesFrom<Wide>(src, i + 4 * j / perElement)...);
+          if constexpr (laneCount<Wide> == 4)
+            r[j] = saturate<Part<D>>(wide);
+          else
+            r[j] = saturate<Part<D>>(halves(wide).low),
+            r[j + 1] = saturate<Part<D>>(halves(wide).high);
+        }
+        storeSaturated(parts(dst + i), r, put);
+      });
 }
 
-// dst[i] = exact(src[i]...) by the scale rule, where exact stays within 2^magnitude. It takes
-// scalars of Exact<magnitude> or, up to 2^53, vectors of four; all loads of a block come before its
-// stores.
-template <int magnitude, class D, class Op, class... S>
-void mapScaled(int factor, Op exact, D* dst, long len, const S*... src) {
-  Scale<D, magnitude>(factor).withRule([&](auto rule) {
+// Results in vectors of 16 bytes: lanes(i) makes those from element i on, one(i, part) a single
+// one. All of a block are made before any is stored.
+template <class D, class One, class Lanes>
+[[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes) {
+  constexpr int perVector = 16 / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
+  forBlocks<16 / perElement>(
+      false, dst, len,
+      [&](long i) {
+        Part<D> r[perElement];
+        for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
+        for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
+      },
+      [&](long i, auto put) {
+        V<Part<D>, perVector> r[16 / perVector];
+        for (int j = 0; j < 16 / perVector; ++j) r[j] = lanes(i + j * perVector / perElement);
+        for (int j = 0; j < 16 / perVector; ++j) put(parts(dst + i) + j * perVector, r[j]);
+      });
+}
+
+// dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within 2^magnitude.
+// It takes scalars of Exact<magnitude> or, up to 2^53, vectors of four; all loads of a block come
+// before its stores.
+template <int magnitude, class D, class Op, class... Source>
+void mapScaled(int factor, Op exact, D* dst, long len, Source... src) {
+  constexpr bool alike = ((partsPerElement<ElementOf<Source>> == partsPerElement<D>)&&...);
+  constexpr bool fits = Limits<Part<D>>::max < Int128(1) << 31;
+  Scale<Part<D>, magnitude>(factor).withRule([&](auto rule) {
+    using R = Exact<magnitude>;
     const auto one = [&](long i) {
-      store(dst + i, saturate<D>(rule(exact(Exact<magnitude>(load<S>(src + i))...))));
+      for (int part = 0; part < partsPerElement<D>; ++part)
+        store(parts(dst + i) + part,
+              saturate<Part<D>>(rule(R(exact(R(partFrom(src, i, part))...)))));
     };
-    if constexpr (hasExactVector<magnitude>)
+    if constexpr (hasExactVector<magnitude> && alike && fits)
       mapToInteger<ExactVector<magnitude>>(
           one, [&](auto... v) { return rule(exact(v...)); }, dst, len, src...);
     else

@@ -51,7 +51,8 @@ struct Unscaled {
 // `bitFree` says that a bit of E is free for the sum with half a unit.
 template <class R, class E, bool bitFree>
 class RoundedShift {
-  using Unsigned = std::conditional_t<sizeof(E) == 4, Mox32u, Mox64u>;
+  using Unsigned = std::conditional_t<sizeof(E) == 2, Mox16u,
+                                      std::conditional_t<sizeof(E) == 4, Mox32u, Mox64u>>;
   using UnsignedR =
       std::conditional_t<std::is_same_v<R, E>, Unsigned, V<Unsigned, sizeof(R) / sizeof(E)>>;
   static constexpr int bits = 8 * sizeof(E);
@@ -107,12 +108,21 @@ class ScaledDown {
   using Vector = ExactVector<magnitude>;
 
  public:
-  explicit ScaledDown(int n) : scalar_(n), vector_(n) {}
+  explicit ScaledDown(int n) : n_(n), scalar_(n), vector_(n) {}
 
   [[gnu::always_inline]] Scalar operator()(Scalar r) const { return scalar_(r); }
   [[gnu::always_inline]] Vector operator()(Vector r) const { return vector_(r); }
 
+  // Lanes of 16 bits, as long as they hold r + 2^(n-1).
+  template <class W>
+  requires(sizeof(Lane<W>) == 2)  //
+      [[gnu::always_inline]] W
+      operator()(W r) const {
+    return RoundedShift<W, Lane<W>, true>(n_)(r);
+  }
+
  private:
+  int n_;
   RoundedShift<Scalar, Scalar, magnitude != 63> scalar_;
   std::conditional_t<magnitude <= 31, RoundedShift<Vector, Mox32s, magnitude != 31>,
                      RoundedQuotient<magnitude>>
@@ -154,6 +164,17 @@ class ScaledUp {
       return r * factor_;
   }
 
+  // Integer lanes of any other width that holds T.
+  template <class W>
+  [[gnu::always_inline]] W operator()(W r) const {
+    using E = Lane<W>;
+    const auto high = broadcast<W>(E(high_)), low = broadcast<W>(E(low_)),
+               ones = broadcast<W>(E((Int128(1) << n_) - 1));
+    W stopped = lesser(r, high);
+    if constexpr (std::is_signed_v<E>) stopped = greater(stopped, low);
+    return shiftLeft(stopped, std::min(n_, 8 * int(sizeof(E)))) | (W(r > high) & ones);
+  }
+
  private:
   int n_;
   Scalar high_, low_;
@@ -189,10 +210,17 @@ class Scale {
 
   template <class Loop>
   void withRule(Loop loop) const {
+    if (factor_ > 0)
+      loop(ScaledDown<magnitude>(factor_));
+    else
+      withUpwardRule(loop);
+  }
+
+  // For factors of 0 and below.
+  template <class Loop>
+  void withUpwardRule(Loop loop) const {
     if (factor_ == 0)
       loop(Unscaled());
-    else if (factor_ > 0)
-      loop(ScaledDown<magnitude>(factor_));
     else
       loop(ScaledUp<T, magnitude>(-std::max(factor_, -1000)));
   }

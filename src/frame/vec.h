@@ -232,12 +232,109 @@ template <class T>
   return _mm256_movemask_pd(__m256d(comparison)) != 0;
 }
 
-// a - b in even lanes, a + b in odd ones.
-[[gnu::always_inline]] inline V<Mox32f> addSubtract(V<Mox32f> a, V<Mox32f> b) {
-  return V<Mox32f>(_mm256_addsub_ps(a, b));
+// Sums and differences lane by lane, saturated to the type of a lane.
+[[gnu::always_inline]] inline V<Mox8u, 16> addSaturated(V<Mox8u, 16> a, V<Mox8u, 16> b) {
+  return V<Mox8u, 16>(_mm_adds_epu8(__m128i(a), __m128i(b)));
 }
-[[gnu::always_inline]] inline V<Mox64f> addSubtract(V<Mox64f> a, V<Mox64f> b) {
-  return V<Mox64f>(_mm256_addsub_pd(a, b));
+[[gnu::always_inline]] inline V<Mox16u, 8> addSaturated(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+  return V<Mox16u, 8>(_mm_adds_epu16(__m128i(a), __m128i(b)));
+}
+[[gnu::always_inline]] inline V<Mox16s, 8> addSaturated(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  return V<Mox16s, 8>(_mm_adds_epi16(__m128i(a), __m128i(b)));
+}
+[[gnu::always_inline]] inline V<Mox32u, 4> addSaturated(V<Mox32u, 4> a, V<Mox32u, 4> b) {
+  const auto r = a + b;
+  return r | V<Mox32u, 4>(r < a);
+}
+// `wrapped` where it is the true result, else the limit on the side of `a`.
+[[gnu::always_inline]] inline V<Mox32s, 4> unlessWrapped(V<Mox32s, 4> wrapped, V<Mox32s, 4> a,
+                                                         V<Mox32s, 4> wrongSign) {
+  const auto limit = a >> 31 ^ 0x7FFFFFFF;
+  return V<Mox32s, 4>(_mm_blendv_ps(__m128(wrapped), __m128(limit), __m128(wrongSign)));
+}
+[[gnu::always_inline]] inline V<Mox32s, 4> addSaturated(V<Mox32s, 4> a, V<Mox32s, 4> b) {
+  const auto r = V<Mox32s, 4>(V<Mox32u, 4>(a) + V<Mox32u, 4>(b));
+  return unlessWrapped(r, a, (a ^ r) & (b ^ r));
+}
+[[gnu::always_inline]] inline V<Mox8u, 16> subtractSaturated(V<Mox8u, 16> a, V<Mox8u, 16> b) {
+  return V<Mox8u, 16>(_mm_subs_epu8(__m128i(a), __m128i(b)));
+}
+[[gnu::always_inline]] inline V<Mox16u, 8> subtractSaturated(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+  return V<Mox16u, 8>(_mm_subs_epu16(__m128i(a), __m128i(b)));
+}
+[[gnu::always_inline]] inline V<Mox16s, 8> subtractSaturated(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  return V<Mox16s, 8>(_mm_subs_epi16(__m128i(a), __m128i(b)));
+}
+[[gnu::always_inline]] inline V<Mox32s, 4> subtractSaturated(V<Mox32s, 4> a, V<Mox32s, 4> b) {
+  const auto r = V<Mox32s, 4>(V<Mox32u, 4>(a) - V<Mox32u, 4>(b));
+  return unlessWrapped(r, a, (a ^ b) & (a ^ r));
+}
+
+// The upper halves of products.
+[[gnu::always_inline]] inline V<Mox16u, 8> multiplyHigh(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+  return V<Mox16u, 8>(_mm_mulhi_epu16(__m128i(a), __m128i(b)));
+}
+// Whole products.
+[[gnu::always_inline]] inline Halves<Mox32s> multiplyWide(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  const __m128i low = _mm_mullo_epi16(__m128i(a), __m128i(b));
+  const __m128i high = _mm_mulhi_epi16(__m128i(a), __m128i(b));
+  return {V<Mox32s, 4>(_mm_unpacklo_epi16(low, high)), V<Mox32s, 4>(_mm_unpackhi_epi16(low, high))};
+}
+// a[2i] * b[2i] + a[2i+1] * b[2i+1] in 32 bits, which a sum of 2^31 leaves.
+[[gnu::always_inline]] inline V<Mox32s, 4> multiplyAddPairs(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  return V<Mox32s, 4>(_mm_madd_epi16(__m128i(a), __m128i(b)));
+}
+
+// Lanes shifted by up to their width. There is no shift of bytes: those move in pairs, and must not
+// have bits that would reach the neighbour.
+template <class W>
+[[gnu::always_inline]] inline W shiftLeft(W v, int count) {
+  const __m128i places = _mm_cvtsi32_si128(count);
+  if constexpr (sizeof(Lane<W>) == 4)
+    return W(_mm_sll_epi32(__m128i(v), places));
+  else
+    return W(_mm_sll_epi16(__m128i(v), places));
+}
+
+// Complex numbers as interleaved parts, real part first.
+template <class T>
+[[gnu::always_inline]] inline T realParts(T z) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_moveldup_ps(z));  // a plain load, where shuffle() takes a shuffle as well
+  else
+    return shuffle<[](int i) { return i & ~1; }>(z);
+}
+template <class T>
+[[gnu::always_inline]] inline T imaginaryParts(T z) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_movehdup_ps(z));
+  else
+    return shuffle<[](int i) { return i | 1; }>(z);
+}
+template <class T>
+[[gnu::always_inline]] inline T swapParts(T z) {
+  return shuffle<[](int i) { return i ^ 1; }>(z);
+}
+// The real parts of a - b and the imaginary parts of a + b.
+template <class T>
+[[gnu::always_inline]] inline T addSubtract(T a, T b) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_addsub_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_addsub_pd(a, b));
+  else
+    return shuffle<[](int i) { return i % 2 ? laneCount<T> + i : i; }>(T(a - b), T(a + b));
+}
+// Each real number twice, to go with both parts of a complex one.
+template <class T>
+[[gnu::always_inline]] inline auto doubled(T a) {
+  if constexpr (std::is_arithmetic_v<T>)
+    return a;
+  else
+    return [&]<int... i>(std::integer_sequence<int, i...>) {
+      return __builtin_shufflevector(a, a, (i / 2)...);
+    }
+  (std::make_integer_sequence<int, 2 * laneCount<T>>());
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }

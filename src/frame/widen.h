@@ -25,7 +25,7 @@ template <class Wide, class E>
              0x1p31;
     else
       return Wide(_mm256_cvtepi32_pd(__m128i(loadWidened<V<Mox32s, 4>>(p))));
-  } else if constexpr (std::is_same_v<Wide, V<Mox16s, 8>>) {
+  } else if constexpr (sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 2) {
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));
   } else {

@@ -1,0 +1,48 @@
+// Products added to what the destination holds.
+#include <moxsp/arith.h>
+
+#include "arith/element_wise.h"
+#include "arith/operations.h"
+#include "frame/export.h"
+#include "frame/map_scaled.h"
+
+namespace mox {
+namespace {
+
+// srcDst = srcDst + op(src1, src2)
+template <auto op, class E>
+MoxStatus addProduct(const E* src1, const E* src2, E* srcDst, int len) {
+  if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
+  mapElements([](auto a, auto b, auto c) { return c + op(a, b); }, srcDst, len, src1, src2, srcDst);
+  return moxOk;
+}
+
+MoxStatus addProductConstant(const Mox32f* src, Mox32f val, Mox32f* srcDst, int len) {
+  if (MoxStatus s = checkArrays(len, src, srcDst)) return s;
+  mapElements([](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src, Same<Mox32f>{val},
+              srcDst);
+  return moxOk;
+}
+
+// With integers the whole sum is scaled.
+template <int magnitude, class D>
+MoxStatus addProductScaled(const Mox16s* src1, const Mox16s* src2, D* srcDst, int len,
+                           int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
+  mapScaled<magnitude>(
+      scaleFactor, [](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src1, src2,
+      srcDst);
+  return moxOk;
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsAddProduct_32f, addProduct<product, Mox32f>);
+MOX_EXPORT(moxsAddProduct_64f, addProduct<product, Mox64f>);
+MOX_EXPORT(moxsAddProduct_32fc, addProduct<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsAddProduct_64fc, addProduct<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled<31, Mox16s>);
+MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled<32, Mox32s>);
+MOX_EXPORT(moxsAddProductC_32f, addProductConstant);
+
+}  // namespace mox

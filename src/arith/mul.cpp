@@ -1,0 +1,62 @@
+// Products of floats, of two vectors and with a constant.
+#include <moxsp/arith.h>
+
+#include "arith/element_wise.h"
+#include "arith/mul_constant.h"
+#include "arith/operations.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+// 1 copies and 0 clears, whatever the elements are.
+template <class F>
+void multiplyByConstant(const F* src, F val, F* dst, long len) {
+  if (val == 0)
+    zeroElements(dst, len);
+  else if (val != 1)
+    mapElements<Stores::bypassing>(product, dst, len, src, Same<F>{val});
+  else if (src != dst)
+    copyElements(src, dst, len);
+}
+
+// Of the public functions, the one in single precision alone.
+MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  multiplyByConstant(src, val, dst, len);
+  return moxOk;
+}
+MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
+  return mulConstant(srcDst, val, srcDst, len);
+}
+
+}  // namespace
+
+template <class F>
+void ownsMulC_I(F factor, F* data, long count) {
+  multiplyByConstant(data, factor, data, count);
+}
+template void ownsMulC_I(Mox32f, Mox32f*, long);
+template void ownsMulC_I(Mox64f, Mox64f*, long);
+
+MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f, Mox32f, Mox32f>);
+MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f, Mox64f, Mox64f>);
+MOX_EXPORT(moxsMul_32f_I, mapPairInPlace<product, Mox32f, Mox32f>);
+MOX_EXPORT(moxsMul_64f_I, mapPairInPlace<product, Mox64f, Mox64f>);
+MOX_EXPORT(moxsMul_32fc, mapPair<complexProduct, Mox32fc, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_64fc, mapPair<complexProduct, Mox64fc, Mox64fc, Mox64fc>);
+MOX_EXPORT(moxsMul_32fc_I, mapPairInPlace<complexProduct, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_64fc_I, mapPairInPlace<complexProduct, Mox64fc, Mox64fc>);
+MOX_EXPORT(moxsMul_32f32fc, mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>);
+MOX_EXPORT(moxsMul_32f32fc_I, mapPairInPlace<realByComplex, Mox32f, Mox32fc>);
+
+MOX_EXPORT(moxsMulC_32f, mulConstant);
+MOX_EXPORT(moxsMulC_32f_I, mulConstantInPlace);
+MOX_EXPORT(moxsMulC_64f, mapConstant<product, Mox64f>);
+MOX_EXPORT(moxsMulC_64f_I, mapConstantInPlace<product, Mox64f>);
+MOX_EXPORT(moxsMulC_32fc, mapConstant<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsMulC_64fc, mapConstant<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsMulC_32fc_I, mapConstantInPlace<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsMulC_64fc_I, mapConstantInPlace<complexProduct, Mox64fc>);
+
+}  // namespace mox

@@ -1,0 +1,85 @@
+// The operations of the element-wise families, on scalars and vectors alike; complex numbers are
+// vectors of interleaved parts. Where a vector instruction saturates, or a sum can be halved in its
+// own width, an operation has these forms too.
+#pragma once
+
+#include "frame/vec.h"
+
+namespace mox {
+
+namespace detail {
+
+// (x & 1) is what halving lost: a tie, which moves an odd floor up to the even integer above it.
+inline V<Mox16s, 8> halfToEven(V<Mox16s, 8> floor, V<Mox16s, 8> x) {
+  return addSaturated(floor, floor & x & 1);
+}
+
+}  // namespace detail
+
+struct Sum {
+  constexpr auto operator()(auto a, auto b) const { return a + b; }
+
+  template <class W>
+  static auto saturated(W a, W b) -> decltype(addSaturated(a, b)) {
+    return addSaturated(a, b);
+  }
+  // (a + b) / 2 to nearest, ties to even.
+  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+    const auto x = a ^ b;
+    return detail::halfToEven((a & b) + (x >> 1), x);
+  }
+};
+inline constexpr Sum sum;
+
+struct Difference {
+  constexpr auto operator()(auto a, auto b) const { return a - b; }
+
+  template <class W>
+  static auto saturated(W a, W b) -> decltype(subtractSaturated(a, b)) {
+    return subtractSaturated(a, b);
+  }
+  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+    const auto x = a ^ b;
+    return detail::halfToEven((x >> 1) - (~a & b), x);
+  }
+};
+inline constexpr Difference firstMinusSecond;
+
+struct ReverseDifference {
+  constexpr auto operator()(auto a, auto b) const { return b - a; }
+
+  template <class W>
+  static auto saturated(W a, W b) -> decltype(subtractSaturated(b, a)) {
+    return subtractSaturated(b, a);
+  }
+  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) { return Difference::halved(b, a); }
+};
+inline constexpr ReverseDifference secondMinusFirst;
+
+struct Product {
+  constexpr auto operator()(auto a, auto b) const { return a * b; }
+
+  static V<Mox16s, 8> saturated(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+    const auto r = multiplyWide(a, b);
+    return packSaturated<Mox16s>(r.low, r.high);
+  }
+  static V<Mox16u, 8> saturated(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+    return a * b | V<Mox16u, 8>(multiplyHigh(a, b) != 0);
+  }
+  static Halves<Mox32s> wide(V<Mox16s, 8> a, V<Mox16s, 8> b) { return multiplyWide(a, b); }
+};
+inline constexpr Product product;
+
+struct ComplexProduct {
+  auto operator()(auto x, auto y) const {
+    return addSubtract(x * realParts(y), swapParts(x) * imaginaryParts(y));
+  }
+};
+inline constexpr ComplexProduct complexProduct;
+
+struct RealByComplex {
+  auto operator()(auto a, auto z) const { return doubled(a) * z; }
+};
+inline constexpr RealByComplex realByComplex;
+
+}  // namespace mox
