@@ -39,7 +39,7 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
     return squareRoot(x);
   };
   constexpr long lanes = lanesOf<E>;
-  if (bypasses<Stores::bypassing, E, E>(len)) {
+  if (bypasses<Stores::bypassing>(dst, len, src)) {
     mapElements<Stores::bypassing>(root, dst, len, src);
   } else {
     long i = 0;

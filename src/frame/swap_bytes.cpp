@@ -49,7 +49,7 @@ void swapElements(const E* src, E* dst, long len) {
   constexpr int size = sizeof(E), vecs = size == 3 ? 3 : 4;
   constexpr long vector = sizeof(Bytes), block = vecs * vector / size;
   forBlocks<block>(
-      src != dst && bypasses<Stores::bypassing, E, E>(len), dst, len,
+      bypasses<Stores::bypassing>(dst, len, src), dst, len,
       [&](long i) { store(dst + i, swapped(load<E>(src + i))); },
       [&](long i, auto put) {
         const auto* from = reinterpret_cast<const Mox8u*>(src + i);
