@@ -39,20 +39,30 @@ class Tiles {
   }
 
   void put(const F* buffer, long tile) const {
-    constexpr int groups = side / Shape::runs, groupBits = __builtin_ctz(groups);
     const Area to = area_.from(tile * side);
     for (int column = 0; column < side; column += Shape::columns)
-      for (int group = 0; group < groups; ++group) {
-        const F* const from = buffer + 2 * (reversed(group, groupBits) * rowStride + column);
+      for (int block = 0; block < blocks; ++block)
         leafColumns<direction, radix, F>(
-            to, [=](int k) { return Mixed<F>{load<V<F>>(from + 2 * k * groups * rowStride)}; },
+            to,
+            [=](int k, int part) {
+              const int row = k * (side / radix) + rowOf(block, part);
+              return Mixed<F>{load<V<F>>(buffer + 2 * (row * rowStride + column))};
+            },
             [=, this](int c) {
-              return reversed(column + c, bits) * rowLength_ + group * Shape::runs;
+              return reversed(column + c, bits) * rowLength_ + block * Shape::runs;
             });
-      }
   }
 
  private:
+  static constexpr int blocks = side / Shape::runs;
+
+  // The first row of a block's transforms. Where two share it, its bits have the order of
+  // ownFftLeaf.
+  static constexpr int rowOf(int block, int part) {
+    if constexpr (Shape::sharing == 1) return reversed(block, __builtin_ctz(blocks));
+    return (block & 1) << 3 | (block & 2) << 1 | part << 1 | block >> 2;
+  }
+
   Source src_;
   Area area_;
   long rowLength_;

@@ -54,7 +54,8 @@ void ownFftRadix4Pass(Area area, const F* twiddle, long q, long blocks) {
     joinFour<direction>(area.from(4 * q * b), q, area.from(4 * q * b), twiddle, q);
 }
 
-// Where the four numbers of a transform fill half a vector only, two groups share one.
+// The four numbers of a transform fill half a vector only. So the first pass has put those of two
+// groups into one, and this stage takes them apart.
 template <Direction direction, class Area>
 void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
   using T = V<Mox32f>;
@@ -64,18 +65,14 @@ void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
   };
   const Lanes<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)}, w3 = {run(4), run(5)};
   for (long i = 0; i < 16 * blocks; i += 32) {
-    Lanes<T> g[4], a[4];
-    for (int k = 0; k < 4; ++k) g[k] = area.lanes(i + 8 * k);
-    for (int k = 0; k < 2; ++k) {
-      a[2 * k] = {joinLow(g[k].re, g[k + 2].re), joinLow(g[k].im, g[k + 2].im)};
-      a[2 * k + 1] = {joinHigh(g[k].re, g[k + 2].re), joinHigh(g[k].im, g[k + 2].im)};
-    }
+    Lanes<T> a[4];
+    for (int k = 0; k < 4; ++k) a[k] = area.lanes(i + 8 * k);
     stageButterfly<direction>(a, w1, w2, w3);
     for (int k = 0; k < 2; ++k) {
-      g[k] = {joinLow(a[2 * k].re, a[2 * k + 1].re), joinLow(a[2 * k].im, a[2 * k + 1].im)};
-      g[k + 2] = {joinHigh(a[2 * k].re, a[2 * k + 1].re), joinHigh(a[2 * k].im, a[2 * k + 1].im)};
+      const Lanes<T>&x = a[2 * k], &y = a[2 * k + 1];
+      area.putLanes(i + 8 * k, {joinLow(x.re, y.re), joinLow(x.im, y.im)});
+      area.putLanes(i + 16 + 8 * k, {joinHigh(x.re, y.re), joinHigh(x.im, y.im)});
     }
-    for (int k = 0; k < 4; ++k) area.putLanes(i + 8 * k, g[k]);
   }
 }
 template <Direction direction, class Area>
@@ -83,23 +80,25 @@ void ownFftStage16(Area area, const Mox64f* twiddle, long blocks) {
   ownFftRadix4Pass<direction>(area, twiddle, 4, blocks);
 }
 
-// How the first pass takes its numbers: `runs` of them n / runs apart become vectors of their own,
-// and after it each of `columns` such sets fills whole blocks.
+// How the first pass takes its numbers: `runs` vectors of `columns` columns, in which transforms
+// that fill part of a block share it with those of `sharing` - 1 other groups of 16.
 template <class F, int radix>
 struct LeafShape {
   static constexpr int runs = radix < lanesOf<F> ? lanesOf<F> : radix;
+  static constexpr int sharing = runs / radix;
   static constexpr int columns = numbersInMixed<F>;
 };
 
-// run(k) gives number k of all columns; place(c) is where the transforms of column c go.
+// run(k, part) gives number k of the transforms in that part of a block, for all columns; place(c)
+// is where the block of column c goes.
 template <Direction direction, int radix, class F, class Area, class Run, class Place>
 [[gnu::always_inline]] inline void leafColumns(Area area, Run run, Place place) {
   using Shape = LeafShape<F, radix>;
-  constexpr int l = lanesOf<F>, sharing = Shape::runs / radix;
+  constexpr int l = lanesOf<F>;
   V<F> rows[Shape::runs];
-  for (int part = 0; part < sharing; ++part) {
+  for (int part = 0; part < Shape::sharing; ++part) {
     Mixed<F> a[radix];
-    for (int k = 0; k < radix; ++k) a[k] = run(k * sharing + part);
+    for (int k = 0; k < radix; ++k) a[k] = run(k, part);
     butterfly<direction, F>(a);
     for (int k = 0; k < radix; ++k) rows[part * radix + k] = a[k].v;
   }
@@ -112,16 +111,27 @@ template <Direction direction, int radix, class F, class Area, class Run, class 
   }
 }
 
-// Transforms of `radix` numbers, each put where its bit-reversed index is.
-template <Direction direction, int radix, class Source, class Area>
-void ownFftLeaf(Source src, Area area, const int* bitRev, long n) {
+// Transforms of `radix` numbers, each put where its bit-reversed index is; of those that share
+// blocks, the same quarters of two neighbouring groups of 16 are together.
+template <Direction direction, int radix, class Array, class Area>
+void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
   using F = typename Area::F;
   using Shape = LeafShape<F, radix>;
-  const long stride = n / Shape::runs;
-  for (long i = 0; i < stride; i += Shape::columns)
+  const long stride = n / radix;
+  const auto columns = [&](long i, long partner, auto place) {
     leafColumns<direction, radix, F>(
-        area, [=](int k) { return src.mixed(i + k * stride); },
-        [=](int c) { return 2L * bitRev[i + c]; });
+        area, [=](int k, int part) { return src.mixed(i + k * stride + part * partner); },
+        [=](int c) { return place(2L * bitRev[i + c]); });
+  };
+  if constexpr (Shape::sharing == 1) {
+    for (long i = 0; i < stride; i += Shape::columns)
+      columns(i, 0, [](long reversed) { return reversed; });
+  } else {
+    const long partner = n / 32;
+    for (long first = 0; first < stride; first += 2 * partner)
+      for (long i = first; i < first + partner; i += Shape::columns)
+        columns(i, partner, [](long reversed) { return (reversed & -32) + (reversed & 12) * 2; });
+  }
 }
 
 }  // namespace mox
