@@ -29,13 +29,17 @@ MoxStatus rootsScaled(const S* src, D* dst, int len, int scaleFactor) {
 
 __extension__ typedef unsigned __int128 Wide;
 
+// To within some units in the last place: the exact conversion would be a call of the compiler's
+// runtime library.
+Mox64f approximately(Int128 v) { return Mox64f(Mox64s(v >> 64)) * 0x1p64 + Mox64f(Mox64u(v)); }
+
 // The largest integer whose square is at most v, for v below 2^126.
 Mox64u floorOfRoot(Wide v) {
   // A double's root is off by 2^-52 of itself; one step of Newton's method leaves less than 2.
-  Mox64u root = Mox64u(squareRoot(Mox64f(v)));
+  Mox64u root = Mox64u(squareRoot(approximately(Int128(v))));
   if (root == 0) return 0;
   const Int128 rest = Int128(v - Wide(root) * root);
-  root += Mox64u(Mox64s(Mox64f(rest) / (2 * Mox64f(root))));
+  root += Mox64u(Mox64s(approximately(rest) / (2 * Mox64f(root))));
   while (Wide(root) * root > v) --root;
   while (Wide(root + 1) * (root + 1) <= v) ++root;
   return root;
