@@ -31,6 +31,7 @@ void declare(CLI::App& app, Options& o) {
       ->check(CLI::PositiveNumber);
   kind->add_option("--bandpass", o.bandpass, "Keep what lies between two frequencies in Hz")
       ->expected(2)
+      ->allow_extra_args(false)
       ->check(CLI::PositiveNumber);
   app.add_option("--taps", o.job.band.taps, "Length of the filter, odd")
       ->capture_default_str()

@@ -5,6 +5,7 @@
 
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
+#include "frame/rounding_control.h"
 
 namespace mox {
 namespace {
@@ -55,54 +56,51 @@ inline D cosineOf(D angle, D rest) {
 
 // sin(x + turn pi / 2)
 template <int turn>
-struct SineKernel {
-  D vector(D x) const {
+struct Sine64f {
+  using Element = Mox64f;
+
+  static D lanes(D x) {
     const auto [n, angle, rest] = reduced(x);
     // The quadrant's bits, taken from the number that n + 1.5 * 2^52 holds at its end.
-    using Bits = V<Mox64u>;
-    const Bits quadrant = Bits(n + (0x1.8p52 + turn));
-    const D s = sineOf(angle, rest), c = cosineOf(angle, rest);
-    const D odd = D(Bits(V<Mox64s>((quadrant & 1) != 0)));
-    const Bits magnitude = (Bits(c) & Bits(odd)) | (Bits(s) & ~Bits(odd));
-    return D(magnitude ^ (quadrant & 2) << 62);
+    const Bits<D> quadrant = Bits<D>(n + (0x1.8p52 + turn));
+    const D size = select(D(quadrant << 63), cosineOf(angle, rest), sineOf(angle, rest));
+    return D(Bits<D>(size) ^ (quadrant & 2) << 62);
   }
-  V<Mox64s> special(D x) const { return ~((x < largestAngle) & (x > -largestAngle)); }
-  Mox64f element(Mox64f x) const { return turn ? std::cos(x) : std::sin(x); }
+  static D special(D x) { return notAtMost(absolute(x), largestAngle); }
+  static Mox64f one(Mox64f x, int&) { return turn ? std::cos(x) : std::sin(x); }
 };
 
 // Single precision by way of double: the result is rounded once more.
 template <int turn>
-struct SingleSineKernel {
-  SineKernel<turn> kernel;
+struct Sine32f {
+  using Element = Mox32f;
+  using InDouble = Sine64f<turn>;
 
-  V<Mox32f> vector(V<Mox32f> x) const {
+  static V<Mox32f> lanes(V<Mox32f> x) {
     const D low =
-        kernel.vector(__builtin_convertvector(__builtin_shufflevector(x, x, 0, 1, 2, 3), D));
+        InDouble::lanes(__builtin_convertvector(__builtin_shufflevector(x, x, 0, 1, 2, 3), D));
     const D high =
-        kernel.vector(__builtin_convertvector(__builtin_shufflevector(x, x, 4, 5, 6, 7), D));
+        InDouble::lanes(__builtin_convertvector(__builtin_shufflevector(x, x, 4, 5, 6, 7), D));
     const auto a = __builtin_convertvector(low, V<Mox32f, 4>),
                b = __builtin_convertvector(high, V<Mox32f, 4>);
     return __builtin_shufflevector(a, b, 0, 1, 2, 3, 4, 5, 6, 7);
   }
-  V<Mox32s> special(V<Mox32f> x) const {
-    return ~((x < Mox32f(largestAngle)) & (x > Mox32f(-largestAngle)));
-  }
-  Mox32f element(Mox32f x) const { return Mox32f(kernel.element(x)); }
+  static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), Mox32f(largestAngle)); }
+  static Mox32f one(Mox32f x, int& code) { return Mox32f(InDouble::one(x, code)); }
 };
+
+// Tables are the same in every rounding mode of the caller.
+template <class Function, class F>
+int runToNearest(const F* src, F* dst, int len) {
+  const RoundingScope scope(Rounding::nearEven);
+  return runFunction<Function>(src, dst, len);
+}
 
 }  // namespace
 
-void ownsSin(const Mox32f* src, Mox32f* dst, int len) {
-  vectorFunction(SingleSineKernel<0>(), src, dst, len);
-}
-void ownsCos(const Mox32f* src, Mox32f* dst, int len) {
-  vectorFunction(SingleSineKernel<1>(), src, dst, len);
-}
-void ownsSin(const Mox64f* src, Mox64f* dst, int len) {
-  vectorFunction(SineKernel<0>(), src, dst, len);
-}
-void ownsCos(const Mox64f* src, Mox64f* dst, int len) {
-  vectorFunction(SineKernel<1>(), src, dst, len);
-}
+const VectorFunction<Mox32f> ownsSin_32f(runToNearest<Sine32f<0>>, 3.43f, 5.18f, 2.63f);
+const VectorFunction<Mox32f> ownsCos_32f(runToNearest<Sine32f<1>>, 3.53f, 6.24f, 2.73f);
+const VectorFunction<Mox64f> ownsSin_64f(runToNearest<Sine64f<0>>, 9.20f, 16.04f, 6.26f);
+const VectorFunction<Mox64f> ownsCos_64f(runToNearest<Sine64f<1>>, 8.99f, 16.23f, 6.42f);
 
 }  // namespace mox

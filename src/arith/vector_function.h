@@ -1,48 +1,123 @@
-// The frame of a vector function: a first part up to a 32-byte boundary of the source, blocks of 16
-// elements, and a tail. Lanes that a kernel finds special go through a routine for one element; the
-// other lanes keep their vector results.
+// The road of the elementary functions on floats: vectors throughout, and a routine for one
+// element where a lane is out of the vector's reach. A function is a class with
+//   Element              what it computes in, Mox32f or Mox64f;
+//   lanes(x)             the results of a vector;
+//   special(x)           optional: the mask of the lanes that lanes() does not serve;
+//   one(element, code)   with it: the result of such an element, and a code to remember if it is
+//                        one that the caller is to be warned of.
 #pragma once
 
 #include <algorithm>
+#include <bit>
 
+#include "frame/checks.h"
 #include "frame/map.h"
-#include "frame/rounding_control.h"
 
 namespace mox {
 
-// Function has: vector(V<F>) for ordinary lanes, special(V<F>), whose lanes are not 0 where they
-// need element(F). Empty lanes of a part hold 0.75, which is harmless everywhere.
-template <class F, class Function>
-[[gnu::always_inline]] inline V<F> evaluate(const Function& f, V<F> x) {
-  V<F> y = f.vector(x);
-  if (const auto special = f.special(x); anyLane(special)) [[unlikely]]
-    for (int i = 0; i < lanesOf<F>; ++i)
-      if (special[i]) y[i] = f.element(x[i]);
-  return y;
-}
-
-template <class F, class Function>
-void evaluatePart(const Function& f, const F* src, F* dst, long count) {
-  F lanes[lanesOf<F>];
-  std::fill(lanes, lanes + lanesOf<F>, F(0.75));
-  for (long i = 0; i < count; ++i) lanes[i] = load<F>(src + i);
-  store(lanes, evaluate<F>(f, load<V<F>>(lanes)));
-  for (long i = 0; i < count; ++i) store(dst + i, lanes[i]);
-}
-
-template <class F, class Function>
-void vectorFunction(const Function& f, const F* src, F* dst, long len) {
-  if (len < 1 || !src || !dst) return;
-  constexpr long block = 16, lanes = lanesOf<F>;
-  const RoundingScope scope(Rounding::nearEven, Traps::masked);
-  long i = std::min<long>(peelCount(src), len);
-  if (i) evaluatePart(f, src, dst, i);
-  for (; i <= len - block; i += block) {
-    V<F> y[block / lanes];
-    for (int j = 0; j < block / lanes; ++j) y[j] = evaluate<F>(f, load<V<F>>(src + i + j * lanes));
-    for (int j = 0; j < block / lanes; ++j) store(dst + i + j * lanes, y[j]);
+// Masks the floating-point exceptions for the length of a scope.
+class MaskedExceptions {
+ public:
+  MaskedExceptions() : outer_(_mm_getcsr()), changed_((outer_ & masks) != masks) {
+    if (changed_) set(outer_ | masks);
   }
-  for (; i < len; i += lanes) evaluatePart(f, src + i, dst + i, std::min(lanes, len - i));
+  ~MaskedExceptions() {
+    if (changed_) set(outer_);
+  }
+  MaskedExceptions(const MaskedExceptions&) = delete;
+  MaskedExceptions& operator=(const MaskedExceptions&) = delete;
+
+ private:
+  static constexpr unsigned masks = 0x1F80;
+
+  static void set(unsigned word) {
+    asm volatile("" ::: "memory");
+    _mm_setcsr(word);
+    asm volatile("" ::: "memory");
+  }
+
+  unsigned outer_;
+  bool changed_;
+};
+
+namespace detail {
+
+constexpr int functionBlock = 16;
+
+template <class Function>
+using FunctionLanes = V<typename Function::Element>;
+
+template <class Function>
+constexpr int vectorsPerBlock = functionBlock / laneCount<FunctionLanes<Function>>;
+
+// Results of a block, computed anew in its special lanes. The first code noted stays.
+template <class Function>
+struct Repair {
+  using Lanes = FunctionLanes<Function>;
+  Lanes x[vectorsPerBlock<Function>], result[vectorsPerBlock<Function>];
+
+  [[gnu::noinline, gnu::cold]] void run(int& code) {
+    for (int j = 0; j < vectorsPerBlock<Function>; ++j)
+      for (int bits = signBits(Function::special(x[j])); bits; bits &= bits - 1) {
+        const int lane = std::countr_zero(unsigned(bits));
+        int noted = 0;
+        result[j][lane] = Function::one(x[j][lane], noted);
+        if (code == 0) code = noted;
+      }
+  }
+};
+
+template <class Function, class S, class D>
+[[gnu::always_inline]] inline void runBlock(const S* src, D* dst, int& code) {
+  using Lanes = FunctionLanes<Function>;
+  constexpr int vectors = vectorsPerBlock<Function>, lanes = laneCount<Lanes>;
+  Lanes x[vectors], result[vectors];
+  for (int j = 0; j < vectors; ++j) x[j] = loadWidened<Lanes>(src + j * lanes);
+  for (int j = 0; j < vectors; ++j) result[j] = Function::lanes(x[j]);
+  if constexpr (requires { Function::special(x[0]); }) {
+    Lanes special = Function::special(x[0]);
+    for (int j = 1; j < vectors; ++j) special = either(special, Function::special(x[j]));
+    if (signBits(special)) [[unlikely]] {
+      Repair<Function> repair;
+      for (int j = 0; j < vectors; ++j) repair.x[j] = x[j], repair.result[j] = result[j];
+      repair.run(code);
+      for (int j = 0; j < vectors; ++j) result[j] = repair.result[j];
+    }
+  }
+  for (int j = 0; j < vectors; ++j) {
+    if constexpr (std::is_same_v<D, Lane<Lanes>>)
+      store(dst + j * lanes, result[j]);
+    else
+      store(dst + j * lanes, __builtin_convertvector(result[j], V<D, lanes>));
+  }
+}
+
+// Fewer elements than a block: the empty lanes compute the function of a harmless value.
+template <class Function, class S, class D>
+[[gnu::noinline]] void runPart(const S* src, D* dst, long count, int& code) {
+  alignas(vectorBytes) S in[functionBlock];
+  alignas(vectorBytes) D out[functionBlock];
+  for (S& e : in) e = S(0.75);
+  for (long i = 0; i < count; ++i) in[i] = load<S>(src + i);
+  runBlock<Function>(in, out, code);
+  for (long i = 0; i < count; ++i) store(dst + i, out[i]);
+}
+
+}  // namespace detail
+
+// dst[i] = function of src[i]: a part up to the first vector boundary of `src`, blocks of 16, and a
+// part for the rest. Returns the first code that an element noted, else 0.
+template <class Function, class S, class D>
+int runFunction(const S* src, D* dst, int len) {
+  if (len < 1 || anyNull(src, dst)) return 0;
+  const MaskedExceptions scope;
+  int code = 0;
+  long i = std::min(peelCount(src), len);
+  if (i > 0) detail::runPart<Function>(src, dst, i, code);
+  for (; i <= len - detail::functionBlock; i += detail::functionBlock)
+    detail::runBlock<Function>(src + i, dst + i, code);
+  if (i < len) detail::runPart<Function>(src + i, dst + i, len - i, code);
+  return code;
 }
 
 }  // namespace mox

@@ -1,6 +1,6 @@
 #include <moxsp/frame.h>
 
-#include <utility>
+#include <type_traits>
 
 #include "frame/checks.h"
 #include "frame/elements.h"
@@ -10,30 +10,34 @@
 namespace mox {
 namespace {
 
-// Elements are moved as integers, so that no NaN changes. Those below four bytes are shuffled 16
-// bytes at a time, wider ones by the lanes of a whole vector.
+// What carries an element from place to place, its bits unchanged. Under AVX integers are shuffled
+// 16 bytes at a time, while the lanes of float vectors go through a whole one.
 template <class E>
-struct Element {
-  using Bits = BitsOf<E>;
-  using Vector = V<Bits, (sizeof(E) < 4 ? 16 : vectorBytes) / int(sizeof(E))>;
+struct Carrier {
+  using Single = BitsOf<E>;
+  using Vector = std::conditional_t<
+      sizeof(E) == 8, V<Mox64f>,
+      std::conditional_t<sizeof(E) == 4, V<Mox32f>, V<Single, 16 / int(sizeof(E))>>>;
 };
 template <>
-struct Element<Mox64fc> {
-  using Bits = V<Mox64u, 2>;
-  using Vector = V<Mox64u>;
+struct Carrier<Mox64fc> {
+  using Single = V<Mox64f, 2>;
+  using Vector = V<Mox64f>;
 };
 
 template <class E>
-using Bits = typename Element<E>::Bits;
+using Single = typename Carrier<E>::Single;
 template <class E>
-using Vector = typename Element<E>::Vector;
+using Vector = typename Carrier<E>::Vector;
 template <class E>
 constexpr long lanes = sizeof(Vector<E>) / sizeof(E);
 
 template <class E>
 [[gnu::always_inline]] inline Vector<E> reversed(Vector<E> v) {
-  constexpr int words = sizeof(E) / sizeof(v[0]);
-  return shuffle<[](int i) { return (int(lanes<E>) - 1 - i / words) * words + i % words; }>(v);
+  constexpr int perHalf = 16 / sizeof(E);
+  if constexpr (sizeof v == vectorBytes)
+    v = Vector<E>(shuffle<[](int i) { return i ^ 2; }>(V<Mox64f>(v)));
+  return shuffle<[](int i) { return i ^ (perHalf - 1); }>(v);
 }
 
 template <class E>
@@ -43,7 +47,7 @@ void reverseCopy(const E* src, E* dst, long len) {
     store(dst + at, reversed<E>(load<Vector<E>>(src + len - at - lanes<E>)));
   };
   if (len < lanes<E>) {
-    for (; i < len; ++i) store(dst + i, load<Bits<E>>(src + len - 1 - i));
+    for (; i < len; ++i) store(dst + i, load<Single<E>>(src + len - 1 - i));
     return;
   }
   vector(0);
@@ -56,21 +60,19 @@ void reverseCopy(const E* src, E* dst, long len) {
 
 template <class E>
 void reverseInPlace(E* srcDst, long len) {
-  const auto swapEnds = [&]<class T>(E* low, E* high, auto turn) {
-    const T a = load<T>(low), b = load<T>(high);
-    store(low, turn(b));
-    store(high, turn(a));
-  };
   long low = 0, high = len;
-  const auto swapVectors = [&] {
-    swapEnds.template operator()<Vector<E>>(srcDst + low, srcDst + high - lanes<E>, reversed<E>);
-    low += lanes<E>, high -= lanes<E>;
-  };
   // Two vectors may overlap in the middle, where both put the same elements.
-  while (high - low >= lanes<E>) swapVectors();
-  for (; high - low > 1; ++low, --high)
-    swapEnds.template operator()<Bits<E>>(srcDst + low, srcDst + high - 1,
-                                          [](auto v) { return v; });
+  for (; high - low >= lanes<E>; low += lanes<E>, high -= lanes<E>) {
+    E* const last = srcDst + high - lanes<E>;
+    const auto a = load<Vector<E>>(srcDst + low), b = load<Vector<E>>(last);
+    store(srcDst + low, reversed<E>(b));
+    store(last, reversed<E>(a));
+  }
+  for (; high - low > 1; ++low, --high) {
+    const auto a = load<Single<E>>(srcDst + low), b = load<Single<E>>(srcDst + high - 1);
+    store(srcDst + low, b);
+    store(srcDst + high - 1, a);
+  }
 }
 
 template <class E>

@@ -343,4 +343,89 @@ inline bool isAligned(const void* p, std::uintptr_t alignment) {
   return (addressOf(p) & (alignment - 1)) == 0;
 }
 
+// Lane by lane, and for one number.
+template <class T>
+[[gnu::always_inline]] inline T squareRoot(T v) {
+  if constexpr (std::is_same_v<T, V<Mox32f>>)
+    return T(_mm256_sqrt_ps(v));
+  else if constexpr (std::is_same_v<T, V<Mox64f>>)
+    return T(_mm256_sqrt_pd(v));
+  else if constexpr (std::is_same_v<T, Mox32f>)
+    return _mm_cvtss_f32(_mm_sqrt_ss(_mm_set_ss(v)));
+  else
+    return _mm_cvtsd_f64(_mm_sqrt_sd(_mm_setzero_pd(), _mm_set_sd(v)));
+}
+
+// The processor's estimate of 1 / v, to about 12 bits.
+[[gnu::always_inline]] inline V<Mox32f> reciprocalEstimate(V<Mox32f> v) {
+  return V<Mox32f>(_mm256_rcp_ps(v));
+}
+
+[[gnu::always_inline]] inline V<Mox32f> truncated(V<Mox32f> v) {
+  return V<Mox32f>(_mm256_round_ps(v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC));
+}
+
+// The bits of vectors of floats.
+template <class T>
+using Bits =
+    std::conditional_t<sizeof(Lane<T>) == 4, V<Mox32u, laneCount<T>>, V<Mox64u, laneCount<T>>>;
+
+template <class T>
+constexpr Lane<Bits<T>> signBit = Lane<Bits<T>>(1) << (8 * sizeof(Lane<T>) - 1);
+
+// The value without its sign, and with the sign of another.
+template <class T>
+[[gnu::always_inline]] inline T absolute(T v) {
+  return T(Bits<T>(v) & ~signBit<T>);
+}
+template <class T>
+[[gnu::always_inline]] inline T withSignOf(T signs, T v) {
+  return T(Bits<T>(v) | (Bits<T>(signs) & signBit<T>));
+}
+
+// Masks of the lanes that break a bound; NaN breaks every bound, silently.
+[[gnu::always_inline]] inline V<Mox32f> notAtMost(V<Mox32f> v, Mox32f limit) {
+  return V<Mox32f>(_mm256_cmp_ps(v, _mm256_set1_ps(limit), _CMP_NLE_UQ));
+}
+[[gnu::always_inline]] inline V<Mox64f> notAtMost(V<Mox64f> v, Mox64f limit) {
+  return V<Mox64f>(_mm256_cmp_pd(v, _mm256_set1_pd(limit), _CMP_NLE_UQ));
+}
+[[gnu::always_inline]] inline V<Mox32f> notAtLeast(V<Mox32f> v, Mox32f limit) {
+  return V<Mox32f>(_mm256_cmp_ps(v, _mm256_set1_ps(limit), _CMP_NGE_UQ));
+}
+[[gnu::always_inline]] inline V<Mox64f> notAtLeast(V<Mox64f> v, Mox64f limit) {
+  return V<Mox64f>(_mm256_cmp_pd(v, _mm256_set1_pd(limit), _CMP_NGE_UQ));
+}
+
+// The lanes of either mask.
+template <class T>
+[[gnu::always_inline]] inline T either(T a, T b) {
+  return T(Bits<T>(a) | Bits<T>(b));
+}
+
+// One bit for each lane: its sign.
+[[gnu::always_inline]] inline int signBits(V<Mox32f> v) { return _mm256_movemask_ps(v); }
+[[gnu::always_inline]] inline int signBits(V<Mox64f> v) { return _mm256_movemask_pd(v); }
+
+// `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic
+// apart into a branch for each lane.
+[[gnu::always_inline]] inline V<Mox32f> select(V<Mox32f> mask, V<Mox32f> yes, V<Mox32f> no) {
+  V<Mox32f> r;
+  asm("vblendvps %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
+  return r;
+}
+[[gnu::always_inline]] inline V<Mox64f> select(V<Mox64f> mask, V<Mox64f> yes, V<Mox64f> no) {
+  V<Mox64f> r;
+  asm("vblendvpd %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
+  return r;
+}
+
+// The integers that floats hold, in the low bits of a lane; any that fit there.
+[[gnu::always_inline]] inline V<Mox32s, 8> integersOf(V<Mox32f> v) {
+  return V<Mox32s, 8>(_mm256_cvttps_epi32(v));
+}
+[[gnu::always_inline]] inline V<Mox32f> floatsOf(V<Mox32s, 8> v) {
+  return V<Mox32f>(_mm256_cvtepi32_ps(__m256i(v)));
+}
+
 }  // namespace mox

@@ -171,7 +171,7 @@ TEST(Scaled, AddProductScalesTheWholeSum) {
     for (int factor : allFactors()) {
       std::vector<D> before(len);
       for (int i = 0; i < len; ++i)
-        before[i] = sums[(std::size_t(i) * 7 + Mox32u(factor)) % sums.size()];
+        before[i] = sums[std::size_t(i * 7L + factor + 1000000) % sums.size()];
       auto dst = before;
       ASSERT_EQ(member(pairs.first.data(), pairs.second.data(), dst.data(), len, factor), moxOk);
       for (int i = 0; i < len; ++i)

@@ -114,8 +114,8 @@ TEST_F(WavFilter, SixteenBitStereoLowpassMatchesTheFormulaToHalfAStep) {
 
 TEST_F(WavFilter, FloatBandpassMatchesTheFormulaInBlocksOfAnySize) {
   writeSound("in.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 22050, 1, 15000);
-  const std::string command = path("in.flac") + " " + path("out.wav") +
-                              " --bandpass 1000 4000 --taps 101 --arithmetic float --block ";
+  const std::string command = "--bandpass 1000 4000 " + path("in.flac") + " " + path("out.wav") +
+                              " --taps 101 --arithmetic float --block ";
   const auto taps = bandTaps(1000, 4000, 22050, 101);
   for (const char* block : {"1", "37", "512", "30000"}) {
     const Outcome r = wavfilter(command + block);

@@ -170,7 +170,7 @@ TEST(Move, OverlapsOfMediumArrays) {
 
 TEST(Move, OverlapsOfLargeArrays) {
   SCOPED_TRACE(test::seedNote());
-  const Bytes before = test::Random().vector<Mox8u>(110000);
+  const Bytes before = test::Random().vector<Mox8u>(110100);
   for (const int len : {32767, 32768, 100000})
     for (const int distance : {-5000, -4096, -4092, -64, -33, -32, -4, -3,  -2,   -1,   0,
                                1,     2,     3,     4,   31,  32,  64, 100, 4095, 4100, 5000})

@@ -18,35 +18,55 @@ struct Functions {
   MoxStatus (*inPlace)(E*, int);
 };
 
-// Against a loop over elements of `size` bytes, at every length and offset, with an inaccessible
-// page on either side. `place(i, len, k)` is the byte of the source that belongs at byte k of
-// element i.
+// Guarded memory for many arrays, each `offset` bytes away from the inaccessible page.
+class Room {
+ public:
+  explicit Room(Guard side) : side_(side), memory_(capacity, side) {}
+
+  std::byte* at(int offset, int bytes) const {
+    return side_ == Guard::before ? memory_.data() + offset
+                                  : memory_.data() + capacity - bytes - offset;
+  }
+
+ private:
+  static constexpr int capacity = 8192;
+  Guard side_;
+  GuardedBytes memory_;
+};
+
+// Against a loop over elements of `size` bytes, at every length and offset. `place(i, len, k)` is
+// the byte of the source that belongs at byte k of element i.
 template <class E, class Place>
 void check(Functions<E> f, int size, Place place) {
   SCOPED_TRACE(test::seedNote());
   test::Random random;
-  for (int len = 1; len <= 200; len += 1 + len / 90)
-    for (int offset = 0; offset < 33; offset += 1 + offset / 9)
-      for (const Guard side : {Guard::before, Guard::after}) {
-        const int bytes = len * size, at = side == Guard::after ? 0 : offset;
-        const GuardedBytes src(bytes, side), dst(bytes + offset, side), both(bytes + offset, side);
-        const auto array = [&](const GuardedBytes& memory) {
-          return reinterpret_cast<E*>(memory.data() + at);
-        };
+  for (const Guard side : {Guard::before, Guard::after}) {
+    const Room srcRoom(side), dstRoom(side);
+    for (int len = 1; len <= 200; len += 1 + len / 90)
+      for (int offset = 0; offset < 33; offset += 1 + offset / 9) {
+        const int bytes = len * size;
+        std::byte* const src = srcRoom.at(0, bytes);
+        std::byte* const dst = dstRoom.at(offset, bytes);
+        // The byte on the side that no page guards.
+        std::byte* const beside = side == Guard::before ? dst + bytes : dst - 1;
         std::vector<std::byte> expected(bytes);
-        for (int i = 0; i < bytes; ++i) src.data()[i] = std::byte(random.bits());
+        for (int i = 0; i < bytes; ++i) src[i] = std::byte(random.bits());
         for (int i = 0; i < len; ++i)
-          for (int k = 0; k < size; ++k) expected[i * size + k] = src.data()[place(i, len, k)];
-        ASSERT_EQ(f.plain(reinterpret_cast<E*>(src.data()), array(dst), len), moxOk);
-        ASSERT_EQ(std::memcmp(array(dst), expected.data(), bytes), 0)
-            << "len " << len << " offset " << offset;
-        std::memcpy(array(both), src.data(), bytes);
-        ASSERT_EQ(f.inPlace(array(both), len), moxOk);
-        ASSERT_EQ(std::memcmp(array(both), expected.data(), bytes), 0)
-            << "in place, len " << len << " offset " << offset;
-        ASSERT_EQ(f.plain(array(both), array(both), len), moxOk);  // and back
-        ASSERT_EQ(std::memcmp(array(both), src.data(), bytes), 0) << "equal arrays, len " << len;
+          for (int k = 0; k < size; ++k) expected[i * size + k] = src[place(i, len, k)];
+        *beside = std::byte(0x5A);
+        const auto holds = [&](const std::byte* bytesThere) {
+          return std::memcmp(dst, bytesThere, bytes) == 0 && *beside == std::byte(0x5A);
+        };
+        E* const array = reinterpret_cast<E*>(dst);
+        ASSERT_EQ(f.plain(reinterpret_cast<E*>(src), array, len), moxOk);
+        ASSERT_TRUE(holds(expected.data())) << "len " << len << " offset " << offset;
+        std::memcpy(dst, src, bytes);
+        ASSERT_EQ(f.inPlace(array, len), moxOk);
+        ASSERT_TRUE(holds(expected.data())) << "in place, len " << len << " offset " << offset;
+        ASSERT_EQ(f.plain(array, array, len), moxOk);  // and back
+        ASSERT_TRUE(holds(src)) << "equal arrays, len " << len << " offset " << offset;
       }
+  }
   E e[2] = {};
   EXPECT_EQ(f.plain(nullptr, nullptr, 0), moxErrNullPtr);
   EXPECT_EQ(f.plain(nullptr, e, 1), moxErrNullPtr);

@@ -1,0 +1,56 @@
+#include <moxsp/arith.h>
+
+#include <cmath>
+#include <type_traits>
+
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/map.h"
+
+namespace mox {
+namespace {
+
+template <class E>
+struct Absolute {
+  template <class T>
+  T operator()(T x) const {
+    if constexpr (std::is_integral_v<E>) {
+      // -x is ~x + 1, where ~x is x ^ sign; the one value that overflows goes back by one.
+      using Unsigned = std::make_unsigned_t<E>;
+      using Word = std::conditional_t<std::is_same_v<T, E>, Unsigned, V<Unsigned>>;
+      constexpr int top = 8 * sizeof(E) - 1;
+      const T sign = T(x >> top);
+      const Word opposite = Word(Word(x ^ sign) - Word(sign));
+      return T(opposite - Word(opposite >> top));
+    } else if constexpr (std::is_same_v<T, E>) {
+      return std::fabs(x);
+    } else {
+      return absolute(x);
+    }
+  }
+};
+
+template <class E>
+MoxStatus abs(const E* src, E* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  mapElements(Absolute<E>(), dst, len, src);
+  return moxOk;
+}
+
+template <class E>
+MoxStatus absInPlace(E* srcDst, int len) {
+  return abs<E>(srcDst, srcDst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsAbs_16s, abs<Mox16s>);
+MOX_EXPORT(moxsAbs_32s, abs<Mox32s>);
+MOX_EXPORT(moxsAbs_32f, abs<Mox32f>);
+MOX_EXPORT(moxsAbs_64f, abs<Mox64f>);
+MOX_EXPORT(moxsAbs_16s_I, absInPlace<Mox16s>);
+MOX_EXPORT(moxsAbs_32s_I, absInPlace<Mox32s>);
+MOX_EXPORT(moxsAbs_32f_I, absInPlace<Mox32f>);
+MOX_EXPORT(moxsAbs_64f_I, absInPlace<Mox64f>);
+
+}  // namespace mox

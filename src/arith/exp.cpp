@@ -1,0 +1,139 @@
+#include "arith/exp.h"
+
+#include <moxsp/arith.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "arith/map_rounded.h"
+#include "arith/vector_function.h"
+#include "arith/vector_functions.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+// In double precision.
+struct Exp64f {
+  using Element = Mox64f;
+
+  static V<Mox64f> lanes(V<Mox64f> x) {
+    const ExpArgument argument(x);
+    return expOfRest(argument.rest) * powersOfTwo(argument.exponent);
+  }
+
+  // Powers of two beyond the exponents of normal numbers.
+  static V<Mox64f> special(V<Mox64f> x) { return notAtMost(absolute(x), 708.0); }
+
+  static Mox64f one(Mox64f x, int&) {
+    if (x != x) return x + x;
+    // Past these bounds nothing changes: infinity, and zero.
+    const ExpArgument argument(broadcast<V<Mox64f>>(std::clamp(x, -746.0, 710.0)));
+    const V<Mox64f> half = nearestInteger(argument.exponent * 0.5);
+    return (expOfRest(argument.rest) * powersOfTwo(half) *
+            powersOfTwo(argument.exponent - half))[0];
+  }
+};
+
+// In single precision: x = n * ln(2) + r, and a polynomial in r.
+struct Exp32f {
+  using Element = Mox32f;
+
+  static V<Mox32f> lanes(V<Mox32f> x) {
+    const V<Mox32f> shifted = x * 1.4426950216293335f + 12582912.0f;
+    const V<Mox32f> n = shifted - 12582912.0f;
+    const V<Mox32f> r = (x - n * 0.693145751953125f) - n * 1.428606765330187e-06f;
+    const V<Mox32f> p =
+        ((((r * 0.008291719481348991f + 0.041873522102832794f) * r + 0.16667431592941284f) * r +
+          0.4999939203262329f) *
+             r +
+         0.9999998807907104f) *
+            r +
+        1.0f;
+    return p * V<Mox32f>((Bits<V<Mox32f>>(shifted) + 0x7F) << 23);
+  }
+
+  static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), 87.33654022216797f); }
+
+  static Mox32f one(Mox32f x, int& code) { return Mox32f(Exp64f::one(x, code)); }
+};
+
+template <class Function, class S, class D>
+MoxStatus exponential(const S* src, D* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  runFunction<Function>(src, dst, len);
+  return moxOk;
+}
+
+MoxStatus expFloat(const Mox32f* src, Mox32f* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  ownsExp_32f(src, dst, len);
+  return moxOk;
+}
+
+MoxStatus expFloatInPlace(Mox32f* srcDst, int len) { return expFloat(srcDst, srcDst, len); }
+
+MoxStatus expDoubleInPlace(Mox64f* srcDst, int len) {
+  return exponential<Exp64f>(srcDst, srcDst, len);
+}
+
+// e^x times 2^-factor for integers x. The factor joins the exponent, so that neither has to be in
+// the range of a double; beyond 2^100 or 2^-100 every result is at a limit of its type, or 0.
+class ScaledExp {
+ public:
+  explicit ScaledExp(int factor) : factor_(factor) {}
+
+  V<Mox64f> operator()(V<Mox64f> x) const {
+    const ExpArgument argument(x);
+    const V<Mox64f> exponent = argument.exponent - factor_;
+    const V<Mox64f> high = broadcast<V<Mox64f>>(100.0), low = broadcast<V<Mox64f>>(-100.0);
+    return expOfRest(argument.rest) * powersOfTwo(greater(lesser(exponent, high), low));
+  }
+
+ private:
+  Mox64f factor_;
+};
+
+template <class E>
+MoxStatus expScaled(const E* src, E* dst, int len, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  mapRounded(ScaledExp(scaleFactor), dst, len, src);
+  return moxOk;
+}
+
+// Arguments of 64 bits count as far as 2^32, where all results are at a limit.
+template <>
+MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  constexpr Mox64s far = Mox64s(1) << 32;
+  const ScaledExp exp(scaleFactor);
+  for (int i = 0; i < len; ++i) {
+    const Mox64f x = Mox64f(std::clamp(load<Mox64s>(src + i), -far, far));
+    const Mox64f r = nearestInteger(exp(broadcast<V<Mox64f>>(x)))[0];
+    store(dst + i, r < 0x1p63 ? Mox64s(r) : std::numeric_limits<Mox64s>::max());
+  }
+  return moxOk;
+}
+
+template <class E>
+MoxStatus expScaledInPlace(E* srcDst, int len, int scaleFactor) {
+  return expScaled<E>(srcDst, srcDst, len, scaleFactor);
+}
+
+}  // namespace
+
+const VectorFunction<Mox32f> ownsExp_32f(runFunction<Exp32f>, 4.02f, 4.53f, 2.34f);
+
+MOX_EXPORT(moxsExp_32f, expFloat);
+MOX_EXPORT(moxsExp_32f_I, expFloatInPlace);
+MOX_EXPORT(moxsExp_64f, exponential<Exp64f>);
+MOX_EXPORT(moxsExp_64f_I, expDoubleInPlace);
+MOX_EXPORT(moxsExp_32f64f, exponential<Exp64f>);
+MOX_EXPORT(moxsExp_16s_Sfs, expScaled<Mox16s>);
+MOX_EXPORT(moxsExp_16s_ISfs, expScaledInPlace<Mox16s>);
+MOX_EXPORT(moxsExp_32s_Sfs, expScaled<Mox32s>);
+MOX_EXPORT(moxsExp_32s_ISfs, expScaledInPlace<Mox32s>);
+MOX_EXPORT(moxsExp_64s_Sfs, expScaled<Mox64s>);
+MOX_EXPORT(moxsExp_64s_ISfs, expScaledInPlace<Mox64s>);
+
+}  // namespace mox

@@ -1,0 +1,38 @@
+// The exponential of doubles, in the parts that its families put together.
+#pragma once
+
+#include "frame/vec.h"
+
+namespace mox {
+
+// x = exponent * ln(2) + rest with an integer exponent and |rest| about ln(2) / 2 at the most. For
+// |x| up to 2^31 the products with the first two parts of ln(2) are exact, and so are the
+// differences.
+struct ExpArgument {
+  V<Mox64f> exponent, rest;
+
+  [[gnu::always_inline]] explicit ExpArgument(V<Mox64f> x)
+      : exponent(x * 0x1.71547652b82fep+0 + 0x1.8p52 - 0x1.8p52),
+        rest(((x - exponent * 0x1.62e428p-1) - exponent * 0x1.fbe8ep-23) -
+             exponent * 0x1.ef35793c7673p-45) {}
+};
+
+// 2^n for integers n in -1022 to 1023.
+[[gnu::always_inline]] inline V<Mox64f> powersOfTwo(V<Mox64f> n) {
+  const V<Mox64f> biased = n + (0x1.8p52 + 1023);  // in the low bits of the sum
+  return V<Mox64f>(Bits<V<Mox64f>>(biased) << 52);
+}
+
+// e^r for the rest of an argument: the Taylor series up to r^13, whose remainder is below 2^-57,
+// summed in pairs of terms for a short chain.
+[[gnu::always_inline]] inline V<Mox64f> expOfRest(V<Mox64f> r) {
+  const V<Mox64f> r2 = r * r, r4 = r2 * r2;
+  const V<Mox64f> t3 = r * (1 / 6.0) + 0.5, t5 = r * (1 / 120.0) + 1 / 24.0,
+                  t7 = r * (1 / 5040.0) + 1 / 720.0, t9 = r * (1 / 362880.0) + 1 / 40320.0,
+                  t11 = r * (1 / 39916800.0) + 1 / 3628800.0,
+                  t13 = r * (1 / 6227020800.0) + 1 / 479001600.0;
+  const V<Mox64f> tail = ((t13 * r2 + t11) * r4 + (t9 * r2 + t7)) * r4 + (t5 * r2 + t3);
+  return (tail * r2 + r) + 1.0;
+}
+
+}  // namespace mox

@@ -1,0 +1,64 @@
+// The natural logarithm of floats.
+#include "arith/ln.h"
+
+#include <moxsp/arith.h>
+
+#include "arith/vector_function.h"
+#include "arith/vector_functions.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+// In single precision: x = 2^e * m with m from 2/3 to 4/3, and a polynomial in m - 1.
+struct Ln32f {
+  using Element = Mox32f;
+
+  static V<Mox32f> lanes(V<Mox32f> x) {
+    constexpr Mox32u least = 0x3F2AAAAB;  // two thirds
+    const auto above = Bits<V<Mox32f>>(x) - least;
+    const V<Mox32f> e = floatsOf(V<Mox32s, 8>(above) >> 23);
+    const V<Mox32f> m = V<Mox32f>((above & 0x7FFFFF) + least);
+    const V<Mox32f> r = m - 1.0f;
+    V<Mox32f> q = r * -0.15177205204963684f + 0.16964881122112274f;
+    q = q * r - 0.16462457180023193f;
+    q = q * r + 0.19822503626346588f;
+    q = q * r - 0.25004664063453674f;
+    q = q * r + 0.33336564898490906f;
+    q = q * r - 0.5f;
+    return e * 0.6931471824645996f + (r + r * r * q);
+  }
+
+  static V<Mox32f> special(V<Mox32f> x) {
+    using Range = std::numeric_limits<Mox32f>;
+    return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
+  }
+
+  static Mox32f one(Mox32f x, int& code) { return lnOfFloat(x, code); }
+};
+
+MoxStatus lnFloat(const Mox32f* src, Mox32f* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  return lnStatus(ownsLn_32f(src, dst, len));
+}
+
+template <class D>
+MoxStatus lnDouble(const Mox64f* src, D* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  return lnStatus(runFunction<Ln64f>(src, dst, len));
+}
+
+MoxStatus lnFloatInPlace(Mox32f* srcDst, int len) { return lnFloat(srcDst, srcDst, len); }
+MoxStatus lnDoubleInPlace(Mox64f* srcDst, int len) { return lnDouble(srcDst, srcDst, len); }
+
+}  // namespace
+
+const VectorFunction<Mox32f> ownsLn_32f(runFunction<Ln32f>, 3.35f, 4.19f, 2.28f);
+
+MOX_EXPORT(moxsLn_32f, lnFloat);
+MOX_EXPORT(moxsLn_32f_I, lnFloatInPlace);
+MOX_EXPORT(moxsLn_64f, lnDouble<Mox64f>);
+MOX_EXPORT(moxsLn_64f_I, lnDoubleInPlace);
+MOX_EXPORT(moxsLn_64f32f, lnDouble<Mox32f>);
+
+}  // namespace mox

@@ -1,0 +1,78 @@
+// The natural logarithm, in the parts that its families put together.
+#pragma once
+
+#include <bit>
+#include <limits>
+
+#include "frame/vec.h"
+
+namespace mox {
+
+// Codes of the elements that a logarithm warns of.
+enum LnCode { lnOfZero = 18, lnOfNegative = 19 };
+
+inline MoxStatus lnStatus(int code) {
+  if (code == 0) return moxOk;
+  return (code & ~16) == 2 ? moxWarnLnZeroArg : moxWarnLnNegArg;
+}
+
+// x = 2^exponent * mantissa, the mantissa from sqrt(1/2) to sqrt(2), for normal x above 0.
+struct LnArgument {
+  V<Mox64f> exponent, mantissa;
+
+  [[gnu::always_inline]] explicit LnArgument(V<Mox64f> x) {
+    using Lanes = Bits<V<Mox64f>>;
+    constexpr Mox64u least = std::bit_cast<Mox64u>(0x1.6a09e667f3bcdp-1), one = Mox64u(1) << 52;
+    const Lanes biased = Lanes(x) + (1023 * one - least);
+    // The exponent becomes the low bits of a number above 2^52.
+    const Lanes above = (biased >> 52) | std::bit_cast<Mox64u>(0x1p52);
+    exponent = V<Mox64f>(above) - (0x1p52 + 1023);
+    mantissa = V<Mox64f>((biased & (one - 1)) + least);
+  }
+};
+
+// ln(x) = exponent * ln(2) + ln(1 + f), by way of s = f / (2 + f) and the series of
+// ln(1 + f) = 2 artanh(s) in z = s * s up to z^9, whose remainder is below 2^-55 of the result.
+// f - f * f / 2 is kept apart for its exact leading term.
+[[gnu::always_inline]] inline V<Mox64f> lnOf(LnArgument x) {
+  const V<Mox64f> f = x.mantissa - 1.0, s = f / (f + 2.0), z = s * s, z2 = z * z, z4 = z2 * z2;
+  const V<Mox64f> t1 = z * (2 / 5.0) + 2 / 3.0, t3 = z * (2 / 9.0) + 2 / 7.0,
+                  t5 = z * (2 / 13.0) + 2 / 11.0, t7 = z * (2 / 17.0) + 2 / 15.0;
+  const V<Mox64f> series = ((z4 * (2 / 19.0) + (t7 * z2 + t5)) * z4 + (t3 * z2 + t1)) * z;
+  const V<Mox64f> half = f * f * 0.5;
+  const V<Mox64f> low = s * (half + series) + x.exponent * 0x1.3de6af278ece6p-42;
+  return x.exponent * 0x1.62e42fefa3p-1 + (f - (half - low));
+}
+
+// The logarithm of doubles: a function for runFunction().
+struct Ln64f {
+  using Element = Mox64f;
+
+  static V<Mox64f> lanes(V<Mox64f> x) { return lnOf(LnArgument(x)); }
+
+  static V<Mox64f> special(V<Mox64f> x) {
+    using Range = std::numeric_limits<Mox64f>;
+    return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
+  }
+
+  static Mox64f one(Mox64f x, int& code) {
+    using Range = std::numeric_limits<Mox64f>;
+    if (x == 0) {
+      code = lnOfZero;
+      return -Range::infinity();
+    }
+    if (x < 0) {
+      code = lnOfNegative;
+      return Range::quiet_NaN();
+    }
+    if (!(x <= Range::max())) return x * x;  // infinity and NaN
+    LnArgument scaled(broadcast<V<Mox64f>>(x * 0x1p54));
+    scaled.exponent -= 54.0;
+    return lnOf(scaled)[0];
+  }
+};
+
+// The logarithm of one float, whatever its value.
+Mox32f lnOfFloat(Mox32f x, int& code);
+
+}  // namespace mox

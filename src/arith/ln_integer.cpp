@@ -1,0 +1,84 @@
+// The logarithms of integers, natural and in decibels.
+#include <moxsp/arith.h>
+
+#include "arith/ln_note.h"
+#include "arith/map_rounded.h"
+#include "frame/checks.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+struct Natural {
+  V<Mox64f> operator()(V<Mox64f> x) const { return lnOf(LnArgument(x)); }
+};
+
+// 10 * log10(x). Only a power of ten has an integer in decibels, and no other result of a 32-bit
+// integer comes closer to one than 2^-34: those are made exact, for they decide ties.
+struct Decibels {
+  V<Mox64f> operator()(V<Mox64f> x) const {
+    const V<Mox64f> r = lnOf(LnArgument(x)) * 0x1.15f2ced384f29p+2, whole = nearestInteger(r);
+    return select(notAtMost(absolute(r - whole), 0x1p-40), r, whole);
+  }
+};
+
+template <class Logarithm, class S, class D>
+MoxStatus scaled(const S* src, D* dst, int len, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const ByPowerOfTwo scale(scaleFactor);
+  LnNote note;
+  mapRounded([&](V<Mox64f> x) { return note.lowestWithout(x, scale(Logarithm()(x))); }, dst, len,
+             src);
+  return note.status();
+}
+
+template <class Logarithm, class E>
+MoxStatus scaledInPlace(E* srcDst, int len, int scaleFactor) {
+  return scaled<Logarithm, E, E>(srcDst, srcDst, len, scaleFactor);
+}
+
+// Without a factor: the number of bounds that the element passes, each the last integer below
+// e^(k + 1/2).
+MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
+  using Lanes = V<Mox16s, 8>;
+  LnNote note;
+  const auto rounded = [&](Lanes x) {
+    Lanes passed = {};
+    for (Mox16s bound : {1, 4, 12, 33, 90, 244, 665, 1808, 4914, 13359}) passed -= Lanes(x > bound);
+    return note.lowestWithout(x, passed);
+  };
+  forBlocks<16>(
+      false, dst, len,
+      [&](long i) { store(dst + i, rounded(broadcast<Lanes>(load<Mox16s>(src + i)))[0]); },
+      [&](long i, auto put) {
+        const Lanes low = rounded(load<Lanes>(src + i)), high = rounded(load<Lanes>(src + i + 8));
+        put(dst + i, low);
+        put(dst + i + 8, high);
+      });
+  return note.status();
+}
+
+MoxStatus lnShortInPlace(Mox16s* srcDst, int len, int scaleFactor) {
+  if (scaleFactor != 0) return scaledInPlace<Natural>(srcDst, len, scaleFactor);
+  if (MoxStatus s = checkArrays(len, srcDst)) return s;
+  return lnByBounds(srcDst, srcDst, len);
+}
+
+MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
+  if (src == dst) return lnShortInPlace(dst, len, scaleFactor);
+  if (scaleFactor != 0) return scaled<Natural>(src, dst, len, scaleFactor);
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  return lnByBounds(src, dst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsLn_16s_Sfs, lnShort);
+MOX_EXPORT(moxsLn_16s_ISfs, lnShortInPlace);
+MOX_EXPORT(moxsLn_32s_Sfs, scaled<Natural, Mox32s, Mox32s>);
+MOX_EXPORT(moxsLn_32s_ISfs, scaledInPlace<Natural, Mox32s>);
+MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural, Mox32s, Mox16s>);
+MOX_EXPORT(moxs10Log10_32s_Sfs, scaled<Decibels, Mox32s, Mox32s>);
+MOX_EXPORT(moxs10Log10_32s_ISfs, scaledInPlace<Decibels, Mox32s>);
+
+}  // namespace mox

@@ -1,0 +1,109 @@
+// The square root of complex numbers.
+#include "arith/sqrt_complex.h"
+
+#include <moxsp/arith.h>
+
+#include <cmath>
+
+#include "arith/map_rounded.h"
+#include "frame/checks.h"
+#include "frame/elements.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+ComplexLanes broadcastPair(Mox64f re, Mox64f im) {
+  return {broadcast<V<Mox64f>>(re), broadcast<V<Mox64f>>(im)};
+}
+
+// The lanes that complexRoot() does not serve: infinities, NaN, and squares out of range.
+V<Mox64f> outOfRange(ComplexLanes z) {
+  const V<Mox64f> square = z.re * z.re + z.im * z.im;
+  return either(notAtLeast(square, 0x1p-900), notAtMost(square, 0x1p1000));
+}
+
+// Special values as the C standard has them.
+Mox64fc rootOfOne(Mox64f re, Mox64f im) {
+  constexpr Mox64f infinity = std::numeric_limits<Mox64f>::infinity();
+  if (std::isinf(im)) return {infinity, im};
+  if (std::isnan(re) || (std::isnan(im) && !std::isinf(re))) return {re + im, re + im};
+  if (std::isinf(re)) {
+    const Mox64f zero = std::isnan(im) ? im : std::copysign(0.0, im);
+    return re > 0 ? Mox64fc{re, zero} : Mox64fc{std::fabs(zero), std::copysign(infinity, im)};
+  }
+  const bool small = std::fabs(re) < 1 && std::fabs(im) < 1;
+  const Mox64f square = small ? 0x1p600 : 0x1p-600, back = small ? 0x1p-300 : 0x1p300;
+  const ComplexLanes root = complexRoot(broadcastPair(re * square, im * square));
+  return {root.re[0] * back, root.im[0] * back};
+}
+
+void repairRoots(ComplexLanes z, int bits, ComplexLanes& root) {
+  for (int lane = 0; lane < 4; ++lane) {
+    if (!(bits >> lane & 1)) continue;
+    const Mox64fc one = rootOfOne(z.re[lane], z.im[lane]);
+    root.re[lane] = one.re, root.im[lane] = one.im;
+  }
+}
+
+// dst[i] = finish(root of src[i]), where finish() makes lanes of parts from lanes of doubles, four
+// elements at a time.
+template <class E, class Finish>
+void mapRoots(const E* src, E* dst, int len, Finish finish) {
+  using Lanes = V<Mox64f>;
+  const auto four = [&](const E* from, E* to) {
+    const Lanes low = loadWidened<Lanes>(parts(from)), high = loadWidened<Lanes>(parts(from + 2));
+    const ComplexLanes z = {__builtin_shufflevector(low, high, 0, 4, 2, 6),
+                            __builtin_shufflevector(low, high, 1, 5, 3, 7)};
+    ComplexLanes root = complexRoot(z);
+    if constexpr (!std::is_integral_v<Part<E>>)
+      if (const int bits = signBits(outOfRange(z))) [[unlikely]]
+        repairRoots(z, bits, root);
+    store(to, finish(__builtin_shufflevector(root.re, root.im, 0, 4, 2, 6)));
+    store(to + 2, finish(__builtin_shufflevector(root.re, root.im, 1, 5, 3, 7)));
+  };
+  int i = 0;
+  for (; i <= len - 4; i += 4) four(src + i, dst + i);
+  if (i < len) {
+    E in[4] = {}, out[4];
+    for (int j = 0; i + j < len; ++j) in[j] = load<E>(src + i + j);
+    four(in, out);
+    for (int j = 0; i + j < len; ++j) store(dst + i + j, out[j]);
+  }
+}
+
+template <class E>
+MoxStatus complexRoots(const E* src, E* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  mapRoots(src, dst, len, [](V<Mox64f> v) { return __builtin_convertvector(v, V<Part<E>, 4>); });
+  return moxOk;
+}
+
+MoxStatus complexRootsScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const ByPowerOfTwo scale(scaleFactor);
+  mapRoots(src, dst, len, [&](V<Mox64f> v) {
+    return __builtin_convertvector(saturate<Mox16s>(nearestInteger(scale(v))), V<Mox16s, 4>);
+  });
+  return moxOk;
+}
+
+MoxStatus complexRootsScaledInPlace(Mox16sc* srcDst, int len, int scaleFactor) {
+  return complexRootsScaled(srcDst, srcDst, len, scaleFactor);
+}
+
+template <class E>
+MoxStatus complexRootsInPlace(E* srcDst, int len) {
+  return complexRoots<E>(srcDst, srcDst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsSqrt_32fc, complexRoots<Mox32fc>);
+MOX_EXPORT(moxsSqrt_64fc, complexRoots<Mox64fc>);
+MOX_EXPORT(moxsSqrt_16sc_Sfs, complexRootsScaled);
+MOX_EXPORT(moxsSqrt_16sc_ISfs, complexRootsScaledInPlace);
+MOX_EXPORT(moxsSqrt_32fc_I, complexRootsInPlace<Mox32fc>);
+MOX_EXPORT(moxsSqrt_64fc_I, complexRootsInPlace<Mox64fc>);
+
+}  // namespace mox

@@ -1,0 +1,107 @@
+// Sums of logarithms as the logarithm of a product: exponents are added as integers, mantissas
+// multiplied, and one logarithm is taken at the end. The lanes are the same at every address.
+#include <moxsp/arith.h>
+
+#include <algorithm>
+
+#include "arith/ln.h"
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/widen.h"
+
+namespace mox {
+namespace {
+
+constexpr int vectorsPerStep = 4, elementsPerStep = 16;
+
+class Product {
+ public:
+  void multiply(LnArgument x) {
+    exponent_ += x.exponent;
+    mantissa_ *= x.mantissa;
+  }
+
+  // Brings the mantissas back to about 1; due before a thousand of them can leave the range.
+  void normalize() {
+    const LnArgument split(mantissa_);
+    exponent_ += split.exponent;
+    mantissa_ = split.mantissa;
+  }
+
+  Mox64f ln() {
+    normalize();
+    LnArgument all(mantissa_);
+    all.exponent = V<Mox64f>{exponent_[0] + exponent_[1] + exponent_[2] + exponent_[3]};
+    const V<Mox64f> lanes = lnOf(all);
+    return lanes[0] + ((lanes[1] + lanes[2]) + lanes[3]);
+  }
+
+ private:
+  V<Mox64f> exponent_ = broadcast<V<Mox64f>>(0.0), mantissa_ = broadcast<V<Mox64f>>(1.0);
+};
+
+class LnSum {
+ public:
+  template <class S>
+  void add(const S* src) {
+    V<Mox64f> x[vectorsPerStep];
+    for (int j = 0; j < vectorsPerStep; ++j) {
+      x[j] = loadWidened<V<Mox64f>>(src + 4 * j);
+      if (signBits(Ln64f::special(x[j]))) [[unlikely]]
+        x[j] = takeSpecial(x[j]);
+    }
+    if constexpr (sizeof(S) < 8) {  // four factors can't leave the range of a double
+      product_.multiply(LnArgument((x[0] * x[1]) * (x[2] * x[3])));
+    } else {
+      for (int j = 0; j < vectorsPerStep; ++j) product_.multiply(LnArgument(x[j]));
+    }
+    if (++steps_ % 128 == 0) product_.normalize();
+  }
+
+  Mox64f value() { return product_.ln() + special_; }
+  MoxStatus status() const { return lnStatus(code_); }
+
+ private:
+  // Adds the logarithms of special lanes one by one and puts 1 in their place.
+  [[gnu::noinline, gnu::cold]] V<Mox64f> takeSpecial(V<Mox64f> x) {
+    const int bits = signBits(Ln64f::special(x));
+    for (int lane = 0; lane < 4; ++lane) {
+      if (!(bits >> lane & 1)) continue;
+      int noted = 0;
+      special_ += Ln64f::one(x[lane], noted);
+      if (code_ == 0) code_ = noted;
+      x[lane] = 1;
+    }
+    return x;
+  }
+
+  Product product_;
+  Mox64f special_ = 0;
+  int code_ = 0;
+  unsigned steps_ = 0;
+};
+
+template <class S, class D>
+MoxStatus sumLn(const S* src, int len, D* sum) {
+  if (MoxStatus s = checkArrays(len, src, sum)) return s;
+  LnSum total;
+  int i = 0;
+  for (; i <= len - elementsPerStep; i += elementsPerStep) total.add(src + i);
+  if (i < len) {
+    S rest[elementsPerStep];
+    std::fill(rest, rest + elementsPerStep, S(1));
+    for (int j = 0; i + j < len; ++j) rest[j] = load<S>(src + i + j);
+    total.add(rest);
+  }
+  store(sum, D(total.value()));
+  return total.status();
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsSumLn_32f, sumLn<Mox32f, Mox32f>);
+MOX_EXPORT(moxsSumLn_64f, sumLn<Mox64f, Mox64f>);
+MOX_EXPORT(moxsSumLn_32f64f, sumLn<Mox32f, Mox64f>);
+MOX_EXPORT(moxsSumLn_16s32f, sumLn<Mox16s, Mox32f>);
+
+}  // namespace mox
