@@ -4,6 +4,7 @@
 
 #include <moxsp/types.h>
 
+#include "frame/string_instructions.h"
 #include "frame/vec.h"
 
 namespace mox {
@@ -65,16 +66,6 @@ inline void copyBackward(const Mox8u* src, Mox8u* dst, long bytes) {
   store(dst + bytes - size, tail);
 }
 
-template <class E>
-void stringMoveOf(const Mox8u* src, Mox8u* dst, long count) {
-  if constexpr (sizeof(E) == 4)
-    asm volatile("rep movsl" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
-  else if constexpr (sizeof(E) == 2)
-    asm volatile("rep movsw" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
-  else
-    asm volatile("rep movsb" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
-}
-
 // The widest element on whose boundaries both arrays can be at once: single moves up to the first
 // boundary, then the string move.
 template <class E>
@@ -83,15 +74,11 @@ void alignedStringMove(const Mox8u* src, Mox8u* dst, long bytes) {
   const long peel = -long(addressOf(dst)) & (size - 1);
   for (long i = 0; i < peel; ++i) dst[i] = src[i];
   const long count = (bytes - peel) / size, done = peel + count * size;
-  stringMoveOf<E>(src + peel, dst + peel, count);
+  repeatMove<E>(src + peel, dst + peel, count);
   for (long i = done; i < bytes; ++i) dst[i] = src[i];
 }
 
-// The processor's string move, upwards whatever the direction flag says; the flag is kept.
 inline void stringMove(const Mox8u* src, Mox8u* dst, long bytes) {
-  constexpr unsigned long downwards = 1 << 10;
-  const bool wasDownwards = __builtin_ia32_readeflags_u64() & downwards;
-  if (wasDownwards) asm volatile("cld");
   const auto distance = addressOf(dst) - addressOf(src);
   if (distance % 4 == 0)
     alignedStringMove<Mox32u>(src, dst, bytes);
@@ -99,14 +86,15 @@ inline void stringMove(const Mox8u* src, Mox8u* dst, long bytes) {
     alignedStringMove<Mox16u>(src, dst, bytes);
   else
     alignedStringMove<Mox8u>(src, dst, bytes);
-  if (wasDownwards) asm volatile("std");
 }
 
-// Upwards over any number of bytes above shortCopyBytes. Some processors' string moves crawl where
-// the stores follow close behind the loads, modulo a page.
+// Upwards over any number of bytes above shortCopyBytes. The string move of some processors crawls
+// where the stores follow close behind the loads, modulo a page; and it gains nothing where they
+// go to lines that have just been loaded.
 inline void copyUpwards(const Mox8u* src, Mox8u* dst, long bytes) {
-  const auto lead = (addressOf(dst) - addressOf(src)) % 4096;
-  if (bytes < stringMoveBytes || (lead > 0 && lead < 64)) return copyForward(src, dst, bytes);
+  const auto lead = addressOf(dst) - addressOf(src), inPage = lead % 4096;
+  const bool crawls = inPage > 0 && inPage < 64, inCache = -lead < std::uintptr_t(stringMoveBytes);
+  if (bytes < stringMoveBytes || crawls || inCache) return copyForward(src, dst, bytes);
   stringMove(src, dst, bytes);
 }
 

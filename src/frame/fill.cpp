@@ -1,12 +1,14 @@
 #include "frame/fill.h"
 
 #include "frame/cache_descriptors.h"
+#include "frame/string_instructions.h"
 #include "support/moxcore.h"
 
 namespace mox {
 namespace {
 
 constexpr long lineBytes = 64;
+constexpr long stringStoreBytes = 32 << 20;  // from here on the string store wins
 
 // The pattern as it goes on `by` bytes after its start.
 V<Mox64u> rotated(const Pattern& pattern, long by) {
@@ -56,6 +58,11 @@ void fill(const Pattern& pattern, void* to, long bytes) {
   store(dst, pattern.repeated);
   long i = size - long(addressOf(dst) % size);
   const auto v = rotated(pattern, i);
+  if (bytes >= stringStoreBytes && pattern.width <= 8) {
+    const long vectors = (bytes - size - i) / size;
+    repeatStore(v[0], dst + i, vectors * lanesOf<Mox64u>);
+    i += vectors * size;
+  }
   for (; i < bytes - 4 * size; i += 4 * size)
     for (int j = 0; j < 4; ++j) storeAligned(dst + i + j * size, v);
   for (; i < bytes - size; i += size) storeAligned(dst + i, v);

@@ -100,6 +100,14 @@ TYPED_TEST(Fill, AboveTheCacheAtEveryOffset) {
   EXPECT_EQ(probe.cpuidQueries() > 0, sizeof(TypeParam) >= 8);
 }
 
+// The plain fill of arrays so long that lines are better not loaded, at odd addresses as well.
+TYPED_TEST(Fill, FarAboveAnUnknownCache) {
+  CoreProbe probe;
+  probe.fixCacheSize({});
+  probe.fixCpuid(0, {});
+  for (int offset : {0, 3}) this->check(33 * mebibyte / long(sizeof(TypeParam)) + 3, offset);
+}
+
 TYPED_TEST(Fill, BadArgumentsWriteNothing) {
   using E = TypeParam;
   E e = this->value();
