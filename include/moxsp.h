@@ -7,8 +7,10 @@
 
 #include <moxsp/arith.h>
 #include <moxsp/convert.h>
+#include <moxsp/elementary.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
+#include <moxsp/logic.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
 
