@@ -17,8 +17,6 @@ struct Single {
   using C = Mox32fc;
   static constexpr int largeOrder = 19, hugeOrder = 23;
   static constexpr double tolerance = 3e-7;  // relative L2 error over the root of the order
-  static constexpr auto size = moxsFFTGetSize_C_32fc, splitSize = moxsFFTGetSize_C_32f;
-  static constexpr auto init = moxsFFTInit_C_32fc, splitInit = moxsFFTInit_C_32f;
   static constexpr auto make = moxsFFTInitAlloc_C_32fc, splitMake = moxsFFTInitAlloc_C_32f;
   static constexpr auto free = moxsFFTFree_C_32fc, splitFree = moxsFFTFree_C_32f;
   static constexpr auto bufSize = moxsFFTGetBufSize_C_32fc, splitBufSize = moxsFFTGetBufSize_C_32f;
@@ -34,8 +32,6 @@ struct Double {
   using C = Mox64fc;
   static constexpr int largeOrder = 18, hugeOrder = 22;
   static constexpr double tolerance = 6e-16;
-  static constexpr auto size = moxsFFTGetSize_C_64fc, splitSize = moxsFFTGetSize_C_64f;
-  static constexpr auto init = moxsFFTInit_C_64fc, splitInit = moxsFFTInit_C_64f;
   static constexpr auto make = moxsFFTInitAlloc_C_64fc, splitMake = moxsFFTInitAlloc_C_64f;
   static constexpr auto free = moxsFFTFree_C_64fc, splitFree = moxsFFTFree_C_64f;
   static constexpr auto bufSize = moxsFFTGetBufSize_C_64fc, splitBufSize = moxsFFTGetBufSize_C_64f;

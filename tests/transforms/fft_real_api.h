@@ -26,12 +26,7 @@ struct RealFft;
 
 template <>
 struct RealFft<Mox32f> {
-  static constexpr Mox32s id = 6;
-  static constexpr int maxOrder = 29;
-  static constexpr auto getSize = moxsFFTGetSize_R_32f;
-  static constexpr auto init = moxsFFTInit_R_32f;
   static constexpr auto initAlloc = moxsFFTInitAlloc_R_32f;
-  static constexpr auto getBufSize = moxsFFTGetBufSize_R_32f;
   static constexpr auto free = moxsFFTFree_R_32f;
   static constexpr RealTransforms<Mox32f> runs[] = {
       {Layout::perm, moxsFFTFwd_RToPerm_32f, moxsFFTInv_PermToR_32f, moxsFFTFwd_RToPerm_32f_I,
@@ -45,12 +40,7 @@ struct RealFft<Mox32f> {
 
 template <>
 struct RealFft<Mox64f> {
-  static constexpr Mox32s id = 9;
-  static constexpr int maxOrder = 28;
-  static constexpr auto getSize = moxsFFTGetSize_R_64f;
-  static constexpr auto init = moxsFFTInit_R_64f;
   static constexpr auto initAlloc = moxsFFTInitAlloc_R_64f;
-  static constexpr auto getBufSize = moxsFFTGetBufSize_R_64f;
   static constexpr auto free = moxsFFTFree_R_64f;
   static constexpr RealTransforms<Mox64f> runs[] = {
       {Layout::perm, moxsFFTFwd_RToPerm_64f, moxsFFTInv_PermToR_64f, moxsFFTFwd_RToPerm_64f_I,
