@@ -147,21 +147,32 @@ template <class E>
     return V<E, 16>(_mm_packus_epi16(__m128i(low), __m128i(high)));
 }
 
+namespace detail {
+template <class T, class E, int... lane>
+[[gnu::always_inline]] inline T broadcastTo(E e, std::integer_sequence<int, lane...>) {
+  return T{(void(lane), e)...};
+}
+template <auto index, class T, int... lane>
+[[gnu::always_inline]] inline auto shuffleBy(T a, T b, std::integer_sequence<int, lane...>) {
+  return __builtin_shufflevector(a, b, index(lane)...);
+}
+}  // namespace detail
+
 // Every lane holds the same value.
 template <class T, class E>
 [[gnu::always_inline]] inline T broadcast(E e) {
-  return [e]<std::size_t... lane>(std::index_sequence<lane...>) { return T{(void(lane), e)...}; }
-  (std::make_index_sequence<sizeof(T) / sizeof(E)>());
+  return detail::broadcastTo<T>(e, std::make_integer_sequence<int, laneCount<T>>());
 }
 
-// Lane i of the result is lane index(i) of a, or lane index(i) - N of b.
+// Lane i of the result is lane index(i) of a, or lane index(i) - N of b. The result has as many
+// lanes as they have, or `lanes`.
+template <auto index, int lanes, class T>
+[[gnu::always_inline]] inline auto shuffle(T a, T b) {
+  return detail::shuffleBy<index>(a, b, std::make_integer_sequence<int, lanes>());
+}
 template <auto index, class T>
 [[gnu::always_inline]] inline T shuffle(T a, T b) {
-  constexpr int lanes = sizeof(T) / sizeof(a[0]);
-  return [&]<int... i>(std::integer_sequence<int, i...>) {
-    return __builtin_shufflevector(a, b, index(i)...);
-  }
-  (std::make_integer_sequence<int, lanes>());
+  return shuffle<index, laneCount<T>>(a, b);
 }
 template <auto index, class T>
 [[gnu::always_inline]] inline T shuffle(T a) {
@@ -331,10 +342,7 @@ template <class T>
   if constexpr (std::is_arithmetic_v<T>)
     return a;
   else
-    return [&]<int... i>(std::integer_sequence<int, i...>) {
-      return __builtin_shufflevector(a, a, (i / 2)...);
-    }
-  (std::make_integer_sequence<int, 2 * laneCount<T>>());
+    return shuffle<[](int i) { return i / 2; }, 2 * laneCount<T>>(a, a);
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }

@@ -37,12 +37,6 @@ struct Mixed {
 template <class F>
 constexpr int numbersInMixed = lanesOf<F> / 2;
 
-// Imaginary parts in the place of the real ones, and the other way round.
-template <class F>
-[[gnu::always_inline]] inline V<F> partsSwapped(V<F> v) {
-  return shuffle<[](int i) { return i ^ 1; }>(v);
-}
-
 // a - i b and a + i b; the other way round in the inverse direction.
 template <class Z>
 struct QuarterTurns {
@@ -56,7 +50,7 @@ template <Direction direction, class T>
 }
 template <Direction direction, class F>
 [[gnu::always_inline]] inline QuarterTurns<Mixed<F>> quarterTurns(Mixed<F> a, Mixed<F> b) {
-  const V<F> swapped = partsSwapped<F>(b.v);
+  const V<F> swapped = swapParts(b.v);
   const Mixed<F> minus = {addSubtract(a.v, -swapped)}, plus = {addSubtract(a.v, swapped)};
   if constexpr (direction == Direction::forward) return {minus, plus};
   return {plus, minus};

@@ -31,19 +31,6 @@ template <class T>
 }
 
 template <class T>
-[[gnu::always_inline]] inline T partsSwapped(T v) {
-  return shuffle<[](int i) { return i ^ 1; }>(v);
-}
-template <class T>
-[[gnu::always_inline]] inline T realParts(T v) {
-  return shuffle<[](int i) { return i & ~1; }>(v);
-}
-template <class T>
-[[gnu::always_inline]] inline T imaginaryParts(T v) {
-  return shuffle<[](int i) { return i | 1; }>(v);
-}
-
-template <class T>
 [[gnu::always_inline]] inline T conjugated(T v) {
   constexpr int lanes = sizeof(T) / sizeof(v[0]);
   using Bits = V<Mox32u>;
@@ -54,9 +41,7 @@ template <class T>
 // z * (re + i im), where the lanes of re and im come in pairs.
 template <class T>
 [[gnu::always_inline]] inline T times(T z, T re, T im) {
-  constexpr int lanes = sizeof(T) / sizeof(z[0]);
-  const T a = z * re, b = partsSwapped(z) * im;
-  return shuffle<[](int i) { return i % 2 * lanes + i; }>(a - b, a + b);
+  return addSubtract(z * re, swapParts(z) * im);
 }
 
 template <class T>
@@ -116,8 +101,7 @@ void ownFftRealPost(F* data, long m, const F* table) {
   // D = Z[k] - conj Z[M-k]: one product, and no halving.
   detail::meetInTheMiddle<true>(data, data, m, 1, m / 2, [=](T up, T down, long i) {
     const T entry = load<T>(table + 2 * i);
-    const T turned =
-        detail::times(up - down, detail::imaginaryParts(entry), detail::realParts(entry));
+    const T turned = detail::times(up - down, imaginaryParts(entry), realParts(entry));
     return detail::Fronts<T>{down + turned, up - turned};
   });
 }

@@ -53,9 +53,8 @@ void smallInRows(Source src, Target dst, F factor) {
     for (int r = 0; r < rows; ++r) a[r] = src.mixed(r * columns + v * width);
     butterfly<direction, F>(a);
     for (int r = 1; r < rows; ++r)
-      a[r].v =
-          addSubtract(a[r].v * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
-                      partsSwapped<F>(a[r].v) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
+      a[r].v = addSubtract(a[r].v * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
+                           swapParts(a[r].v) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
     for (int g = 0; g < rows / width; ++g) {
       Mixed<F> square[width];
       for (int i = 0; i < width; ++i) square[i] = a[g * width + i];

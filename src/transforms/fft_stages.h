@@ -61,7 +61,7 @@ void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
   using T = V<Mox32f>;
   const auto run = [twiddle](int i) {
     const auto half = load<V<Mox32f, 4>>(twiddle + 4 * i);
-    return __builtin_shufflevector(half, half, 0, 1, 2, 3, 0, 1, 2, 3);
+    return shuffle<[](int k) { return k % 4; }, 8>(half, half);
   };
   const Lanes<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)}, w3 = {run(4), run(5)};
   for (long i = 0; i < 16 * blocks; i += 32) {

@@ -49,40 +49,33 @@ struct Split {
   [[gnu::always_inline]] Mixed<F> mixed(long i) const {
     constexpr int n = numbersInMixed<F>;
     const auto a = load<V<F, n>>(re + i), b = load<V<F, n>>(im + i);
-    return {[&]<int... k>(std::integer_sequence<int, k...>){
-        return V<F>(__builtin_shufflevector(a, b, (k % 2 * n + k / 2)...));
+    return {shuffle<[](int k) { return k % 2 * n + k / 2; }, 2 * n>(a, b)};
   }
-  (std::make_integer_sequence<int, 2 * n>())
+  [[gnu::always_inline]] void putMixed(long i, Mixed<F> z) const {
+    constexpr int n = numbersInMixed<F>;
+    store(re + i, shuffle<[](int k) { return 2 * k; }, n>(z.v, z.v));
+    store(im + i, shuffle<[](int k) { return 2 * k + 1; }, n>(z.v, z.v));
+  }
+
+  [[gnu::always_inline]] Lanes<V<F>> lanes(long i) const {
+    return {load<V<F>>(re + i), load<V<F>>(im + i)};
+  }
+  [[gnu::always_inline]] void putLanes(long i, Lanes<V<F>> z) const {
+    store(re + i, z.re);
+    store(im + i, z.im);
+  }
+
+  Lanes<F> number(long i) const { return {load<F>(re + i), load<F>(im + i)}; }
+  void putNumber(long i, Lanes<F> z) const {
+    store(re + i, z.re);
+    store(im + i, z.im);
+  }
+
+  void scale(F factor, long count) const {
+    ownsMulC_I(factor, re, count);
+    ownsMulC_I(factor, im, count);
+  }
 };
-}  // namespace mox
-[[gnu::always_inline]] void putMixed(long i, Mixed<F> z) const {
-  [&]<int... k>(std::integer_sequence<int, k...>) {
-    store(re + i, __builtin_shufflevector(z.v, z.v, (2 * k)...));
-    store(im + i, __builtin_shufflevector(z.v, z.v, (2 * k + 1)...));
-  }
-  (std::make_integer_sequence<int, numbersInMixed<F>>());
-}
-
-[[gnu::always_inline]] Lanes<V<F>> lanes(long i) const {
-  return {load<V<F>>(re + i), load<V<F>>(im + i)};
-}
-[[gnu::always_inline]] void putLanes(long i, Lanes<V<F>> z) const {
-  store(re + i, z.re);
-  store(im + i, z.im);
-}
-
-Lanes<F> number(long i) const { return {load<F>(re + i), load<F>(im + i)}; }
-void putNumber(long i, Lanes<F> z) const {
-  store(re + i, z.re);
-  store(im + i, z.im);
-}
-
-void scale(F factor, long count) const {
-  ownsMulC_I(factor, re, count);
-  ownsMulC_I(factor, im, count);
-}
-}
-;
 
 // The layout between passes: lanesOf<F> real parts, their imaginary parts, and so on.
 template <class F_>
