@@ -44,6 +44,14 @@ template <class T>
   return v;
 }
 
+// The same value, held in a register from here on: GCC takes a load for free and repeats it for
+// every use.
+template <class T>
+[[gnu::always_inline]] inline T inRegister(T v) {
+  asm("" : "+x"(v));
+  return v;
+}
+
 template <class T>
 [[gnu::always_inline]] inline void store(void* p, T v) {
   std::memcpy(p, &v, sizeof v);

@@ -10,16 +10,14 @@ namespace mox {
 // several of them. The result is the twiddle pointer behind the last stage.
 template <Direction direction, class Area, class F>
 const F* ownFftStages(Area area, long len, long total, const F* twiddle) {
-  long q = __builtin_ctzl(len) % 2 ? 8 : 4;
-  if (q == 4)
-    ownFftStage16<direction>(area, twiddle, total / 16);
+  const bool odd = __builtin_ctzl(len) % 2;
+  long q = odd ? 8 : 4, blocks = total >> (odd ? 5 : 4);
+  if (odd)
+    ownFftRadix4Pass<direction>(area, twiddle, q, blocks);
   else
-    ownFftRadix4Pass<direction>(area, twiddle, q, total / 32);
-  twiddle += 6 * q;
-  for (q *= 4; 4 * q <= len; q *= 4) {
-    ownFftRadix4Pass<direction>(area, twiddle, q, total / (4 * q));
-    twiddle += 6 * q;
-  }
+    ownFftStage16<direction>(area, twiddle, blocks);
+  while (twiddle += 6 * q, q *= 4, 4 * q <= len)
+    ownFftRadix4Pass<direction>(area, twiddle, q, blocks >>= 2);
   return twiddle;
 }
 

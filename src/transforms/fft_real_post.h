@@ -30,6 +30,22 @@ template <class T>
   return shuffle<[](int i) { return i ^ (lanes - 4); }>(v);
 }
 
+// Neighbours swapped on their way from and to memory. A double-precision pair goes as two halves:
+// each lies within one of the vectors that the transform has just stored, and in one cache line.
+[[gnu::always_inline]] inline V<Mox32f> loadSwapped(const Mox32f* p) {
+  return neighboursSwapped(load<V<Mox32f>>(p));
+}
+[[gnu::always_inline]] inline V<Mox64f> loadSwapped(const Mox64f* p) {
+  return join<V<Mox64f>>(load<V<Mox64f, 2>>(p + 2), load<V<Mox64f, 2>>(p));
+}
+[[gnu::always_inline]] inline void storeSwapped(Mox32f* p, V<Mox32f> v) {
+  store(p, neighboursSwapped(v));
+}
+[[gnu::always_inline]] inline void storeSwapped(Mox64f* p, V<Mox64f> v) {
+  store(p + 2, shuffle<[](int i) { return i; }, 2>(v, v));
+  store(p, shuffle<[](int i) { return i + 2; }, 2>(v, v));
+}
+
 template <class T>
 [[gnu::always_inline]] inline T conjugated(T v) {
   constexpr int lanes = sizeof(T) / sizeof(v[0]);
@@ -64,13 +80,13 @@ template <bool conjugateUp, class F, class Step>
   constexpr long numbers = lanesOf<F> / 2;
   for (long i = 0; i < count; i += numbers) {
     const long up = 2 * (first + i), down = 2 * (m - first - i - numbers + 1);
-    T z = neighboursSwapped(load<T>(src + up)), y = blocksReversed(load<T>(src + down));
+    T z = loadSwapped(src + up), y = blocksReversed(load<T>(src + down));
     if constexpr (conjugateUp)
       z = conjugated(z);
     else
       y = conjugated(y);
     const Fronts<T> r = step(z, y, i);
-    store(dst + up, neighboursSwapped(conjugateUp ? conjugated(r.up) : r.up));
+    storeSwapped(dst + up, conjugateUp ? conjugated(r.up) : r.up);
     store(dst + down, blocksReversed(conjugateUp ? r.down : conjugated(r.down)));
   }
 }

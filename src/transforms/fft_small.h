@@ -48,6 +48,8 @@ void smallInRows(Source src, Target dst, F factor) {
   constexpr int width = numbersInMixed<F>;
   constexpr const auto& twiddles = rowTwiddles<F, rows, columns, direction>;
   Mixed<F> turned[columns][rows / width];
+// Rolled up, GCC loads the twiddles of each round in the one before, and keeps them on the stack.
+#pragma GCC unroll 8
   for (int v = 0; v < columns / width; ++v) {
     Mixed<F> a[rows];
     for (int r = 0; r < rows; ++r) a[r] = src.mixed(r * columns + v * width);

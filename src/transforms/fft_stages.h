@@ -15,7 +15,7 @@ struct StageTwiddles {
 };
 template <class F>
 [[gnu::always_inline]] inline StageTwiddles<F> loadTwiddles(const F* p) {
-  const auto run = [p](int i) { return load<V<F>>(p + i * lanesOf<F>); };
+  const auto run = [p](int i) { return inRegister(load<V<F>>(p + i * lanesOf<F>)); };
   return {{run(0), run(1)}, {run(2), run(3)}, {run(4), run(5)}};
 }
 
@@ -40,7 +40,10 @@ template <Direction direction, class Source, class Target, class F>
                                             long q) {
   for (long j = 0; j < q; j += lanesOf<F>, twiddle += 6 * lanesOf<F>) {
     Lanes<V<F>> a[4];
-    for (int k = 0; k < 4; ++k) a[k] = src.lanes(j + k * stride);
+    for (int k = 0; k < 4; ++k) {
+      a[k] = src.lanes(j + k * stride);
+      a[k] = {inRegister(a[k].re), inRegister(a[k].im)};
+    }
     const auto [w1, w2, w3] = loadTwiddles(twiddle);
     stageButterfly<direction>(a, w1, w2, w3);
     for (int k = 0; k < 4; ++k) dst.putLanes(j + k * q, a[k]);
