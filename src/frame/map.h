@@ -124,7 +124,7 @@ template <long block, class D, class One, class Block>
 // may be one of the sources.
 template <Stores stores = Stores::cached, int registerBytes = vectorBytes, class D, class Op,
           class... Source>
-void mapElements(Op op, D* dst, long len, Source... src) {
+[[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = registerBytes / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr long block = std::max(lanes, 16L), vecs = block / lanes;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
