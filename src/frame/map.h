@@ -144,7 +144,7 @@ template <Stores stores = Stores::cached, int registerBytes = vectorBytes, class
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element
 // goes through the first lane of one.
 template <class Wide, Stores stores = Stores::cached, class D, class Op, class... Source>
-void mapWidened(Op op, D* dst, long len, Source... src) {
+[[gnu::always_inline]] inline void mapWidened(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
   forBlocks<16>(
       bypasses<stores>(dst, len, src...), dst, len,
