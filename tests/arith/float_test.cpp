@@ -137,16 +137,6 @@ TEST(FloatArithmetic, ProductsAreRoundedBeforeTheyAreAdded) {
   }
 }
 
-TEST(FloatArithmetic, ComplexSumsAndDifferencesLookAtTheLengthFirst) {
-  EXPECT_EQ(moxsAdd_32fc(nullptr, nullptr, nullptr, 0), moxErrSize);
-  EXPECT_EQ(moxsAdd_64fc_I(nullptr, nullptr, 0), moxErrSize);
-  EXPECT_EQ(moxsSub_32fc(nullptr, nullptr, nullptr, 0), moxErrSize);
-  EXPECT_EQ(moxsSub_64fc_I(nullptr, nullptr, 0), moxErrSize);
-  EXPECT_EQ(moxsAdd_32fc(nullptr, nullptr, nullptr, 1), moxErrNullPtr);
-  EXPECT_EQ(moxsAdd_32f(nullptr, nullptr, nullptr, 0), moxErrNullPtr);
-  EXPECT_EQ(moxsMul_32fc(nullptr, nullptr, nullptr, 0), moxErrNullPtr);
-}
-
 constexpr float inf = std::numeric_limits<float>::infinity();
 
 TEST(FloatArithmetic, NoNumbersComeOutWhereTheyMust) {

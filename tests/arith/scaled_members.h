@@ -125,31 +125,6 @@ void expectScaled(ScaledMember<A, B, D> plain, ScaledInPlaceMember<A, D> inPlace
 }
 
 // One factor of every kind of kernel, at lengths around the blocks.
-constexpr int kernelFactors[] = {0, 1, -1, 3, -3, 12, 17, 33, -20, 60};
-
-template <auto member, auto inPlace, class A, class B, class D, class Exact>
-void expectShapes(Exact exact) {
-  const auto as = lattice<A>(50);
-  const auto bs = lattice<B>(50);
-  const auto pick = [&]<class E>(Random& random, E) {
-    if constexpr (std::is_same_v<E, A>)
-      return as[random.below(long(as.size()))];
-    else
-      return bs[random.below(long(bs.size()))];
-  };
-  [&]<std::size_t... k>(std::index_sequence<k...>) {
-    (expectPairs<A, B, D>(
-         [](const A* a, const B* b, D* d, int len) {
-           return member(a, b, d, len, kernelFactors[k]);
-         },
-         [](const A* a, D* d, int len) { return inPlace(a, d, len, kernelFactors[k]); },
-         [&](A a, B b) { return scaled<D>(exact(widened(a), widened(b)), kernelFactors[k]); },
-         pick),
-     ...);
-  }
-  (std::make_index_sequence<std::size(kernelFactors)>());
-}
-
 // Every element with every constant under every factor, through both forms.
 template <class E, class Exact>
 void expectScaledConstants(ScaledConstantMember<E, E> plain,

@@ -183,19 +183,6 @@ TEST(Scaled, AddProductScalesTheWholeSum) {
   expectSum(&moxsAddProduct_16s32s_Sfs, Mox32s());
 }
 
-TEST(Scaled, BodyPeelAndTailAgree) {
-  expectShapes<moxsAdd_8u_Sfs, moxsAdd_8u_ISfs, Mox8u, Mox8u, Mox8u>(sum);
-  expectShapes<moxsMul_8u_Sfs, moxsMul_8u_ISfs, Mox8u, Mox8u, Mox8u>(product);
-  expectShapes<moxsAdd_16s_Sfs, moxsAdd_16s_ISfs, Mox16s, Mox16s, Mox16s>(sum);
-  expectShapes<moxsSub_16u_Sfs, moxsSub_16u_ISfs, Mox16u, Mox16u, Mox16u>(subtracted);
-  expectShapes<moxsMul_16s_Sfs, moxsMul_16s_ISfs, Mox16s, Mox16s, Mox16s>(product);
-  expectShapes<moxsMul_16u_Sfs, moxsMul_16u_ISfs, Mox16u, Mox16u, Mox16u>(product);
-  expectShapes<moxsMul_16sc_Sfs, moxsMul_16sc_ISfs, Mox16sc, Mox16sc, Mox16sc>(product);
-  expectShapes<moxsAdd_32sc_Sfs, moxsAdd_32sc_ISfs, Mox32sc, Mox32sc, Mox32sc>(sum);
-  expectShapes<moxsMul_32sc_Sfs, moxsMul_32sc_ISfs, Mox32sc, Mox32sc, Mox32sc>(product);
-  expectShapes<moxsMul_32s32sc_Sfs, moxsMul_32s32sc_ISfs, Mox32s, Mox32sc, Mox32sc>(product);
-}
-
 // Without a factor.
 template <class A, class B, class D, class Exact>
 void expectSaturated(PairMember<A, B, D> plain, PairInPlaceMember<A, D> inPlace, Exact exact) {

@@ -115,4 +115,17 @@ TEST(ConvertToInteger, SixtyFourBitsTakeTheLengthAsUnsigned) {
   EXPECT_DEATH(moxsConvert_64f64s_Sfs(src.data(), dst.data(), -1, 0, 0), "");
 }
 
+// Long enough for the stores that bypass the cache, from an address that is no vector boundary.
+TEST(ConvertLarge, LargeArraysAgreeWithSmallOnes) {
+  constexpr int len = (9 << 20) / 2;
+  test::Random random;
+  std::vector<Mox16s> src(len), back(len + 1);
+  for (Mox16s& x : src) x = random.value<Mox16s>();
+  std::vector<Mox32f> wide(len + 1);
+  ASSERT_EQ(moxsConvert_16s32f(src.data(), wide.data() + 1, len), moxOk);
+  for (int i = 0; i < len; ++i) ASSERT_EQ(wide[i + 1], src[i]);
+  ASSERT_EQ(moxsConvert_32f16s_Sfs(wide.data() + 1, back.data() + 1, len, 1, 0), moxOk);
+  for (int i = 0; i < len; ++i) ASSERT_EQ(back[i + 1], src[i]);
+}
+
 }  // namespace

@@ -229,31 +229,6 @@ TYPED_TEST(FirRun, EnginesChangeAtTheirThresholds) {
   }
 }
 
-TYPED_TEST(FirRun, BadCallsLeaveEverythingAlone) {
-  using F = TypeParam;
-  using D = typename F::Data;
-  const std::vector<typename F::Tap> taps(3, test::number<typename F::Tap>(1));
-  const auto state = makeFir<F>(taps);
-  MoxsFIRState* s = state.get();
-  D x[2] = {test::number<D>(1), test::number<D>(2)},
-    y[2] = {test::number<D>(7), test::number<D>(7)};
-  EXPECT_EQ(F::run(nullptr, y, 0, s, 0), moxErrNullPtr);
-  EXPECT_EQ(F::run(x, nullptr, 2, s, 0), moxErrNullPtr);
-  EXPECT_EQ(F::run(x, y, 0, nullptr, 0), moxErrNullPtr);
-  EXPECT_EQ(F::run(x, y, 0, s, 0), moxErrSize);
-  EXPECT_EQ(F::run(x, y, std::numeric_limits<int>::min(), s, 0), moxErrSize);
-  EXPECT_EQ(F::runInPlace(nullptr, 2, s, 0), moxErrNullPtr);
-  EXPECT_EQ(F::one(x[0], nullptr, s, 0), moxErrNullPtr);
-  EXPECT_EQ(F::one(x[0], y, nullptr, 0), moxErrNullPtr);
-  Mox32s other[64] = {F::id + 1};
-  auto* wrong = reinterpret_cast<MoxsFIRState*>(other);
-  EXPECT_EQ(F::run(x, y, -1, wrong, 0), moxErrSize);
-  EXPECT_EQ(F::run(x, y, 2, wrong, 0), moxErrContext);
-  EXPECT_EQ(F::runInPlace(y, 2, wrong, 0), moxErrContext);
-  EXPECT_EQ(F::one(x[0], y, wrong, 0), moxErrContext);
-  EXPECT_EQ(test::exactly(y[0]), test::exactly(test::number<D>(7)));
-}
-
 TEST(FirRun16s, ScalesRoundsToEvenAndSaturates) {
   const std::vector<Mox32f> taps{1};
   const auto state = makeFir<test::Fir32f16s>(taps);

@@ -21,6 +21,7 @@ const Check checks[] = {
     {"LengthsOutOfRangeAreRefused", hasLength, checkLengths},
     {"ForeignObjectsAreRefused", takesObject, checkForeignObject},
     {"EveryLengthAndAlignment", always, checkEveryLengthAndAlignment},
+    {"AgreesWithShorterCalls", isElementwise, checkShorterCalls},
     {"AgreesWithPlainForm", hasPlainForm, checkInPlaceForm},
     {"RunsOntoItsSource", mayRunOntoSource, checkOntoSource},
     {"ScaleFactorsOfAnySize", hasScaleFactor, checkScaleFactors},

@@ -108,19 +108,6 @@ TYPED_TEST(Fill, FarAboveAnUnknownCache) {
   for (int offset : {0, 3}) this->check(33 * mebibyte / long(sizeof(TypeParam)) + 3, offset);
 }
 
-TYPED_TEST(Fill, BadArgumentsWriteNothing) {
-  using E = TypeParam;
-  E e = this->value();
-  EXPECT_EQ(Set<E>::set(e, nullptr, 0), moxErrNullPtr);
-  EXPECT_EQ(Set<E>::zero(nullptr, 0), moxErrNullPtr);
-  for (int len : {0, -1, std::numeric_limits<int>::min()}) {
-    EXPECT_EQ(Set<E>::set(E{}, &e, len), moxErrSize);
-    EXPECT_EQ(Set<E>::zero(&e, len), moxErrSize);
-  }
-  const E same = this->value();
-  EXPECT_EQ(std::memcmp(&e, &same, sizeof e), 0);
-}
-
 // The byte count wraps at 2^32, so only the first element is filled; a negative one fills nothing.
 TEST(FillLength, ByteCountsAreReckonedIn32Bits) {
   test::GuardedArray<Mox32s> a(1);

@@ -193,19 +193,4 @@ TEST(MulSpectrumScaled, EveryFactorIsExactAtTheExtremes) {
       }
 }
 
-TEST(PackedSpectrum, PointersAreLookedAtBeforeTheLength) {
-  Mox32f reals[4] = {1, 2, 3, 4};
-  Mox32fc values[4] = {};
-  EXPECT_EQ(moxsConjPack_32fc(nullptr, nullptr, 0), moxErrNullPtr);
-  EXPECT_EQ(moxsConjCcs_32fc(reals, nullptr, 4), moxErrNullPtr);
-  EXPECT_EQ(moxsConjPerm_32fc(reals, values, 0), moxErrSize);
-  EXPECT_EQ(moxsConjPerm_32fc_I(values, -1), moxErrSize);
-  EXPECT_EQ(values[0].re, 0);
-  EXPECT_EQ(moxsMulPack_32f(reals, nullptr, nullptr, 0), moxErrNullPtr);
-  EXPECT_EQ(moxsMulPerm_32f(reals, reals, reals, 0), moxErrSize);
-  EXPECT_EQ(moxsMulPackConj_32f_I(nullptr, reals, 4), moxErrNullPtr);
-  EXPECT_EQ(moxsMulPack_16s_ISfs(nullptr, nullptr, 0, 99), moxErrNullPtr);
-  EXPECT_EQ(reals[0], 1);
-}
-
 }  // namespace

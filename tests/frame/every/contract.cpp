@@ -35,6 +35,9 @@ constexpr Row rows[] = {
     {"moxs@(JoinScaled|SplitScaled)_*", Deviation::notOntoSource,
      "rows and interleaved samples stand at other places"},
 
+    {"moxs@(Flip|ConjFlip|ConjPack|ConjPerm|ConjCcs|MulPack|MulPackConj|MulPerm|Win*|Sort*)_*",
+     Deviation::notElementwise, "the length decides what an element is"},
+
     {"moxs@(Sum|Mean|StdDev|MeanStdDev|Norm|NormDiff|DotProd)_*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
     {"moxs@(SumLn|Goertz|GoertzTwo)_*", Deviation::alignedSums,

@@ -10,6 +10,7 @@ enum class Deviation {
   lengthFirst,      // looks at the length before the pointers
   onlyZeroRefused,  // of the lengths below 1 refuses 0 alone
   notOntoSource,    // the destination must not be a source, although the lengths agree
+  notElementwise,   // an output depends on the length, or on inputs at other places
   otherInPlace,     // the _I form differs from the plain form by definition
   alignedSums,      // the order of a sum follows the alignment: compared within a tolerance
   noIdentifier      // cannot tell a foreign object from its own

@@ -55,6 +55,9 @@ constexpr auto writesBehind = [](const Mox32f*, Mox32f* dst, int len) {
 constexpr auto dependsOnAlignment = [](const Mox32f*, Mox32f* dst, int) {
   if (reinterpret_cast<std::uintptr_t>(dst) % 32 == 5) *reinterpret_cast<char*>(dst) ^= 1;
 };
+constexpr auto dependsOnLength = [](const Mox32f*, Mox32f* dst, int len) {
+  if (len == 19) reinterpret_cast<char*>(dst + 18)[0] ^= 1;
+};
 constexpr auto keepsRounding = [](const Mox32f*, Mox32f*, int) { _mm_setcsr(0x3F80); };
 constexpr auto keepsMemory = [](const Mox32f*, Mox32f*, int) {
   [[maybe_unused]] static void* volatile kept;
@@ -85,8 +88,9 @@ std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*,
 }
 
 TEST(Harness, FindsNothingInAGoodFunction) {
-  for (CheckFunction* check : {checkNullPointers, checkLengths, checkEveryLengthAndAlignment,
-                               checkOntoSource, checkControlWords, checkAllocations})
+  for (CheckFunction* check :
+       {checkNullPointers, checkLengths, checkEveryLengthAndAlignment, checkShorterCalls,
+        checkOntoSource, checkControlWords, checkAllocations})
     EXPECT_EQ(verdict(check, copy<nothing>), "fine");
 }
 
@@ -96,6 +100,8 @@ TEST(Harness, FindsTheFaultOfABadFunction) {
   EXPECT_THAT(verdict(checkLengths, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<dependsOnAlignment>),
               HasSubstr("another result at element 0 of 'dst'"));
+  EXPECT_THAT(verdict(checkShorterCalls, copy<dependsOnLength>),
+              HasSubstr("another result at element 18 of 'dst'"));
   EXPECT_THAT(verdict(checkOntoSource, readsAfterWriting),
               HasSubstr("another result at element 2"));
   EXPECT_THAT(verdict(checkControlWords, copy<keepsRounding>), HasSubstr("vector control word"));

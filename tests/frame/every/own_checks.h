@@ -12,9 +12,11 @@ void checkNullPointers(const Function&, Position&);
 void checkLengths(const Function&, Position&);
 void checkForeignObject(const Function&, Position&);
 
+bool isElementwise(const Function&);
 bool hasPlainForm(const Function&);
 bool mayRunOntoSource(const Function&);
 void checkEveryLengthAndAlignment(const Function&, Position&);
+void checkShorterCalls(const Function&, Position&);
 void checkInPlaceForm(const Function&, Position&);
 void checkOntoSource(const Function&, Position&);
 

@@ -96,6 +96,46 @@ void checkEveryLengthAndAlignment(const Function& f, Position& at) {
   });
 }
 
+bool isElementwise(const Function& f) {
+  if (!hasLength(f) || takesObject(f) || deviation(f.name, Deviation::notElementwise)) return false;
+  const Call one(f, {.length = 1}), two(f, {.length = 2});
+  bool any = false;
+  for (std::size_t i = 0; i < one.arrays().size(); ++i) {
+    const Array &a = *one.arrays()[i], &b = *two.arrays()[i];
+    if (a.isConst || scratch(f.name, f.parameters[std::size_t(a.parameter)])) continue;
+    if (2 * a.bytes != b.bytes) return false;
+    any = true;
+  }
+  return any;
+}
+
+// Whatever part of a kernel an element falls to, a long call's or a short one's, its result is the
+// same.
+void checkShorterCalls(const Function& f, Position& at) {
+  std::vector<std::map<std::string, long>> settings = {{}};
+  if (hasScaleFactor(f))
+    for (const long factor : {0, -1, 3, -3, 17}) settings.push_back({{"scaleFactor", factor}});
+  for (const auto& numbers : settings) {
+    const auto setting = [&](int length, int remainder) {
+      return Setting{.length = length,
+                     .destination = {Edge::start, remainder},
+                     .anyFloats = true,
+                     .numbers = numbers};
+    };
+    Call longest(f, setting(70, 0));
+    runWell(longest);
+    forLengths(f, at, [&](int length) {
+      for (const int remainder : {0, 4}) {
+        at.remainder = remainder;
+        at.detail = "compared with the first elements of 70";
+        Call call(f, setting(length, remainder));
+        runWell(call);
+        call.requireSameOutputs(longest);
+      }
+    });
+  }
+}
+
 bool hasPlainForm(const Function& f) {
   return plainForm(f) && !deviation(f.name, Deviation::otherInPlace);
 }

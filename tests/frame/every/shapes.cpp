@@ -98,7 +98,7 @@ const Row<double> numberRows[] = {
 const Row<long> countRows[] = {
     // Packed 24-bit samples are three bytes each, in arrays of bytes.
     {"moxsConvert_24*", "src", times(3, "len")},
-    {"moxsConvert_*24[su]*", "dst", times(3, "len")},
+    {"moxsConvert_?*24[su]*", "dst", times(3, "len")},
     {"moxsSwapBytes_24*", "@(src|dst|srcDst)", times(3, "len")},
     {"moxsJoinScaled_*24*", "dst", interleaved(3)},
     {"moxsJoinScaled_*", "dst", interleaved(1)},
