@@ -6,11 +6,13 @@
 #define MOXSP_H
 
 #include <moxsp/arith.h>
+#include <moxsp/companding.h>
 #include <moxsp/convert.h>
 #include <moxsp/elementary.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
 #include <moxsp/logic.h>
+#include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
 

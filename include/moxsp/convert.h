@@ -5,6 +5,8 @@
 #ifndef MOXSP_CONVERT_H
 #define MOXSP_CONVERT_H
 
+#include <moxsp/companding.h>
+#include <moxsp/threshold.h>
 #include <moxsp/types.h>
 
 /** @defgroup convert Convert

@@ -119,6 +119,32 @@ template <long block, class D, class One, class Block>
   for (; i < len; ++i) one(i);
 }
 
+// Runs eachBlock(from, to, put) for whole blocks of `count` elements only. What is left goes
+// through a block of its own, filled up with copies of its last element.
+template <long count, class S, class D, class Block>
+[[gnu::always_inline]] inline void forWholeBlocks(bool bypass, const S* src, D* dst, long len,
+                                                  Block eachBlock) {
+  const auto part = [&](long from, long elements) {
+    S in[count];
+    D out[count];
+    for (long j = 0; j < count; ++j) in[j] = load<S>(src + from + std::min(j, elements - 1));
+    eachBlock(in, out, [](void* p, auto v) { store(p, v); });
+    for (long j = 0; j < elements; ++j) store(dst + from + j, out[j]);
+  };
+  // Only stores that bypass the cache want an aligned destination.
+  long i = bypass ? std::min(long(peelCount(dst)), len) : 0;
+  if (i > 0) part(0, i);
+  if (bypass && isAligned(dst + i, vectorBytes)) {
+    for (; i <= len - count; i += count)
+      eachBlock(src + i, dst + i, [](void* p, auto v) { storeStream(p, v); });
+    streamFence();
+  } else {
+    for (; i <= len - count; i += count)
+      eachBlock(src + i, dst + i, [](void* p, auto v) { store(p, v); });
+  }
+  if (i < len) part(i, len - i);
+}
+
 // dst[i] = op(src[i]...), where a source is an array or `Same`. `op` takes scalars or vectors,
 // complex elements as interleaved parts; all loads of a block come before its stores, so that `dst`
 // may be one of the sources.

@@ -217,6 +217,11 @@ template <class T>
   return shuffle<[](int i) { return i < half ? i + half : i + 2 * half; }>(a, b);
 }
 
+// Lane i is the entry of the table at the low four bits of index[i], 0 where its bit 7 is set.
+[[gnu::always_inline]] inline V<Mox8u, 16> lookUp(V<Mox8u, 16> table, V<Mox8u, 16> index) {
+  return V<Mox8u, 16>(_mm_shuffle_epi8(__m128i(table), __m128i(index)));
+}
+
 // Rows become columns.
 [[gnu::always_inline]] inline void transpose(V<Mox64f> (&r)[4]) {
   const V<Mox64f> a = unpackLow<Mox64f>(r[0], r[1]), b = unpackHigh<Mox64f>(r[0], r[1]);
@@ -244,6 +249,9 @@ template <class T>
 }
 
 // Whether a comparison holds in any lane.
+[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 4> comparison) {
+  return _mm_movemask_ps(__m128(comparison)) != 0;
+}
 [[gnu::always_inline]] inline bool anyLane(V<Mox32s, 8> comparison) {
   return _mm256_movemask_ps(__m256(comparison)) != 0;
 }
@@ -375,6 +383,11 @@ template <class T>
 // The processor's estimate of 1 / v, to about 12 bits.
 [[gnu::always_inline]] inline V<Mox32f> reciprocalEstimate(V<Mox32f> v) {
   return V<Mox32f>(_mm256_rcp_ps(v));
+}
+
+// The same of 1 / sqrt(v).
+[[gnu::always_inline]] inline V<Mox32f> reciprocalRootEstimate(V<Mox32f> v) {
+  return V<Mox32f>(_mm256_rsqrt_ps(v));
 }
 
 [[gnu::always_inline]] inline V<Mox32f> truncated(V<Mox32f> v) {

@@ -1,0 +1,107 @@
+// Thresholds on real elements.
+#include "convert/threshold.h"
+
+#include "convert/threshold_relations.h"
+#include "frame/export.h"
+#include "frame/map.h"
+
+namespace mox {
+namespace {
+
+template <class E>
+constexpr int registerBytes = std::is_integral_v<E> ? vectorBytes / 2 : vectorBytes;
+
+template <class Relation, class E, class... P>
+MoxStatus threshold(const E* src, E* dst, int len, P... parameters) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  if (MoxStatus s = Relation::check(parameters...)) return s;
+  mapElements<Stores::bypassing, registerBytes<E>>(Relation(), dst, len, src,
+                                                   Same<E>{parameters}...);
+  return moxOk;
+}
+
+template <class Relation, class E, class... P>
+MoxStatus thresholdInPlace(E* srcDst, int len, P... parameters) {
+  return threshold<Relation>(srcDst, srcDst, len, parameters...);
+}
+
+template <class E>
+MoxStatus thresholdBy(const E* src, E* dst, int len, E level, int relOp) {
+  return byOperator<AnyLevel, threshold<LT, E, E>, threshold<GT, E, E>>(src, dst, len, level,
+                                                                        relOp);
+}
+
+template <class E>
+MoxStatus thresholdByInPlace(E* srcDst, int len, E level, int relOp) {
+  return thresholdBy(srcDst, srcDst, len, level, relOp);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsThreshold_16s, thresholdBy);
+MOX_EXPORT(moxsThreshold_32f, thresholdBy);
+MOX_EXPORT(moxsThreshold_64f, thresholdBy);
+MOX_EXPORT(moxsThreshold_16s_I, thresholdByInPlace);
+MOX_EXPORT(moxsThreshold_32f_I, thresholdByInPlace);
+MOX_EXPORT(moxsThreshold_64f_I, thresholdByInPlace);
+
+MOX_EXPORT(moxsThreshold_LT_16s, threshold<LT>);
+MOX_EXPORT(moxsThreshold_LT_32s, threshold<LT>);
+MOX_EXPORT(moxsThreshold_LT_32f, threshold<LT>);
+MOX_EXPORT(moxsThreshold_LT_64f, threshold<LT>);
+MOX_EXPORT(moxsThreshold_LT_16s_I, thresholdInPlace<LT>);
+MOX_EXPORT(moxsThreshold_LT_32s_I, thresholdInPlace<LT>);
+MOX_EXPORT(moxsThreshold_LT_32f_I, thresholdInPlace<LT>);
+MOX_EXPORT(moxsThreshold_LT_64f_I, thresholdInPlace<LT>);
+
+MOX_EXPORT(moxsThreshold_GT_16s, threshold<GT>);
+MOX_EXPORT(moxsThreshold_GT_32s, threshold<GT>);
+MOX_EXPORT(moxsThreshold_GT_32f, threshold<GT>);
+MOX_EXPORT(moxsThreshold_GT_64f, threshold<GT>);
+MOX_EXPORT(moxsThreshold_GT_16s_I, thresholdInPlace<GT>);
+MOX_EXPORT(moxsThreshold_GT_32s_I, thresholdInPlace<GT>);
+MOX_EXPORT(moxsThreshold_GT_32f_I, thresholdInPlace<GT>);
+MOX_EXPORT(moxsThreshold_GT_64f_I, thresholdInPlace<GT>);
+
+MOX_EXPORT(moxsThreshold_LTVal_16s, threshold<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_32f, threshold<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_64f, threshold<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_16s_I, thresholdInPlace<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_32f_I, thresholdInPlace<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_64f_I, thresholdInPlace<LTVal>);
+
+MOX_EXPORT(moxsThreshold_GTVal_16s, threshold<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_32f, threshold<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_64f, threshold<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_16s_I, thresholdInPlace<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_32f_I, thresholdInPlace<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_64f_I, thresholdInPlace<GTVal>);
+
+MOX_EXPORT(moxsThreshold_LTValGTVal_16s, threshold<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_32s, threshold<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_32f, threshold<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_64f, threshold<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_16s_I, thresholdInPlace<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_32s_I, thresholdInPlace<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_32f_I, thresholdInPlace<LTValGTVal>);
+MOX_EXPORT(moxsThreshold_LTValGTVal_64f_I, thresholdInPlace<LTValGTVal>);
+
+MOX_EXPORT(moxsThreshold_LTAbs_16s, threshold<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_32s, threshold<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_32f, threshold<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_64f, threshold<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_16s_I, thresholdInPlace<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_32s_I, thresholdInPlace<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_32f_I, thresholdInPlace<LTAbs>);
+MOX_EXPORT(moxsThreshold_LTAbs_64f_I, thresholdInPlace<LTAbs>);
+
+MOX_EXPORT(moxsThreshold_GTAbs_16s, threshold<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_32s, threshold<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_32f, threshold<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_64f, threshold<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_16s_I, thresholdInPlace<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_32s_I, thresholdInPlace<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_32f_I, thresholdInPlace<GTAbs>);
+MOX_EXPORT(moxsThreshold_GTAbs_64f_I, thresholdInPlace<GTAbs>);
+
+}  // namespace mox
