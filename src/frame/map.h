@@ -152,7 +152,9 @@ template <Stores stores = Stores::cached, int registerBytes = vectorBytes, class
           class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = registerBytes / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
-  constexpr long block = std::max(lanes, 16L), vecs = block / lanes;
+  // The same number of bytes through narrow registers takes more instructions: share the loop's.
+  constexpr long vecsAtLeast = registerBytes < vectorBytes ? 4 : 1;
+  constexpr long block = std::max(vecsAtLeast * lanes, 16L), vecs = block / lanes;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
     return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
   };
