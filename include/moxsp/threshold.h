@@ -36,9 +36,9 @@ enum {
  * one that is zero becomes `level` on the real axis. Other elements are copied, and with a `level`
  * of 0 all are.
  *
- * @note The parts of a complex element that changes are within 4 units in the last place of the
- * exact ones (`32fc`), 3 units (`64fc`); for `16sc` they are the nearest integers, where a part
- * less than 2^-36 from the middle between two may become either.
+ * @note The parts of a complex element that changes are within 8 units in the last place (`32fc`),
+ * 4 units (`64fc`) of the exact ones; for `16sc` they are the nearest integers, where a part less
+ * than 2^-36 from the middle between two may become either.
  * @{ */
 MOX_API MoxStatus moxsThreshold_LT_16s(const Mox16s* src, Mox16s* dst, int len, Mox16s level);
 MOX_API MoxStatus moxsThreshold_LT_16sc(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level);
@@ -213,9 +213,9 @@ MOX_API MoxStatus moxsThreshold_GTAbs_64f_I(Mox64f* srcDst, int len, Mox64f leve
  * under LT; with a `level` of 0 a zero gives plus infinity on the real axis.
  *
  * @return ::moxWarnInvZero where `level` is 0 and an element is zero; all elements are done.
- * @note In `64f` a division to the bit. Parts are within 2 units in the last place (`32f`), 4 units
- * (`32fc`, `64fc`) of the exact ones; in `32f` a magnitude of 2^126 or more may give 0. The
- * real forms round to nearest, whatever the mode in force.
+ * @note To nearest, whatever the rounding mode in force: in `64f` one IEEE 754 division to the bit;
+ * within 5 units in the last place of the exact value in `32f`, where a magnitude of 2^126 or more
+ * may give 0, and in the parts of `32fc` and `64fc`.
  * @{ */
 MOX_API MoxStatus moxsThreshold_LTInv_32f(const Mox32f* src, Mox32f* dst, int len, Mox32f level);
 MOX_API MoxStatus moxsThreshold_LTInv_32fc(const Mox32fc* src, Mox32fc* dst, int len, Mox32f level);
