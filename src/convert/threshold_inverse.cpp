@@ -30,7 +30,7 @@ bool mapReciprocals(const E* src, E* dst, long len, E level) {
                                const V<E> x = load<V<E>>(from);
                                const V<E> y =
                                    withSignOf(x, greater(broadcast<V<E>>(level), absolute(x)));
-                               zero |= anyLane(y == 0);
+                               zero |= signBits(V<E>(y == 0)) != 0;
                                put(to, reciprocals(y));
                              });
   return zero;

@@ -2,9 +2,12 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <string>
 #include <vector>
 
 #include "support/accuracy.h"
@@ -56,6 +59,10 @@ struct Members {
   MoxStatus (*plain)(const E*, E*, int, P...);
   MoxStatus (*inPlace)(E*, int, P...);
 };
+
+template <class E, class... P>
+Members(const char*, MoxStatus (*)(const E*, E*, int, P...), MoxStatus (*)(E*, int, P...))
+    -> Members<E, P...>;
 
 // The function gives model(x) for every x among `values`, wherever in a vector or a tail x stands.
 template <class E, class... P, class Model>
