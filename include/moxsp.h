@@ -6,6 +6,7 @@
 #define MOXSP_H
 
 #include <moxsp/arith.h>
+#include <moxsp/complex.h>
 #include <moxsp/convert.h>
 #include <moxsp/elementary.h>
 #include <moxsp/fir.h>

@@ -5,6 +5,7 @@
 #ifndef MOXSP_CONVERT_H
 #define MOXSP_CONVERT_H
 
+#include <moxsp/complex.h>
 #include <moxsp/types.h>
 
 /** @defgroup convert Convert
