@@ -18,9 +18,10 @@ struct Reduced {
 };
 
 [[gnu::always_inline]] inline Reduced reduced(V<Mox64f> x) {
-  const V<Mox64f> n = nearestInteger(x * 0x1.45f306dc9c883p-1);
-  const V<Mox64f> r = x - n * halfPi1, w = n * halfPi2, angle = r - w;
-  return {n, angle, (r - angle) - w - n * halfPi3};
+  const V<Mox64f> n = nearestInteger(x * 0x1.45f306dc9c883p-1) + 0.0;  // an angle of -0 stays so
+  const V<Mox64f> r = x - n * halfPi1, w = n * halfPi2, first = r - w;
+  const V<Mox64f> rest = n * halfPi3 - ((r - first) - w), angle = first - rest;
+  return {n, angle, (first - angle) - rest};
 }
 
 // Horner's rule over coefficients from the lowest power on.
@@ -47,7 +48,7 @@ constexpr Mox64f cosineTerms[] = {
 [[gnu::always_inline]] inline V<Mox64f> sineOf(V<Mox64f> angle, V<Mox64f> rest) {
   const V<Mox64f> s = angle * angle;
   const V<Mox64f> correction = angle * s * polynomial(sineTerms, s) + rest * (1 - s * 0.5);
-  return angle + correction;
+  return withSignOf(angle, angle + correction);
 }
 [[gnu::always_inline]] inline V<Mox64f> cosineOf(V<Mox64f> angle, V<Mox64f> rest) {
   const V<Mox64f> s = angle * angle, half = s * 0.5, head = 1 - half;

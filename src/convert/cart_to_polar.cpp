@@ -18,35 +18,35 @@ struct Polar {
   PhaseOp phase;
 };
 
-// As if magnitudes were computed first, then phases: either goes on without the other.
+// As if magnitudes were computed first, then phases: each may fail without the other.
 template <class MagnitudeOp, class PhaseOp, class Source, class D>
-MoxStatus mapPolar(MagnitudeOp magnitude, PhaseOp phase, Source src, MoxStatus checked, D* dstMagn,
-                   D* dstPhase, int len) {
-  if (checked) return checked;
-  if (dstMagn && dstPhase)
+MoxStatus mapPolar(MagnitudeOp magnitude, PhaseOp phase, Source src, D* dstMagn, D* dstPhase,
+                   int len) {
+  const MoxStatus first = src.anyNull() ? MoxStatus(moxErrNullPtr) : checkArrays(len, dstMagn);
+  const MoxStatus second = src.anyNull() ? MoxStatus(moxErrNullPtr) : checkArrays(len, dstPhase);
+  if (!first && !second)
     mapComplex(Polar<MagnitudeOp, PhaseOp>{magnitude, phase}, src, TwoArrays<D>{dstMagn, dstPhase},
                len);
-  else if (dstMagn)
+  else if (!first)
     mapComplex(magnitude, src, Array<D>{dstMagn}, len);
-  else if (dstPhase)
+  else if (!second)
     mapComplex(phase, src, Array<D>{dstPhase}, len);
-  return anyNull(dstMagn, dstPhase) ? MoxStatus(moxErrNullPtr) : moxOk;
+  return first ? first : second;
 }
 
 template <class E, class F>
 MoxStatus cartToPolar(const E* src, F* dstMagn, F* dstPhase, int len) {
-  return mapPolar(Magnitude<F>(), Phase<F>(), Array<const E>{src}, checkArrays(len, src), dstMagn,
-                  dstPhase, len);
+  return mapPolar(Magnitude<F>(), Phase<F>(), Array<const E>{src}, dstMagn, dstPhase, len);
 }
 template <class F>
 MoxStatus cartToPolarOfTwo(const F* srcRe, const F* srcIm, F* dstMagn, F* dstPhase, int len) {
-  return mapPolar(Magnitude<F>(), Phase<F>(), TwoArrays<const F>{srcRe, srcIm},
-                  checkArrays(len, srcRe, srcIm), dstMagn, dstPhase, len);
+  return mapPolar(Magnitude<F>(), Phase<F>(), TwoArrays<const F>{srcRe, srcIm}, dstMagn, dstPhase,
+                  len);
 }
 MoxStatus cartToPolarScaled(const Mox16sc* src, Mox16s* dstMagn, Mox16s* dstPhase, int len,
                             int scaleFactor) {
   return mapPolar(ScaledMagnitude<Mox16s>(scaleFactor), ScaledPhase<Mox16s>(scaleFactor),
-                  Array<const Mox16sc>{src}, checkArrays(len, src), dstMagn, dstPhase, len);
+                  Array<const Mox16sc>{src}, dstMagn, dstPhase, len);
 }
 
 }  // namespace

@@ -26,10 +26,9 @@ struct Octant {
     smaller = lesser(u, v);
     larger = select(T(most > zero), most, zero + 1);
     isSteep = T(v > u);
-    if constexpr (sizeof(Lane<T>) == 4)
-      isOut = either(notAtMost(u + v, 0x1p100f), notAtLeast(larger, 0x1p-100f));
-    else
-      isOut = notAtMost(u + v, 0x1p1000);
+    constexpr bool isSingle = sizeof(Lane<T>) == 4;
+    constexpr Lane<T> highest = isSingle ? 0x1p100 : 0x1p1000, lowest = 1 / highest;
+    isOut = either(notAtMost(u + v, highest), notAtLeast(larger, lowest));
   }
 };
 
@@ -49,23 +48,26 @@ struct Angle {
   return {withSignOf(z.im, select(z.re, 3.1415927410125732f - upTo90, upTo90)), o.isOut};
 }
 
-// An angle beyond pi / 8 is pi / 4 less one below; so all are a multiple of pi / 4 and a small
-// rest.
+// A quotient above 0.3 is that of an angle next to atan(1/2), and of one from there: the difference
+// of the smaller part and half the larger is exact. Constants are in two parts, of which the first
+// have so few bits that their sums are exact.
 [[gnu::always_inline]] inline Angle<V<Mox64f>> phaseLanes(Pair<V<Mox64f>> z) {
   using Lanes = V<Mox64f>;
-  constexpr Mox64f quarterPi = 0x1.921fb54442d10p-1, below = 0x1.08d313198a2e0p-50;
+  constexpr Mox64f halfPi = 0x1.921fb54442d18p+0, halfPiRest = 0x1.1a62633145c07p-54;
+  constexpr Mox64f base = 0x1.dac670561bb40p-2, baseRest = 0x1.ed15bf9117b2fp-51;
   const Lanes zero = {}, one = zero + 1;
   const detail::Octant o(z);
-  const Lanes isFar = Lanes(o.smaller > o.larger * tangentOfEighthPi);
-  const Lanes numerator = select(isFar, o.smaller - o.larger, o.smaller);
-  const Lanes denominator = select(isFar, o.smaller + o.larger, o.larger);
-  const Lanes first = select(isFar, one, zero), second = select(o.isSteep, 2 - first, first);
-  const Lanes multiple = select(z.re, 4 - second, second);
+  const Lanes isFar = Lanes(o.smaller > o.larger * 0.3);
+  const auto whereFar = [&](Mox64f v) { return Lanes(Bits<Lanes>(zero + v) & Bits<Lanes>(isFar)); };
+  const Lanes half = whereFar(0.5);
+  const Lanes quotient = (o.smaller - o.larger * half) / (o.larger + o.smaller * half);
   const Bits<Lanes> turned = (Bits<Lanes>(o.isSteep) ^ Bits<Lanes>(z.re)) & signBit<Lanes>;
-  const Lanes t = Lanes(Bits<Lanes>(numerator / denominator) ^ turned);
-  // The first part of pi / 4 has few enough bits for an exact product.
-  const Lanes angle = multiple * quarterPi + (t + (arctanExcess(t) + multiple * below));
-  return {withSignOf(z.im, absolute(angle)), o.isOut};
+  const auto turn = [&](Lanes v) { return Lanes(Bits<Lanes>(v) ^ turned); };
+  const Lanes t = turn(quotient), upTo90 = Lanes(Bits<Lanes>(one) & Bits<Lanes>(o.isSteep));
+  const Lanes quarters = select(z.re, 2 - upTo90, upTo90);
+  const Lanes from = quarters * halfPi + turn(whereFar(base));
+  const Lanes rest = quarters * halfPiRest + turn(whereFar(baseRest));
+  return {withSignOf(z.im, absolute(from + (t + (arctanExcess(t) + rest)))), o.isOut};
 }
 
 // Of any number; what the kernels leave out is brought into their reach.

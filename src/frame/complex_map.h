@@ -59,6 +59,7 @@ struct Array {
     void store(Array dst, long count) const { std::memcpy(dst.p, e, std::size_t(count * bytes)); }
   };
 
+  bool anyNull() const { return p == nullptr; }
   Array from(long i) const { return {p + i}; }
   int peel() const { return peelCount(p); }
   bool aligned() const { return isAligned(p, vectorBytes); }
@@ -95,6 +96,7 @@ struct TwoArrays {
     }
   };
 
+  bool anyNull() const { return re == nullptr || im == nullptr; }
   TwoArrays from(long i) const { return {re + i, im + i}; }
   int peel() const { return peelCount(re); }
   bool aligned() const { return isAligned(re, vectorBytes) && isAligned(im, vectorBytes); }
