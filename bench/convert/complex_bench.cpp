@@ -67,8 +67,8 @@ void loopConj(const float* z, float* w, int len) {
 }
 void loopMulConj(const float* z, float* w, int len) {
   for (int i = 0; i < len; ++i) {
-    const float re = w[2 * i] * z[2 * i] + w[2 * i + 1] * z[2 * i + 1];
-    const float im = w[2 * i + 1] * z[2 * i] - w[2 * i] * z[2 * i + 1];
+    const float re = z[2 * i] * w[2 * i] + z[2 * i + 1] * w[2 * i + 1];
+    const float im = z[2 * i + 1] * w[2 * i] - z[2 * i] * w[2 * i + 1];
     w[2 * i] = re, w[2 * i + 1] = im;
   }
 }
@@ -119,6 +119,22 @@ void addSize(long bytes) {
            {"volk", [=] { volk_32fc_conjugate_32fc(volk(w), volk(z), len); }},
            {"eigen", [=] { eigen(w) = eigen(z).conjugate(), bench::clobber(w); }},
            {"loop", [=] { loopConj(z, w, len), bench::clobber(w); }}});
+
+  // In place, so that the first factor must not let the other fade. Ours has a packed spectrum of
+  // the same size.
+  const auto units = std::make_shared<Data>(len);
+  float *one = units->z.get(), *product = units->w.get();
+  for (int i = 0; i < len; ++i) one[2 * i] = 1, one[2 * i + 1] = 0;
+  addCase(
+      "mul_pack_conj_32f_I", units, {.bytesRead = 2 * whole, .bytesWritten = whole}, bytes,
+      {{"moxsp", [=] { moxsMulPackConj_32f_I(one, product, 2 * len); }},
+       {"volk",
+        [=] {
+          volk_32fc_x2_multiply_conjugate_32fc(volk(product), volk(one), volk(product), len);
+        }},
+       {"eigen",
+        [=] { eigen(product) = eigen(one) * eigen(product).conjugate(), bench::clobber(product); }},
+       {"loop", [=] { loopMulConj(one, product, len), bench::clobber(product); }}});
 }
 
 const bool registered = [] {
