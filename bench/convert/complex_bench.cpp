@@ -120,21 +120,27 @@ void addSize(long bytes) {
            {"eigen", [=] { eigen(w) = eigen(z).conjugate(), bench::clobber(w); }},
            {"loop", [=] { loopConj(z, w, len), bench::clobber(w); }}});
 
-  // In place, so that the first factor must not let the other fade. Ours has a packed spectrum of
-  // the same size.
+  // In place, so that the first factor must not let the other fade. A packed spectrum has its
+  // numbers after a first real value, for all sides.
   const auto units = std::make_shared<Data>(len);
   float *one = units->z.get(), *product = units->w.get();
-  for (int i = 0; i < len; ++i) one[2 * i] = 1, one[2 * i + 1] = 0;
-  addCase(
-      "mul_pack_conj_32f_I", units, {.bytesRead = 2 * whole, .bytesWritten = whole}, bytes,
-      {{"moxsp", [=] { moxsMulPackConj_32f_I(one, product, 2 * len); }},
-       {"volk",
-        [=] {
-          volk_32fc_x2_multiply_conjugate_32fc(volk(product), volk(one), volk(product), len);
-        }},
-       {"eigen",
-        [=] { eigen(product) = eigen(one) * eigen(product).conjugate(), bench::clobber(product); }},
-       {"loop", [=] { loopMulConj(one, product, len), bench::clobber(product); }}});
+  for (int i = 0; i < len; ++i) one[2 * i] = 0, one[2 * i + 1] = 1;
+  const int pairs = len - 1;
+  const auto inside = [=](float* p) {
+    return Eigen::Map<Eigen::ArrayXcf>(reinterpret_cast<Complex*>(p + 1), pairs);
+  };
+  addCase("mul_pack_conj_32f_I", units, {.bytesRead = 2 * whole, .bytesWritten = whole}, bytes,
+          {{"moxsp", [=] { moxsMulPackConj_32f_I(one, product, 2 * len); }},
+           {"volk",
+            [=] {
+              volk_32fc_x2_multiply_conjugate_32fc(volk(product + 1), volk(one + 1),
+                                                   volk(product + 1), pairs);
+            }},
+           {"eigen",
+            [=] {
+              inside(product) = inside(one) * inside(product).conjugate(), bench::clobber(product);
+            }},
+           {"loop", [=] { loopMulConj(one + 1, product + 1, pairs), bench::clobber(product); }}});
 }
 
 const bool registered = [] {

@@ -53,9 +53,13 @@ struct Array {
   E* p;
 
   struct Piece {
-    alignas(vectorBytes) Value e[complexBlock] = {};
+    alignas(vectorBytes) Value e[complexBlock];
     Array array() { return {e}; }
-    void load(Array src, long count) { std::memcpy(e, src.p, std::size_t(count * bytes)); }
+    void load(Array src, long count) {
+      for (long at = 0; at < long(sizeof e); at += vectorBytes)
+        storeAligned(reinterpret_cast<Mox8u*>(e) + at, V<Mox8u>{});
+      std::memcpy(e, src.p, std::size_t(count * bytes));
+    }
     void store(Array dst, long count) const { std::memcpy(dst.p, e, std::size_t(count * bytes)); }
   };
 
