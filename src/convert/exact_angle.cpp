@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "frame/rounding.h"
+
 namespace mox {
 namespace {
 
@@ -44,16 +46,16 @@ struct FixedPhasor {
   Fixed cos, sin;
 };
 
-// e^(i angle) for an angle of p * 2^exponent up to 2^31, of which the fraction has at most 120
-// bits.
+// e^(i angle) for an angle of p * 2^exponent up to 2^31, whose fraction has at most 120 bits.
 FixedPhasor fixedPhasor(Mox64u p, int exponent) {
   // 2 pi as a number of units of 2^-120, and of 2^-184 after them.
   constexpr Wide turn = Wide(0x6487ed5110b4611) << 64 | 0xa62633145c06e0e6;
   constexpr Mox64u below = 0x8948127044533e63;
-  const Mox64u turns = Mox64u(double(p) * __builtin_ldexp(0x1.45f306dc9c883p-3, exponent) + 0.5);
-  // Modulo 2^128 in between.
-  const Fixed angle =
-      Fixed((Wide(p) << (fractionBits + exponent)) - turns * turn - (Wide(turns) * below >> 64));
+  const Mox64u turns =
+      Mox64u(Mox64f(p) * powerOfTwo<Mox64f>(exponent) / 0x1.921fb54442d18p+2 + 0.5);
+  // Modulo 2^128 in between: a multiple of 2^8 is none there.
+  const Wide whole = exponent < 8 ? Wide(p) << (fractionBits + exponent) : 0;
+  const Fixed angle = Fixed(whole - turns * turn - (Wide(turns) * below >> 64));
   const Fixed square = multiply(angle, angle);
   return {powerSeries(square, 0), multiply(angle, powerSeries(square, 1))};
 }

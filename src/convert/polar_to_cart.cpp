@@ -77,14 +77,16 @@ class ScaledCartesian {
 
   auto operator()(auto src, long i) const {
     Pair<Lanes> four[lanes / 4];
-    for (int j = 0; j < lanes / 4; ++j) four[j] = rounded(src.template lanes<Lanes>(i + 4 * j));
+    for (int j = 0; j < lanes / 4; ++j) {
+      const auto [magnitude, phase] = src.template lanes<Lanes>(i + 4 * j);
+      four[j] = rounded(magnitude, phase);
+    }
     return Pair{integersFrom<D>([&](long j) { return four[j / 4].re; }),
                 integersFrom<D>([&](long j) { return four[j / 4].im; })};
   }
 
  private:
-  [[gnu::always_inline]] Pair<Lanes> rounded(Pair<Lanes> polar) const {
-    const auto [magnitude, phase] = polar;
+  [[gnu::always_inline]] Pair<Lanes> rounded(Lanes magnitude, Lanes phase) const {
     const Pair<Lanes> z = cartesian(magnitude * unit_, phase * unit_);
     const auto decide = [&](Coordinate coordinate) {
       return [=, this](int lane, Mox64s n) {

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <vector>
 
+#include "convert/exact_angle.h"
 #include "convert/exact_model.h"
 #include "support/exact.h"
 #include "support/random.h"
@@ -316,6 +317,29 @@ TEST(ComplexIntegers, LongPolarToCartNearTies) {
     }
   }
   EXPECT_GE(ties, 1);
+}
+
+// Of factors with which hardly any result comes so near to a tie that it is asked for.
+TEST(ComplexIntegers, TiesOfCoordinates) {
+  test::Random random(7);
+  test::Exact value(300), angle(120), tie(120);
+  for (int i = 0; i < 20000; ++i) {
+    const int factor = int(random.below(37)) - 20, m = random.value<Mox16s>(),
+              p = random.value<Mox16s>();
+    mpfr_set_si_2exp(angle.get(), p, factor, MPFR_RNDN);
+    (i % 2 ? mpfr_sin : mpfr_cos)(value.get(), angle.get(), MPFR_RNDN);
+    mpfr_mul_si(value.get(), value.get(), m, MPFR_RNDN);
+    mpfr_mul_2si(value.get(), value.get(), factor, MPFR_RNDN);
+    mpfr_abs(value.get(), value.get(), MPFR_RNDN);
+    for (const long offset : {-1, 0, 1}) {
+      const long n = std::max(0L, mpfr_get_si(value.get(), MPFR_RNDD) + offset);
+      mpfr_set_si_2exp(tie.get(), 2 * n + 1, -1, MPFR_RNDN);
+      const auto coordinate = i % 2 ? mox::Coordinate::im : mox::Coordinate::re;
+      ASSERT_EQ(mox::isCoordinateAboveTie(coordinate, m, p, factor, n),
+                mpfr_greater_p(value.get(), tie.get()) != 0)
+          << m << " at " << p << " with factor " << factor << ", from " << n;
+    }
+  }
 }
 
 TEST(ComplexIntegers, PolarToCartUndoesCartToPolar) {
