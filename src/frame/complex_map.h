@@ -1,9 +1,9 @@
 // The driver of functions on complex numbers, whose parts lie interleaved in one array or apart in
 // two; results come in these shapes as well. A shape tells where elements are:
-//   lanes<T>(i)          those from i on, widened to a vector T, or a Pair of it if they are
-//   complex; store(i, value, put) the same way back, through put(place, vector); from(i) the shape
-//   without its first i elements; Piece                room for a block of elements, with a shape
-//   of its own, array().
+//   lanes<T>(i)           those from i on as a vector T, or a Pair of it if they are complex
+//   store(i, value, put)  the same way back, through put(place, vector)
+//   from(i)               the shape without its first i elements
+//   Piece                 room for a block of elements, with a shape of its own, array()
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace mox {
 
 constexpr long complexBlock = 16;
 
-// A vector of F that may be narrower than its source's parts are wide.
+// Consecutive numbers from `z` on, each part widened to a lane of T.
 template <class T, class F>
 [[gnu::always_inline]] inline Pair<T> loadPartedAs(const F* z) {
   constexpr int lanes = laneCount<T>;
