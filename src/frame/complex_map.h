@@ -141,7 +141,7 @@ template <class Op, class Source, class Target>
 // Applies `op` to all elements: op(src, i) makes the results from element i on, Op::lanes of them.
 // All loads of a block come before its stores, so that `dst` may be a source.
 template <Stores stores = Stores::cached, class Op, class Source, class Target>
-void mapComplex(const Op& op, Source src, Target dst, long len) {
+[[gnu::always_inline]] inline void mapComplex(const Op& op, Source src, Target dst, long len) {
   constexpr long block = complexBlock;
   long i = 0;
   if (const int peel = dst.peel(); peel + block <= len) {
