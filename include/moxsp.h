@@ -7,6 +7,7 @@
 
 #include <moxsp/arith.h>
 #include <moxsp/companding.h>
+#include <moxsp/complex.h>
 #include <moxsp/convert.h>
 #include <moxsp/elementary.h>
 #include <moxsp/fir.h>

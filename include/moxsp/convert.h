@@ -6,6 +6,7 @@
 #define MOXSP_CONVERT_H
 
 #include <moxsp/companding.h>
+#include <moxsp/complex.h>
 #include <moxsp/threshold.h>
 #include <moxsp/types.h>
 

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "arith/reciprocal.h"
+#include "arith/arctan.h"
 #include "arith/vector_function.h"
 #include "frame/export.h"
 
@@ -17,41 +17,28 @@ struct Arctan32f {
     // The reciprocal of the largest float is 0, which is the right one for infinity.
     const auto largest = broadcast<V<Mox32f>>(std::numeric_limits<Mox32f>::max());
     const V<Mox32f> a = lesser(largest, absolute(x)), inverted = notAtMost(a, 1.0f);
-    const V<Mox32f> t = select(inverted, refinedReciprocal(a), a), s = t * t;
-    const V<Mox32f> p =
-        ((s * 0.008561189286410809f + 0.2805045545101166f) * s + 1.1202340126037598f) * s + 1.0f;
-    const V<Mox32f> q =
-        ((s * 0.049017589539289474f + 0.5650309920310974f) * s + 1.4535671472549438f) * s + 1.0f;
-    const V<Mox32f> atan = t * p * refinedReciprocal(q);
+    const V<Mox32f> atan = arctanOfFraction(select(inverted, refinedReciprocal(a), a));
     return withSignOf(x, select(inverted, 1.5707963705062866f - atan, atan));
   }
 };
 
 // With t = a, (a - 1) / (a + 1) or -1 / a, whichever lies within tan(pi / 8) of 0, the angle of a
-// is that of t and 0, pi / 4 or pi / 2. The polynomial in z = t * t is a Chebyshev fit of
-// (atan(t) / t - 1) / z with an error below 2^-54.
+// is that of t and 0, pi / 4 or pi / 2.
 struct Arctan64f {
   using Element = Mox64f;
 
   static V<Mox64f> lanes(V<Mox64f> x) {
     using Lanes = V<Mox64f>;
     const Lanes a = absolute(x), zero = broadcast<Lanes>(0.0);
-    const Lanes middle = notAtMost(a, 0x1.a827999fcef32p-2),
-                far = notAtMost(a, 0x1.3504f333f9de6p+1);
+    const Lanes middle = notAtMost(a, tangentOfEighthPi), far = notAtMost(a, 0x1.3504f333f9de6p+1);
     const Lanes numerator = select(far, zero - 1.0, select(middle, a - 1.0, a));
     const Lanes denominator = select(far, a, select(middle, a + 1.0, zero + 1.0));
     const Lanes angle =
         select(far, zero + 0x1.921fb54442d18p+0, select(middle, zero + 0x1.921fb54442d18p-1, zero));
     const Lanes below = select(far, zero + 0x1.1a62633145c07p-54,
                                select(middle, zero + 0x1.1a62633145c07p-55, zero));
-    const Lanes t = numerator / denominator, z = t * t, z2 = z * z, z4 = z2 * z2;
-    const Lanes p0 = z * 0.19999999999995516 - 0.3333333333333333,
-                p2 = z * 0.11111111015187018 - 0.14285714284665682,
-                p4 = z * 0.07692183125376892 - 0.0909090457530649,
-                p6 = z * 0.05858140904866328 - 0.06664510525508936,
-                p8 = z * 0.03923044778479309 - 0.050854078345894844;
-    const Lanes p = ((z2 * -0.019175404711104932 + p8) * z4 + (p6 * z2 + p4)) * z4 + (p2 * z2 + p0);
-    return withSignOf(x, angle + (t + (p * z * t + below)));
+    const Lanes t = numerator / denominator;
+    return withSignOf(x, angle + (t + (arctanExcess(t) + below)));
   }
 };
 

@@ -3,13 +3,11 @@
 
 #include <limits>
 
-#include "frame/vec.h"
+#include "frame/pair.h"
 
 namespace mox {
 
-struct ComplexLanes {
-  V<Mox64f> re, im;
-};
+using ComplexLanes = Pair<V<Mox64f>>;
 
 // One part of the root is sqrt((|re| + |z|) / 2), the other im over twice that: nothing cancels.
 // Serves zero and all z whose |z|^2 is in the range of normal numbers.

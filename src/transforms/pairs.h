@@ -7,15 +7,9 @@
 #include <type_traits>
 
 #include "frame/map.h"
+#include "frame/pair.h"
 
 namespace mox {
-
-template <class T>
-struct Pair {
-  T re, im;
-};
-template <class T>
-Pair(T, T) -> Pair<T>;
 
 // How many numbers an operand holds: one, or as many as a vector has lanes.
 template <class T>
@@ -23,27 +17,8 @@ constexpr int numbersIn = 1;
 template <class T>
 requires(!std::is_arithmetic_v<T>) constexpr int numbersIn<T> = sizeof(T) / sizeof(T{}[0]);
 
-namespace detail {
-
-// The instructions that part and join two vectors stay within blocks of 16 bytes, so the numbers
-// are out of order in between. It doesn't matter as long as all operands go the same way.
-template <class E, int N>
-struct PartingOrder {
-  static constexpr int block = 16 / sizeof(E), half = block / 2;
-  static constexpr int realPart(int i) {
-    const int j = i % block;
-    return (j < half ? 0 : N - block) + i / block * block + 2 * j;
-  }
-  static constexpr int imaginaryPart(int i) { return realPart(i) + 1; }
-  static constexpr int joinedLow(int i) {
-    const int j = i % block;
-    return j % 2 * N + i / block * block + j / 2;
-  }
-  static constexpr int joinedHigh(int i) { return joinedLow(i) + half; }
-};
-
-}  // namespace detail
-
+// The numbers of two vectors are out of order in between, which doesn't matter as long as all
+// operands go the same way.
 template <class T, class E>
 [[gnu::always_inline]] inline Pair<T> loadPairs(const E* p) {
   if constexpr (numbersIn<T> == 1) {
@@ -53,9 +28,7 @@ template <class T, class E>
     const T both = load<T>(p);
     return {T(V<Mox32u, 4>(both) << 16) >> 16, both >> 16};
   } else {
-    using Order = detail::PartingOrder<E, numbersIn<T>>;
-    const T a = load<T>(p), b = load<T>(p + numbersIn<T>);
-    return {shuffle<Order::realPart>(a, b), shuffle<Order::imaginaryPart>(a, b)};
+    return parted(load<T>(p), load<T>(p + numbersIn<T>));
   }
 }
 
@@ -68,9 +41,8 @@ template <class T, class E>
     const auto halves = packSaturated<Mox16s>(z.re, z.im);
     store(p, shuffle<[](int i) { return i % 2 * 4 + i / 2; }>(halves));
   } else {
-    using Order = detail::PartingOrder<E, numbersIn<T>>;
-    store(p, shuffle<Order::joinedLow>(z.re, z.im));
-    store(p + numbersIn<T>, shuffle<Order::joinedHigh>(z.re, z.im));
+    store(p, interleavedLow(z));
+    store(p + numbersIn<T>, interleavedHigh(z));
   }
 }
 

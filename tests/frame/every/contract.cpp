@@ -37,6 +37,8 @@ constexpr Row rows[] = {
 
     {"moxs@(Flip|ConjFlip|ConjPack|ConjPerm|ConjCcs|MulPack|MulPackConj|MulPerm|Win*|Sort*)_*",
      Deviation::notElementwise, "the length decides what an element is"},
+    {"moxsCartToPolar_*", Deviation::outputsApart,
+     "magnitudes are computed, then phases: a failure of the first leaves the second"},
 
     {"moxs@(Sum|Mean|StdDev|MeanStdDev|Norm|NormDiff|DotProd)_*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
@@ -57,6 +59,8 @@ constexpr Pointer optionalPointers[] = {
     {"moxs@(FIR|IIR|FIRLMSMR|FIRLMS)SetDlyLine*", "dlyLine", "the delay line is cleared"},
     {"moxsFIRLMS*InitAlloc*", "taps", "the taps start at zero"},
     {"moxs@(FFT|DFT|DCT)*Init_*", "initBuf", "tables of small lengths need none"},
+    {"moxsRealToCplx_*", "srcRe", "that part is zero"},
+    {"moxsRealToCplx_*", "srcIm", "that part is zero"},
 };
 
 constexpr Pointer scratchMemory[] = {

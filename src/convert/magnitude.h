@@ -1,0 +1,44 @@
+// Magnitudes and their squares, on the shapes of frame/complex_map.h.
+#pragma once
+
+#include "frame/complex_map.h"
+
+namespace mox {
+
+template <class T>
+[[gnu::always_inline]] inline T squaredMagnitude(Pair<T> z) {
+  return z.re * z.re + z.im * z.im;
+}
+
+template <class F>
+struct Magnitude {
+  static constexpr int lanes = lanesOf<F>;
+  auto operator()(auto src, long i) const {
+    return squareRoot(squaredMagnitude(src.template lanes<V<F>>(i)));
+  }
+};
+
+// Four numbers of 16-bit parts, interleaved.
+inline V<Mox16s, 8> interleavedWords(Array<const Mox16sc> src, long i) {
+  return load<V<Mox16s, 8>>(src.p + i);
+}
+inline V<Mox16s, 8> interleavedWords(TwoArrays<const Mox16s> src, long i) {
+  const auto half = [i](const Mox16s* p) {
+    return V<Mox16s, 8>(V<Mox64s, 2>{load<Mox64s>(p + i)});
+  };
+  return unpackLow<Mox16s>(half(src.re), half(src.im));
+}
+
+// The squares of four magnitudes. The one that 32 bits don't hold, 2^31, is -2^31 here.
+[[gnu::always_inline]] inline V<Mox32s, 4> squaredMagnitudeOfWords(auto src, long i) {
+  const auto words = interleavedWords(src, i);
+  return multiplyAddPairs(words, words);
+}
+
+// The same as floats, exact before their one rounding.
+[[gnu::always_inline]] inline V<Mox32f> squaredMagnitudeAsFloat(auto src, long i) {
+  return absolute(floatsOf(
+      join<V<Mox32s, 8>>(squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + 4))));
+}
+
+}  // namespace mox

@@ -1,0 +1,113 @@
+// The angle of complex numbers, atan2(), by octants: the quotient of the smaller part by the larger
+// is the tangent of an angle up to pi / 4, and the rest is symmetry.
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+#include "arith/arctan.h"
+#include "frame/complex_map.h"
+
+namespace mox {
+
+namespace detail {
+
+// The larger part counts as 1 where both are 0, so that the quotient is 0.
+template <class T>
+struct Octant {
+  T smaller, larger;
+  T isSteep;  // mask: the imaginary part is the larger one
+  T isOut;    // mask: NaN, infinity, or parts that a kernel cannot divide
+
+  [[gnu::always_inline]] explicit Octant(Pair<T> z) {
+    const T u = absolute(z.re), v = absolute(z.im), zero = {};
+    const T most = greater(u, v);
+    smaller = lesser(u, v);
+    larger = select(T(most > zero), most, zero + 1);
+    isSteep = T(v > u);
+    constexpr bool isSingle = sizeof(Lane<T>) == 4;
+    constexpr Lane<T> highest = isSingle ? 0x1p100 : 0x1p1000, lowest = 1 / highest;
+    isOut = either(notAtMost(u + v, highest), notAtLeast(larger, lowest));
+  }
+};
+
+}  // namespace detail
+
+template <class T>
+struct Angle {
+  T value;
+  T isOut;  // mask of the lanes to be computed anew by phaseOfOne()
+};
+
+// The divisions by way of the processor's estimate of a reciprocal.
+[[gnu::always_inline]] inline Angle<V<Mox32f>> phaseLanes(Pair<V<Mox32f>> z) {
+  const detail::Octant o(z);
+  const V<Mox32f> angle = arctanOfFraction(o.smaller * refinedReciprocal(o.larger));
+  const V<Mox32f> upTo90 = select(o.isSteep, 1.5707963705062866f - angle, angle);
+  return {withSignOf(z.im, select(z.re, 3.1415927410125732f - upTo90, upTo90)), o.isOut};
+}
+
+// A quotient above 0.3 is that of an angle next to atan(1/2), and of one from there: the difference
+// of the smaller part and half the larger is exact. Constants are in two parts, of which the first
+// have so few bits that their sums are exact.
+[[gnu::always_inline]] inline Angle<V<Mox64f>> phaseLanes(Pair<V<Mox64f>> z) {
+  using Lanes = V<Mox64f>;
+  constexpr Mox64f halfPi = 0x1.921fb54442d18p+0, halfPiRest = 0x1.1a62633145c07p-54;
+  constexpr Mox64f base = 0x1.dac670561bb40p-2, baseRest = 0x1.ed15bf9117b2fp-51;
+  const Lanes zero = {}, one = zero + 1;
+  const detail::Octant o(z);
+  const Lanes isFar = Lanes(o.smaller > o.larger * 0.3);
+  const auto whereFar = [&](Mox64f v) { return Lanes(Bits<Lanes>(zero + v) & Bits<Lanes>(isFar)); };
+  const Lanes half = whereFar(0.5);
+  const Lanes quotient = (o.smaller - o.larger * half) / (o.larger + o.smaller * half);
+  const Bits<Lanes> turned = (Bits<Lanes>(o.isSteep) ^ Bits<Lanes>(z.re)) & signBit<Lanes>;
+  const auto turn = [&](Lanes v) { return Lanes(Bits<Lanes>(v) ^ turned); };
+  const Lanes t = turn(quotient), upTo90 = Lanes(Bits<Lanes>(one) & Bits<Lanes>(o.isSteep));
+  const Lanes quarters = select(z.re, 2 - upTo90, upTo90);
+  const Lanes from = quarters * halfPi + turn(whereFar(base));
+  const Lanes rest = quarters * halfPiRest + turn(whereFar(baseRest));
+  return {withSignOf(z.im, absolute(from + (t + (arctanExcess(t) + rest)))), o.isOut};
+}
+
+// Of any number; what the kernels leave out is brought into their reach.
+template <class F>
+F phaseOfOne(F re, F im) {
+  if (std::isnan(re) || std::isnan(im)) return re + im;
+  if (std::isinf(re) || std::isinf(im)) {
+    re = std::copysign(F(std::isinf(re)), re);
+    im = std::copysign(F(std::isinf(im)), im);
+  } else {
+    const int exponent = std::ilogb(std::max(std::fabs(re), std::fabs(im)));
+    re = std::scalbn(re, -exponent);
+    im = std::scalbn(im, -exponent);
+  }
+  return phaseLanes(Pair{broadcast<V<F>>(re), broadcast<V<F>>(im)}).value[0];
+}
+
+namespace detail {
+
+template <class T>
+[[gnu::noinline, gnu::cold]] T repairPhases(Pair<T> z, Angle<T> angle) {
+  for (int bits = signBits(angle.isOut); bits; bits &= bits - 1) {
+    const int lane = std::countr_zero(unsigned(bits));
+    angle.value[lane] = phaseOfOne(z.re[lane], z.im[lane]);
+  }
+  return angle.value;
+}
+
+}  // namespace detail
+
+template <class F>
+struct Phase {
+  static constexpr int lanes = lanesOf<F>;
+  auto operator()(auto src, long i) const {
+    const auto z = src.template lanes<V<F>>(i);
+    const auto angle = phaseLanes(z);
+    if (signBits(angle.isOut)) [[unlikely]]
+      return detail::repairPhases(z, angle);
+    return angle.value;
+  }
+};
+
+}  // namespace mox

@@ -1,0 +1,139 @@
+// Complex numbers from magnitude and phase.
+#include <moxsp/complex.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+#include "arith/sine.h"
+#include "convert/exact_angle.h"
+#include "convert/round_once.h"
+#include "frame/checks.h"
+#include "frame/complex_map.h"
+#include "frame/export.h"
+
+namespace mox {
+namespace {
+
+using Lanes = V<Mox64f>;
+
+[[gnu::noinline, gnu::cold]] Pair<Lanes> repairPhasors(Lanes x, Pair<Lanes> z, int lanes) {
+  for (; lanes; lanes &= lanes - 1) {
+    const int lane = std::countr_zero(unsigned(lanes));
+    z.re[lane] = std::cos(x[lane]);
+    z.im[lane] = std::sin(x[lane]);
+  }
+  return z;
+}
+
+// cos(x) and sin(x) for any x.
+[[gnu::always_inline]] inline Pair<Lanes> anyPhasor(Lanes x) {
+  const Pair<Lanes> z = phasor(x);
+  if (const int lanes = signBits(notAtMost(absolute(x), largestAngle))) [[unlikely]]
+    return repairPhasors(x, z, lanes);
+  return z;
+}
+
+[[gnu::always_inline]] inline Pair<Lanes> cartesian(Lanes magnitude, Lanes phase) {
+  const Pair<Lanes> z = anyPhasor(phase);
+  return {magnitude * z.re, magnitude * z.im};
+}
+
+// Sources are pairs of a magnitude and a phase.
+template <class F>
+struct Cartesian;
+
+template <>
+struct Cartesian<Mox64f> {
+  static constexpr int lanes = 4;
+  auto operator()(auto src, long i) const {
+    const auto [magnitude, phase] = src.template lanes<Lanes>(i);
+    return cartesian(magnitude, phase);
+  }
+};
+
+// By way of double precision: the result is rounded once more.
+template <>
+struct Cartesian<Mox32f> {
+  static constexpr int lanes = 8;
+  auto operator()(auto src, long i) const {
+    const auto low = Cartesian<Mox64f>()(src, i), high = Cartesian<Mox64f>()(src, i + 4);
+    const auto floats = [](Lanes a, Lanes b) {
+      using Four = V<Mox32f, 4>;
+      return join<V<Mox32f>>(__builtin_convertvector(a, Four), __builtin_convertvector(b, Four));
+    };
+    return Pair{floats(low.re, high.re), floats(low.im, high.im)};
+  }
+};
+
+// From integers in units of 2^factor.
+template <class D>
+class ScaledCartesian {
+ public:
+  static constexpr int lanes = integerLanes<D>;
+
+  explicit ScaledCartesian(int factor)
+      : factor_(std::clamp(factor, -20, 16)), unit_(powerOfTwo<Mox64f>(factor_)) {}
+
+  auto operator()(auto src, long i) const {
+    Pair<Lanes> four[lanes / 4];
+    for (int j = 0; j < lanes / 4; ++j) {
+      const auto [magnitude, phase] = src.template lanes<Lanes>(i + 4 * j);
+      four[j] = rounded(magnitude, phase);
+    }
+    return Pair{integersFrom<D>([&](long j) { return four[j / 4].re; }),
+                integersFrom<D>([&](long j) { return four[j / 4].im; })};
+  }
+
+ private:
+  [[gnu::always_inline]] Pair<Lanes> rounded(Lanes magnitude, Lanes phase) const {
+    const Pair<Lanes> z = cartesian(magnitude * unit_, phase * unit_);
+    const auto decide = [&](Coordinate coordinate) {
+      return [=, this](int lane, Mox64s n) {
+        return isCoordinateAboveTie(coordinate, Mox32s(magnitude[lane]), Mox32s(phase[lane]),
+                                    factor_, n);
+      };
+    };
+    return {roundedOnce(z.re, decide(Coordinate::re)), roundedOnce(z.im, decide(Coordinate::im))};
+  }
+
+  int factor_;
+  Mox64f unit_;
+};
+
+template <class F, class E>
+MoxStatus polarToCart(const F* srcMagn, const F* srcPhase, E* dst, int len) {
+  if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
+  mapComplex(Cartesian<F>(), TwoArrays<const F>{srcMagn, srcPhase}, Array<E>{dst}, len);
+  return moxOk;
+}
+template <class F>
+MoxStatus polarToTwo(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, int len) {
+  if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dstRe, dstIm)) return s;
+  mapComplex(Cartesian<F>(), TwoArrays<const F>{srcMagn, srcPhase}, TwoArrays<F>{dstRe, dstIm},
+             len);
+  return moxOk;
+}
+template <class F, class E>
+MoxStatus polarToCartScaled(const F* srcMagn, const F* srcPhase, E* dst, int len, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
+  mapComplex(ScaledCartesian<F>(scaleFactor), TwoArrays<const F>{srcMagn, srcPhase}, Array<E>{dst},
+             len);
+  return moxOk;
+}
+template <class F, class E>
+MoxStatus polarToCartUnscaled(const F* srcMagn, const F* srcPhase, E* dst, int len) {
+  return polarToCartScaled(srcMagn, srcPhase, dst, len, 0);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsPolarToCart_32f, polarToTwo<Mox32f>);
+MOX_EXPORT(moxsPolarToCart_64f, polarToTwo<Mox64f>);
+MOX_EXPORT(moxsPolarToCart_32fc, polarToCart<Mox32f, Mox32fc>);
+MOX_EXPORT(moxsPolarToCart_64fc, polarToCart<Mox64f, Mox64fc>);
+MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled<Mox16s, Mox16sc>);
+MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled<Mox32s, Mox32sc>);
+MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled<Mox16s, Mox16sc>);
+
+}  // namespace mox
