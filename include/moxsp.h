@@ -7,6 +7,7 @@
 
 #include <moxsp/arith.h>
 #include <moxsp/convert.h>
+#include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
