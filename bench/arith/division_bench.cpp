@@ -52,9 +52,9 @@ void addFloatCase(const char* family, long bytes, double arraysRead, void (*ours
                 .work = {.bytesRead = arraysRead * double(bytes), .bytesWritten = double(bytes)},
                 .ours = [=] { ours(*data); },
                 .peers = {}};
-  for (const auto& [name, call] : peers)
-    c.peers.push_back({name, [=] {
-                         call(*data);
+  for (const auto& peer : peers)
+    c.peers.push_back({peer.first, [=] {
+                         peer.second(*data);
                          bench::clobber(data->dst.data());
                        }});
   bench::add(std::move(c));

@@ -29,10 +29,10 @@
  * @return ::moxWarnDivByZero if any divisor was zero; all elements have been processed.
  *
  * @note Integer results are exact to the bit, with one exception: `moxsDiv_16s_Sfs` and
- * `moxsDiv_16s_ISfs` at factors of -6 and below round the quotient in single precision with its two
- * lowest bits cleared, so that a quotient above a tie by less than 2^-20 of itself counts as the
- * tie, and the result may be nearer to zero by one. An exact tie goes to the even integer
- * at every factor.
+ * `moxsDiv_16s_ISfs` at factors of -6 and below round the scaled quotient to single precision and
+ * clear its two lowest bits before they round it to an integer. Within 2^-20 of itself from a tie
+ * it may count as that tie, and the result differ by one from the exact rule; true ties, which go
+ * to the even integer, are exact at every factor.
  * @note Floats: each element is one IEEE 754 division in the current rounding mode, to the bit;
  * over zero it is an infinity, or NaN for 0 / 0. Each operation of the formula for complex elements
  * is rounded by itself in the precision of the elements, so that n overflows or vanishes for

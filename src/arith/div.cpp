@@ -1,6 +1,7 @@
 // Quotients of floats, of two vectors and with a constant on either side.
 #include <moxsp/division.h>
 
+#include "arith/div_zeros.h"
 #include "arith/mul_constant.h"
 #include "frame/checks.h"
 #include "frame/export.h"
@@ -20,44 +21,28 @@ template <class E, class W>
   }
 }
 
-// Remembers whether a divisor was zero.
-template <class E>
-class ZeroDivisors {
-  using F = Part<E>;
+// A complex divisor is zero where both of its parts are: a scalar, or vectors of any width.
+template <class E, class W>
+[[gnu::always_inline]] inline void note(ZeroDivisors<Part<E>>& zeros, W divisor) {
+  if constexpr (Complex<E>) divisor = either(realParts(divisor), imaginaryParts(divisor));
+  if constexpr (std::is_same_v<W, V<Part<E>>> || std::is_arithmetic_v<W>)
+    zeros.note(divisor);
+  else
+    zeros.note(divisor[0]);
+}
 
- public:
-  template <class W>
-  [[gnu::always_inline]] void note(W divisor) {
-    if constexpr (std::is_same_v<W, F>)
-      one_ |= divisor == 0;
-    else if constexpr (Complex<E>)
-      noteLanes(either(realParts(divisor), imaginaryParts(divisor)));
-    else
-      noteLanes(divisor);
-  }
-
-  MoxStatus status() const { return one_ || anyLane(lanes_) ? moxWarnDivByZero : moxOk; }
-
- private:
-  template <class W>
-  [[gnu::always_inline]] void noteLanes(W v) {
-    if constexpr (std::is_same_v<W, V<F>>)
-      lanes_ |= v == W{};
-    else
-      one_ |= v[0] == 0;
-  }
-
-  bool one_ = false;
-  decltype(V<F>() == V<F>()) lanes_ = {};
-};
+template <class Op, class E, class... Source>
+void mapDivision(Op op, E* dst, long len, Source... src) {
+  mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 16 : 1>(op, dst, len, src...);
+}
 
 // Either side is an array or `Same`.
 template <class E, class Divisor, class Dividend>
 MoxStatus divideNoting(E* dst, int len, Divisor divisor, Dividend dividend) {
-  ZeroDivisors<E> zeros;
-  mapElements<Stores::bypassing>(
+  ZeroDivisors<Part<E>> zeros;
+  mapDivision(
       [&](auto a, auto b) {
-        zeros.note(a);
+        note<E>(zeros, a);
         return quotient<E>(a, b);
       },
       dst, len, divisor, dividend);
@@ -89,8 +74,7 @@ MoxStatus divConstant(const E* src, E val, E* dst, int len) {
   if constexpr (std::is_same_v<E, Mox32f>)
     ownsMulC(src, 1 / val, dst, len);
   else
-    mapElements<Stores::bypassing>([](auto a, auto b) { return quotient<E>(a, b); }, dst, len,
-                                   Same<E>{val}, src);
+    mapDivision([](auto a, auto b) { return quotient<E>(a, b); }, dst, len, Same<E>{val}, src);
   return moxOk;
 }
 template <class E>

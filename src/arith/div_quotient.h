@@ -6,30 +6,18 @@
 
 #include <algorithm>
 
+#include "arith/div_zeros.h"
 #include "frame/rounding.h"
 
 namespace mox {
 
-// A divisor of zero is remembered, and counts as one so small that any dividend but 0 reaches the
-// limits of its type.
+// A divisor of zero is noted, and counts as one so small that any dividend but 0 reaches the limits
+// of its type.
 template <class W>
-class ZeroDivisors {
-  using F = Lane<W>;
-  static constexpr F tiny = sizeof(F) == 4 ? F(0x1p-60) : F(0x1p-200);
-
- public:
-  MoxStatus status() const { return anyLane(found_) ? moxWarnDivByZero : moxOk; }
-
- protected:
-  [[gnu::always_inline]] W withoutZeros(W divisor) {
-    const auto zero = divisor == W{};
-    found_ |= zero;
-    return W(Bits<W>(divisor) | (Bits<W>(zero) & Bits<W>(broadcast<W>(tiny))));
-  }
-
- private:
-  decltype(W() == W()) found_ = {};
-};
+[[gnu::always_inline]] inline W withoutZeros(ZeroDivisors<Lane<W>>& zeros, W divisor) {
+  constexpr auto tiny = Lane<W>(sizeof(Lane<W>) == 4 ? 0x1p-60 : 0x1p-200);
+  return either(divisor, W(Bits<W>(zeros.note(divisor)) & Bits<W>(broadcast<W>(tiny))));
+}
 
 // What a factor does to the divisor, as far from 1 as any result asks for.
 template <class W>
@@ -48,32 +36,38 @@ template <class W>
 // unit more, and without the two lowest bits, an integer or half of one is exact again. Any other
 // quotient stays on its side of those, as long as it is four units away.
 template <class W>
-class ByReciprocal : public ZeroDivisors<W> {
+class ByReciprocal {
  public:
   explicit ByReciprocal(int factor) : scale_(broadcast<W>(1 / divisorScale<W>(factor))) {}
 
-  [[gnu::always_inline]] W prepared(W divisor) { return scale_ / this->withoutZeros(divisor); }
+  [[gnu::always_inline]] W prepared(W divisor) { return scale_ / withoutZeros(zeros_, divisor); }
   [[gnu::always_inline]] W quotient(W dividend, W reciprocal) const {
     return shortened<W>(Bits<W>(dividend * reciprocal) + 1);
   }
 
+  MoxStatus status() const { return zeros_.status(); }
+
  private:
+  ZeroDivisors<Lane<W>> zeros_;
   W scale_;
 };
 
 // One division, without the two lowest bits: a quotient less than four units above an integer or
 // half of one counts as that.
 template <class W>
-class ByDivision : public ZeroDivisors<W> {
+class ByDivision {
  public:
   explicit ByDivision(int factor) : scale_(broadcast<W>(divisorScale<W>(factor))) {}
 
-  [[gnu::always_inline]] W prepared(W divisor) { return scale_ * this->withoutZeros(divisor); }
+  [[gnu::always_inline]] W prepared(W divisor) { return scale_ * withoutZeros(zeros_, divisor); }
   [[gnu::always_inline]] W quotient(W dividend, W scaledDivisor) const {
     return shortened<W>(Bits<W>(dividend / scaledDivisor));
   }
 
+  MoxStatus status() const { return zeros_.status(); }
+
  private:
+  ZeroDivisors<Lane<W>> zeros_;
   W scale_;
 };
 
