@@ -56,13 +56,11 @@ class Kernel : public ByReciprocal<Doubles> {
   }
 };
 
-// Either source is an array or `Same`. At factors below `lowest` every part that isn't 0 is at a
-// limit.
+// The divisor is an array or `Same`. A call of its own, so that what it computes from a constant
+// stays within the caller's rounding mode.
 template <class A>
-MoxStatus divide(int factor, int lowest, Mox16sc* dst, long len, A divisor,
-                 const Mox16sc* dividend) {
-  const RoundingScope toNearest(Rounding::nearEven);
-  Kernel kernel(factor < lowest ? INT_MIN : factor);
+[[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, Mox16sc* dst, long len, A divisor,
+                                         const Mox16sc* dividend) {
   const auto map = [&](auto quotients, auto... src) {
     const auto single = [](auto source, long i) {
       const Mox16s re = partFrom(source, i, 0), im = partFrom(source, i, 1);
@@ -80,6 +78,14 @@ MoxStatus divide(int factor, int lowest, Mox16sc* dst, long len, A divisor,
     map([&](Words b) { return kernel.quotients(b, prepared); }, dividend);
   }
   return kernel.status();
+}
+
+// At factors below `lowest` every part that isn't 0 is at a limit.
+template <class A>
+MoxStatus divide(int factor, int lowest, Mox16sc* dst, long len, A divisor,
+                 const Mox16sc* dividend) {
+  const RoundingScope toNearest(Rounding::nearEven);
+  return mapQuotients(Kernel(factor < lowest ? INT_MIN : factor), dst, len, divisor, dividend);
 }
 
 MoxStatus div(const Mox16sc* src1, const Mox16sc* src2, Mox16sc* dst, int len, int scaleFactor) {

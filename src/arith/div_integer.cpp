@@ -13,9 +13,10 @@
 namespace mox {
 namespace {
 
-// dst[i] = dividend / divisor, either of them an array or `Same`.
+// dst[i] = dividend / divisor, either of them an array or `Same`. A call of its own, so that what
+// it computes from a constant stays within the caller's rounding mode.
 template <class W, int rounding, class Kernel, class D, class A, class B>
-MoxStatus mapQuotients(Kernel kernel, D* dst, long len, A divisor, B dividend) {
+[[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, D* dst, long len, A divisor, B dividend) {
   const auto result = [&](W b, W prepared) {
     return roundedTo<rounding, D>(kernel.quotient(b, prepared));
   };

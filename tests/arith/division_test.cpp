@@ -281,23 +281,33 @@ TEST(Division, WarnsOfAZeroAtAnyPlace) {
 
 // Integer results do not follow the rounding mode in force, floats do.
 TEST(Division, UnderEveryRoundingMode) {
-  const auto words = densePairs<Mox16s, Mox16s>();
-  const int len = int(words.first.size());
-  std::vector<Mox16s> dst(len);
+  const auto pairs = densePairs<Mox16s, Mox16s>();
+  const auto z = lattice<Mox16sc>(100);
+  const int len = int(pairs.first.size()), count = int(z.size());
+  std::vector<std::vector<Mox16s>> results;
   for (const int mode : allRoundings) {
     const UnderRounding scope(mode);
-    for (const int factor : {3, 0, -5}) {
-      moxsDiv_16s_Sfs(words.first.data(), words.second.data(), dst.data(), len, factor);
-      for (int i = 0; i < len; ++i)
-        ASSERT_EQ(dst[i],
-                  roundedQuotient(words.second[i], words.first[i], factor, rangeOf<Mox16s>));
+    std::vector<Mox16s> all, dst(len);
+    const auto gather = [&](MoxStatus status) {
+      ASSERT_TRUE(status == moxOk || status == moxWarnDivByZero);
+      all.insert(all.end(), dst.begin(), dst.end());
+    };
+    auto* const complexDst = reinterpret_cast<Mox16sc*>(dst.data());
+    for (const int factor : {3, 0, -5, -12}) {
+      gather(moxsDiv_16s_Sfs(pairs.first.data(), pairs.second.data(), dst.data(), len, factor));
+      for (Mox16s val = 1; val < 100; val += 7) {
+        gather(moxsDivC_16s_Sfs(pairs.second.data(), val, dst.data(), len, factor));
+        gather(moxsDivC_16sc_Sfs(z.data(), {val, 3}, complexDst, count, factor));
+      }
     }
+    results.push_back(all);
     volatile float one = 1, three = 3;
     const float a[] = {three}, b[] = {one};
     float q;
     moxsDiv_32f(a, b, &q, 1);
     EXPECT_EQ(q, one / three);
   }
+  for (const auto& other : results) EXPECT_EQ(other, results[0]);
 }
 
 // Numbers that leave no doubt about the NaN of a quotient.
