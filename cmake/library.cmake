@@ -22,7 +22,9 @@ target_compile_options(moxsp_objects PRIVATE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 # Sources that change the rounding mode (frame/rounding_control.h).
 set_source_files_properties(
-  src/arith/mul_32s.cpp src/convert/half.cpp src/convert/threshold_inverse.cpp src/convert/to_integer.cpp src/convert/widen.cpp
+  src/arith/div_complex_integer.cpp src/arith/div_integer.cpp src/arith/mul_32s.cpp
+  src/convert/half.cpp src/convert/threshold_inverse.cpp src/convert/to_integer.cpp
+  src/convert/widen.cpp
   PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 

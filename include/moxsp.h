@@ -9,6 +9,7 @@
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>
+#include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>

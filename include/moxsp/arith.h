@@ -10,6 +10,7 @@
 #ifndef MOXSP_ARITH_H
 #define MOXSP_ARITH_H
 
+#include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/logic.h>
 #include <moxsp/types.h>

@@ -7,23 +7,25 @@
 #include "frame/export.h"
 
 namespace mox {
-namespace {
 
-// 1 copies and 0 clears, whatever the elements are.
 template <class F>
-void multiplyByConstant(const F* src, F val, F* dst, long len) {
-  if (val == 0)
-    zeroElements(dst, len);
-  else if (val != 1)
-    mapElements<Stores::bypassing>(product, dst, len, src, Same<F>{val});
+void ownsMulC(const F* src, F factor, F* dst, long count) {
+  if (factor == 0)
+    zeroElements(dst, count);
+  else if (factor != 1)
+    mapElements<Stores::bypassing>(product, dst, count, src, Same<F>{factor});
   else if (src != dst)
-    copyElements(src, dst, len);
+    copyElements(src, dst, count);
 }
+template void ownsMulC(const Mox32f*, Mox32f, Mox32f*, long);
+template void ownsMulC(const Mox64f*, Mox64f, Mox64f*, long);
+
+namespace {
 
 // Of the public functions, the one in single precision alone.
 MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  multiplyByConstant(src, val, dst, len);
+  ownsMulC(src, val, dst, len);
   return moxOk;
 }
 MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
@@ -31,13 +33,6 @@ MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
 }
 
 }  // namespace
-
-template <class F>
-void ownsMulC_I(F factor, F* data, long count) {
-  multiplyByConstant(data, factor, data, count);
-}
-template void ownsMulC_I(Mox32f, Mox32f*, long);
-template void ownsMulC_I(Mox64f, Mox64f*, long);
 
 MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f, Mox32f, Mox32f>);
 MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f, Mox64f, Mox64f>);

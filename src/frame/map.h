@@ -147,14 +147,15 @@ template <long count, class S, class D, class Block>
 
 // dst[i] = op(src[i]...), where a source is an array or `Same`. `op` takes scalars or vectors,
 // complex elements as interleaved parts; all loads of a block come before its stores, so that `dst`
-// may be one of the sources.
-template <Stores stores = Stores::cached, int registerBytes = vectorBytes, class D, class Op,
-          class... Source>
+// may be one of the sources. An operation that takes long by itself gains nothing from a block of
+// several vectors, and has a shorter tail without.
+template <Stores stores = Stores::cached, int registerBytes = vectorBytes, long leastBlock = 16,
+          class D, class Op, class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr long lanes = registerBytes / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   // The same number of bytes through narrow registers takes more instructions: share the loop's.
   constexpr long vecsAtLeast = registerBytes < vectorBytes ? 4 : 1;
-  constexpr long block = std::max(vecsAtLeast * lanes, 16L), vecs = block / lanes;
+  constexpr long block = std::max(vecsAtLeast * lanes, leastBlock), vecs = block / lanes;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
     return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
   };

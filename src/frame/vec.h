@@ -457,4 +457,11 @@ template <class T>
   return V<Mox32f>(_mm256_cvtepi32_ps(__m256i(v)));
 }
 
+// The quotient of two words by one, where it fits in a word. In the language this is a call of the
+// compiler's runtime library.
+inline Mox64u divideWide(Mox64u high, Mox64u low, Mox64u divisor) {
+  asm("divq %2" : "+a"(low), "+d"(high) : "rm"(divisor) : "cc");
+  return low;
+}
+
 }  // namespace mox

@@ -1,0 +1,116 @@
+// Quotients of floats, of two vectors and with a constant on either side.
+#include <moxsp/division.h>
+
+#include "arith/div_zeros.h"
+#include "arith/mul_constant.h"
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/map.h"
+
+namespace mox {
+namespace {
+
+// dividend / divisor; complex elements are vectors of interleaved parts.
+template <class E, class W>
+[[gnu::always_inline]] inline W quotient(W divisor, W dividend) {
+  if constexpr (Complex<E>) {
+    const W re = realParts(divisor), im = imaginaryParts(divisor);
+    return addSubtract(dividend * re, swapParts(dividend) * -im) / (re * re + im * im);
+  } else {
+    return dividend / divisor;
+  }
+}
+
+// A complex divisor is zero where both of its parts are: a scalar, or vectors of any width.
+template <class E, class W>
+[[gnu::always_inline]] inline void note(ZeroDivisors<Part<E>>& zeros, W divisor) {
+  if constexpr (Complex<E>) divisor = either(realParts(divisor), imaginaryParts(divisor));
+  if constexpr (std::is_same_v<W, V<Part<E>>> || std::is_arithmetic_v<W>)
+    zeros.note(divisor);
+  else
+    zeros.note(divisor[0]);
+}
+
+template <class Op, class E, class... Source>
+void mapDivision(Op op, E* dst, long len, Source... src) {
+  mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 16 : 1>(op, dst, len, src...);
+}
+
+// Either side is an array or `Same`.
+template <class E, class Divisor, class Dividend>
+MoxStatus divideNoting(E* dst, int len, Divisor divisor, Dividend dividend) {
+  ZeroDivisors<Part<E>> zeros;
+  mapDivision(
+      [&](auto a, auto b) {
+        note<E>(zeros, a);
+        return quotient<E>(a, b);
+      },
+      dst, len, divisor, dividend);
+  return zeros.status();
+}
+
+template <class E>
+MoxStatus div(const E* src1, const E* src2, E* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
+  return divideNoting(dst, len, src1, src2);
+}
+template <class E>
+MoxStatus divInPlace(const E* src, E* srcDst, int len) {
+  return div(src, srcDst, srcDst, len);
+}
+
+template <class E>
+bool isZero(E val) {
+  if constexpr (Complex<E>)
+    return val.re == 0 && val.im == 0;
+  else
+    return val == 0;
+}
+
+template <class E>
+MoxStatus divConstant(const E* src, E val, E* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  if (isZero(val)) return moxErrDivByZero;
+  if constexpr (std::is_same_v<E, Mox32f>)
+    ownsMulC(src, 1 / val, dst, len);
+  else
+    mapDivision([](auto a, auto b) { return quotient<E>(a, b); }, dst, len, Same<E>{val}, src);
+  return moxOk;
+}
+template <class E>
+MoxStatus divConstantInPlace(E val, E* srcDst, int len) {
+  return divConstant(srcDst, val, srcDst, len);
+}
+
+MoxStatus divConstantReversed(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  return divideNoting(dst, len, src, Same<Mox32f>{val});
+}
+MoxStatus divConstantReversedInPlace(Mox32f val, Mox32f* srcDst, int len) {
+  return divConstantReversed(srcDst, val, srcDst, len);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsDiv_32f, div<Mox32f>);
+MOX_EXPORT(moxsDiv_64f, div<Mox64f>);
+MOX_EXPORT(moxsDiv_32fc, div<Mox32fc>);
+MOX_EXPORT(moxsDiv_64fc, div<Mox64fc>);
+MOX_EXPORT(moxsDiv_32f_I, divInPlace<Mox32f>);
+MOX_EXPORT(moxsDiv_64f_I, divInPlace<Mox64f>);
+MOX_EXPORT(moxsDiv_32fc_I, divInPlace<Mox32fc>);
+MOX_EXPORT(moxsDiv_64fc_I, divInPlace<Mox64fc>);
+
+MOX_EXPORT(moxsDivC_32f, divConstant<Mox32f>);
+MOX_EXPORT(moxsDivC_64f, divConstant<Mox64f>);
+MOX_EXPORT(moxsDivC_32fc, divConstant<Mox32fc>);
+MOX_EXPORT(moxsDivC_64fc, divConstant<Mox64fc>);
+MOX_EXPORT(moxsDivC_32f_I, divConstantInPlace<Mox32f>);
+MOX_EXPORT(moxsDivC_64f_I, divConstantInPlace<Mox64f>);
+MOX_EXPORT(moxsDivC_32fc_I, divConstantInPlace<Mox32fc>);
+MOX_EXPORT(moxsDivC_64fc_I, divConstantInPlace<Mox64fc>);
+
+MOX_EXPORT(moxsDivCRev_32f, divConstantReversed);
+MOX_EXPORT(moxsDivCRev_32f_I, divConstantReversedInPlace);
+
+}  // namespace mox
