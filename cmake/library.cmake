@@ -23,6 +23,7 @@ target_compile_options(moxsp_objects PRIVATE
 # Sources that change the rounding mode (frame/rounding_control.h).
 set_source_files_properties(
   src/arith/mul_32s.cpp src/convert/half.cpp src/convert/to_integer.cpp src/convert/widen.cpp
+  src/stats/dot_prod.cpp
   PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 

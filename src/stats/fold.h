@@ -1,0 +1,229 @@
+// Reductions of floats. A floating sum is what the order of its additions makes it, so that order
+// belongs to each function's definition. Every family states it as data, and fold() follows it:
+//
+//   terms    | peel | 0 1 2 3 4 5 6 7 ...           whole steps | rest |
+//   lanes    the peel starts lane 0; term i is added to lane i mod `lanes`
+//   rest     goes where `tail` says
+//   result   the upper half of the lanes is added to the lower half, until one is left
+//
+// "Four accumulators of four lanes" are sixteen lanes here: registers don't show in an order.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <type_traits>
+
+#include "frame/elements.h"
+#include "frame/widen.h"
+
+namespace mox {
+
+enum class Tail {
+  halves,  // lanes/2 terms to the lanes from 0 on, then lanes/4, and so on down to 1, as they fit
+  folded,  // the same, but registers fold as soon as one of their halves has had its terms
+  single,  // all to lane 0
+  pairs,   // to lanes 0 and 1 in turn
+  last,    // to the last lane
+  serial,  // one by one to the result
+};
+
+// Where `at` lanes are left, groups of `group` lanes are added to their neighbours instead of one
+// half to the other.
+struct Neighbours {
+  int at = 0, group = 0;
+};
+
+struct Order {
+  int lanes;
+  Tail tail;
+  Neighbours neighbours = {};
+  int step = lanes;  // what remains of this is the rest
+  // Floats become doubles where this many lanes are left, and one half of them is added to the
+  // other and both to a total. With a block that happens each time so many terms have been added.
+  int widenAt = 0;
+  long block = 0;
+};
+
+// What joins two values.
+struct Plus {
+  template <class T>
+  T operator()(T a, T b) const {
+    return a + b;
+  }
+};
+struct Larger {
+  template <class T>
+  T operator()(T a, T b) const {
+    return greater(a, b);  // b beside a NaN
+  }
+};
+
+// A reduction may keep several sums at once, its channels. terms(as<T>, i) gives an array of one T
+// for each channel, where T is a number, for term i, or a vector, for the terms from i on.
+template <class T>
+inline constexpr std::type_identity<T> as{};
+
+template <class T, int channels, int parts>
+struct Folded {
+  T of[channels][parts];
+};
+
+namespace detail {
+
+template <class F>
+constexpr int registerLanes = (std::is_integral_v<F> ? 16 : vectorBytes) / int(sizeof(F));
+
+template <class F, int count_, int channels>
+struct Lanes {
+  static constexpr int count = count_, width = std::min(count, registerLanes<F>);
+  static constexpr int registers = count / width;
+  V<F, width> of[channels][registers];
+};
+
+template <class Combine, class F, int count, int channels, class Terms>
+[[gnu::always_inline]] inline void addTerms(Lanes<F, count, channels>& lanes, const Terms& terms,
+                                            long i) {
+  using L = Lanes<F, count, channels>;
+  for (int r = 0; r < L::registers; ++r) {
+    const auto t = terms(as<V<F, L::width>>, i + r * L::width);
+    for (int c = 0; c < channels; ++c) lanes.of[c][r] = Combine()(lanes.of[c][r], t[c]);
+  }
+}
+
+template <Neighbours neighbours, class Combine, class F>
+[[gnu::always_inline]] inline void foldLanes(F* lane, int count, int left) {
+  for (; count > left; count /= 2) {
+    const int group = count == neighbours.at ? neighbours.group : count / 2;
+    for (int j = 0; j < count / 2; ++j) {
+      const int at = j / group * 2 * group + j % group;
+      lane[j] = Combine()(lane[at], lane[at + group]);
+    }
+  }
+}
+
+template <Order order, class F, int parts, class Combine, class Terms>
+class Folding {
+  static constexpr int channels = std::tuple_size_v<decltype(std::declval<Terms>()(as<F>, 0L))>;
+  using All = Lanes<F, order.lanes, channels>;
+
+  // Lanes at the time when the rest is added to them, lane by lane.
+  static constexpr bool foldsRegisters =
+      (order.tail == Tail::folded || order.tail == Tail::serial) &&
+      order.neighbours.at != order.lanes;
+  static constexpr int restLanes = foldsRegisters ? All::width : order.lanes;
+
+  static constexpr bool widens = order.widenAt > 0;
+  static constexpr int totalLanes = widens ? order.widenAt / 2 : restLanes;
+  using Total = std::conditional_t<widens, Mox64f, F>;
+
+ public:
+  using Result = Folded<Total, channels, parts>;
+
+  Folding(const Terms& terms, long n) : terms_(terms), n_(n) {}
+
+  Result run(long peel) {
+    F peeled[channels][parts] = {};
+    // Lanes of real and imaginary parts keep apart: the last peeled term has the last lane.
+    for (; i_ < peel; ++i_) addTo(peeled, (i_ + peel) % parts);
+
+    All lanes = {};
+    if constexpr (order.block > 0) {
+      for (int c = 0; c < channels; ++c) std::copy_n(peeled[c], parts, total_[c]);
+      while (n_ - i_ >= order.block) {
+        const long end = i_ + order.block;
+        addSteps(lanes, end);
+        finish(lanes, end);
+        lanes = {};
+      }
+    } else {
+      for (int c = 0; c < channels; ++c)
+        for (int p = 0; p < parts; ++p) lanes.of[c][0][p] = peeled[c][p];
+    }
+    addSteps(lanes, n_);
+    finish(lanes, n_);
+
+    for (int c = 0; c < channels; ++c)
+      foldLanes<order.neighbours, Combine>(total_[c], totalLanes, parts);
+    if constexpr (order.tail == Tail::serial)
+      for (long t = 0; i_ < n_; ++i_, ++t) addTo(total_, t % parts);
+    Result result;
+    for (int c = 0; c < channels; ++c)
+      for (int p = 0; p < parts; ++p) result.of[c][p] = total_[c][(p + peel) % parts];
+    return result;
+  }
+
+ private:
+  template <class T, int count>
+  void addTo(T (&lanes)[channels][count], long lane) {
+    const auto t = terms_(as<F>, i_);
+    for (int c = 0; c < channels; ++c) lanes[c][lane] = Combine()(lanes[c][lane], T(t[c]));
+  }
+
+  [[gnu::always_inline]] void addSteps(All& lanes, long end) {
+    for (; end - i_ >= order.step; i_ += order.step)
+      for (int j = 0; j < order.step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
+  }
+
+  // Adds the terms up to `end` that are no whole step, and the lanes to the total.
+  template <int count>
+  [[gnu::always_inline]] void finish(const Lanes<F, count, channels>& lanes, long end) {
+    using L = Lanes<F, count, channels>;
+    if constexpr (count > restLanes) {
+      Lanes<F, count / 2, channels> half;
+      for (int c = 0; c < channels; ++c)
+        for (int r = 0; r < L::registers / 2; ++r)
+          half.of[c][r] = Combine()(lanes.of[c][r], lanes.of[c][r + L::registers / 2]);
+      if (order.tail == Tail::folded && end - i_ >= count / 2) {
+        addTerms<Combine>(half, terms_, i_);
+        i_ += count / 2;
+      }
+      finish(half, end);
+    } else {
+      F lane[channels][count];
+      for (int c = 0; c < channels; ++c)
+        for (int r = 0; r < L::registers; ++r) store(lane[c] + r * L::width, lanes.of[c][r]);
+      if constexpr (order.tail != Tail::serial) addRest(lane, end);
+      addToTotal(lane);
+    }
+  }
+
+  void addRest(F (&lane)[channels][restLanes], long end) {
+    if constexpr (order.tail == Tail::halves || order.tail == Tail::folded) {
+      for (int width = restLanes / 2; width > 0; width /= 2)
+        if ((end - i_) & width)
+          for (int j = 0; j < width; ++j, ++i_) addTo(lane, j);
+    } else {
+      constexpr int first = order.tail == Tail::last ? restLanes - 1 : 0;
+      constexpr int cycle = order.tail == Tail::pairs ? 2 : 1;
+      for (int t = 0; i_ < end; ++t, ++i_) addTo(lane, first + t % cycle);
+    }
+  }
+
+  [[gnu::always_inline]] void addToTotal(F (&lane)[channels][restLanes]) {
+    for (int c = 0; c < channels; ++c) {
+      if constexpr (widens) {
+        foldLanes<order.neighbours, Combine>(lane[c], restLanes, order.widenAt);
+        for (int j = 0; j < totalLanes; ++j)
+          total_[c][j] += Total(lane[c][j]) + Total(lane[c][j + totalLanes]);
+      } else {
+        std::copy_n(lane[c], totalLanes, total_[c]);
+      }
+    }
+  }
+
+  Terms terms_;
+  long n_, i_ = 0;
+  Total total_[channels][totalLanes] = {};
+};
+
+}  // namespace detail
+
+// Folds the first n terms in the given order to one number for each channel, or two where real and
+// imaginary parts alternate. The first `peel` terms are peeled.
+template <Order order, class F, int parts = 1, class Combine = Plus, class Terms>
+typename detail::Folding<order, F, parts, Combine, Terms>::Result fold(const Terms& terms, long n,
+                                                                       long peel = 0) {
+  return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(peel);
+}
+
+}  // namespace mox
