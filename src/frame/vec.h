@@ -62,6 +62,13 @@ template <class T>
   std::memcpy(__builtin_assume_aligned(p, sizeof v), &v, sizeof v);
 }
 
+// A vector that is used more than once, and that GCC would load again for each use.
+template <class T>
+[[gnu::always_inline]] inline T loadedOnce(T v) {
+  asm("" : "+x"(v));
+  return v;
+}
+
 // Stores that bypass the cache; end a run of them with streamFence().
 template <class T>
 [[gnu::always_inline]] inline void storeStream(void* p, T v) {

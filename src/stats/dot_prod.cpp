@@ -23,7 +23,7 @@ constexpr Order shortDot = {.lanes = 2, .tail = Tail::last};
 constexpr Order integerDot = {.lanes = 4, .tail = Tail::pairs};
 // Parts of products by one part; four registers.
 template <class F>
-constexpr Order complexDot = {.lanes = 4 * lanesOf<F>, .tail = Tail::halves};
+constexpr Order complexDot = {.lanes = 4 * lanesOf<F>, .tail = Tail::folded};
 
 // In the type F; elements are converted to it first.
 template <Order order, class F, class A, class B>
@@ -51,11 +51,11 @@ requires(!Complex<A>)  //
 template <Order order, class F, Complex E>
 std::array<F, 2> complexDotOf(const E* a, const E* b, long len) {
   const auto terms = [a = parts(a), b = parts(b)]<class T>(std::type_identity<T>, long i) {
-    const T x = numberAt<T>(a + i);
     if constexpr (std::is_arithmetic_v<T>) {
+      const T x = numberAt<T>(a + i);
       return std::array{x * numberAt<T>(b + i), x * numberAt<T>(b + (i ^ 1))};
     } else {
-      const T y = numberAt<T>(b + i);
+      const T x = loadedOnce(numberAt<T>(a + i)), y = loadedOnce(numberAt<T>(b + i));
       return std::array{x * y, x * swapParts(y)};
     }
   };

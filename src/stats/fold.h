@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <type_traits>
 
 #include "frame/elements.h"
@@ -90,30 +91,44 @@ template <class Combine, class F, int count, int channels, class Terms>
   }
 }
 
+// One fold of the lanes of an array, and of registers.
 template <Neighbours neighbours, class Combine, class F>
-[[gnu::always_inline]] inline void foldLanes(F* lane, int count, int left) {
-  for (; count > left; count /= 2) {
-    const int group = count == neighbours.at ? neighbours.group : count / 2;
-    for (int j = 0; j < count / 2; ++j) {
-      const int at = j / group * 2 * group + j % group;
-      lane[j] = Combine()(lane[at], lane[at + group]);
-    }
+[[gnu::always_inline]] inline void foldLanes(F* lane, int count) {
+  const int group = count == neighbours.at ? neighbours.group : count / 2;
+  for (int j = 0; j < count / 2; ++j) {
+    const int at = j / group * 2 * group + j % group;
+    lane[j] = Combine()(lane[at], lane[at + group]);
   }
+}
+template <Neighbours neighbours, class Combine, class F, int count, int channels>
+[[gnu::always_inline]] inline auto foldLanes(const Lanes<F, count, channels>& lanes) {
+  using L = Lanes<F, count, channels>;
+  constexpr int half = L::registers / 2;
+  Lanes<F, count / 2, channels> folded;
+  for (int c = 0; c < channels; ++c)
+    for (int r = 0; r < half; ++r) {
+      const auto* v = lanes.of[c];
+      if constexpr (neighbours.at != count) {
+        folded.of[c][r] = Combine()(v[r], v[r + half]);
+      } else if constexpr (neighbours.group == L::width) {
+        folded.of[c][r] = Combine()(v[2 * r], v[2 * r + 1]);
+      } else {
+        static_assert(2 * neighbours.group == L::width);
+        folded.of[c][r] =
+            Combine()(joinLow(v[2 * r], v[2 * r + 1]), joinHigh(v[2 * r], v[2 * r + 1]));
+      }
+    }
+  return folded;
 }
 
 template <Order order, class F, int parts, class Combine, class Terms>
 class Folding {
   static constexpr int channels = std::tuple_size_v<decltype(std::declval<Terms>()(as<F>, 0L))>;
   using All = Lanes<F, order.lanes, channels>;
-
-  // Lanes at the time when the rest is added to them, lane by lane.
-  static constexpr bool foldsRegisters =
-      (order.tail == Tail::folded || order.tail == Tail::serial) &&
-      order.neighbours.at != order.lanes;
-  static constexpr int restLanes = foldsRegisters ? All::width : order.lanes;
+  using One = Lanes<F, All::width, channels>;
 
   static constexpr bool widens = order.widenAt > 0;
-  static constexpr int totalLanes = widens ? order.widenAt / 2 : restLanes;
+  static constexpr int totalLanes = widens ? order.widenAt / 2 : One::width;
   using Total = std::conditional_t<widens, Mox64f, F>;
 
  public:
@@ -121,29 +136,24 @@ class Folding {
 
   Folding(const Terms& terms, long n) : terms_(terms), n_(n) {}
 
-  Result run(long peel) {
+  [[gnu::always_inline]] Result run(long peel) {
     F peeled[channels][parts] = {};
     // Lanes of real and imaginary parts keep apart: the last peeled term has the last lane.
     for (; i_ < peel; ++i_) addTo(peeled, (i_ + peel) % parts);
 
-    All lanes = {};
+    if constexpr (widens)
+      for (int c = 0; c < channels; ++c) std::fill_n(total_[c], totalLanes, Total(0));
     if constexpr (order.block > 0) {
       for (int c = 0; c < channels; ++c) std::copy_n(peeled[c], parts, total_[c]);
-      while (n_ - i_ >= order.block) {
-        const long end = i_ + order.block;
-        addSteps(lanes, end);
-        finish(lanes, end);
-        lanes = {};
-      }
+      while (n_ - i_ >= order.block) addBlock(All{}, i_ + order.block);
+      addBlock(All{}, n_);
     } else {
-      for (int c = 0; c < channels; ++c)
-        for (int p = 0; p < parts; ++p) lanes.of[c][0][p] = peeled[c][p];
+      addBlock(startingWith(peeled), n_);
     }
-    addSteps(lanes, n_);
-    finish(lanes, n_);
 
     for (int c = 0; c < channels; ++c)
-      foldLanes<order.neighbours, Combine>(total_[c], totalLanes, parts);
+      for (int count = totalLanes; count > parts; count /= 2)
+        foldLanes<order.neighbours, Combine>(total_[c], count);
     if constexpr (order.tail == Tail::serial)
       for (long t = 0; i_ < n_; ++i_, ++t) addTo(total_, t % parts);
     Result result;
@@ -153,67 +163,78 @@ class Folding {
   }
 
  private:
+  static All startingWith(const F (&peeled)[channels][parts]) {
+    using R = V<F, All::width>;
+    All lanes = {};
+    for (int c = 0; c < channels; ++c)
+      if constexpr (parts == 1)
+        lanes.of[c][0] = R{peeled[c][0]};
+      else
+        lanes.of[c][0] = R{peeled[c][0], peeled[c][1]};
+    return lanes;
+  }
+
   template <class T, int count>
-  void addTo(T (&lanes)[channels][count], long lane) {
+  [[gnu::always_inline]] void addTo(T (&lanes)[channels][count], long lane) {
     const auto t = terms_(as<F>, i_);
     for (int c = 0; c < channels; ++c) lanes[c][lane] = Combine()(lanes[c][lane], T(t[c]));
   }
 
-  [[gnu::always_inline]] void addSteps(All& lanes, long end) {
-    for (; end - i_ >= order.step; i_ += order.step)
+  // Adds the terms up to `end` to the lanes, and those to the total.
+  [[gnu::always_inline]] void addBlock(All lanes, long end) {
+    for (const long last = end - order.step; i_ <= last; i_ += order.step)
       for (int j = 0; j < order.step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
+    if constexpr (order.tail != Tail::folded && order.tail != Tail::serial)
+      if (i_ < end) addRest(lanes, end);
+    addToTotal(lanes, end);
   }
 
-  // Adds the terms up to `end` that are no whole step, and the lanes to the total.
   template <int count>
-  [[gnu::always_inline]] void finish(const Lanes<F, count, channels>& lanes, long end) {
-    using L = Lanes<F, count, channels>;
-    if constexpr (count > restLanes) {
-      Lanes<F, count / 2, channels> half;
-      for (int c = 0; c < channels; ++c)
-        for (int r = 0; r < L::registers / 2; ++r)
-          half.of[c][r] = Combine()(lanes.of[c][r], lanes.of[c][r + L::registers / 2]);
+  [[gnu::always_inline]] void addToTotal(Lanes<F, count, channels> lanes, long end) {
+    if constexpr (count > One::width) {
+      auto half = foldLanes<order.neighbours, Combine>(lanes);
       if (order.tail == Tail::folded && end - i_ >= count / 2) {
         addTerms<Combine>(half, terms_, i_);
         i_ += count / 2;
       }
-      finish(half, end);
+      addToTotal(half, end);
     } else {
-      F lane[channels][count];
-      for (int c = 0; c < channels; ++c)
-        for (int r = 0; r < L::registers; ++r) store(lane[c] + r * L::width, lanes.of[c][r]);
-      if constexpr (order.tail != Tail::serial) addRest(lane, end);
-      addToTotal(lane);
-    }
-  }
-
-  void addRest(F (&lane)[channels][restLanes], long end) {
-    if constexpr (order.tail == Tail::halves || order.tail == Tail::folded) {
-      for (int width = restLanes / 2; width > 0; width /= 2)
-        if ((end - i_) & width)
-          for (int j = 0; j < width; ++j, ++i_) addTo(lane, j);
-    } else {
-      constexpr int first = order.tail == Tail::last ? restLanes - 1 : 0;
-      constexpr int cycle = order.tail == Tail::pairs ? 2 : 1;
-      for (int t = 0; i_ < end; ++t, ++i_) addTo(lane, first + t % cycle);
-    }
-  }
-
-  [[gnu::always_inline]] void addToTotal(F (&lane)[channels][restLanes]) {
-    for (int c = 0; c < channels; ++c) {
-      if constexpr (widens) {
-        foldLanes<order.neighbours, Combine>(lane[c], restLanes, order.widenAt);
-        for (int j = 0; j < totalLanes; ++j)
-          total_[c][j] += Total(lane[c][j]) + Total(lane[c][j + totalLanes]);
-      } else {
-        std::copy_n(lane[c], totalLanes, total_[c]);
+      if (order.tail == Tail::folded && i_ < end) addRest(lanes, end);
+      for (int c = 0; c < channels; ++c) {
+        F lane[count];
+        store(lane, lanes.of[c][0]);
+        if constexpr (widens) {
+          for (int left = count; left > order.widenAt; left /= 2)
+            foldLanes<order.neighbours, Combine>(lane, left);
+          for (int j = 0; j < totalLanes; ++j)
+            total_[c][j] += Total(lane[j]) + Total(lane[j + totalLanes]);
+        } else {
+          std::copy_n(lane, totalLanes, total_[c]);
+        }
       }
     }
   }
 
+  // Adds what is no whole step, term by term.
+  template <int count>
+  [[gnu::always_inline]] void addRest(Lanes<F, count, channels>& lanes, long end) {
+    F lane[channels][count];
+    std::memcpy(lane, lanes.of, sizeof lane);
+    if constexpr (order.tail == Tail::halves || order.tail == Tail::folded) {
+      for (int width = count / 2; width > 0; width /= 2)
+        if ((end - i_) & width)
+          for (int j = 0; j < width; ++j, ++i_) addTo(lane, j);
+    } else {
+      constexpr int first = order.tail == Tail::last ? count - 1 : 0;
+      constexpr int cycle = order.tail == Tail::pairs ? 2 : 1;
+      for (int t = 0; i_ < end; ++t, ++i_) addTo(lane, first + t % cycle);
+    }
+    std::memcpy(lanes.of, lane, sizeof lane);
+  }
+
   Terms terms_;
   long n_, i_ = 0;
-  Total total_[channels][totalLanes] = {};
+  Total total_[channels][totalLanes];
 };
 
 }  // namespace detail
@@ -221,8 +242,7 @@ class Folding {
 // Folds the first n terms in the given order to one number for each channel, or two where real and
 // imaginary parts alternate. The first `peel` terms are peeled.
 template <Order order, class F, int parts = 1, class Combine = Plus, class Terms>
-typename detail::Folding<order, F, parts, Combine, Terms>::Result fold(const Terms& terms, long n,
-                                                                       long peel = 0) {
+[[gnu::always_inline]] inline auto fold(const Terms& terms, long n, long peel = 0) {
   return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(peel);
 }
 
