@@ -38,7 +38,9 @@ constexpr Row rows[] = {
     {"moxs@(Flip|ConjFlip|ConjPack|ConjPerm|ConjCcs|MulPack|MulPackConj|MulPerm|Win*|Sort*)_*",
      Deviation::notElementwise, "the length decides what an element is"},
 
-    {"moxs@(Sum|Mean|StdDev|MeanStdDev|Norm|NormDiff|DotProd)_*", Deviation::alignedSums,
+    {"moxs@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f*", Deviation::alignedSums,
+     "lanes are summed from the first aligned element on, so that the last bits may differ"},
+    {"moxs@(Norm|NormDiff)_*_@(32|64)f*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
     {"moxs@(SumLn|Goertz|GoertzTwo)_*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
