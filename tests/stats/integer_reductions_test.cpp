@@ -265,7 +265,8 @@ void expectDot(MoxStatus (*dot)(const A*, const B*, int, D*, Factor...), Expecte
   const auto left = samples<A>(6);
   const auto right = samples<B>(7);
   for (std::size_t k = 0; k < left.size(); ++k) {
-    const auto &a = left[k], &b = right[k];
+    const auto& a = left[k];
+    const auto& b = right[k];
     const Placed<A> x(a, long(k) & 31);
     const Placed<B> y(b, long(3 * k) & 31);
     Wide exact[2];

@@ -48,7 +48,7 @@ Lanes<double> fastBlocks(long n, long i, const Lanes<double>& peeled, Term x) {
     for (long j = 0; j < count; ++j) f[j % f.size()] += x(i + j);
     i += count;
   };
-  for (; n - i >= 8192;) {
+  while (n - i >= 8192) {
     Lanes<float> f(32);
     take(f, 8192);
     addEach(total, foldHalves(widen(foldHalves(f, 8)), 4));
