@@ -15,20 +15,31 @@
 
 namespace {
 
+// Memory of the library, as its users have it.
+template <class T>
+class Vector {
+ public:
+  explicit Vector(int len) : memory_(moxsMalloc_8u(len * int(sizeof(T))), moxsFree) {}
+  T* data() const { return reinterpret_cast<T*>(memory_.get()); }
+
+ private:
+  std::unique_ptr<Mox8u, void (*)(void*)> memory_;
+};
+
 // Two vectors of `bytes` each, and a place for the result.
 template <class T>
 struct Data {
   explicit Data(long bytes) : len(int(bytes / long(sizeof(T)))), a(len), b(len) {
-    for (int i = 0; i < len; ++i) a[i] = T(i % 1000 - 500), b[i] = T(i % 777 - 300);
+    for (int i = 0; i < len; ++i) a.data()[i] = T(i % 1000 - 500), b.data()[i] = T(i % 777 - 300);
   }
   int len;
-  std::vector<T> a, b;
+  Vector<T> a, b;
   alignas(16) char result[16];
   template <class R = T>
   R* out() {
     return reinterpret_cast<R*>(result);
   }
-  auto eigen(const std::vector<T>& v) {
+  auto eigen(const Vector<T>& v) {
     return Eigen::Map<const Eigen::Array<T, Eigen::Dynamic, 1>>(v.data(), len);
   }
 };

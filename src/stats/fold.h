@@ -139,7 +139,7 @@ class Folding {
   [[gnu::always_inline]] Result run(long peel) {
     F peeled[channels][parts] = {};
     // Lanes of real and imaginary parts keep apart: the last peeled term has the last lane.
-    for (; i_ < peel; ++i_) addTo(peeled, (i_ + peel) % parts);
+    for (; i_ < peel; ++i_) addTo(peeled, (i_ + peel) % parts, i_);
 
     if constexpr (widens)
       for (int c = 0; c < channels; ++c) std::fill_n(total_[c], totalLanes, Total(0));
@@ -155,7 +155,7 @@ class Folding {
       for (int count = totalLanes; count > parts; count /= 2)
         foldLanes<order.neighbours, Combine>(total_[c], count);
     if constexpr (order.tail == Tail::serial)
-      for (long t = 0; i_ < n_; ++i_, ++t) addTo(total_, t % parts);
+      for (long t = 0; i_ < n_; ++t) addTo(total_, t % parts, i_++);
     Result result;
     for (int c = 0; c < channels; ++c)
       for (int p = 0; p < parts; ++p) result.of[c][p] = total_[c][(p + peel) % parts];
@@ -175,8 +175,8 @@ class Folding {
   }
 
   template <class T, int count>
-  [[gnu::always_inline]] void addTo(T (&lanes)[channels][count], long lane) {
-    const auto t = terms_(as<F>, i_);
+  [[gnu::always_inline]] void addTo(T (&lanes)[channels][count], long lane, long i) {
+    const auto t = terms_(as<F>, i);
     for (int c = 0; c < channels; ++c) lanes[c][lane] = Combine()(lanes[c][lane], T(t[c]));
   }
 
@@ -223,11 +223,13 @@ class Folding {
     if constexpr (order.tail == Tail::halves || order.tail == Tail::folded) {
       for (int width = count / 2; width > 0; width /= 2)
         if ((end - i_) & width)
-          for (int j = 0; j < width; ++j, ++i_) addTo(lane, j);
+          for (int j = 0; j < width; ++j) addTo(lane, j, i_++);
     } else {
       constexpr int first = order.tail == Tail::last ? count - 1 : 0;
       constexpr int cycle = order.tail == Tail::pairs ? 2 : 1;
-      for (int t = 0; i_ < end; ++t, ++i_) addTo(lane, first + t % cycle);
+      for (; end - i_ >= cycle; i_ += cycle)
+        for (int j = 0; j < cycle; ++j) addTo(lane, first + j, i_ + j);
+      if (i_ < end) addTo(lane, first, i_++);
     }
     std::memcpy(lanes.of, lane, sizeof lane);
   }
