@@ -24,7 +24,7 @@ target_compile_options(moxsp_objects PRIVATE
 set_source_files_properties(
   src/arith/div_complex_integer.cpp src/arith/div_integer.cpp src/arith/mul_32s.cpp
   src/convert/half.cpp src/convert/threshold_inverse.cpp src/convert/to_integer.cpp
-  src/convert/widen.cpp
+  src/convert/widen.cpp src/stats/dot_prod.cpp
   PROPERTIES COMPILE_OPTIONS -frounding-math)
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 

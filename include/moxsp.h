@@ -14,6 +14,8 @@
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
 #include <moxsp/logic.h>
+#include <moxsp/reductions.h>
+#include <moxsp/stats.h>
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>

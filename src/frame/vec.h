@@ -62,6 +62,13 @@ template <class T>
   std::memcpy(__builtin_assume_aligned(p, sizeof v), &v, sizeof v);
 }
 
+// A vector that is used more than once, and that GCC would load again for each use.
+template <class T>
+[[gnu::always_inline]] inline T loadedOnce(T v) {
+  asm("" : "+x"(v));
+  return v;
+}
+
 // Stores that bypass the cache; end a run of them with streamFence().
 template <class T>
 [[gnu::always_inline]] inline void storeStream(void* p, T v) {
@@ -307,6 +314,11 @@ template <class T>
   const __m128i high = _mm_mulhi_epi16(__m128i(a), __m128i(b));
   return {V<Mox32s, 4>(_mm_unpacklo_epi16(low, high)), V<Mox32s, 4>(_mm_unpackhi_epi16(low, high))};
 }
+[[gnu::always_inline]] inline Halves<Mox32u> multiplyWide(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+  const __m128i low = _mm_mullo_epi16(__m128i(a), __m128i(b));
+  const __m128i high = _mm_mulhi_epu16(__m128i(a), __m128i(b));
+  return {V<Mox32u, 4>(_mm_unpacklo_epi16(low, high)), V<Mox32u, 4>(_mm_unpackhi_epi16(low, high))};
+}
 // a[2i] * b[2i] + a[2i+1] * b[2i+1] in 32 bits, which a sum of 2^31 leaves.
 [[gnu::always_inline]] inline V<Mox32s, 4> multiplyAddPairs(V<Mox16s, 8> a, V<Mox16s, 8> b) {
   return V<Mox32s, 4>(_mm_madd_epi16(__m128i(a), __m128i(b)));
@@ -374,15 +386,22 @@ template <class T>
     return T(_mm256_sqrt_ps(v));
   else if constexpr (std::is_same_v<T, V<Mox64f>>)
     return T(_mm256_sqrt_pd(v));
+  else if constexpr (std::is_same_v<T, V<Mox32f, 4>>)
+    return T(_mm_sqrt_ps(v));
+  else if constexpr (std::is_same_v<T, V<Mox64f, 2>>)
+    return T(_mm_sqrt_pd(v));
   else if constexpr (std::is_same_v<T, Mox32f>)
     return _mm_cvtss_f32(_mm_sqrt_ss(_mm_set_ss(v)));
   else
     return _mm_cvtsd_f64(_mm_sqrt_sd(_mm_setzero_pd(), _mm_set_sd(v)));
 }
 
-// The processor's estimate of 1 / v, to about 12 bits.
+// The processor's estimates of 1 / v and 1 / sqrt(v), to about 12 bits.
 [[gnu::always_inline]] inline V<Mox32f> reciprocalEstimate(V<Mox32f> v) {
   return V<Mox32f>(_mm256_rcp_ps(v));
+}
+[[gnu::always_inline]] inline V<Mox32f, 4> reciprocalRootEstimate(V<Mox32f, 4> v) {
+  return V<Mox32f, 4>(_mm_rsqrt_ps(v));
 }
 
 // The same of 1 / sqrt(v).

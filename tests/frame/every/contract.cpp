@@ -40,7 +40,9 @@ constexpr Row rows[] = {
     {"moxsCartToPolar_*", Deviation::outputsApart,
      "magnitudes are computed, then phases: a failure of the first leaves the second"},
 
-    {"moxs@(Sum|Mean|StdDev|MeanStdDev|Norm|NormDiff|DotProd)_*", Deviation::alignedSums,
+    {"moxs@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f*", Deviation::alignedSums,
+     "lanes are summed from the first aligned element on, so that the last bits may differ"},
+    {"moxs@(Norm|NormDiff)_*_@(32|64)f*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
     {"moxs@(SumLn|Goertz|GoertzTwo)_*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},

@@ -72,6 +72,7 @@ const Row<double> numberRows[] = {
     {"moxsThreshold_*", "levelGT", real(5)},
     {"moxsRand*", "high", real(90)},
     {"moxs@(FIR|IIR)*One*", "@(src|srcDst)", real(7)},  // one sample, by value or in place
+    {"moxs@(StdDev|MeanStdDev)_*", "len", [](const Call& c) { return std::max(c.length(), 2); }},
 
     {"*", "@(len|srcLen|dstLen|len1|numIters|numStates|tableLen)",
      [](const Call& c) { return c.length(); }},
@@ -193,6 +194,7 @@ const LengthRule lengthRules[] = {
     {"moxsIIR*", "numBq", moxErrIirOrder, {0, -1, INT_MIN}},
     {"moxs@(FIRLMS|FIRGen)*", "tapsLen", moxErrSize, {0, -1, INT_MIN}},
     {"moxsFIR*", "tapsLen", moxErrFirLen, {0, -1, INT_MIN}},
+    {"moxs@(StdDev|MeanStdDev)_*", "len", moxErrSize, {1, 0, -1, INT_MIN}},
     {"*",
      "@(len|srcLen|dstLen|len1|len2|numIters|channels|tableLen)",
      moxErrSize,

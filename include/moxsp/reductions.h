@@ -1,0 +1,246 @@
+/**
+ * @file
+ * Reductions: vectors folded into one value.
+ *
+ * Integer sums are exact up to the scaling of the result. Floating sums are defined to the bit by
+ * the order of their additions: parallel partial sums, the lanes, take the terms in turn and are
+ * added to one another at the end. Lanes start with the first element at a vector boundary, so
+ * that the last bits of a sum may depend on the address of its source.
+ *
+ * `hint` 1 selects the fast path, every other value the accurate one.
+ *
+ * Functions return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1, in
+ * StdDev and MeanStdDev below 2; a call with such a status has written nothing. Overflow, infinite
+ * elements and NaN give what IEEE 754 makes of them, and no status.
+ *
+ * Every `scaleFactor` is valid.
+ */
+#ifndef MOXSP_REDUCTIONS_H
+#define MOXSP_REDUCTIONS_H
+
+#include <moxsp/types.h>
+
+/** @defgroup sum Sum
+ * Sums: `sum = src[0] + ... + src[len - 1]`, complex elements by parts. Integers with `Sfs` give
+ * sum * 2^-scaleFactor to nearest, ties to even, saturated to the type of the result.
+ *
+ * @note `32f`, `32fc`: the accurate path adds doubles. The fast path adds in single precision
+ * within blocks of 8192 numbers, in double from block to block; a source that isn't aligned to 4
+ * bytes takes the accurate path. Each part is rounded to float at the end.
+ * @note The 16-bit forms round in the current mode, and `moxsSum_16s_Sfs` and `moxsSum_16sc_Sfs`
+ * saturate to 32 bits on the way to 16, which shows nowhere.
+ * @{ */
+MOX_API MoxStatus moxsSum_16s32s_Sfs(const Mox16s* src, int len, Mox32s* sum, int scaleFactor);
+MOX_API MoxStatus moxsSum_16s_Sfs(const Mox16s* src, int len, Mox16s* sum, int scaleFactor);
+MOX_API MoxStatus moxsSum_16sc32sc_Sfs(const Mox16sc* src, int len, Mox32sc* sum, int scaleFactor);
+MOX_API MoxStatus moxsSum_16sc_Sfs(const Mox16sc* src, int len, Mox16sc* sum, int scaleFactor);
+MOX_API MoxStatus moxsSum_32f(const Mox32f* src, int len, Mox32f* sum, int hint);
+MOX_API MoxStatus moxsSum_32fc(const Mox32fc* src, int len, Mox32fc* sum, int hint);
+MOX_API MoxStatus moxsSum_32s_Sfs(const Mox32s* src, int len, Mox32s* sum, int scaleFactor);
+MOX_API MoxStatus moxsSum_64f(const Mox64f* src, int len, Mox64f* sum);
+MOX_API MoxStatus moxsSum_64fc(const Mox64fc* src, int len, Mox64fc* sum);
+/** @} */
+
+/** @defgroup mean Mean
+ * Means: `mean = (src[0] + ... + src[len - 1]) / len`, complex elements by parts. Integers with
+ * `Sfs` give mean * 2^-scaleFactor, saturated.
+ *
+ * @note Floats: the sum of @ref sum before it is rounded, divided by `len` in double.
+ * `moxsMean_64fc` multiplies by 1.0 / len instead, which has been rounded by itself.
+ * @note The 16-bit forms divide the scaled sum in double, and round in the current mode.
+ * @note `moxsMean_32s_Sfs`: with a factor of 0 the mean to nearest, ties to even. With s above 0
+ * that mean m, shifted right by s after the bit s - 1 of |m| has been added to |m|: 2.5 gives 3. (s
+ * and the number of the bit count modulo 32.) With a factor from -1 to -31 the scaled sum is
+ * divided, if the sum fits into 32 bits; else the rounded mean is scaled. From -32 on the sign of
+ * the rounded mean alone decides: 0, or the largest or smallest integer.
+ * @{ */
+MOX_API MoxStatus moxsMean_16s_Sfs(const Mox16s* src, int len, Mox16s* mean, int scaleFactor);
+MOX_API MoxStatus moxsMean_16sc_Sfs(const Mox16sc* src, int len, Mox16sc* mean, int scaleFactor);
+MOX_API MoxStatus moxsMean_32f(const Mox32f* src, int len, Mox32f* mean, int hint);
+MOX_API MoxStatus moxsMean_32fc(const Mox32fc* src, int len, Mox32fc* mean, int hint);
+MOX_API MoxStatus moxsMean_32s_Sfs(const Mox32s* src, int len, Mox32s* mean, int scaleFactor);
+MOX_API MoxStatus moxsMean_64f(const Mox64f* src, int len, Mox64f* mean);
+MOX_API MoxStatus moxsMean_64fc(const Mox64fc* src, int len, Mox64fc* mean);
+/** @} */
+
+/** @defgroup stddev StdDev
+ * Standard deviations with the divisor len - 1: the root of (n * Q - S^2) / (n * (n - 1)), where S
+ * is the sum of the n elements, and Q that of their squares. Where rounding leaves n * Q - S^2 not
+ * above 0, as it may with equal elements and does with NaN, the result is 0. Integers with `Sfs`
+ * are scaled by 2^-scaleFactor, rounded in the current mode and saturated.
+ *
+ * @note `32f`: the accurate path adds and squares doubles; the fast path squares and adds in single
+ * precision within blocks of 8192 elements, in double from block to block. The rest is done in
+ * double on both.
+ * @note S and Q of 16-bit elements are exact.
+ * @{ */
+MOX_API MoxStatus moxsStdDev_16s32s_Sfs(const Mox16s* src, int len, Mox32s* stdDev,
+                                        int scaleFactor);
+MOX_API MoxStatus moxsStdDev_16s_Sfs(const Mox16s* src, int len, Mox16s* stdDev, int scaleFactor);
+MOX_API MoxStatus moxsStdDev_32f(const Mox32f* src, int len, Mox32f* stdDev, int hint);
+MOX_API MoxStatus moxsStdDev_64f(const Mox64f* src, int len, Mox64f* stdDev);
+/** @} */
+
+/** @defgroup meanstddev MeanStdDev
+ * Mean and standard deviation (@ref stddev) in one pass over the data. Integers with `Sfs` scale
+ * both by 2^-scaleFactor, round in the current mode and saturate.
+ *
+ * @note `moxsMeanStdDev_32f` adds in the 80-bit format of the x87 unit, whatever `hint` says; NaN
+ * among the elements gives NaN.
+ * @{ */
+MOX_API MoxStatus moxsMeanStdDev_16s32s_Sfs(const Mox16s* src, int len, Mox32s* mean,
+                                            Mox32s* stdDev, int scaleFactor);
+MOX_API MoxStatus moxsMeanStdDev_16s_Sfs(const Mox16s* src, int len, Mox16s* mean, Mox16s* stdDev,
+                                         int scaleFactor);
+MOX_API MoxStatus moxsMeanStdDev_32f(const Mox32f* src, int len, Mox32f* mean, Mox32f* stdDev,
+                                     int hint);
+MOX_API MoxStatus moxsMeanStdDev_64f(const Mox64f* src, int len, Mox64f* mean, Mox64f* stdDev);
+/** @} */
+
+/** @defgroup norm Norm
+ * Norms: Inf is the largest |src[i]|, L1 the sum of all |src[i]|, L2 the root of the sum of their
+ * squares, L2Sqr that sum. The magnitude of a complex number is sqrt(re^2 + im^2).
+ *
+ * @note `32f`, `64f` and their complex forms accumulate in the type of the data; sums of `32fc64f`
+ * are widened at the end. `moxsNorm_L1_32fc64f` takes the root of every four numbers by the
+ * processor's estimate of 1 / sqrt(x) and one step of Newton's iteration, unless one of the four is
+ * 0: relative errors of the terms reach some 1e-6, the last bits differ between processors, and
+ * numbers whose square is subnormal or infinite don't give their magnitude.
+ * @note Inf: a NaN replaces the maximum of its lane, and the next number of that lane replaces the
+ * NaN.
+ * @note 16-bit elements: exact in 64 bits. `16s32f` rounds that to float, L2 the root of it. With
+ * `Sfs`:
+ * - Inf and L1 to `32s`: a factor of 0 stores the low 32 bits. A factor above 0 shifts right and
+ * drops what it shifts out, one below 0 shifts left; both saturate to 2^31 - 1.
+ * - L1 and L2Sqr to `64s`: the same in 64 bits. A factor s above 31 gives (x >> 32) >> (s mod 32).
+ * - L2 to `32s`: the root divided by 1 << (s mod 32) for s above 0, multiplied by 1 << (-s mod 32)
+ * below 0, as 32-bit signed integers, so that 31 changes the sign; truncated and saturated.
+ * @{ */
+MOX_API MoxStatus moxsNorm_Inf_16s32f(const Mox16s* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_Inf_16s32s_Sfs(const Mox16s* src, int len, Mox32s* norm,
+                                          int scaleFactor);
+MOX_API MoxStatus moxsNorm_Inf_32f(const Mox32f* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_Inf_32fc32f(const Mox32fc* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_Inf_64f(const Mox64f* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_Inf_64fc64f(const Mox64fc* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L1_16s32f(const Mox16s* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_L1_16s32s_Sfs(const Mox16s* src, int len, Mox32s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNorm_L1_16s64s_Sfs(const Mox16s* src, int len, Mox64s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNorm_L1_32f(const Mox32f* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_L1_32fc64f(const Mox32fc* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L1_64f(const Mox64f* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L1_64fc64f(const Mox64fc* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L2Sqr_16s64s_Sfs(const Mox16s* src, int len, Mox64s* norm,
+                                            int scaleFactor);
+MOX_API MoxStatus moxsNorm_L2_16s32f(const Mox16s* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_L2_16s32s_Sfs(const Mox16s* src, int len, Mox32s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNorm_L2_32f(const Mox32f* src, int len, Mox32f* norm);
+MOX_API MoxStatus moxsNorm_L2_32fc64f(const Mox32fc* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L2_64f(const Mox64f* src, int len, Mox64f* norm);
+MOX_API MoxStatus moxsNorm_L2_64fc64f(const Mox64fc* src, int len, Mox64f* norm);
+/** @} */
+
+/** @defgroup normdiff NormDiff
+ * Norms of differences: @ref norm of src1[i] - src2[i], which is rounded in the type of floating
+ * data, and exact for integers.
+ * @{ */
+MOX_API MoxStatus moxsNormDiff_Inf_16s32f(const Mox16s* src1, const Mox16s* src2, int len,
+                                          Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_Inf_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                              Mox32s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNormDiff_Inf_32f(const Mox32f* src1, const Mox32f* src2, int len,
+                                       Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_Inf_32fc32f(const Mox32fc* src1, const Mox32fc* src2, int len,
+                                           Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_Inf_64f(const Mox64f* src1, const Mox64f* src2, int len,
+                                       Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_Inf_64fc64f(const Mox64fc* src1, const Mox64fc* src2, int len,
+                                           Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L1_16s32f(const Mox16s* src1, const Mox16s* src2, int len,
+                                         Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_L1_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                             Mox32s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNormDiff_L1_16s64s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                             Mox64s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNormDiff_L1_32f(const Mox32f* src1, const Mox32f* src2, int len,
+                                      Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_L1_32fc64f(const Mox32fc* src1, const Mox32fc* src2, int len,
+                                          Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L1_64f(const Mox64f* src1, const Mox64f* src2, int len,
+                                      Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L1_64fc64f(const Mox64fc* src1, const Mox64fc* src2, int len,
+                                          Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L2Sqr_16s64s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                                Mox64s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNormDiff_L2_16s32f(const Mox16s* src1, const Mox16s* src2, int len,
+                                         Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_L2_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                             Mox32s* norm, int scaleFactor);
+MOX_API MoxStatus moxsNormDiff_L2_32f(const Mox32f* src1, const Mox32f* src2, int len,
+                                      Mox32f* norm);
+MOX_API MoxStatus moxsNormDiff_L2_32fc64f(const Mox32fc* src1, const Mox32fc* src2, int len,
+                                          Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L2_64f(const Mox64f* src1, const Mox64f* src2, int len,
+                                      Mox64f* norm);
+MOX_API MoxStatus moxsNormDiff_L2_64fc64f(const Mox64fc* src1, const Mox64fc* src2, int len,
+                                          Mox64f* norm);
+/** @} */
+
+/** @defgroup dotprod DotProd
+ * Dot products: `dp = src1[0] * src2[0] + ... + src1[len - 1] * src2[len - 1]`, without
+ * conjugation. A name gives the types of the sources, or of both, then that of the result; a real
+ * `src1` multiplies both parts of a complex `src2`.
+ *
+ * @note Floats are multiplied and added in the type of the result.
+ * @note 16-bit elements: exact in 64 bits, then stored, rounded to float, or scaled by
+ * 2^-scaleFactor to nearest, ties to even, and saturated; a factor above 31 counts as 31.
+ * @note Sums with 32-bit integers run in double, to nearest whatever the mode in force: products of
+ * 2^53 and above are rounded. The sum times 2^-scaleFactor, a factor from -31 to 93 (others count
+ * as the nearer of them), is rounded to nearest, ties to even, and saturated.
+ * @{ */
+MOX_API MoxStatus moxsDotProd_16s16sc32fc(const Mox16s* src1, const Mox16sc* src2, int len,
+                                          Mox32fc* dp);
+MOX_API MoxStatus moxsDotProd_16s16sc32sc_Sfs(const Mox16s* src1, const Mox16sc* src2, int len,
+                                              Mox32sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16s16sc64sc(const Mox16s* src1, const Mox16sc* src2, int len,
+                                          Mox64sc* dp);
+MOX_API MoxStatus moxsDotProd_16s16sc_Sfs(const Mox16s* src1, const Mox16sc* src2, int len,
+                                          Mox16sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16s32f(const Mox16s* src1, const Mox16s* src2, int len, Mox32f* dp);
+MOX_API MoxStatus moxsDotProd_16s32s32s_Sfs(const Mox16s* src1, const Mox32s* src2, int len,
+                                            Mox32s* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16s32s_Sfs(const Mox16s* src1, const Mox16s* src2, int len,
+                                         Mox32s* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16s64s(const Mox16s* src1, const Mox16s* src2, int len, Mox64s* dp);
+MOX_API MoxStatus moxsDotProd_16s_Sfs(const Mox16s* src1, const Mox16s* src2, int len, Mox16s* dp,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16sc32fc(const Mox16sc* src1, const Mox16sc* src2, int len,
+                                       Mox32fc* dp);
+MOX_API MoxStatus moxsDotProd_16sc32sc_Sfs(const Mox16sc* src1, const Mox16sc* src2, int len,
+                                           Mox32sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_16sc64sc(const Mox16sc* src1, const Mox16sc* src2, int len,
+                                       Mox64sc* dp);
+MOX_API MoxStatus moxsDotProd_16sc_Sfs(const Mox16sc* src1, const Mox16sc* src2, int len,
+                                       Mox16sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_32f(const Mox32f* src1, const Mox32f* src2, int len, Mox32f* dp);
+MOX_API MoxStatus moxsDotProd_32f32fc(const Mox32f* src1, const Mox32fc* src2, int len,
+                                      Mox32fc* dp);
+MOX_API MoxStatus moxsDotProd_32f32fc64fc(const Mox32f* src1, const Mox32fc* src2, int len,
+                                          Mox64fc* dp);
+MOX_API MoxStatus moxsDotProd_32f64f(const Mox32f* src1, const Mox32f* src2, int len, Mox64f* dp);
+MOX_API MoxStatus moxsDotProd_32fc(const Mox32fc* src1, const Mox32fc* src2, int len, Mox32fc* dp);
+MOX_API MoxStatus moxsDotProd_32fc64fc(const Mox32fc* src1, const Mox32fc* src2, int len,
+                                       Mox64fc* dp);
+MOX_API MoxStatus moxsDotProd_32s32sc_Sfs(const Mox32s* src1, const Mox32sc* src2, int len,
+                                          Mox32sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_32s_Sfs(const Mox32s* src1, const Mox32s* src2, int len, Mox32s* dp,
+                                      int scaleFactor);
+MOX_API MoxStatus moxsDotProd_32sc_Sfs(const Mox32sc* src1, const Mox32sc* src2, int len,
+                                       Mox32sc* dp, int scaleFactor);
+MOX_API MoxStatus moxsDotProd_64f(const Mox64f* src1, const Mox64f* src2, int len, Mox64f* dp);
+MOX_API MoxStatus moxsDotProd_64f64fc(const Mox64f* src1, const Mox64fc* src2, int len,
+                                      Mox64fc* dp);
+MOX_API MoxStatus moxsDotProd_64fc(const Mox64fc* src1, const Mox64fc* src2, int len, Mox64fc* dp);
+/** @} */
+
+#endif

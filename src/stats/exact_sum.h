@@ -1,0 +1,84 @@
+// Exact sums over integer vectors. Terms come as lanes of 32 bits, which take whole blocks of
+// elements where they have room for that, and are widened to 64 bits from block to block.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "frame/elements.h"
+#include "frame/vec.h"
+
+namespace mox {
+
+// A kind of term: from `step` elements of each source it makes four lanes for each channel, which
+// stay below 2^32 when `bias` is added to their sum over `block` elements.
+struct IntegerTerms {
+  long step, block;
+  Mox32u bias;
+};
+
+// Where real and imaginary parts alternate, the even lanes are real.
+struct LaneTotals {
+  Mox64s even, odd;
+  Mox64s all() const { return even + odd; }
+};
+
+namespace detail {
+
+using Lanes32 = V<Mox32u, 4>;
+
+class WideLanes {
+ public:
+  // The lanes as pairs hold 2^32 * odd + even.
+  [[gnu::always_inline]] void add(Lanes32 lanes) {
+    const auto pairs = V<Mox64u, 2>(lanes);
+    pairs_ += pairs;
+    odd_ += pairs >> 32;
+  }
+  LaneTotals total(Mox64u bias) const {
+    const Mox64u odd = odd_[0] + odd_[1], even = pairs_[0] + pairs_[1] - (odd << 32);
+    return {Mox64s(even - 2 * bias), Mox64s(odd - 2 * bias)};
+  }
+
+ private:
+  V<Mox64u, 2> pairs_{}, odd_{};
+};
+
+// What is left of a source, followed by zeros.
+template <class E, long size>
+struct Rest {
+  Rest(const E* src, long count) { std::memcpy(elements, src, std::size_t(count) * sizeof(E)); }
+  E elements[size] = {};
+};
+
+}  // namespace detail
+
+// The sum of each channel of terms(src...).
+template <IntegerTerms kind, class Terms, class... E>
+auto sumExactly(const Terms& terms, long len, const E*... src) {
+  using detail::Lanes32;
+  constexpr long channels = std::tuple_size_v<decltype(terms(src...))>;
+  detail::WideLanes wide[channels];
+  Mox64u blocks = 0;
+  const auto widen = [&](const auto& lanes) {
+    for (int c = 0; c < channels; ++c) wide[c].add(Lanes32(lanes[c]) + kind.bias);
+    ++blocks;
+  };
+  long i = 0;
+  while (len - i >= kind.step) {
+    auto lanes = terms(src + i...);
+    const long end = i + std::min(kind.block, len - i);
+    for (i += kind.step; kind.block > kind.step && end - i >= kind.step; i += kind.step) {
+      const auto t = terms(src + i...);
+      for (int c = 0; c < channels; ++c) lanes[c] += t[c];
+    }
+    widen(lanes);
+  }
+  if (i < len) widen(terms(detail::Rest<E, kind.step>(src + i, len - i).elements...));
+  std::array<LaneTotals, channels> totals;
+  for (int c = 0; c < channels; ++c) totals[c] = wide[c].total(blocks * kind.bias);
+  return totals;
+}
+
+}  // namespace mox

@@ -1,0 +1,129 @@
+// Sums of integer vectors, of their magnitudes, squares and products, all exact.
+#pragma once
+
+#include "stats/exact_sum.h"
+
+namespace mox {
+
+namespace detail {
+
+using Words = V<Mox16s, 8>;
+
+constexpr long blockElements = 65536;
+constexpr Mox32u signedBias = 1u << 31;
+constexpr IntegerTerms numbers = {.step = 8, .block = blockElements, .bias = signedBias};
+constexpr IntegerTerms complexNumbers = {.step = 4, .block = blockElements, .bias = signedBias};
+constexpr IntegerTerms wideNumbers = {.step = 4, .block = 4, .bias = signedBias};
+constexpr IntegerTerms unsignedNumbers = {.step = 8, .block = blockElements, .bias = 0};
+constexpr IntegerTerms unsignedProducts = {.step = 8, .block = 8, .bias = 0};
+// Sums of two products of 16-bit numbers, and differences of two, are at least minus the bias, and
+// at most 2^31. The one value that wraps, 2^31, is right again with the bias.
+constexpr IntegerTerms products = {.step = 8, .block = 8, .bias = 0x7FFF8000};
+constexpr IntegerTerms complexProducts = {.step = 4, .block = 4, .bias = 0x7FFF8000};
+
+// Magnitudes of numbers, or of their differences, as unsigned numbers of 16 bits.
+inline V<Mox16u, 8> magnitudes(Words x) {
+  return V<Mox16u, 8>(greater(x, Words(-V<Mox16u, 8>(x))));
+}
+inline V<Mox16u, 8> magnitudes(Words a, Words b) {
+  return V<Mox16u, 8>(greater(a, b)) - V<Mox16u, 8>(lesser(a, b));
+}
+
+inline Lanes32 addPairs(Words a, Words b) { return Lanes32(multiplyAddPairs(a, b)); }
+inline Lanes32 addPairs(Words a) { return addPairs(a, Words{} + 1); }
+inline Lanes32 addUnsignedPairs(V<Mox16u, 8> x) {
+  return (Lanes32(x) & 0xFFFF) + (Lanes32(x) >> 16);
+}
+
+}  // namespace detail
+
+inline Mox64s sumOf16s(const Mox16s* src, long len) {
+  const auto terms = [](const Mox16s* p) {
+    return std::array{detail::addPairs(load<detail::Words>(p))};
+  };
+  return sumExactly<detail::numbers>(terms, len, src)[0].all();
+}
+
+inline std::array<Mox64s, 2> sumOf16sc(const Mox16sc* src, long len) {
+  const auto terms = [](const Mox16sc* p) {
+    const auto z = load<detail::Words>(p);
+    return std::array{detail::addPairs(z, detail::Words{1, 0, 1, 0, 1, 0, 1, 0}),
+                      detail::addPairs(z, detail::Words{0, 1, 0, 1, 0, 1, 0, 1})};
+  };
+  const auto sums = sumExactly<detail::complexNumbers>(terms, len, src);
+  return {sums[0].all(), sums[1].all()};
+}
+
+inline Mox64s sumOf32s(const Mox32s* src, long len) {
+  const auto terms = [](const Mox32s* p) { return std::array{load<detail::Lanes32>(p)}; };
+  return sumExactly<detail::wideNumbers>(terms, len, src)[0].all();
+}
+
+template <class... E>
+Mox64u sumOfMagnitudes16s(long len, const E*... src) {
+  const auto terms = [](const E*... p) {
+    return std::array{detail::addUnsignedPairs(detail::magnitudes(load<detail::Words>(p)...))};
+  };
+  return Mox64u(sumExactly<detail::unsignedNumbers>(terms, len, src...)[0].all());
+}
+
+inline Mox64u sumOfSquares16s(long len, const Mox16s* src) {
+  const auto terms = [](const Mox16s* p) {
+    const auto x = load<detail::Words>(p);
+    return std::array{detail::addPairs(x, x)};
+  };
+  return Mox64u(sumExactly<detail::unsignedProducts>(terms, len, src)[0].all());
+}
+// Squares of 16 unsigned bits leave no room for another.
+inline Mox64u sumOfSquares16s(long len, const Mox16s* src1, const Mox16s* src2) {
+  const auto terms = [](const Mox16s* a, const Mox16s* b) {
+    const auto d = detail::magnitudes(load<detail::Words>(a), load<detail::Words>(b));
+    const auto squares = multiplyWide(d, d);
+    return std::array{squares.low, squares.high};
+  };
+  const auto sums = sumExactly<detail::unsignedProducts>(terms, len, src1, src2);
+  return Mox64u(sums[0].all()) + Mox64u(sums[1].all());
+}
+
+// The sum and the sum of squares.
+inline std::array<Mox64s, 2> exactMomentsOf16s(const Mox16s* src, long len) {
+  const auto terms = [](const Mox16s* p) {
+    const auto x = load<detail::Words>(p);
+    return std::array{detail::addPairs(x), detail::addPairs(x, x)};
+  };
+  const auto sums = sumExactly<detail::products>(terms, len, src);
+  return {sums[0].all(), sums[1].all()};
+}
+
+inline Mox64s dotOf16s(const Mox16s* a, const Mox16s* b, long len) {
+  const auto terms = [](const Mox16s* x, const Mox16s* y) {
+    return std::array{detail::addPairs(load<detail::Words>(x), load<detail::Words>(y))};
+  };
+  return sumExactly<detail::products>(terms, len, a, b)[0].all();
+}
+
+inline std::array<Mox64s, 2> dotOf16s16sc(const Mox16s* a, const Mox16sc* b, long len) {
+  using detail::Words;
+  const auto terms = [](const Mox16s* p, const Mox16sc* q) {
+    // x0 x1 x0 x1 x2 x3 x2 x3 beside r0 r1 i0 i1 r2 r3 i2 i3
+    const auto pairs = V<Mox32u, 4>(V<Mox64u, 2>{load<Mox64u>(p)});
+    const auto x = Words(shuffle<[](int i) { return i / 2; }>(pairs));
+    const auto z = shuffle<[](int i) { return i / 4 * 4 + i % 2 * 2 + i / 2 % 2; }>(load<Words>(q));
+    return std::array{detail::addPairs(x, z)};
+  };
+  const auto sums = sumExactly<detail::complexProducts>(terms, len, a, b);
+  return {sums[0].even, sums[0].odd};
+}
+
+inline std::array<Mox64s, 2> dotOf16sc(const Mox16sc* a, const Mox16sc* b, long len) {
+  using detail::Words, detail::Lanes32, detail::addPairs;
+  const auto terms = [](const Mox16sc* p, const Mox16sc* q) {
+    const auto w = load<Words>(p), z = load<Words>(q);
+    const auto real = Words(Lanes32(w) & 0xFFFF), imaginary = Words(Lanes32(w) & ~0xFFFFu);
+    return std::array{addPairs(real, z) - addPairs(imaginary, z), addPairs(w, swapParts(z))};
+  };
+  const auto sums = sumExactly<detail::complexProducts>(terms, len, a, b);
+  return {sums[0].all(), sums[1].all()};
+}
+
+}  // namespace mox

@@ -1,0 +1,95 @@
+// Means.
+#include <moxsp/reductions.h>
+
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/rounding.h"
+#include "stats/integer_sums.h"
+#include "stats/scaled_result.h"
+#include "stats/sum.h"
+
+namespace mox {
+namespace {
+
+template <class E>
+MoxStatus meanHinted(const E* src, int len, E* mean, int hint) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  const auto sums = sumOf(src, len, hint);
+  for (int p = 0; p < partsPerElement<E>; ++p) store(parts(mean) + p, Part<E>(sums[p] / len));
+  return moxOk;
+}
+
+MoxStatus mean64f(const Mox64f* src, int len, Mox64f* mean) {
+  return meanHinted(src, len, mean, 0);
+}
+
+// Unlike the real form this one multiplies by a reciprocal, which has been rounded itself.
+MoxStatus mean64fc(const Mox64fc* src, int len, Mox64fc* mean) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  const auto sums = sumOf(src, len);
+  const Mox64f reciprocal = 1.0 / len;
+  store(mean, Mox64fc{sums[0] * reciprocal, sums[1] * reciprocal});
+  return moxOk;
+}
+
+MoxStatus mean16s(const Mox16s* src, int len, Mox16s* mean, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  const Mox64f scaled = Mox64f(sumOf16s(src, len)) * scaleMultiplier(scaleFactor);
+  store(mean, heldInteger<Mox16s>(scaled / len));
+  return moxOk;
+}
+
+MoxStatus mean16sc(const Mox16sc* src, int len, Mox16sc* mean, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  const auto sums = sumOf16sc(src, len);
+  for (int p = 0; p < 2; ++p)
+    store(
+        parts(mean) + p,
+        saturate<Mox16s>(heldInteger<Mox32s>(halvedOrDoubled(Mox64f(sums[p]), scaleFactor) / len)));
+  return moxOk;
+}
+
+// x / len to nearest, ties to even.
+Mox64s roundedQuotient(Mox64s x, Mox64s len) {
+  const Mox64s magnitude = x < 0 ? -x : x;
+  const Mox64s quotient = magnitude / len, twice = 2 * (magnitude % len);
+  const Mox64s rounded = quotient + (twice > len || (twice == len && quotient % 2));
+  return x < 0 ? -rounded : rounded;
+}
+
+// A factor above 0 doesn't round as others do: it adds the highest bit that it drops.
+Mox32s scaledDownMean(Mox64s mean, int factor) {
+  const Mox32u magnitude = Mox32u(mean < 0 ? -mean : mean), places = Mox32u(factor);
+  const Mox32u half = magnitude >> ((places - 1) % 32) & 1;
+  const Mox32u scaled = (magnitude + half) >> places % 32;
+  return Mox32s(mean < 0 ? -scaled : scaled);
+}
+
+Mox32s scaledMean(Mox64s sum, int len, int factor) {
+  const Mox64s mean = roundedQuotient(sum, len);
+  if (factor > 0) return scaledDownMean(mean, factor);
+  if (factor == 0) return Mox32s(mean);
+  // A sum that has room for the factor is scaled before it is divided.
+  const int places = std::min(-std::max(factor, -32), 32);
+  if (places < 32 && saturate<Mox32s>(sum) == sum)
+    return saturate<Mox32s>(roundedQuotient(sum * (Mox64s(1) << places), len));
+  return saturate<Mox32s>(mean * (Mox64s(1) << std::min(places, 31)));
+}
+
+MoxStatus mean32s(const Mox32s* src, int len, Mox32s* mean, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  store(mean, scaledMean(sumOf32s(src, len), len, scaleFactor));
+  return moxOk;
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsMean_32f, meanHinted<Mox32f>);
+MOX_EXPORT(moxsMean_32fc, meanHinted<Mox32fc>);
+MOX_EXPORT(moxsMean_64f, mean64f);
+MOX_EXPORT(moxsMean_64fc, mean64fc);
+MOX_EXPORT(moxsMean_16s_Sfs, mean16s);
+MOX_EXPORT(moxsMean_16sc_Sfs, mean16sc);
+MOX_EXPORT(moxsMean_32s_Sfs, mean32s);
+
+}  // namespace mox

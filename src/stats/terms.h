@@ -1,0 +1,54 @@
+// The terms that reductions of floats add: see fold.h for how they are asked for.
+#pragma once
+
+#include <algorithm>
+#include <array>
+
+#include "frame/elements.h"
+#include "frame/widen.h"
+#include "stats/fold.h"
+
+namespace mox {
+
+// Elements before `p` reaches the alignment, `len` at the most; none when it never does.
+template <class E>
+long peelTo(long alignment, const E* p, long len) {
+  const long missing = long(-addressOf(p) & std::uintptr_t(alignment - 1));
+  return missing % long(sizeof(E)) ? 0 : std::min(len, missing / long(sizeof(E)));
+}
+
+// One number as T, or a vector of T from there on.
+template <class T, class E>
+[[gnu::always_inline]] inline T numberAt(const E* p) {
+  if constexpr (std::is_arithmetic_v<T>)
+    return T(load<E>(p));
+  else
+    return loadWidened<T>(p);
+}
+
+template <class T>
+T difference(T x) {
+  return x;
+}
+template <class T>
+T difference(T a, T b) {
+  return a - b;
+}
+
+// Parts of complex elements count as numbers of their own.
+template <class... E>
+auto numbersOf(const E*... src) {
+  return [... p = parts(src)]<class T>(std::type_identity<T>, long i) {
+    return difference(numberAt<T>(p + i)...);
+  };
+}
+
+// op of one number of each source.
+template <class Op, class... E>
+auto termsOf(Op op, const E*... src) {
+  return [op, ... p = parts(src)]<class T>(std::type_identity<T>, long i) {
+    return std::array{op(numberAt<T>(p + i)...)};
+  };
+}
+
+}  // namespace mox
