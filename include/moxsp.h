@@ -9,6 +9,8 @@
 #include <moxsp/convert.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
+#include <moxsp/sorting.h>
+#include <moxsp/stats.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
 

@@ -1,0 +1,10 @@
+/**
+ * @file
+ * Statistics, search and sort.
+ */
+#ifndef MOXSP_STATS_H
+#define MOXSP_STATS_H
+
+#include <moxsp/sorting.h>
+
+#endif
