@@ -112,6 +112,12 @@ const bool added = [] {
 #define RADIX_INDEX(t)                                                                      \
   addSort<Mox##t>("radix_index_" #t, len, radixIndex<Mox##t, moxsSortRadixIndexAscend_##t>, \
                   {{"std::stable_sort", standardStableIndexSort<Mox##t>}})
+    PLAIN(32f);
+    PLAIN(64f);
+    PLAIN(32s);
+    PLAIN(16s);
+    INDEX(32f);
+    INDEX(32s);
     RADIX(32u);
     RADIX(32s);
     RADIX(32f);

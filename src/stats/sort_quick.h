@@ -3,6 +3,10 @@
 
 #include <moxsp/types.h>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include "stats/sort_partition.h"
 #include "stats/sort_sequence.h"
 
@@ -10,20 +14,26 @@ namespace mox {
 
 constexpr int leafLength = 9;
 
-// Selection of the last item, again and again: a scan carries the one that belongs behind all
-// before it, and those close up behind it. Equal keys keep their order.
+// Selection of the item that belongs last, again and again: a scan carries it past those behind it,
+// and these close up. Equal keys keep their order. All within registers.
+template <class Order, int length, class Sequence>
+void sortFew(Sequence s, long start) {
+  typename Sequence::Item items[length];
+  for (int i = 0; i < length; ++i) items[i] = s.item(start + i);
+#pragma GCC unroll 9
+  for (int last = length - 1; last > 0; --last)
+#pragma GCC unroll 9
+    for (int i = 0; i < last; ++i) arrange<Order>(items[i], items[i + 1]);
+  for (int i = 0; i < length; ++i) s.put(start + i, items[i]);
+}
+
 template <class Order, class Sequence>
 void sortLeaf(Sequence s, Segment leaf) {
-  for (long last = leaf.hi; last > leaf.lo; --last) {
-    auto carried = s.item(leaf.lo);
-    for (long i = leaf.lo + 1; i <= last; ++i) {
-      auto next = s.item(i);
-      arrange<Order>(carried, next);
-      s.put(i - 1, carried);
-      carried = next;
-    }
-    s.put(last, carried);
+  static constexpr auto byLength = []<int... lessOne>(std::integer_sequence<int, lessOne...>) {
+    return std::array{&sortFew<Order, lessOne + 1, Sequence>...};
   }
+  (std::make_integer_sequence<int, leafLength>());
+  byLength[leaf.hi - leaf.lo](s, leaf.lo);
 }
 
 // The larger part of each segment waits while the smaller is sorted, so that the parts that wait

@@ -49,14 +49,17 @@ template <class Sequence>
   s.put(j, a);
 }
 
-// Exchanges two items when the first key must stand behind the second; without a branch, for
-// nothing foretells it.
+// Puts two items in order, without a branch, for nothing foretells it. Equal keys stay.
 template <class Order, class Item>
 [[gnu::always_inline]] inline void arrange(Item& a, Item& b) {
-  const bool wrong = Order::before(b.key, a.key);
-  const Item first = wrong ? b : a, second = wrong ? a : b;
-  a = first;
-  b = second;
+  if constexpr (requires { a.index; }) {
+    const Mox32s turned = (a.index ^ b.index) & -Mox32s(Order::before(b.key, a.key));
+    a.index ^= turned;
+    b.index ^= turned;
+  }
+  const auto first = Order::first(a.key, b.key), second = Order::second(a.key, b.key);
+  a.key = first;
+  b.key = second;
 }
 
 }  // namespace mox
