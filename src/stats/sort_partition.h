@@ -34,6 +34,22 @@ template <class T, class Test>
   return bits;
 }
 
+// The lowest `width` bits in reverse. The processor finds the lowest bit faster than the highest.
+[[gnu::always_inline]] inline Mox64u mirrored(Mox64u bits, int width) {
+  bits = __builtin_bswap64(bits);
+  bits = (bits >> 4 & 0x0F0F0F0F0F0F0F0F) | (bits & 0x0F0F0F0F0F0F0F0F) << 4;
+  bits = (bits >> 2 & 0x3333333333333333) | (bits & 0x3333333333333333) << 2;
+  bits = (bits >> 1 & 0x5555555555555555) | (bits & 0x5555555555555555) << 1;
+  return bits >> (scanBlock - width);
+}
+
+// The number of the lowest bit, which is cleared.
+[[gnu::always_inline]] inline int takeFirst(Mox64u& bits) {
+  const int first = __builtin_ctzll(bits);
+  bits &= bits - 1;
+  return first;
+}
+
 // Exchanges elements of [i, j] until none before the place returned belongs behind the pivot, and
 // none from there on before it.
 template <class Order, class Sequence>
@@ -53,31 +69,26 @@ long separate(Sequence s, long i, long j, typename Sequence::Key pivot) {
   };
 
   while (j - i >= scanBlock) {
-    const int width = int(std::min<long>(scanBlock, (j - i + 1) / 2));
+    const int width = int(std::min<long>(scanBlock, (j - i) / 2));
     Mox64u left = stops(s.keys + i, width, fromLeft);
-    Mox64u right = stops(s.keys + j + 1 - width, width, fromRight) << (scanBlock - width);
-    for (int n = std::min(std::popcount(left), std::popcount(right)); n > 0; --n) {
-      const int l = std::countr_zero(left), r = std::countl_zero(right);
-      exchange(s, i + l, j - r);
-      left &= left - 1;
-      right ^= Mox64u(1) << (scanBlock - 1 - r);
-    }
-    i += left ? std::countr_zero(left) : width;
-    j -= right ? std::countl_zero(right) : width;
+    Mox64u right = mirrored(stops(s.keys + j + 1 - width, width, fromRight), width);
+    for (int n = std::min(std::popcount(left), std::popcount(right)); n > 0; --n)
+      exchange(s, i + takeFirst(left), j - takeFirst(right));
+    i += left ? takeFirst(left) : width;
+    j -= right ? takeFirst(right) : width;
   }
 
   const int rest = int(j - i + 1);
-  Mox64u left = stops(s.keys + i, rest, fromLeft), right = stops(s.keys + i, rest, fromRight);
-  long end = j + 1;
-  while (left != 0 && right != 0) {
-    const long l = i + std::countr_zero(left), r = i + std::bit_width(right) - 1;
-    if (l >= r) break;
-    exchange(s, l, r);
-    left &= left - 1;
-    right ^= std::bit_floor(right);
+  Mox64u left = stops(s.keys + i, rest, fromLeft);
+  Mox64u right = mirrored(stops(s.keys + i, rest, fromRight), rest);
+  int end = rest;
+  while (left != 0) {
+    const int l = takeFirst(left), r = right ? rest - 1 - takeFirst(right) : l;
+    if (l >= r) return i + std::min(l, end);
+    exchange(s, i + l, i + r);
     end = r;
   }
-  return left ? std::min(end, i + std::countr_zero(left)) : end;
+  return i + end;
 }
 
 struct Cut {

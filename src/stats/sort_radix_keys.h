@@ -23,17 +23,21 @@ struct RadixKey {
 
   static Bits mapped(Bits pattern) {
     if constexpr (std::is_floating_point_v<T>)
-      return pattern ^ turned ^ (pattern >> top ? all : sign);
+      return pattern ^ turned ^ (negative(pattern) | sign);
     else
       return Bits(pattern ^ turned ^ (std::is_signed_v<T> ? sign : 0));
   }
   static Bits unmapped(Bits key) {
     key ^= turned;
     if constexpr (std::is_floating_point_v<T>)
-      return key ^ (key >> top ? sign : all);
+      return key ^ (~negative(key) | sign);
     else
       return Bits(key ^ (std::is_signed_v<T> ? sign : 0));
   }
+
+ private:
+  // All bits where the sign is set, without a branch.
+  static Bits negative(Bits pattern) { return Bits(std::make_signed_t<Bits>(pattern) >> top); }
 };
 
 struct Digit {
