@@ -1,82 +1,21 @@
 #include <moxsp/sorting.h>
 
-#include <bit>
-#include <utility>
-
 #include "frame/checks.h"
-#include "frame/copy.h"
 #include "frame/export.h"
 #include "frame/vec.h"
 #include "stats/count_bytes.h"
-#include "stats/sort_quick.h"
-#include "stats/sort_radix_keys.h"
+#include "stats/sort_radix_cut.h"
+#include "stats/sort_radix_passes.h"
 
 namespace mox {
 namespace {
 
-// Each pass stores the keys in the order of one digit, and leaves keys of the same digit as they
-// were: the last pass leaves them sorted, in `keys` after an even number of digits, else in
-// `other`.
 template <class Key, class T>
-[[gnu::noinline]] void sortByDigits(T* keys, T* other, long len) {
-  using Bits = typename Key::Bits;
-  constexpr int last = digitCount<Bits> - 1;
-  DigitTables<Bits> tables;
-  for (long i = 0; i < len; ++i) tables.tally(Key::mapped(load<Bits>(keys + i)));
-  tables.place();
-  eachDigit<Bits>([&]<int d> {
-    const T* from = d % 2 ? other : keys;
-    T* to = d % 2 ? keys : other;
-    for (long i = 0; i < len; ++i) {
-      const Bits stored = load<Bits>(from + i);
-      const Bits key = d == 0 ? Key::mapped(stored) : stored;
-      store(to + tables.template takePlace<d>(key), d == last ? Key::unmapped(key) : key);
-    }
-  });
+void sortKeys(T* srcDst, T* buffer, long len) {
+  if constexpr (sizeof(T) >= 4)
+    if (len * long(sizeof(T)) > leastCutBytes) return sortByParts<Key>(srcDst, buffer, len, false);
+  sortByDigits<Key, WholeKeys<typename Key::Bits>>(srcDst, buffer, len, false);
 }
-
-// A pass over more memory than the processor has addresses at hand for waits for page tables at
-// nearly every store. So long vectors are cut first, at a key of about the middle, as often as it
-// takes.
-constexpr long quickBytes = 2 << 20;
-
-// The keys before the pivot go to the front of `to`, the others to its back.
-template <class Key, class T>
-long divide(const T* from, T* to, long len) {
-  using Bits = typename Key::Bits;
-  constexpr int samples = 15;
-  Bits sample[samples];
-  for (int i = 0; i < samples; ++i) sample[i] = Key::mapped(load<Bits>(from + len / samples * i));
-  quickSort<Ascending>(PlainKeys<Bits>{sample}, samples);
-  const Bits pivot = sample[samples / 2];
-  long front = 0, back = len - 1;
-  for (long i = 0; i < len; ++i) {
-    const Bits stored = load<Bits>(from + i);
-    const bool before = Key::mapped(stored) < pivot;
-    store(to + front, stored);
-    store(to + back, stored);
-    front += before;
-    back -= !before;
-  }
-  return front;
-}
-
-// Sorts `keys` into themselves or into `other`, by so many cuts first.
-template <class Key, class T>
-void sortByParts(T* keys, T* other, long len, bool intoOther, int cuts) {
-  if (cuts > 0) {
-    const long front = divide<Key>(keys, other, len);
-    sortByParts<Key>(other, keys, front, !intoOther, cuts - 1);
-    sortByParts<Key>(other + front, keys + front, len - front, !intoOther, cuts - 1);
-  } else {
-    sortByDigits<Key>(keys, other, len);
-    constexpr bool endsInOther = digitCount<typename Key::Bits> % 2;
-    if (endsInOther && !intoOther) copyElements(other, keys, len);
-    if (!endsInOther && intoOther) copyElements(keys, other, len);
-  }
-}
-
-int cutsFor(long bytes) { return std::bit_width(std::size_t((bytes - 1) / quickBytes)); }
 
 template <class Order, class T>
 MoxStatus sortRadix(T* srcDst, T* buffer, int len) {
@@ -84,7 +23,7 @@ MoxStatus sortRadix(T* srcDst, T* buffer, int len) {
   if constexpr (sizeof(T) == 1)
     sortByCounting<Order>(srcDst, len);
   else
-    sortByParts<RadixKey<T, Order>>(srcDst, buffer, len, false, cutsFor(len * long(sizeof(T))));
+    sortKeys<RadixKey<T, Order>>(srcDst, buffer, len);
   return moxOk;
 }
 
@@ -93,14 +32,15 @@ MoxStatus sortRadix(T* srcDst, T* buffer, int len) {
 template <class Key>
 void orderByDigits(const void* src, long stride, Mox32s* dstIdx, Mox32s* tmpIdx, long len) {
   using Bits = typename Key::Bits;
-  constexpr int last = digitCount<Bits> - 1;
+  using Digits = WholeKeys<Bits>;
+  constexpr int last = digitCount<Digits> - 1;
   const auto key = [=](long i) {
     return Key::mapped(load<Bits>(static_cast<const Mox8u*>(src) + i * stride));
   };
-  DigitTables<Bits> tables;
+  DigitTables<Digits> tables;
   for (long i = 0; i < len; ++i) tables.tally(key(i));
   tables.place();
-  eachDigit<Bits>([&]<int d> {
+  eachDigit<Digits>([&]<int d> {
     constexpr bool intoDst = (last - d) % 2 == 0;
     const Mox32s* from = intoDst ? tmpIdx : dstIdx;
     Mox32s* to = intoDst ? dstIdx : tmpIdx;
