@@ -13,7 +13,7 @@ namespace {
 template <class Key, class T>
 void sortKeys(T* srcDst, T* buffer, long len) {
   if constexpr (sizeof(T) >= 4)
-    if (len * long(sizeof(T)) > leastCutBytes) return sortByParts<Key>(srcDst, buffer, len, false);
+    if (len > longestUncut) return sortByParts<Key>(srcDst, buffer, len, false);
   sortByDigits<Key, WholeKeys<typename Key::Bits>>(srcDst, buffer, len, false);
 }
 

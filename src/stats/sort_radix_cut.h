@@ -13,19 +13,19 @@
 
 namespace mox {
 
-constexpr long leastCutBytes = 2 << 20;
-constexpr int cutBits = 7, cutParts = 1 << cutBits;
+constexpr long longestUncut = 1 << 19;
+constexpr int cutBits = 8, cutParts = 1 << cutBits;
 
 // The digits that remain within a part.
 template <class Bits>
 struct BelowCut;
 template <>
 struct BelowCut<Mox32u> {
-  static constexpr Digit digits[] = {{0, 13}, {13, 12}};
+  static constexpr Digit digits[] = {{0, 12}, {12, 12}};
 };
 template <>
 struct BelowCut<Mox64u> {
-  static constexpr Digit digits[] = {{0, 12}, {12, 12}, {24, 11}, {35, 11}, {46, 11}};
+  static constexpr Digit digits[] = {{0, 12}, {12, 11}, {23, 11}, {34, 11}, {45, 11}};
 };
 
 // All keys agree in the bits above so many.
@@ -45,13 +45,13 @@ int differingBits(const void* keys, long len) {
   return std::bit_width(bits);
 }
 
-// Deals out the keys by the bits from `shift` on; part p then starts at starts[p]. Several
+// Deals out the keys by the bits from `shift` on; part p then starts at starts[p]. Two
 // stretches of the vector are read side by side, each with places of its own, for with few parts a
 // key would often wait for the place that the key before it took.
 template <class Key, class T>
 void cut(const T* from, T* to, long len, int shift, Mox32u (&starts)[cutParts + 1]) {
   using Bits = typename Key::Bits;
-  constexpr int stretches = 4;
+  constexpr int stretches = 2;
   const long stretch = len / stretches;
   const auto eachKey = [&](auto visit) {
     for (long i = 0; i < stretch; ++i)
@@ -82,7 +82,7 @@ void sortByParts(T* keys, T* other, long len, bool intoOther) {
   cut<Key>(keys, other, len, shift, starts);
   for (int p = 0; p < cutParts; ++p) {
     const long start = starts[p], length = starts[p + 1] - starts[p];
-    if (length * long(sizeof(T)) > leastCutBytes && shift > 0)
+    if (length > longestUncut && shift > 0)
       sortByParts<Key>(other + start, keys + start, length, !intoOther);
     else if (length > 0)
       sortByDigits<Key, BelowCut<Bits>>(other + start, keys + start, length, !intoOther);

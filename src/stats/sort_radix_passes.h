@@ -88,15 +88,18 @@ class DigitTables {
     eachDigit<Digits>([&]<int d> { ++entry<d>(key); });
   }
 
-  // Turns counts into places.
+  // Turns counts into places: sums of the counts before, four at a time.
   void place() {
+    using Four = V<Mox32u, 4>;
     Mox32u* table = entries_;
     for (const Digit& digit : Digits::digits) {
-      Mox32u next = 0;
-      for (int v = 0; v < digit.values(); ++v) {
-        const Mox32u occurrences = table[v];
-        table[v] = next;
-        next += occurrences;
+      Four next = {};
+      for (int v = 0; v < digit.values(); v += 4) {
+        const auto counts = load<Four>(table + v);
+        Four sums = counts + shuffle<[](int i) { return i < 1 ? i : i + 3; }>(Four{}, counts);
+        sums += shuffle<[](int i) { return i < 2 ? i : i + 2; }>(Four{}, sums);
+        store(table + v, next + sums - counts);
+        next += shuffle<[](int) { return 3; }>(sums);
       }
       table += digit.values();
     }
