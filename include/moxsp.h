@@ -15,6 +15,7 @@
 #include <moxsp/frame.h>
 #include <moxsp/logic.h>
 #include <moxsp/reductions.h>
+#include <moxsp/sorting.h>
 #include <moxsp/stats.h>
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>

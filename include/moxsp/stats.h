@@ -6,5 +6,6 @@
 #define MOXSP_STATS_H
 
 #include <moxsp/reductions.h>
+#include <moxsp/sorting.h>
 
 #endif

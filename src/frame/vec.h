@@ -454,6 +454,19 @@ template <class T>
 // One bit for each lane: its sign.
 [[gnu::always_inline]] inline int signBits(V<Mox32f> v) { return _mm256_movemask_ps(v); }
 [[gnu::always_inline]] inline int signBits(V<Mox64f> v) { return _mm256_movemask_pd(v); }
+// The same for a comparison of any lanes.
+template <class T>
+[[gnu::always_inline]] inline int signBits(T v) {
+  constexpr int width = sizeof(Lane<T>);
+  if constexpr (sizeof v == vectorBytes)
+    return signBits(std::conditional_t<width == 4, V<Mox32f>, V<Mox64f>>(v));
+  else if constexpr (width == 4)
+    return _mm_movemask_ps(__m128(v));
+  else if constexpr (width == 2)
+    return _mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128()));
+  else
+    return _mm_movemask_epi8(__m128i(v));
+}
 
 // `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic
 // apart into a branch for each lane.

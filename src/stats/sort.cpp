@@ -1,0 +1,63 @@
+#include <moxsp/sorting.h>
+
+#include <type_traits>
+
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "stats/count_bytes.h"
+#include "stats/sort_order.h"
+#include "stats/sort_quick.h"
+
+namespace mox {
+namespace {
+
+constexpr int leastCounted = 128;  // bytes
+
+template <class Order, class T>
+MoxStatus sort(T* srcDst, int len) {
+  if (MoxStatus s = checkArrays(len, srcDst)) return s;
+  if constexpr (std::is_same_v<T, Mox8u>)
+    if (len >= leastCounted) {
+      sortByCounting<Order>(srcDst, len);
+      return moxOk;
+    }
+  quickSort<Order>(PlainKeys<T>{srcDst}, len);
+  return moxOk;
+}
+
+template <class Order, class T>
+MoxStatus sortIndex(T* srcDst, Mox32s* dstIdx, int len) {
+  if (MoxStatus s = checkArrays(len, srcDst, dstIdx)) return s;
+  for (long i = 0; i < len; ++i) store(dstIdx + i, Mox32s(i));
+  quickSort<Order>(IndexedKeys<T>{srcDst, dstIdx}, len);
+  return moxOk;
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsSortAscend_8u_I, sort<Ascending, Mox8u>);
+MOX_EXPORT(moxsSortAscend_16s_I, sort<Ascending, Mox16s>);
+MOX_EXPORT(moxsSortAscend_16u_I, sort<Ascending, Mox16u>);
+MOX_EXPORT(moxsSortAscend_32s_I, sort<Ascending, Mox32s>);
+MOX_EXPORT(moxsSortAscend_32f_I, sort<Ascending, Mox32f>);
+MOX_EXPORT(moxsSortAscend_64f_I, sort<Ascending, Mox64f>);
+MOX_EXPORT(moxsSortDescend_8u_I, sort<Descending, Mox8u>);
+MOX_EXPORT(moxsSortDescend_16s_I, sort<Descending, Mox16s>);
+MOX_EXPORT(moxsSortDescend_16u_I, sort<Descending, Mox16u>);
+MOX_EXPORT(moxsSortDescend_32s_I, sort<Descending, Mox32s>);
+MOX_EXPORT(moxsSortDescend_32f_I, sort<Descending, Mox32f>);
+MOX_EXPORT(moxsSortDescend_64f_I, sort<Descending, Mox64f>);
+MOX_EXPORT(moxsSortIndexAscend_8u_I, sortIndex<Ascending, Mox8u>);
+MOX_EXPORT(moxsSortIndexAscend_16s_I, sortIndex<Ascending, Mox16s>);
+MOX_EXPORT(moxsSortIndexAscend_16u_I, sortIndex<Ascending, Mox16u>);
+MOX_EXPORT(moxsSortIndexAscend_32s_I, sortIndex<Ascending, Mox32s>);
+MOX_EXPORT(moxsSortIndexAscend_32f_I, sortIndex<Ascending, Mox32f>);
+MOX_EXPORT(moxsSortIndexAscend_64f_I, sortIndex<Ascending, Mox64f>);
+MOX_EXPORT(moxsSortIndexDescend_8u_I, sortIndex<Descending, Mox8u>);
+MOX_EXPORT(moxsSortIndexDescend_16s_I, sortIndex<Descending, Mox16s>);
+MOX_EXPORT(moxsSortIndexDescend_16u_I, sortIndex<Descending, Mox16u>);
+MOX_EXPORT(moxsSortIndexDescend_32s_I, sortIndex<Descending, Mox32s>);
+MOX_EXPORT(moxsSortIndexDescend_32f_I, sortIndex<Descending, Mox32f>);
+MOX_EXPORT(moxsSortIndexDescend_64f_I, sortIndex<Descending, Mox64f>);
+
+}  // namespace mox

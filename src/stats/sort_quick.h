@@ -1,0 +1,66 @@
+// Quicksort with a stack of its own.
+#pragma once
+
+#include <moxsp/types.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "stats/sort_partition.h"
+#include "stats/sort_sequence.h"
+
+namespace mox {
+
+constexpr int leafLength = 9;
+
+// Selection of the item that belongs last, again and again: a scan carries it past those behind it,
+// and these close up. Equal keys keep their order. All within registers.
+template <class Order, int length, class Sequence>
+void sortFew(Sequence s, long start) {
+  typename Sequence::Item items[length];
+  for (int i = 0; i < length; ++i) items[i] = s.item(start + i);
+#pragma GCC unroll 9
+  for (int last = length - 1; last > 0; --last)
+#pragma GCC unroll 9
+    for (int i = 0; i < last; ++i) arrange<Order>(items[i], items[i + 1]);
+  for (int i = 0; i < length; ++i) s.put(start + i, items[i]);
+}
+
+template <class Order, class Sequence>
+void sortLeaf(Sequence s, Segment leaf) {
+  static constexpr auto byLength = []<int... lessOne>(std::integer_sequence<int, lessOne...>) {
+    return std::array{&sortFew<Order, lessOne + 1, Sequence>...};
+  }
+  (std::make_integer_sequence<int, leafLength>());
+  byLength[leaf.hi - leaf.lo](s, leaf.lo);
+}
+
+// The larger part of each segment waits while the smaller is sorted, so that the parts that wait
+// at one time are fewer than the bits of the length.
+template <class Order, class Sequence>
+void quickSort(Sequence s, long len) {
+  Segment waiting[32];
+  int count = 0;
+  Segment segment = {0, len - 1};
+  for (;;) {
+    while (segment.hi - segment.lo >= leafLength) {
+      const Cut cut = partition<Order>(s, segment);
+      const long left = cut.leftEnd - segment.lo, right = segment.hi - cut.rightStart;
+      const Segment parts[] = {{segment.lo, cut.leftEnd}, {cut.rightStart, segment.hi}};
+      const bool rightLarger = right > left;
+      const Segment larger = parts[rightLarger], smaller = parts[!rightLarger];
+      if (std::min(left, right) == 0) {
+        segment = larger;
+      } else {
+        waiting[count++] = larger;
+        segment = smaller;
+      }
+    }
+    sortLeaf<Order>(s, segment);
+    if (count == 0) return;
+    segment = waiting[--count];
+  }
+}
+
+}  // namespace mox

@@ -1,0 +1,220 @@
+#include <gtest/gtest.h>
+#include <moxsp.h>
+
+#include <cmath>
+#include <functional>
+#include <numeric>
+#include <utility>
+
+#include "stats/sort_data.h"
+
+namespace {
+
+using namespace test;
+
+// The sort told step by step: Hoare's scans one element at a time, on positions of items with their
+// places. It is the model for the order in which equal keys leave.
+template <class T>
+class SlowQuickSort {
+ public:
+  struct Item {
+    T key;
+    int place;
+  };
+
+  SlowQuickSort(const std::vector<T>& keys, bool ascending) : ascending_(ascending) {
+    for (std::size_t i = 0; i < keys.size(); ++i) items_.push_back({keys[i], int(i)});
+  }
+
+  const std::vector<Item>& sorted() {
+    sort(0, long(items_.size()) - 1);
+    return items_;
+  }
+
+ private:
+  bool before(T a, T b) const { return ascending_ ? a < b : a > b; }
+  T at(long i) const { return items_[i].key; }
+  void swap(long i, long j) { std::swap(items_[i], items_[j]); }
+  void orderPair(long first, long second) {
+    if (before(at(second), at(first))) swap(first, second);
+  }
+
+  void sort(long lo, long hi) {
+    if (hi - lo < 9) {
+      std::stable_sort(items_.begin() + lo, items_.begin() + hi + 1,
+                       [this](Item a, Item b) { return before(a.key, b.key); });
+      return;
+    }
+    const long mid = lo + (hi - lo + 1) / 2;
+    if constexpr (std::is_integral_v<T>) {
+      const auto [first, second] = ascending_ ? std::pair(lo, lo + 1) : std::pair(hi, hi - 1);
+      if (at(first) < at(second)) swap(first, second);
+    }
+    orderPair(lo, hi);
+    orderPair(mid, hi);
+    orderPair(lo, mid);
+    const T pivot = at(mid);
+    long i = lo + 1, j = hi;
+    for (;;) {
+      while (i < j && !before(pivot, at(i))) ++i;
+      while (i < j && before(pivot, at(j))) --j;
+      if (i >= j) break;
+      swap(i, j);
+      if constexpr (std::is_floating_point_v<T>) ++i, --j;
+    }
+    long leftEnd = std::is_integral_v<T> ? i - 1 : i, rightStart = j;
+    while (leftEnd > lo && !before(at(leftEnd), pivot)) --leftEnd;
+    while (std::is_floating_point_v<T> && rightStart < hi && !before(pivot, at(rightStart)))
+      ++rightStart;
+    sort(lo, leftEnd);
+    sort(rightStart, hi);
+  }
+
+  bool ascending_;
+  std::vector<Item> items_;
+};
+
+template <class T>
+struct Sorts {
+  MoxStatus (*ascend)(T*, int);
+  MoxStatus (*descend)(T*, int);
+  MoxStatus (*indexAscend)(T*, Mox32s*, int);
+  MoxStatus (*indexDescend)(T*, Mox32s*, int);
+};
+#define SORTS(t)                                                                  \
+  Sorts<Mox##t> {                                                                 \
+    moxsSortAscend_##t##_I, moxsSortDescend_##t##_I, moxsSortIndexAscend_##t##_I, \
+        moxsSortIndexDescend_##t##_I                                              \
+  }
+
+template <class T>
+void expectSorted(const std::vector<T>& data, const Sorts<T>& sorts) {
+  for (bool ascending : {true, false}) {
+    SCOPED_TRACE(ascending ? "ascending" : "descending");
+    auto expected = data;
+    std::sort(expected.begin(), expected.end());
+    if (!ascending) std::reverse(expected.begin(), expected.end());
+
+    auto plain = data;
+    const int len = int(data.size());
+    ASSERT_EQ((ascending ? sorts.ascend : sorts.descend)(plain.data(), len), moxOk);
+    ASSERT_EQ(plain, expected);
+
+    auto keys = data;
+    std::vector<Mox32s> places(data.size(), -1);
+    ASSERT_EQ((ascending ? sorts.indexAscend : sorts.indexDescend)(keys.data(), places.data(), len),
+              moxOk);
+    SlowQuickSort<T> model(data, ascending);
+    const auto& items = model.sorted();
+    for (int i = 0; i < len; ++i) {
+      ASSERT_EQ(keys[i], items[i].key) << i;
+      ASSERT_EQ(places[i], items[i].place) << i;
+    }
+  }
+}
+
+template <class T>
+void expectSortsHardPatterns(const Sorts<T>& sorts) {
+  for (long len : sortLengths())
+    for (const auto& [name, data] : hardPatterns<T>(len)) {
+      SCOPED_TRACE(name + ", " + std::to_string(len) + ", " + seedNote());
+      ASSERT_NO_FATAL_FAILURE(expectSorted(data, sorts));
+    }
+}
+
+TEST(Sort, EveryMemberSortsAndTellsThePlaces) {
+  expectSortsHardPatterns(SORTS(8u));
+  expectSortsHardPatterns(SORTS(16s));
+  expectSortsHardPatterns(SORTS(16u));
+  expectSortsHardPatterns(SORTS(32s));
+  expectSortsHardPatterns(SORTS(32f));
+  expectSortsHardPatterns(SORTS(64f));
+}
+
+TEST(Sort, IndexFormsAreStableUpToALeaf) {
+  // All vectors of three values.
+  for (int len = 1, vectors = 3; len <= 9; ++len, vectors *= 3)
+    for (int v = 0; v < vectors; ++v) {
+      std::vector<Mox32f> keys;
+      for (int i = 0, digits = v; i < len; ++i, digits /= 3) keys.push_back(float(digits % 3));
+      for (bool ascending : {true, false}) {
+        std::vector<Mox32s> expected(len), places(len, -1);
+        std::iota(expected.begin(), expected.end(), 0);
+        std::stable_sort(expected.begin(), expected.end(), [&](int a, int b) {
+          return ascending ? keys[a] < keys[b] : keys[a] > keys[b];
+        });
+        auto sorted = keys;
+        ASSERT_EQ((ascending ? moxsSortIndexAscend_32f_I : moxsSortIndexDescend_32f_I)(
+                      sorted.data(), places.data(), len),
+                  moxOk);
+        ASSERT_EQ(places, expected) << "vector " << v << " of length " << len;
+      }
+    }
+}
+
+// The call must end, and hand back the same bit patterns.
+template <class T>
+void expectNothingLost(const std::vector<T>& data, const Sorts<T>& sorts) {
+  const auto inBitOrder = [](std::vector<T> v) {
+    std::sort(v.begin(), v.end(), [](T a, T b) { return std::memcmp(&a, &b, sizeof a) < 0; });
+    return v;
+  };
+  const auto expected = inBitOrder(data);
+  const int len = int(data.size());
+  for (auto sort : {sorts.ascend, sorts.descend}) {
+    auto keys = data;
+    ASSERT_EQ(sort(keys.data(), len), moxOk);
+    ASSERT_TRUE(sameBits(inBitOrder(keys), expected));
+  }
+  for (auto sort : {sorts.indexAscend, sorts.indexDescend}) {
+    auto keys = data;
+    std::vector<Mox32s> places(data.size(), -1);
+    ASSERT_EQ(sort(keys.data(), places.data(), len), moxOk);
+    ASSERT_TRUE(isPermutation(places));
+    auto fetched = data;
+    for (int i = 0; i < len; ++i) fetched[i] = data[places[i]];
+    ASSERT_TRUE(sameBits(fetched, keys));
+  }
+}
+
+template <class T>
+void expectNaNKept(const Sorts<T>& sorts) {
+  const T nan = std::numeric_limits<T>::quiet_NaN();
+  // The pivot is the extreme of a segment that a NaN ends.
+  expectNothingLost<T>({0, 1, 2, 3, 4, 99, 6, 7, 8, nan}, sorts);
+  expectNothingLost<T>({9, 8, 7, 6, 5, -99, 3, 2, 1, nan}, sorts);
+  expectNothingLost<T>({0, 1, 2, 3, 4, 99, 6, 7, nan, nan}, sorts);
+  Random random(2);
+  for (long len : {2, 5, 9, 10, 11, 12, 20, 64, 65, 66, 67, 100, 129, 1000, 20000})
+    for (const auto& [name, clean] : hardPatterns<T>(len))
+      for (long oneIn : {1L, 2L, 10L, len}) {
+        auto data = clean;
+        for (T& value : data)
+          if (random.below(oneIn) == 0) value = std::copysign(nan, random.value<T>());
+        SCOPED_TRACE(name + ", " + std::to_string(len) + ", one in " + std::to_string(oneIn));
+        ASSERT_NO_FATAL_FAILURE(expectNothingLost(data, sorts));
+        data = clean;
+        data.back() = nan;
+        ASSERT_NO_FATAL_FAILURE(expectNothingLost(data, sorts));
+      }
+}
+
+TEST(Sort, EndsAndLosesNothingWithNaN) {
+  expectNaNKept(SORTS(32f));
+  expectNaNKept(SORTS(64f));
+}
+
+TEST(Sort, LongVectorsEnd) {
+  constexpr long len = 10'000'000;
+  for (auto& [name, data] : hardPatterns<Mox32f>(len)) {
+    SCOPED_TRACE(name);
+    const double sum = std::accumulate(data.begin(), data.end(), 0.0);
+    ASSERT_EQ(moxsSortAscend_32f_I(data.data(), len), moxOk);
+    ASSERT_TRUE(std::is_sorted(data.begin(), data.end()));
+    if (std::isfinite(sum) && name != "extremes") {
+      ASSERT_NEAR(std::accumulate(data.begin(), data.end(), 0.0), sum, 1e-6 * len);
+    }
+  }
+}
+
+}  // namespace
