@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
 
@@ -222,7 +222,7 @@ void addComplexCase(int factor) {
 }
 
 const bool registered = [] {
-  for (const long bytes : {4L << 10, 256L << 10, 64L << 20}) addFloatCases(bytes);
+  for (const long bytes : bench::arraySizes) addFloatCases(bytes);
   const auto sum = [](int a, int b) { return a + b; };
   const auto product = [](int a, int b) { return a * b; };
   for (const int factor : {0, 1, -1}) {

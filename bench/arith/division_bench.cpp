@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
 
@@ -220,7 +220,7 @@ void addLongCase() {
 }
 
 const bool registered = [] {
-  for (const long bytes : {4L << 10, 256L << 10, 64L << 20}) addFloatCases(bytes);
+  for (const long bytes : bench::arraySizes) addFloatCases(bytes);
   for (const int factor : {0, 1, -1}) {
     addScaledCase<Mox8u>("8u", moxsDiv_8u_Sfs, moxsDivC_8u_Sfs, factor);
     addScaledCase<Mox16s>("16s", moxsDiv_16s_Sfs, moxsDivC_16s_Sfs, factor);

@@ -3,51 +3,38 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <string>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
 
-// The peer wants arrays on its own alignment for its fastest path.
-struct VolkFree {
-  void operator()(void* p) const { volk_free(p); }
-};
 template <class E>
-using Array = std::unique_ptr<E[], VolkFree>;
-template <class E>
-Array<E> makeArray(long len) {
-  Array<E> a(static_cast<E*>(volk_malloc(len * sizeof(E), volk_get_alignment())));
+bench::Vector<E> ramp(long len) {
+  bench::Vector<E> v(len);
   for (long i = 0; i < len; ++i)
-    a[i] = E((i * 7919 % 2001 - 1000) / (sizeof(E) == 4 ? 1001.0 : 1.0));
-  return a;
+    v.data()[i] = E((i * 7919 % 2001 - 1000) / (sizeof(E) == 4 ? 1001.0 : 1.0));
+  return v;
 }
 
 template <class S, class D>
 struct Data {
-  explicit Data(long len) : src(makeArray<S>(len)), dst(makeArray<D>(len)) {}
-  Array<S> src;
-  Array<D> dst;
+  explicit Data(long len) : src(ramp<S>(len)), dst(ramp<D>(len)) {}
+  bench::Vector<S> src;
+  bench::Vector<D> dst;
 };
 
-using Sides = std::vector<std::pair<std::string, bench::Call>>;
+using bench::Sides;
 
-// `sides` makes the calls for the arrays of one size: ours first, then the peers.
+// `sides` makes the calls for the arrays of one size.
 template <class S, class D, class MakeSides>
 void addSizes(const std::string& family, MakeSides sides) {
-  for (const long bytes : {4L << 10, 256L << 10, 64L << 20}) {
+  for (const long bytes : bench::arraySizes) {
     const long len = bytes / long(sizeof(S));
-    auto data = std::make_shared<Data<S, D>>(len);
-    Sides all = sides(data->src.get(), data->dst.get(), int(len));
-    for (auto& [name, call] : all) call = [data, inner = call] { inner(); };
-    const bench::Call ours = all.front().second;
-    all.erase(all.begin());
-    bench::add({.family = family,
-                .size = bytes,
-                .work = {.bytesRead = double(bytes), .bytesWritten = double(len * sizeof(D))},
-                .ours = ours,
-                .peers = all});
+    const auto data = std::make_shared<Data<S, D>>(len);
+    bench::add(family, bytes,
+               {.bytesRead = double(bytes), .bytesWritten = double(len * long(sizeof(D)))}, data,
+               sides(data->src.data(), data->dst.data(), int(len)));
   }
 }
 

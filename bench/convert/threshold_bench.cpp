@@ -1,27 +1,14 @@
 #include <moxsp.h>
-#include <volk/volk.h>
 
 #include <Eigen/Core>
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <random>
 #include <string>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
-
-// The peers want arrays on their own alignment for their fastest path.
-struct VolkFree {
-  void operator()(void* p) const { volk_free(p); }
-};
-template <class E>
-using Array = std::unique_ptr<E[], VolkFree>;
-template <class E>
-Array<E> makeArray(long len) {
-  return Array<E>(static_cast<E*>(volk_malloc(len * sizeof(E), volk_get_alignment())));
-}
 
 // Numbers of either sign below 1, or below 1000 for integers, of which about half change.
 template <class F>
@@ -31,32 +18,25 @@ constexpr F value = F(sizeof(F) == 2 ? 7 : 0.25);
 
 template <class E, class F>
 struct Data {
-  Data(long len) : src(makeArray<E>(len)), dst(makeArray<E>(len)) {
+  explicit Data(long len) : src(len), dst(len) {
     std::minstd_rand engine;
-    auto* parts = reinterpret_cast<F*>(src.get());
+    auto* parts = reinterpret_cast<F*>(src.data());
     for (long i = 0; i < len * long(sizeof(E) / sizeof(F)); ++i)
       parts[i] = F((double(engine()) / double(engine.max()) - 0.5) * (sizeof(F) == 2 ? 2000 : 2));
   }
-  Array<E> src, dst;
+  bench::Vector<E> src, dst;
 };
 
-using Sides = std::vector<std::pair<std::string, bench::Call>>;
+using bench::Sides;
 
-// `sides` makes the calls for the arrays of one size: ours first, then the peers.
+// `sides` makes the calls for the arrays of one size.
 template <class E, class F, class MakeSides>
 void addSizes(const std::string& family, MakeSides sides) {
-  for (const long bytes : {4L << 10, 256L << 10, 64L << 20}) {
+  for (const long bytes : bench::arraySizes) {
     const long len = bytes / long(sizeof(E));
-    auto data = std::make_shared<Data<E, F>>(len);
-    Sides all = sides(data->src.get(), data->dst.get(), int(len));
-    for (auto& [name, call] : all) call = [data, inner = call] { inner(); };
-    const bench::Call ours = all.front().second;
-    all.erase(all.begin());
-    bench::add({.family = family,
-                .size = bytes,
-                .work = {.bytesRead = double(bytes), .bytesWritten = double(bytes)},
-                .ours = ours,
-                .peers = all});
+    const auto data = std::make_shared<Data<E, F>>(len);
+    bench::add(family, bytes, {.bytesRead = double(bytes), .bytesWritten = double(bytes)}, data,
+               sides(data->src.data(), data->dst.data(), int(len)));
   }
 }
 

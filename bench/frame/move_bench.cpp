@@ -5,11 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
-
-constexpr long sizes[] = {4L << 10, 256L << 10, 64L << 20};
 
 struct Data {
   explicit Data(long bytes) : src(bytes + 64, 1), dst(bytes + 64, 2) {}
@@ -154,7 +152,7 @@ void addBits(Shared data, long bytes) {
 }
 
 const bool registered = [] {
-  for (const long bytes : sizes) {
+  for (const long bytes : bench::arraySizes) {
     auto data = std::make_shared<Data>(bytes);
     addFill(data, bytes);
     addCopy(data, bytes);

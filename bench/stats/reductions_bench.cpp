@@ -8,23 +8,13 @@
 #include <cmath>
 #include <complex>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
-#include "support/compare.h"
+#include "support/vectors.h"
 
 namespace {
 
-// Memory of the library, as its users have it.
-template <class T>
-class Vector {
- public:
-  explicit Vector(int len) : memory_(moxsMalloc_8u(len * int(sizeof(T))), moxsFree) {}
-  T* data() const { return reinterpret_cast<T*>(memory_.get()); }
-
- private:
-  std::unique_ptr<Mox8u, void (*)(void*)> memory_;
-};
+using bench::Vector;
 
 // Two vectors of `bytes` each, and a place for the result.
 template <class T>
@@ -58,17 +48,13 @@ template <class T>
 void addCase(const char* family, long bytes, int sources, Run<T> ours,
              std::vector<std::pair<const char*, Run<T>>> peers) {
   auto data = std::make_shared<Data<T>>(bytes);
-  bench::Case c{.family = family,
-                .size = bytes,
-                .work = {.bytesRead = double(sources) * double(bytes)},
-                .ours = [=] { ours(*data); },
-                .peers = {}};
+  bench::Sides sides = {{"moxsp", [=] { ours(*data); }}};
   for (const auto& [name, run] : peers)
-    c.peers.push_back({name, [data, run = run] {
-                         run(*data);
-                         bench::clobber(data->result);
-                       }});
-  bench::add(std::move(c));
+    sides.push_back({name, [data, run = run] {
+                       run(*data);
+                       bench::clobber(data->result);
+                     }});
+  bench::add(family, bytes, {.bytesRead = double(sources) * double(bytes)}, data, sides);
 }
 
 template <class T>
@@ -190,8 +176,7 @@ void addNorms(long bytes) {
 
 const bool registered = [] {
   openblas_set_num_threads(1);
-  for (const long bytes : {4L << 10, 256L << 10, 64L << 20})
-    addSums(bytes), addDots(bytes), addNorms(bytes);
+  for (const long bytes : bench::arraySizes) addSums(bytes), addDots(bytes), addNorms(bytes);
   return true;
 }();
 
