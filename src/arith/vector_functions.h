@@ -23,8 +23,7 @@ struct VectorFunction {
   int operator()(const F* src, F* dst, int len) const { return kernels[0](src, dst, len); }
 };
 
-// Sine and cosine take angles in radians, and are within 0.51 ulp for Mox32f, 1.6 ulp for Mox64f
-// (0.8 up to 1000).
+// Sine and cosine take angles in radians, and are within 0.51 ulp for Mox32f, 0.8 ulp for Mox64f.
 extern const VectorFunction<Mox32f> ownsExp_32f, ownsLn_32f, ownsSin_32f, ownsCos_32f;
 extern const VectorFunction<Mox64f> ownsSin_64f, ownsCos_64f;
 

@@ -119,21 +119,24 @@ struct TwoArrays {
 namespace detail {
 
 template <class Op, class Source, class Target>
-[[gnu::always_inline]] inline void mapBlock(const Op& op, Source src, Target dst, auto put) {
+[[gnu::always_inline]] inline void mapBlock(Op op, Source src, Target dst, auto put) {
   constexpr int lanes = Op::lanes, vectors = complexBlock / lanes;
   decltype(op(src, 0L)) r[vectors];
   for (int j = 0; j < vectors; ++j) r[j] = op(src, j * lanes);
   for (int j = 0; j < vectors; ++j) dst.store(j * lanes, r[j], put);
 }
 
-// Fewer elements than a block: the empty lanes compute the function of 0.
+// Elements in parts that fill no more than a block: empty lanes compute the function of 0.
 template <class Op, class Source, class Target>
-[[gnu::noinline]] void mapPart(const Op& op, Source src, Target dst, long count) {
-  typename Source::Piece in;
-  typename Target::Piece out;
-  in.load(src, count);
-  mapBlock(op, in.array(), out.array(), [](void* p, auto v) { storeAligned(p, v); });
-  out.store(dst, count);
+[[gnu::noinline]] void mapParts(Op op, Source src, Target dst, long len) {
+  for (long i = 0; i < len; i += complexBlock) {
+    const long count = std::min(complexBlock, len - i);
+    typename Source::Piece in;
+    typename Target::Piece out;
+    in.load(src.from(i), count);
+    mapBlock(op, in.array(), out.array(), [](void* p, auto v) { storeAligned(p, v); });
+    out.store(dst.from(i), count);
+  }
 }
 
 }  // namespace detail
@@ -141,11 +144,11 @@ template <class Op, class Source, class Target>
 // Applies `op` to all elements: op(src, i) makes the results from element i on, Op::lanes of them.
 // All loads of a block come before its stores, so that `dst` may be a source.
 template <Stores stores = Stores::cached, class Op, class Source, class Target>
-[[gnu::always_inline]] inline void mapComplex(const Op& op, Source src, Target dst, long len) {
+[[gnu::always_inline]] inline void mapComplex(Op op, Source src, Target dst, long len) {
   constexpr long block = complexBlock;
   long i = 0;
   if (const int peel = dst.peel(); peel + block <= len) {
-    if (peel > 0) detail::mapPart(op, src, dst, peel);
+    if (peel > 0) detail::mapParts(op, src, dst, peel);
     i = peel;
     const bool bypass = stores == Stores::bypassing &&
                         len > bypassBytes / (Source::bytes + Target::bytes) &&
@@ -159,8 +162,7 @@ template <Stores stores = Stores::cached, class Op, class Source, class Target>
         detail::mapBlock(op, src.from(i), dst.from(i), [](void* p, auto v) { mox::store(p, v); });
     }
   }
-  for (; i < len; i += block)
-    detail::mapPart(op, src.from(i), dst.from(i), std::min(block, len - i));
+  if (i < len) detail::mapParts(op, src.from(i), dst.from(i), len - i);
 }
 
 }  // namespace mox
