@@ -82,21 +82,21 @@ template <class E, class Op>
 void mapMagnitudes(Op& op, const E* src, E* dst, long len) {
   using F = Part<E>;
   constexpr long count = ComplexPair<F>::count;
-  forWholeBlocks<count>(bypasses<Stores::bypassing>(dst, len, src), src, dst, len,
-                        [&](const E* from, E* to, auto put) {
-                          const auto z = ComplexPair<F>::from(from);
-                          const V<F> m = z.squaredMagnitudes();
-                          auto result = op(z, m);
-                          if (signBits(V<F>(op.strays(m)))) [[unlikely]] {
-                            E in[count], out[count];
-                            const auto plain = [](void* p, auto v) { store(p, v); };
-                            z.to(in, plain), result.to(out, plain);
-                            for (long i = 0; i < count; ++i)
-                              if (op.strays(squaredMagnitude<F>(in[i]))) out[i] = op.one(in[i]);
-                            result = ComplexPair<F>::from(out);
-                          }
-                          result.to(to, put);
-                        });
+  const auto block = [&](const E* from, E* to, auto put) {
+    const auto z = ComplexPair<F>::from(from);
+    const V<F> m = z.squaredMagnitudes();
+    auto result = op(z, m);
+    if (signBits(V<F>(op.strays(m)))) [[unlikely]] {
+      E in[count], out[count];
+      const auto plain = [](void* p, auto v) { store(p, v); };
+      z.to(in, plain), result.to(out, plain);
+      for (long i = 0; i < count; ++i)
+        if (op.strays(squaredMagnitude<F>(in[i]))) out[i] = op.one(in[i]);
+      result = ComplexPair<F>::from(out);
+    }
+    result.to(to, put);
+  };
+  forWholeBlocks<count>(bypasses<Stores::bypassing>(dst, len, src), src, dst, len, block);
 }
 
 }  // namespace mox

@@ -124,23 +124,23 @@ template <long block, class D, class One, class Block>
 template <long count, class S, class D, class Block>
 [[gnu::always_inline]] inline void forWholeBlocks(bool bypass, const S* src, D* dst, long len,
                                                   Block eachBlock) {
+  const auto plain = [](void* p, auto v) { store(p, v); };
+  const auto stream = [](void* p, auto v) { storeStream(p, v); };
   const auto part = [&](long from, long elements) {
     S in[count];
     D out[count];
     for (long j = 0; j < count; ++j) in[j] = load<S>(src + from + std::min(j, elements - 1));
-    eachBlock(in, out, [](void* p, auto v) { store(p, v); });
+    eachBlock(in, out, plain);
     for (long j = 0; j < elements; ++j) store(dst + from + j, out[j]);
   };
   // Only stores that bypass the cache want an aligned destination.
   long i = bypass ? std::min(long(peelCount(dst)), len) : 0;
   if (i > 0) part(0, i);
   if (bypass && isAligned(dst + i, vectorBytes)) {
-    for (; i <= len - count; i += count)
-      eachBlock(src + i, dst + i, [](void* p, auto v) { storeStream(p, v); });
+    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, stream);
     streamFence();
   } else {
-    for (; i <= len - count; i += count)
-      eachBlock(src + i, dst + i, [](void* p, auto v) { store(p, v); });
+    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, plain);
   }
   if (i < len) part(i, len - i);
 }
