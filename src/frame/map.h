@@ -111,7 +111,7 @@ template <long block, int alignment = vectorBytes, long step = block, class D, c
   long i = 0;
   if (const int peel = peelCount<alignment>(dst); peel + block <= len) {
     for (; i < peel; ++i) one(i);
-    if (bypass && isAligned(dst + i, vectorBytes)) {
+    if (bypass && isAligned(dst + i, alignment)) {
       for (; i <= len - block; i += block) eachBlock(i, stream);
       streamFence();
     } else {

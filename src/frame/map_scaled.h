@@ -29,7 +29,7 @@ template <class D, class Put>
 template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... Source>
 void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
   constexpr int perElement = partsPerElement<D>;
-  forBlocks<16 / perElement>(
+  forBlocks<16 / perElement, 16>(
       bypasses<stores>(dst, len, src...), dst, len, one, [&](long i, auto put) {
         V<Mox32s, 4> r[4];
         for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
