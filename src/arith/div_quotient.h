@@ -28,21 +28,23 @@ Lane<W> divisorScale(int factor) {
 
 // All but the two lowest bits.
 template <class W>
-[[gnu::always_inline]] inline W shortened(Bits<W> quotient) {
-  return W(quotient & ~Lane<Bits<W>>(3));
+[[gnu::always_inline]] inline W shortened(W quotient) {
+  return W(Bits<W>(quotient) & ~Lane<Bits<W>>(3));
 }
 
-// The dividend times a reciprocal. Rounded twice, it may be a unit in the last place off: with one
-// unit more, and without the two lowest bits, an integer or half of one is exact again. Any other
-// quotient stays on its side of those, as long as it is four units away.
+// The dividend times a reciprocal, which is made one unit in its last place too large: rounding
+// twice then takes an integer, or half of one, no further than three units up, and without the two
+// lowest bits it is exact again. Any other quotient stays on its side of those, as long as it is
+// four units away.
 template <class W>
 class ByReciprocal {
  public:
-  explicit ByReciprocal(int factor) : scale_(broadcast<W>(1 / divisorScale<W>(factor))) {}
+  explicit ByReciprocal(int factor)
+      : scale_(W(Bits<W>(broadcast<W>(1 / divisorScale<W>(factor))) + 1)) {}
 
   [[gnu::always_inline]] W prepared(W divisor) { return scale_ / withoutZeros(zeros_, divisor); }
   [[gnu::always_inline]] W quotient(W dividend, W reciprocal) const {
-    return shortened<W>(Bits<W>(dividend * reciprocal) + 1);
+    return shortened(dividend * reciprocal);
   }
 
   MoxStatus status() const { return zeros_.status(); }
@@ -61,7 +63,7 @@ class ByDivision {
 
   [[gnu::always_inline]] W prepared(W divisor) { return scale_ * withoutZeros(zeros_, divisor); }
   [[gnu::always_inline]] W quotient(W dividend, W scaledDivisor) const {
-    return shortened<W>(Bits<W>(dividend / scaledDivisor));
+    return shortened(dividend / scaledDivisor);
   }
 
   MoxStatus status() const { return zeros_.status(); }

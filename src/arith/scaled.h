@@ -35,7 +35,7 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
   using Lanes = V<T, 16 / sizeof(T)>;
   const Scale<T, magnitude> scale(factor);
   // lanes(i) makes the results from element i on.
-  const auto map = [&](auto rule, auto lanes) {
+  const auto map = [&](auto rule, auto lanes) __attribute__((always_inline)) {
     mapInteger(
         dst, len,
         [&](long i, int part) {
@@ -55,8 +55,9 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
       });
     if (factor <= 0)
       return scale.withUpwardRule([&](auto rule) {
+        const auto scaled = rule.template forLanes<Lanes>();
         map(rule, [&](long i) {
-          return rule(op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i)));
+          return scaled(op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i)));
         });
       });
   }
@@ -71,8 +72,9 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
     const auto high = broadcast<Wide>(Lane<Wide>(255));
     if (factor < 10)
       return scale.withRule([&](auto rule) {
+        const auto scaled = rule.template forLanes<Wide>();
         const auto wide = [&](long i) {
-          const Wide r = rule(Wide(op(lanesFrom<Wide>(a, i), lanesFrom<Wide>(b, i))));
+          const Wide r = scaled(Wide(op(lanesFrom<Wide>(a, i), lanesFrom<Wide>(b, i))));
           return V<Mox16s, 8>(magnitude > 14 ? lesser(r, high) : r);
         };
         map(rule, [&](long i) { return packSaturated<Mox8u>(wide(i), wide(i + 8)); });

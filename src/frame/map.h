@@ -11,10 +11,10 @@
 namespace mox {
 
 // Elements before `dst` reaches a vector boundary; none when it never does.
-template <class D>
+template <int alignment = vectorBytes, class D>
 int peelCount(const D* dst) {
-  const int past = int(addressOf(dst) & (vectorBytes - 1));
-  const int missing = past ? vectorBytes - past : 0;
+  const int past = int(addressOf(dst) & (alignment - 1));
+  const int missing = past ? alignment - past : 0;
   return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
 }
 
@@ -100,22 +100,26 @@ bool bypasses(const D* dst, long len, Source... src) {
 }
 
 // Runs one(i) for single elements and eachBlock(i, put) for blocks of elements from i on, which
-// stores its vectors through put(place, vector).
-template <long block, class D, class One, class Block>
+// stores its vectors through put(place, vector). `fewer`, where there is one, does the same for
+// `step` elements, of what is left for the tail.
+template <long block, int alignment = vectorBytes, long step = block, class D, class One,
+          class Block, class... Fewer>
 [[gnu::always_inline]] inline void forBlocks(bool bypass, D* dst, long len, One one,
-                                             Block eachBlock) {
+                                             Block eachBlock, Fewer... fewer) {
   const auto plain = [](void* p, auto v) { store(p, v); };
   const auto stream = [](void* p, auto v) { storeStream(p, v); };
   long i = 0;
-  if (const int peel = peelCount(dst); peel + block <= len) {
+  if (const int peel = peelCount<alignment>(dst); peel + block <= len) {
     for (; i < peel; ++i) one(i);
-    if (bypass && isAligned(dst + i, vectorBytes)) {
+    if (bypass && isAligned(dst + i, alignment)) {
       for (; i <= len - block; i += block) eachBlock(i, stream);
       streamFence();
     } else {
       for (; i <= len - block; i += block) eachBlock(i, plain);
     }
   }
+  if constexpr (sizeof...(fewer) > 0)
+    for (; i <= len - step; i += step) (fewer(i, plain), ...);
   for (; i < len; ++i) one(i);
 }
 

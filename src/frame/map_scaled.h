@@ -29,7 +29,7 @@ template <class D, class Put>
 template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... Source>
 void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
   constexpr int perElement = partsPerElement<D>;
-  forBlocks<16 / perElement>(
+  forBlocks<16 / perElement, 16>(
       bypasses<stores>(dst, len, src...), dst, len, one, [&](long i, auto put) {
         V<Mox32s, 4> r[4];
         for (int j = 0; j < 4; j += laneCount<Wide> / 4) {
@@ -49,19 +49,22 @@ void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
 template <class D, class One, class Lanes>
 [[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes) {
   constexpr int perVector = 16 / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
-  constexpr int vecs = perVector == 16 ? 2 : 4, perBlock = vecs * perVector;
-  forBlocks<perBlock / perElement>(
+  constexpr int step = perVector / perElement, vecs = perVector == 16 ? 2 : 4;
+  const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
+    return [&](long i, auto put) {
+      V<Part<D>, perVector> r[count];
+      for (int j = 0; j < count; ++j) r[j] = lanes(i + j * step);
+      for (int j = 0; j < count; ++j) put(dst + i + j * step, r[j]);
+    };
+  };
+  forBlocks<vecs * step, 16, step>(
       false, dst, len,
       [&](long i) {
         Part<D> r[perElement];
         for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
         for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
       },
-      [&](long i, auto put) {
-        V<Part<D>, perVector> r[vecs];
-        for (int j = 0; j < vecs; ++j) r[j] = lanes(i + j * perVector / perElement);
-        for (int j = 0; j < vecs; ++j) put(parts(dst + i) + j * perVector, r[j]);
-      });
+      vectors(std::integral_constant<int, vecs>()), vectors(std::integral_constant<int, 1>()));
 }
 
 // dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within 2^magnitude.

@@ -39,11 +39,19 @@ F powerOfTwo(int n) {
     return std::bit_cast<F>(Mox64u(1023 + n) << 52);
 }
 
+// The rules below take scalars and vectors of Exact<magnitude> and ExactVector<magnitude>.
+// forLanes<W>() is the same rule for integer vectors W of another width, which must hold what the
+// rule makes of r on the way; it is made once, before a loop.
+
 // Factor 0: the value itself.
 struct Unscaled {
   template <class R>
   R operator()(R r) const {
     return r;
+  }
+  template <class W>
+  Unscaled forLanes() const {
+    return {};
   }
 };
 
@@ -113,12 +121,9 @@ class ScaledDown {
   [[gnu::always_inline]] Scalar operator()(Scalar r) const { return scalar_(r); }
   [[gnu::always_inline]] Vector operator()(Vector r) const { return vector_(r); }
 
-  // Lanes of 16 bits, as long as they hold r + 2^(n-1).
   template <class W>
-  requires(sizeof(Lane<W>) == 2)  //
-      [[gnu::always_inline]] W
-      operator()(W r) const {
-    return RoundedShift<W, Lane<W>, true>(n_)(r);
+  auto forLanes() const {
+    return RoundedShift<W, Lane<W>, true>(n_);
   }
 
  private:
@@ -164,15 +169,17 @@ class ScaledUp {
       return r * factor_;
   }
 
-  // Integer lanes of any other width that holds T.
   template <class W>
-  [[gnu::always_inline]] W operator()(W r) const {
+  auto forLanes() const {
     using E = Lane<W>;
     const auto high = broadcast<W>(E(high_)), low = broadcast<W>(E(low_)),
                ones = broadcast<W>(E((Int128(1) << n_) - 1));
-    W stopped = lesser(r, high);
-    if constexpr (std::is_signed_v<E>) stopped = greater(stopped, low);
-    return shiftLeft(stopped, std::min(n_, 8 * int(sizeof(E)))) | (W(r > high) & ones);
+    const int count = n_ < 8 * int(sizeof(E)) ? n_ : 8 * int(sizeof(E));
+    return [=](W r) {
+      W stopped = lesser(r, high);
+      if constexpr (std::is_signed_v<E>) stopped = greater(stopped, low);
+      return shiftLeft(stopped, count) | (W(r > high) & ones);
+    };
   }
 
  private:
@@ -202,14 +209,15 @@ auto saturate(R r) {
 }
 
 // What the factor of a call asks for. withRule() names the rule once, around a loop, so that the
-// loop has no branch on it; apply() is for code whose time isn't spent here.
+// loop has no branch on it; it is inlined, so that the loop's arrays stay in registers. apply() is
+// for code whose time isn't spent here.
 template <class T, int magnitude>
 class Scale {
  public:
   explicit Scale(int factor) : factor_(factor) {}
 
   template <class Loop>
-  void withRule(Loop loop) const {
+  [[gnu::always_inline]] void withRule(Loop loop) const {
     if (factor_ > 0)
       loop(ScaledDown<magnitude>(factor_));
     else
@@ -218,7 +226,7 @@ class Scale {
 
   // For factors of 0 and below.
   template <class Loop>
-  void withUpwardRule(Loop loop) const {
+  [[gnu::always_inline]] void withUpwardRule(Loop loop) const {
     if (factor_ == 0)
       loop(Unscaled());
     else
