@@ -14,6 +14,7 @@
 namespace mox {
 
 constexpr long longestUncut = 1 << 19;
+constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
 
 // The digits that remain within a part.
@@ -70,7 +71,11 @@ void cut(const T* from, T* to, long len, int shift, Mox32u (&starts)[cutParts + 
     for (auto& place : places) next += std::exchange(place[p], next);
   }
   starts[cutParts] = next;
-  eachKey([&](int s, Bits pattern) { store(to + places[s][part(pattern)]++, pattern); });
+  eachKey([&](int s, Bits pattern) {
+    T* place = to + places[s][part(pattern)]++;
+    store(place, pattern);
+    __builtin_prefetch(place + lineBytes / sizeof(T), 1);
+  });
 }
 
 // Sorts `keys`, which are as good as `other`, into either.
