@@ -20,7 +20,7 @@ struct Magnitude {
 
 // The extreme key; of zeros with both signs, the first.
 template <class Key, class E, class K>
-E valueOf(Extreme<K> extreme, const E* src) {
+[[gnu::always_inline]] inline E valueOf(Extreme<K> extreme, const E* src) {
   if (std::is_floating_point_v<E> && extreme.key == 0)
     return load<E>(src + indexOf<Key>(extreme, src));
   return E(extreme.key);

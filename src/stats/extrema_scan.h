@@ -134,11 +134,11 @@ template <class Key, class... Relation, class E>
     // Taking elements twice changes nothing: vectors at either end overlap aligned ones.
     scan.take(0, keys(0));
     long i = peelCount(src) % lanes;
-    for (; i <= len - block; begin = i) {
-      for (const long end = i + block; i < end; i += step) takeStep(i);
+    while (i <= len - step) {
+      for (const long end = std::min(i + block, len - step + 1); i < end; i += step) takeStep(i);
       scan.endBlock(begin, i);
+      begin = i;
     }
-    for (; i <= len - step; i += step) takeStep(i);
     for (; i <= len - lanes; i += lanes) scan.take(0, keys(i));
     scan.take(1, keys(len - lanes));
   }
@@ -148,7 +148,7 @@ template <class Key, class... Relation, class E>
 
 // The index of the first element that has an extreme key; 0 for a NaN, which can only be there.
 template <class Key, class E, class K>
-long indexOf(Extreme<K> extreme, const E* src) {
+[[gnu::always_inline]] inline long indexOf(Extreme<K> extreme, const E* src) {
   using Vector = detail::ScanVector<E>;
   const long last = extreme.end - laneCount<Vector>;
   const auto equal = [&](Vector v) { return Key()(v) == extreme.key; };
