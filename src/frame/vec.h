@@ -255,30 +255,26 @@ template <class T>
   }
 }
 
-// Whether a comparison holds in any lane.
-[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 4> comparison) {
-  return _mm_movemask_ps(__m128(comparison)) != 0;
-}
-[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 8> comparison) {
-  return _mm256_movemask_ps(__m256(comparison)) != 0;
-}
-[[gnu::always_inline]] inline bool anyLane(V<Mox64s, 4> comparison) {
-  return _mm256_movemask_pd(__m256d(comparison)) != 0;
+// The lanes in which a comparison holds, as bits: one for each lane of 32 bytes, one for each byte
+// of 16.
+template <class T>
+[[gnu::always_inline]] inline int lanesWhere(T comparison) {
+  if constexpr (sizeof comparison == 16)
+    return _mm_movemask_epi8(__m128i(comparison));
+  else if constexpr (sizeof comparison[0] == 4)
+    return _mm256_movemask_ps(__m256(comparison));
+  else
+    return _mm256_movemask_pd(__m256d(comparison));
 }
 template <class T>
-requires(sizeof(T) == 16) [[gnu::always_inline]] inline bool anyLane(T comparison) {
-  return _mm_movemask_epi8(__m128i(comparison)) != 0;
+[[gnu::always_inline]] inline bool anyLane(T comparison) {
+  return lanesWhere(comparison) != 0;
 }
-
-// The first lane in which a comparison holds, as it does in one.
+// The first lane in which it holds, as it does in one.
 template <class T>
 [[gnu::always_inline]] inline int firstLane(T comparison) {
-  if constexpr (sizeof comparison == 16)
-    return __builtin_ctz(_mm_movemask_epi8(__m128i(comparison))) / int(sizeof comparison[0]);
-  else if constexpr (sizeof comparison[0] == 4)
-    return __builtin_ctz(_mm256_movemask_ps(__m256(comparison)));
-  else
-    return __builtin_ctz(_mm256_movemask_pd(__m256d(comparison)));
+  const int lane = __builtin_ctz(lanesWhere(comparison));
+  return sizeof comparison == 16 ? lane / int(sizeof comparison[0]) : lane;
 }
 
 // Sums and differences lane by lane, saturated to the type of a lane.
