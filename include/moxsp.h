@@ -11,6 +11,7 @@
 #include <moxsp/convert.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
+#include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
 #include <moxsp/logic.h>

@@ -5,6 +5,7 @@
 #ifndef MOXSP_STATS_H
 #define MOXSP_STATS_H
 
+#include <moxsp/extrema.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 

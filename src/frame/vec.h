@@ -255,15 +255,26 @@ template <class T>
   }
 }
 
-// Whether a comparison holds in any lane.
-[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 4> comparison) {
-  return _mm_movemask_ps(__m128(comparison)) != 0;
+// The lanes in which a comparison holds, as bits: one for each lane of 32 bytes, one for each byte
+// of 16.
+template <class T>
+[[gnu::always_inline]] inline int lanesWhere(T comparison) {
+  if constexpr (sizeof comparison == 16)
+    return _mm_movemask_epi8(__m128i(comparison));
+  else if constexpr (sizeof comparison[0] == 4)
+    return _mm256_movemask_ps(__m256(comparison));
+  else
+    return _mm256_movemask_pd(__m256d(comparison));
 }
-[[gnu::always_inline]] inline bool anyLane(V<Mox32s, 8> comparison) {
-  return _mm256_movemask_ps(__m256(comparison)) != 0;
+template <class T>
+[[gnu::always_inline]] inline bool anyLane(T comparison) {
+  return lanesWhere(comparison) != 0;
 }
-[[gnu::always_inline]] inline bool anyLane(V<Mox64s, 4> comparison) {
-  return _mm256_movemask_pd(__m256d(comparison)) != 0;
+// The first lane in which it holds, as it does in one.
+template <class T>
+[[gnu::always_inline]] inline int firstLane(T comparison) {
+  const int lane = __builtin_ctz(lanesWhere(comparison));
+  return sizeof comparison == 16 ? lane / int(sizeof comparison[0]) : lane;
 }
 
 // Sums and differences lane by lane, saturated to the type of a lane.
@@ -302,6 +313,20 @@ template <class T>
 [[gnu::always_inline]] inline V<Mox32s, 4> subtractSaturated(V<Mox32s, 4> a, V<Mox32s, 4> b) {
   const auto r = V<Mox32s, 4>(V<Mox32u, 4>(a) - V<Mox32u, 4>(b));
   return unlessWrapped(r, a, (a ^ b) & (a ^ r));
+}
+
+// Magnitudes of integers, for scalars and vectors; unsigned, so that each has one.
+[[gnu::always_inline]] inline V<Mox16u, 8> magnitude(V<Mox16s, 8> v) {
+  return V<Mox16u, 8>(_mm_abs_epi16(__m128i(v)));
+}
+[[gnu::always_inline]] inline V<Mox32u, 4> magnitude(V<Mox32s, 4> v) {
+  return V<Mox32u, 4>(_mm_abs_epi32(__m128i(v)));
+}
+template <class E>
+requires std::is_integral_v<E>
+[[gnu::always_inline]] inline auto magnitude(E x) {
+  using Unsigned = std::make_unsigned_t<E>;
+  return Unsigned(x < 0 ? Unsigned(0) - Unsigned(x) : Unsigned(x));
 }
 
 // The upper halves of products.

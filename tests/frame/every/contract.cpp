@@ -25,6 +25,7 @@ constexpr Row rows[] = {
 
     {"moxsConvert_64f64s_Sfs", Deviation::onlyZeroRefused,
      "its length is unsigned: a negative one is a very long array"},
+    {"moxs@(Max|Min)Every_*", Deviation::onlyZeroRefused, "a negative length is no element at all"},
 
     {"moxsSwapBytes_24*", Deviation::notOntoSource,
      "elements of three bytes meet inside one vector"},
@@ -59,6 +60,7 @@ constexpr Pointer optionalPointers[] = {
     {"moxs@(FFT|DFT|DCT)@(Fwd|Inv)_*", "buffer", "the call takes memory and releases it"},
     {"moxs@(FIR|FIRMR|IIR|FIRLMS|FIRLMSMR)*Init*", "dlyLine", "the delay line starts cleared"},
     {"moxs@(FIR|IIR|FIRLMSMR|FIRLMS)SetDlyLine*", "dlyLine", "the delay line is cleared"},
+    {"moxs@(Max|Min)?(Abs)Indx_*", "index", "the index is not wanted"},
     {"moxsFIRLMS*InitAlloc*", "taps", "the taps start at zero"},
     {"moxs@(FFT|DFT|DCT)*Init_*", "initBuf", "tables of small lengths need none"},
     {"moxsRealToCplx_*", "srcRe", "that part is zero"},

@@ -1,0 +1,261 @@
+// Extrema against a scan in plain code: the first of equal elements wins, and a NaN counts only in
+// front.
+#include <gtest/gtest.h>
+#include <moxsp.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+#include "support/random.h"
+
+namespace {
+
+template <class E>
+using Limits = std::numeric_limits<E>;
+
+// The members of one element type; null where it has none.
+template <class E>
+struct Members {
+  MoxStatus (*minMax)(const E*, int, E*, E*);
+  MoxStatus (*minMaxIndx)(const E*, int, E*, int*, E*, int*);
+  MoxStatus (*max)(const E*, int, E*) = nullptr;
+  MoxStatus (*maxIndx)(const E*, int, E*, int*) = nullptr;
+  MoxStatus (*min)(const E*, int, E*) = nullptr;
+  MoxStatus (*minIndx)(const E*, int, E*, int*) = nullptr;
+  MoxStatus (*maxAbs)(const E*, int, E*) = nullptr;
+  MoxStatus (*maxAbsIndx)(const E*, int, E*, int*) = nullptr;
+  MoxStatus (*minAbs)(const E*, int, E*) = nullptr;
+  MoxStatus (*minAbsIndx)(const E*, int, E*, int*) = nullptr;
+};
+constexpr Members<Mox8u> members(Mox8u) { return {moxsMinMax_8u, moxsMinMaxIndx_8u}; }
+constexpr Members<Mox16u> members(Mox16u) { return {moxsMinMax_16u, moxsMinMaxIndx_16u}; }
+constexpr Members<Mox32u> members(Mox32u) { return {moxsMinMax_32u, moxsMinMaxIndx_32u}; }
+constexpr Members<Mox32f> members(Mox32f) {
+  return {moxsMinMax_32f,  moxsMinMaxIndx_32f, moxsMax_32f,
+          moxsMaxIndx_32f, moxsMin_32f,        moxsMinIndx_32f};
+}
+constexpr Members<Mox64f> members(Mox64f) {
+  return {moxsMinMax_64f,  moxsMinMaxIndx_64f, moxsMax_64f,
+          moxsMaxIndx_64f, moxsMin_64f,        moxsMinIndx_64f};
+}
+constexpr Members<Mox16s> members(Mox16s) {
+  return {moxsMinMax_16s, moxsMinMaxIndx_16s, moxsMax_16s,    moxsMaxIndx_16s,
+          moxsMin_16s,    moxsMinIndx_16s,    moxsMaxAbs_16s, moxsMaxAbsIndx_16s,
+          moxsMinAbs_16s, moxsMinAbsIndx_16s};
+}
+constexpr Members<Mox32s> members(Mox32s) {
+  return {moxsMinMax_32s, moxsMinMaxIndx_32s, moxsMax_32s,    moxsMaxIndx_32s,
+          moxsMin_32s,    moxsMinIndx_32s,    moxsMaxAbs_32s, moxsMaxAbsIndx_32s,
+          moxsMinAbs_32s, moxsMinAbsIndx_32s};
+}
+
+template <class E>
+struct Extreme {
+  E value;
+  int index;
+  bool operator==(const Extreme& o) const {
+    return std::memcmp(&value, &o.value, sizeof value) == 0 && index == o.index;
+  }
+  friend void PrintTo(const Extreme& e, std::ostream* out) {
+    *out << +e.value << " at " << e.index;
+  }
+};
+
+constexpr auto larger = [](auto a, auto b) { return a > b; };
+constexpr auto smaller = [](auto a, auto b) { return a < b; };
+
+template <class E, class Beats>
+Extreme<E> plainScan(const std::vector<E>& v, Beats beats) {
+  Extreme<E> best{v[0], 0};
+  for (int i = 1; i < int(v.size()); ++i)
+    if (beats(v[i], best.value)) best = {v[i], i};
+  return best;
+}
+
+template <class E>
+std::vector<E> magnitudes(std::vector<E> v) {
+  if constexpr (std::is_signed_v<E>)
+    for (E& x : v) x = x == Limits<E>::min() ? Limits<E>::max() : E(std::abs(x));
+  return v;
+}
+
+// The function with an index, without, and with a null one.
+template <class E>
+void checkOne(const E* src, int len, MoxStatus (*alone)(const E*, int, E*),
+              MoxStatus (*withIndex)(const E*, int, E*, int*), Extreme<E> expected) {
+  Extreme<E> found{}, value = expected, unindexed = expected;
+  value.value = unindexed.value = E(1);
+  EXPECT_EQ(withIndex(src, len, &found.value, &found.index), moxOk);
+  EXPECT_EQ(alone(src, len, &value.value), moxOk);
+  EXPECT_EQ(withIndex(src, len, &unindexed.value, nullptr), moxOk);
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(value, expected);
+  EXPECT_EQ(unindexed, expected);
+}
+
+template <class E>
+void check(const std::vector<E>& v) {
+  // At the end of a larger array, so that the address varies with the length.
+  std::vector<E> memory(2048);
+  const int len = int(v.size());
+  E* const src = memory.data() + 2048 - len;
+  std::copy(v.begin(), v.end(), src);
+
+  const Members<E> m = members(E());
+  const Extreme<E> most = plainScan(v, larger), least = plainScan(v, smaller);
+  Extreme<E> lowest{}, highest{};
+  EXPECT_EQ(m.minMaxIndx(src, len, &lowest.value, &lowest.index, &highest.value, &highest.index),
+            moxOk);
+  EXPECT_EQ(lowest, least);
+  EXPECT_EQ(highest, most);
+  lowest.value = highest.value = E(1);
+  EXPECT_EQ(m.minMax(src, len, &lowest.value, &highest.value), moxOk);
+  EXPECT_EQ(lowest, least) << "without index";
+  EXPECT_EQ(highest, most) << "without index";
+  if (m.max) {
+    checkOne(src, len, m.max, m.maxIndx, most);
+    checkOne(src, len, m.min, m.minIndx, least);
+  }
+  if (m.maxAbs) {
+    checkOne(src, len, m.maxAbs, m.maxAbsIndx, plainScan(magnitudes(v), larger));
+    checkOne(src, len, m.minAbs, m.minAbsIndx, plainScan(magnitudes(v), smaller));
+  }
+}
+
+template <class E>
+class Extrema : public testing::Test {
+ public:
+  // Few values, many ties: the limits of the type, in floats zeros of both signs and NaN.
+  E value() {
+    switch (random.below(std::is_floating_point_v<E> ? 9 : 6)) {
+      case 0:
+        return Limits<E>::lowest();
+      case 1:
+        return Limits<E>::max();
+      case 2:
+        return E(Limits<E>::lowest() + 1);
+      case 3:
+        return E(0);
+      case 6:
+        return E(-0.0);
+      case 7:
+        return Limits<E>::infinity();
+      case 8:
+        return Limits<E>::quiet_NaN();
+      default:
+        return E(random.below(5) - 2);
+    }
+  }
+  test::Random random;
+};
+using Elements = testing::Types<Mox8u, Mox16u, Mox16s, Mox32u, Mox32s, Mox32f, Mox64f>;
+TYPED_TEST_SUITE(Extrema, Elements);
+
+// Every element is drawn anew, or few of a constant vector are.
+TYPED_TEST(Extrema, OfFewValues) {
+  SCOPED_TRACE(test::seedNote());
+  for (int len = 1; len <= 1400; len += 1 + len / 64)
+    for (const long step : {1, 90, 400}) {
+      std::vector<TypeParam> v(len, this->value());
+      for (long i = 0; i < len; i += 1 + this->random.below(step)) v[i] = this->value();
+      check(v);
+      ASSERT_FALSE(this->HasFailure()) << "length " << len;
+    }
+}
+
+TYPED_TEST(Extrema, AtEveryPlace) {
+  for (const int len : {33, 256, 530, 1030})
+    for (int at = 0; at < len; ++at)
+      for (const TypeParam extreme : {3, 9}) {
+        std::vector<TypeParam> v(len, TypeParam(7));
+        v[at] = v[at + (len - at) / 2] = extreme;
+        check(v);
+        ASSERT_FALSE(this->HasFailure()) << "length " << len << ", at " << at;
+      }
+}
+
+// All pairs of special values, through vectors and the tail.
+template <class E>
+void checkEvery(MoxStatus (*max)(const E*, const E*, E*, int),
+                MoxStatus (*min)(const E*, const E*, E*, int)) {
+  std::vector<E> special = {Limits<E>::lowest(), E(0), E(1), Limits<E>::max(), E(-1)};
+  if constexpr (std::is_floating_point_v<E>)
+    special.insert(special.end(),
+                   {E(-0.0), E(NAN), Limits<E>::infinity(), Limits<E>::denorm_min()});
+  std::vector<E> a, b, mosts, leasts;
+  for (const E x : special)
+    for (const E y : special) {
+      a.push_back(x), b.push_back(y);
+      mosts.push_back(x > y ? x : y), leasts.push_back(x < y ? x : y);
+    }
+  const int len = int(a.size());
+  std::vector<E> dst(len);
+  EXPECT_EQ(max(a.data(), b.data(), dst.data(), len), moxOk);
+  EXPECT_EQ(std::memcmp(dst.data(), mosts.data(), len * sizeof(E)), 0);
+  EXPECT_EQ(min(a.data(), b.data(), dst.data(), len), moxOk);
+  EXPECT_EQ(std::memcmp(dst.data(), leasts.data(), len * sizeof(E)), 0);
+  EXPECT_EQ(max(a.data(), b.data(), dst.data(), -3), moxOk);
+  EXPECT_EQ(std::memcmp(dst.data(), leasts.data(), len * sizeof(E)), 0) << "a negative length";
+}
+
+// What has an in-place form only.
+template <auto inPlace, class E>
+MoxStatus throughCopy(const E* src1, const E* src2, E* dst, int len) {
+  if (len > 0) std::copy(src2, src2 + len, dst);
+  return inPlace(src1, dst, len);
+}
+
+TEST(MaxEvery, OfAllPairs) {
+  checkEvery(moxsMaxEvery_8u, moxsMinEvery_8u);
+  checkEvery(moxsMaxEvery_16u, moxsMinEvery_16u);
+  checkEvery(moxsMaxEvery_32f, moxsMinEvery_32f);
+  checkEvery(moxsMaxEvery_64f, moxsMinEvery_64f);
+  checkEvery<Mox16s>(throughCopy<moxsMaxEvery_16s_I>, throughCopy<moxsMinEvery_16s_I>);
+  checkEvery<Mox32s>(throughCopy<moxsMaxEvery_32s_I>, throughCopy<moxsMinEvery_32s_I>);
+}
+
+template <class E>
+int orderOf(E x) {
+  if constexpr (std::is_integral_v<E>) return std::bit_width(std::uint64_t(std::abs(long(x))));
+  int order = 0;
+  std::frexp(x, &order);
+  return std::max(order, Limits<E>::min_exponent - 1);
+}
+
+// `x` among smaller elements of either sign, at every place.
+template <class E>
+void checkOrder(MoxStatus (*maxOrder)(const E*, int, int*), std::vector<E> special) {
+  for (const E x : special)
+    for (const int len : {1, 2, 40, 300})
+      for (int at = 0; at < len; ++at) {
+        std::vector<E> v(len);
+        v[(at + len / 2) % len] = E(x / 3);
+        v[at] = x;
+        int order = -1;
+        ASSERT_EQ(maxOrder(v.data(), len, &order), moxOk);
+        ASSERT_EQ(order, x == 0 ? 0 : orderOf(x)) << +x << " at " << at << " of " << len;
+        if constexpr (std::is_floating_point_v<E>) {
+          for (const E noNumber :
+               {E(NAN), E(-NAN), Limits<E>::infinity(), -Limits<E>::infinity()}) {
+            v[(at + 1) % len] = noNumber;
+            ASSERT_EQ(maxOrder(v.data(), len, &order), moxWarnNaNFound);
+            ASSERT_EQ(order, x == 0 || len == 1 ? 0 : orderOf(x));
+          }
+        }
+      }
+}
+
+TEST(MaxOrder, OfSpecialValues) {
+  checkOrder<Mox16s>(moxsMaxOrder_16s, {0, 1, -1, 2, 3, 4, -255, 256, 32767, -32767, -32768});
+  checkOrder<Mox32s>(moxsMaxOrder_32s, {0, 1, -1, 7, -8, 65536, 2147483647, -2147483647 - 1});
+  checkOrder<Mox32f>(moxsMaxOrder_32f, {0, -0.0f, 1, 0.5f, -3, 4, 0.25f, 3.4028235e38f, 1.2e-38f,
+                                        Limits<Mox32f>::min(), Limits<Mox32f>::denorm_min()});
+  checkOrder<Mox64f>(moxsMaxOrder_64f, {0, -0.0, 1, 0.5, -3, 4, 0.25, Limits<Mox64f>::max(),
+                                        Limits<Mox64f>::min(), Limits<Mox64f>::denorm_min()});
+}
+
+}  // namespace
