@@ -104,7 +104,7 @@ MOX_API MoxStatus moxsMeanStdDev_64f(const Mox64f* src, int len, Mox64f* mean, M
  * @note `32f`, `64f` and their complex forms accumulate in the type of the data; sums of `32fc64f`
  * are widened at the end. `moxsNorm_L1_32fc64f` takes the root of every four numbers by the
  * processor's estimate of 1 / sqrt(x) and one step of Newton's iteration, unless one of the four is
- * 0: relative errors of the terms reach some 1e-6, the last bits differ between processors, and
+ * 0: relative errors of the terms stay below 1e-6, the last bits differ between processors, and
  * numbers whose square is subnormal or infinite don't give their magnitude.
  * @note Inf: a NaN replaces the maximum of its lane, and the next number of that lane replaces the
  * NaN.
