@@ -15,6 +15,7 @@
 #include <moxsp/fir.h>
 #include <moxsp/frame.h>
 #include <moxsp/logic.h>
+#include <moxsp/measures.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 #include <moxsp/stats.h>

@@ -6,6 +6,7 @@
 #define MOXSP_STATS_H
 
 #include <moxsp/extrema.h>
+#include <moxsp/measures.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 

@@ -106,6 +106,10 @@ template <class T>
   return V<Mox64f>(_mm256_round_pd(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
 }
 
+[[gnu::always_inline]] inline V<Mox32f> nearestInteger(V<Mox32f> v) {
+  return V<Mox32f>(_mm256_round_ps(v, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC));
+}
+
 // To an integer in the rounding mode in force; the minimum for a value that has none.
 [[gnu::always_inline]] inline V<Mox32s, 8> toInteger(V<Mox32f> v) {
   return V<Mox32s, 8>(_mm256_cvtps_epi32(v));

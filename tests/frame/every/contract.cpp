@@ -25,6 +25,7 @@ constexpr Row rows[] = {
 
     {"moxsConvert_64f64s_Sfs", Deviation::onlyZeroRefused,
      "its length is unsigned: a negative one is a very long array"},
+    {"moxsZeroCrossing_*", Deviation::onlyZeroRefused, "a negative length has no pairs"},
     {"moxs@(Max|Min)Every_*", Deviation::onlyZeroRefused, "a negative length is no element at all"},
 
     {"moxsSwapBytes_24*", Deviation::notOntoSource,
@@ -36,7 +37,8 @@ constexpr Row rows[] = {
     {"moxs@(JoinScaled|SplitScaled)_*", Deviation::notOntoSource,
      "rows and interleaved samples stand at other places"},
 
-    {"moxs@(Flip|ConjFlip|ConjPack|ConjPerm|ConjCcs|MulPack|MulPackConj|MulPerm|Win*|Sort*)_*",
+    {"moxs@(Flip|ConjFlip|ConjPack|ConjPerm|ConjCcs|MulPack|MulPackConj|MulPerm|Win*|Sort*|"
+     "FindNearest)_*",
      Deviation::notElementwise, "the length decides what an element is"},
     {"moxsCartToPolar_*", Deviation::outputsApart,
      "magnitudes are computed, then phases: a failure of the first leaves the second"},

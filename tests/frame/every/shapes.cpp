@@ -147,6 +147,7 @@ const Row<long> countRows[] = {
     {"moxsConvCyclic4x4_*", "[xhy]", fixed(16)},
     {"moxsConvCyclic8x8_*", "[xhy]", fixed(64)},
     {"moxsSumWindow_*", "src", [](const Call& c) { return c("len") + c("maskSize") - 1; }},
+    {"moxsUpdate*", "srcDst", fixed(1)},
     {"moxsGoertzTwo*", "@(dst|relFreq|relFreqQ15)", fixed(2)},
     {"moxsGoertz*", "dst", fixed(1)},
     {"moxsWTHaar*", "@(dst|src)Low", [](const Call& c) { return (c("len") + 1) / 2; }},
