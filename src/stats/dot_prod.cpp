@@ -67,15 +67,15 @@ std::array<F, 2> complexDotOf(const E* a, const E* b, long len) {
 template <class F, class A, class B>
 auto dotOf(const A* a, const B* b, long len) {
   constexpr bool integers = std::is_integral_v<Part<B>>;
+  constexpr Order complex = integers ? integerDot : complexDot<F>;
+  constexpr Order real = integers ? integerDot : sizeof(A) == 4 ? widenedDot : doubleDot;
   if constexpr (Complex<B>)
-    return complexDotOf < integers ? integerDot : complexDot<F>, F > (a, b, len);
-  else if constexpr (integers)
-    return realDot<integerDot, F>(a, b, len);
+    return complexDotOf<complex, F>(a, b, len);
   else if constexpr (sizeof(F) == 4)
     return len < singleDot.step ? realDot<shortDot, F>(a, b, len)
                                 : realDot<singleDot, F>(a, b, len);
   else
-    return realDot < sizeof(A) == 4 ? widenedDot : doubleDot, F > (a, b, len);
+    return realDot<real, F>(a, b, len);
 }
 
 template <class A, class B, class D>

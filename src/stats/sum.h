@@ -48,13 +48,13 @@ PartSums<E> sumOf(const E* src, long len, int hint = 0) {
   const bool aligned = isAligned(src, sizeof(F));
   const long n = partsPerElement<E> * len, peel = peelTo(vectorBytes, parts(src), n);
   if constexpr (sizeof(F) == 4) {
-    if (hint == fastHint && aligned)
-      return detail::sumInOrder < real ? fastSum : fastComplexSum, Mox32f > (src, len, peel);
-    return detail::sumInOrder < real ? accurateSum : accurateComplexSum,
-           Mox64f > (src, len, aligned ? peel : n);
+    constexpr Order fast = real ? fastSum : fastComplexSum;
+    constexpr Order accurate = real ? accurateSum : accurateComplexSum;
+    if (hint == fastHint && aligned) return detail::sumInOrder<fast, Mox32f>(src, len, peel);
+    return detail::sumInOrder<accurate, Mox64f>(src, len, aligned ? peel : n);
   } else {
-    if (aligned)
-      return detail::sumInOrder < real ? doubleSum : doubleComplexSum, Mox64f > (src, len, peel);
+    constexpr Order order = real ? doubleSum : doubleComplexSum;
+    if (aligned) return detail::sumInOrder<order, Mox64f>(src, len, peel);
     return detail::sumInOrder<misalignedDoubleSum, Mox64f>(src, len, 0);
   }
 }
