@@ -55,7 +55,7 @@ std::array<F, 2> complexDotOf(const E* a, const E* b, long len) {
       const T x = numberAt<T>(a + i);
       return std::array{x * numberAt<T>(b + i), x * numberAt<T>(b + (i ^ 1))};
     } else {
-      const T x = loadedOnce(numberAt<T>(a + i)), y = loadedOnce(numberAt<T>(b + i));
+      const T x = inRegister(numberAt<T>(a + i)), y = inRegister(numberAt<T>(b + i));
       return std::array{x * y, x * swapParts(y)};
     }
   };
