@@ -29,7 +29,7 @@ template <class Key, class E, class K>
 template <class Relation, class Key, class E>
 MoxStatus extreme(const E* src, int len, E* result) {
   if (MoxStatus s = checkArrays(len, src, result)) return s;
-  store(result, valueOf<Key>(scan<Key, Relation>(src, len)[0], src));
+  store(result, valueOf<Key>(scan<coarseBlock, Key, Relation>(src, len)[0], src));
   return moxOk;
 }
 
@@ -37,7 +37,7 @@ template <class Relation, class Key, class E>
 MoxStatus extremeWithIndex(const E* src, int len, E* result, int* index) {
   if (!index) return extreme<Relation, Key>(src, len, result);
   if (MoxStatus s = checkArrays(len, src, result)) return s;
-  const long i = indexOf<Key>(scan<Key, Relation>(src, len)[0], src);
+  const long i = indexOf<Key>(scan<fineBlock, Key, Relation>(src, len)[0], src);
   store(result, E(Key()(load<E>(src + i))));
   store(index, int(i));
   return moxOk;
@@ -46,7 +46,7 @@ MoxStatus extremeWithIndex(const E* src, int len, E* result, int* index) {
 template <class E>
 MoxStatus minMax(const E* src, int len, E* min, E* max) {
   if (MoxStatus s = checkArrays(len, src, min, max)) return s;
-  const auto [least, most] = scan<Value, Smaller, Larger>(src, len);
+  const auto [least, most] = scan<coarseBlock, Value, Smaller, Larger>(src, len);
   const E lowest = valueOf<Value>(least, src), highest = valueOf<Value>(most, src);
   store(min, lowest);
   store(max, highest);
@@ -56,7 +56,7 @@ MoxStatus minMax(const E* src, int len, E* min, E* max) {
 template <class E>
 MoxStatus minMaxWithIndex(const E* src, int len, E* min, int* minIndex, E* max, int* maxIndex) {
   if (MoxStatus s = checkArrays(len, src, min, minIndex, max, maxIndex)) return s;
-  const auto [least, most] = scan<Value, Smaller, Larger>(src, len);
+  const auto [least, most] = scan<fineBlock, Value, Smaller, Larger>(src, len);
   const long first = indexOf<Value>(least, src), last = indexOf<Value>(most, src);
   const E lowest = load<E>(src + first), highest = load<E>(src + last);
   store(min, lowest);

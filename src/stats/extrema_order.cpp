@@ -47,7 +47,7 @@ struct Format {
 
 template <class Key, class E>
 auto largest(const E* src, int len) {
-  return scan<Key, Larger>(src, len)[0].key;
+  return scan<coarseBlock, Key, Larger>(src, len)[0].key;
 }
 
 template <class E>

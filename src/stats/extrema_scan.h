@@ -37,7 +37,11 @@ struct Value {
   }
 };
 
-// An extreme key, and the part of the vector in which it is met first.
+// Vectors in a block, after which a scan notes where it stands: few where a block is to be searched
+// for the extreme, many where that is rare.
+constexpr int fineBlock = 32, coarseBlock = 256;
+
+// An extreme key, and the block in which it is met first.
 template <class K>
 struct Extreme {
   K key;
@@ -68,8 +72,9 @@ class Best {
     for (W& lanes : lanes_) lanes = first;
   }
 
-  [[gnu::always_inline]] void take(int accumulator, W keys) {
-    lanes_[accumulator] = Relation::better(keys, lanes_[accumulator]);
+  // Vectors in a row go to accumulators in turn.
+  [[gnu::always_inline]] void take(int j, W keys) {
+    lanes_[j % 4] = Relation::better(keys, lanes_[j % 4]);
   }
 
   // To be called when the elements from `begin` to `end` have been taken.
@@ -82,7 +87,10 @@ class Best {
     end_ = end;
   }
 
-  Extreme<Lane<W>> result() const { return {best_[0], begin_, end_}; }
+  Extreme<Lane<W>> result() const {
+    const W best = best_;  // an element of a member would keep it in memory
+    return {best[0], begin_, end_};
+  }
 
  private:
   W lanes_[4], best_;
@@ -94,9 +102,7 @@ template <class W, class... Relation>
 class Scan : Best<Relation, W>... {
  public:
   explicit Scan(W first) : Best<Relation, W>(first)... {}
-  [[gnu::always_inline]] void take(int accumulator, W keys) {
-    (Best<Relation, W>::take(accumulator, keys), ...);
-  }
+  [[gnu::always_inline]] void take(int j, W keys) { (Best<Relation, W>::take(j, keys), ...); }
   [[gnu::always_inline]] void endBlock(long begin, long end) {
     (Best<Relation, W>::endBlock(begin, end), ...);
   }
@@ -114,17 +120,23 @@ template <class E>
 }  // namespace detail
 
 // The extreme under each relation, in one pass.
-template <class Key, class... Relation, class E>
+template <int blockVectors, class Key, class... Relation, class E>
 [[gnu::always_inline]] inline auto scan(const E* src, long len) {
   using Vector = detail::ScanVector<E>;
-  constexpr long lanes = laneCount<Vector>, accumulators = 4, step = accumulators * lanes;
-  constexpr long block = 8 * step;
-  const auto keys = [src](long i) { return inRegister(Key()(load<Vector>(src + i))); };
+  constexpr long lanes = laneCount<Vector>, stepVectors = 8;
+  constexpr long step = stepVectors * lanes, block = blockVectors * lanes;
+  const auto keys = [src](long i) {
+    const auto k = Key()(load<Vector>(src + i));
+    if constexpr (sizeof...(Relation) > 1)  // computed once for all
+      return inRegister(k);
+    else
+      return k;
+  };
   using W = decltype(keys(0));
 
   detail::Scan<W, Relation...> scan(broadcast<W>(Key()(load<E>(src))));
   const auto takeStep = [&](long i) {
-    for (int j = 0; j < accumulators; ++j) scan.take(j, keys(i + j * lanes));
+    for (int j = 0; j < stepVectors; ++j) scan.take(j, keys(i + j * lanes));
   };
 
   long begin = 0;

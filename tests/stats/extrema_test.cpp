@@ -100,9 +100,9 @@ void checkOne(const E* src, int len, MoxStatus (*alone)(const E*, int, E*),
 template <class E>
 void check(const std::vector<E>& v) {
   // At the end of a larger array, so that the address varies with the length.
-  std::vector<E> memory(2048);
+  std::vector<E> memory(6000);
   const int len = int(v.size());
-  E* const src = memory.data() + 2048 - len;
+  E* const src = memory.data() + 6000 - len;
   std::copy(v.begin(), v.end(), src);
 
   const Members<E> m = members(E());
@@ -158,7 +158,7 @@ TYPED_TEST_SUITE(Extrema, Elements);
 // Every element is drawn anew, or few of a constant vector are.
 TYPED_TEST(Extrema, OfFewValues) {
   SCOPED_TRACE(test::seedNote());
-  for (int len = 1; len <= 1400; len += 1 + len / 64)
+  for (int len = 1; len < 6000; len += 1 + len / 50)
     for (const long step : {1, 90, 400}) {
       std::vector<TypeParam> v(len, this->value());
       for (long i = 0; i < len; i += 1 + this->random.below(step)) v[i] = this->value();
