@@ -21,12 +21,12 @@ TEST(CountInRange, LeavesOutTheBounds) {
     std::vector<Mox32s> x(len);
     for (Mox32s& e : x) e = Mox32s(random.below(9)) - 4;
     x[0] = INT_MIN, x[len / 2] = INT_MAX;
-    for (const auto& [low, high] :
-         {std::pair(-2, 2), {0, 1}, {3, -3}, {INT_MIN, INT_MAX}, {-4, -2}}) {
+    const Mox32s bounds[][2] = {{-2, 2}, {0, 1}, {3, -3}, {INT_MIN, INT_MAX}, {-4, -2}};
+    for (const auto& between : bounds) {
+      const auto inside = [&](Mox32s e) { return between[0] < e && e < between[1]; };
       int count = -1;
-      ASSERT_EQ(moxsCountInRange_32s(x.data(), len, &count, low, high), moxOk);
-      EXPECT_EQ(count,
-                std::count_if(x.begin(), x.end(), [=](Mox32s e) { return low < e && e < high; }));
+      ASSERT_EQ(moxsCountInRange_32s(x.data(), len, &count, between[0], between[1]), moxOk);
+      EXPECT_EQ(count, std::count_if(x.begin(), x.end(), inside));
     }
   }
 }
