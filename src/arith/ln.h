@@ -3,6 +3,7 @@
 
 #include <bit>
 #include <limits>
+#include <optional>
 
 #include "frame/vec.h"
 
@@ -44,6 +45,22 @@ struct LnArgument {
   return x.exponent * 0x1.62e42fefa3p-1 + (f - (half - low));
 }
 
+// What a number that is not positive and finite has for a logarithm; nothing for the others.
+template <class F>
+std::optional<F> lnOutsideItsDomain(F x, int& code) {
+  using Range = std::numeric_limits<F>;
+  if (x == 0) {
+    code = lnOfZero;
+    return -Range::infinity();
+  }
+  if (x < 0) {
+    code = lnOfNegative;
+    return Range::quiet_NaN();
+  }
+  if (!(x <= Range::max())) return x * x;  // infinity and NaN
+  return {};
+}
+
 // The logarithm of doubles: a function for runFunction().
 struct Ln64f {
   using Element = Mox64f;
@@ -56,16 +73,7 @@ struct Ln64f {
   }
 
   static Mox64f one(Mox64f x, int& code) {
-    using Range = std::numeric_limits<Mox64f>;
-    if (x == 0) {
-      code = lnOfZero;
-      return -Range::infinity();
-    }
-    if (x < 0) {
-      code = lnOfNegative;
-      return Range::quiet_NaN();
-    }
-    if (!(x <= Range::max())) return x * x;  // infinity and NaN
+    if (const auto special = lnOutsideItsDomain(x, code)) return *special;
     LnArgument scaled(broadcast<V<Mox64f>>(x * 0x1p54));
     scaled.exponent -= 54.0;
     return lnOf(scaled)[0];

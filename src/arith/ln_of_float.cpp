@@ -62,17 +62,8 @@ double lnOfPositive(double x, int exponentOffset) {
 }  // namespace
 
 Mox32f lnOfFloat(Mox32f x, int& code) {
-  using Range = std::numeric_limits<Mox32f>;
-  if (x == 0) {
-    code = lnOfZero;
-    return -Range::infinity();
-  }
-  if (x < 0) {
-    code = lnOfNegative;
-    return Range::quiet_NaN();
-  }
-  if (!(x <= Range::max())) return x * x;  // infinity and NaN
-  const bool subnormal = x < Range::min();
+  if (const auto special = lnOutsideItsDomain(x, code)) return *special;
+  const bool subnormal = x < std::numeric_limits<Mox32f>::min();
   return Mox32f(lnOfPositive(subnormal ? x * 0x1p60 : x, subnormal ? -60 : 0));
 }
 

@@ -5,28 +5,6 @@
 
 namespace mox {
 
-// The lanes in which a comparison holds, as bits: one for each lane of 32 bytes, one for each byte
-// of 16.
-template <class T>
-[[gnu::always_inline]] inline int lanesWhere(T comparison) {
-  if constexpr (sizeof comparison == 16)
-    return _mm_movemask_epi8(__m128i(comparison));
-  else if constexpr (sizeof comparison[0] == 4)
-    return _mm256_movemask_ps(__m256(comparison));
-  else
-    return _mm256_movemask_pd(__m256d(comparison));
-}
-template <class T>
-[[gnu::always_inline]] inline bool anyLane(T comparison) {
-  return lanesWhere(comparison) != 0;
-}
-// The first lane in which it holds, as it does in one.
-template <class T>
-[[gnu::always_inline]] inline int firstLane(T comparison) {
-  const int lane = __builtin_ctz(lanesWhere(comparison));
-  return sizeof comparison == 16 ? lane / int(sizeof comparison[0]) : lane;
-}
-
 // Masks of the lanes that break a bound; NaN breaks every bound, silently.
 [[gnu::always_inline]] inline V<Mox32f> notAtMost(V<Mox32f> v, Mox32f limit) {
   return V<Mox32f>(_mm256_cmp_ps(v, _mm256_set1_ps(limit), _CMP_NLE_UQ));
@@ -62,6 +40,19 @@ template <class T>
     return _mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128()));
   else
     return _mm_movemask_epi8(__m128i(v));
+}
+
+// Whether a comparison holds in any lane, and the first lane in which it does.
+template <class T>
+[[gnu::always_inline]] inline bool anyLane(T comparison) {
+  if constexpr (sizeof comparison == 16)  // narrow lanes need not be told apart
+    return _mm_movemask_epi8(__m128i(comparison)) != 0;
+  else
+    return signBits(comparison) != 0;
+}
+template <class T>
+[[gnu::always_inline]] inline int firstLane(T comparison) {
+  return __builtin_ctz(unsigned(signBits(comparison)));
 }
 
 // `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic
