@@ -54,7 +54,7 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
         return addSaturated(r, r);
       });
     if (factor <= 0)
-      return scale.withUpwardRule([&](auto rule) {
+      return scale.withUpwardRule([&](auto rule) __attribute__((always_inline)) {
         const auto scaled = rule.template forLanes<Lanes>();
         map(rule, [&](long i) {
           return scaled(op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i)));
@@ -71,7 +71,7 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
     using Wide = V<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>, 8>;
     const auto high = broadcast<Wide>(Lane<Wide>(255));
     if (factor < 10)
-      return scale.withRule([&](auto rule) {
+      return scale.withRule([&](auto rule) __attribute__((always_inline)) {
         const auto scaled = rule.template forLanes<Wide>();
         const auto wide = [&](long i) {
           const Wide r = scaled(Wide(op(lanesFrom<Wide>(a, i), lanesFrom<Wide>(b, i))));
@@ -82,7 +82,7 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
   }
   if constexpr (std::is_same_v<Lanes, V<Mox16s, 8>> && lanesHoldSources &&
                 requires(Lanes v) { op.wide(v, v); })
-    return scale.withRule([&](auto rule) {
+    return scale.withRule([&](auto rule) __attribute__((always_inline)) {
       map(rule, [&](long i) {
         const auto r = op.wide(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i));
         return packSaturated<Mox16s>(rule(r.low), rule(r.high));

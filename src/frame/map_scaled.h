@@ -74,7 +74,7 @@ template <int magnitude, class D, class Op, class... Source>
 void mapScaled(int factor, Op exact, D* dst, long len, Source... src) {
   constexpr bool alike = ((partsPerElement<ElementOf<Source>> == partsPerElement<D>)&&...);
   constexpr bool fits = Limits<Part<D>>::max < Int128(1) << 31;
-  Scale<Part<D>, magnitude>(factor).withRule([&](auto rule) {
+  Scale<Part<D>, magnitude>(factor).withRule([&](auto rule) __attribute__((always_inline)) {
     using R = Exact<magnitude>;
     const auto one = [&](long i) {
       for (int part = 0; part < partsPerElement<D>; ++part)

@@ -84,11 +84,13 @@ requires std::is_integral_v<E>
 }
 // Whole products.
 [[gnu::always_inline]] inline Halves<Mox32s> multiplyWide(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  a = inRegister(a), b = inRegister(b);
   const __m128i low = _mm_mullo_epi16(__m128i(a), __m128i(b));
   const __m128i high = _mm_mulhi_epi16(__m128i(a), __m128i(b));
   return {V<Mox32s, 4>(_mm_unpacklo_epi16(low, high)), V<Mox32s, 4>(_mm_unpackhi_epi16(low, high))};
 }
 [[gnu::always_inline]] inline Halves<Mox32u> multiplyWide(V<Mox16u, 8> a, V<Mox16u, 8> b) {
+  a = inRegister(a), b = inRegister(b);
   const __m128i low = _mm_mullo_epi16(__m128i(a), __m128i(b));
   const __m128i high = _mm_mulhi_epu16(__m128i(a), __m128i(b));
   return {V<Mox32u, 4>(_mm_unpacklo_epi16(low, high)), V<Mox32u, 4>(_mm_unpackhi_epi16(low, high))};
