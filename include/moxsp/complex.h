@@ -9,7 +9,7 @@
  * as `32f` or `16s32f`, takes the real parts from `srcRe` and the imaginary ones from `srcIm`. A
  * destination whose elements have the size of a source's may be that source.
  *
- * Names with `Sfs` follow @ref scaling: the exact value, irrational as it may be, is scaled and
+ * Names with `Sfs` follow @ref scaling. The exact value, irrational as it may be, is scaled and
  * then rounded once, so that integer results are defined to the bit. Bounds in ulps hold for
  * rounding to nearest.
  */

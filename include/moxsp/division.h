@@ -16,7 +16,7 @@
  * Quotients. The first source is the divisor: `dst[i] = src2[i] / src1[i]`, in place `srcDst[i] =
  * srcDst[i] / src[i]`. In `moxsDiv_32s16s_Sfs` it is the 16-bit source.
  *
- * Integers follow @ref scaling: the quotient times 2^-scaleFactor is rounded to nearest with ties
+ * Integers follow @ref scaling. The quotient times 2^-scaleFactor is rounded to nearest with ties
  * to even and saturated; `scaleFactor` may have any value. A dividend over a divisor of zero gives
  * the largest value of the type, or the smallest where the dividend is negative; zero over zero
  * gives 0.
