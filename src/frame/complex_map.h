@@ -118,14 +118,6 @@ struct TwoArrays {
 
 namespace detail {
 
-template <class Op, class Source, class Target>
-[[gnu::always_inline]] inline void mapBlock(Op op, Source src, Target dst, auto put) {
-  constexpr int lanes = Op::lanes, vectors = complexBlock / lanes;
-  decltype(op(src, 0L)) r[vectors];
-  for (int j = 0; j < vectors; ++j) r[j] = op(src, j * lanes);
-  for (int j = 0; j < vectors; ++j) dst.store(j * lanes, r[j], put);
-}
-
 // Elements in parts that fill no more than a block: empty lanes compute the function of 0.
 template <class Op, class Source, class Target>
 [[gnu::noinline]] void mapParts(Op op, Source src, Target dst, long len) {
@@ -134,35 +126,42 @@ template <class Op, class Source, class Target>
     typename Source::Piece in;
     typename Target::Piece out;
     in.load(src.from(i), count);
-    mapBlock(op, in.array(), out.array(), [](void* p, auto v) { storeAligned(p, v); });
+    for (int j = 0; j < complexBlock; j += Op::lanes)
+      out.array().store(j, op(in.array(), j), [](void* p, auto v) { storeAligned(p, v); });
     out.store(dst.from(i), count);
   }
 }
 
+// From a place on where `dst` is aligned, if it ever is. It calls another function as its last act
+// only, and so need not save registers, which a short call would notice.
+template <Stores stores, class Op, class Source, class Target>
+[[gnu::noinline]] void mapFromBoundary(Op op, Source src, Target dst, long len) {
+  constexpr long block = Op::lanes;
+  const bool bypass = stores == Stores::bypassing &&
+                      len > bypassBytes / (Source::bytes + Target::bytes) && dst.aligned();
+  long i = 0;
+  if (bypass) {
+    for (; i <= len - block; i += block)
+      dst.store(i, op(src, i), [](void* p, auto v) { storeStream(p, v); });
+    streamFence();
+  } else {
+    for (; i <= len - block; i += block)
+      dst.store(i, op(src, i), [](void* p, auto v) { mox::store(p, v); });
+  }
+  if (i < len) mapParts(op, src.from(i), dst.from(i), len - i);
+}
+
 }  // namespace detail
 
-// Applies `op` to all elements: op(src, i) makes the results from element i on, Op::lanes of them.
-// All loads of a block come before its stores, so that `dst` may be a source.
+// Applies `op` to all elements: op(src, i) makes the results from element i on, Op::lanes of them;
+// they are stored before the next are made, so that `dst` may be a source.
 template <Stores stores = Stores::cached, class Op, class Source, class Target>
 [[gnu::always_inline]] inline void mapComplex(Op op, Source src, Target dst, long len) {
-  constexpr long block = complexBlock;
-  long i = 0;
-  if (const int peel = dst.peel(); peel + block <= len) {
-    if (peel > 0) detail::mapParts(op, src, dst, peel);
-    i = peel;
-    const bool bypass = stores == Stores::bypassing &&
-                        len > bypassBytes / (Source::bytes + Target::bytes) &&
-                        dst.from(i).aligned();
-    if (bypass) {
-      for (; i <= len - block; i += block)
-        detail::mapBlock(op, src.from(i), dst.from(i), [](void* p, auto v) { storeStream(p, v); });
-      streamFence();
-    } else {
-      for (; i <= len - block; i += block)
-        detail::mapBlock(op, src.from(i), dst.from(i), [](void* p, auto v) { mox::store(p, v); });
-    }
+  if (const long peel = std::min(long(dst.peel()), len)) {
+    detail::mapParts(op, src, dst, peel);
+    src = src.from(peel), dst = dst.from(peel), len -= peel;
   }
-  if (i < len) detail::mapParts(op, src.from(i), dst.from(i), len - i);
+  detail::mapFromBoundary<stores>(op, src, dst, len);
 }
 
 }  // namespace mox
