@@ -182,11 +182,20 @@ class Folding {
 
   // Adds the terms up to `end` to the lanes, and those to the total.
   [[gnu::always_inline]] void addBlock(All lanes, long end) {
-    for (const long last = end - order.step; i_ <= last; i_ += order.step)
-      for (int j = 0; j < order.step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
+    // The fewer instructions stand between the loads, the further ahead of a chain of additions do
+    // those reach that memory keeps waiting.
+    constexpr long longStep = (8 * All::width + order.step - 1) / order.step * order.step;
+    addSteps<longStep>(lanes, end);
+    addSteps<order.step>(lanes, end);
     if constexpr (order.tail != Tail::folded && order.tail != Tail::serial)
       if (i_ < end) addRest(lanes, end);
     addToTotal(lanes, end);
+  }
+
+  template <long step>
+  [[gnu::always_inline]] void addSteps(All& lanes, long end) {
+    for (const long last = end - step; i_ <= last; i_ += step)
+      for (long j = 0; j < step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
   }
 
   template <int count>
