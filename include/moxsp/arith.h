@@ -4,8 +4,8 @@
  *
  * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
  * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`.
- * Saturation is silent.
+ * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
+ * or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
  */
 #ifndef MOXSP_ARITH_H
 #define MOXSP_ARITH_H
@@ -33,7 +33,7 @@
  *
  * @note Floats: each element is one IEEE 754 addition in the current rounding mode, to the bit. A
  * `val` of 0 in `moxsAddC_32f` and `moxsAddC_64f` leaves every element as it is, -0 too.
- * @note The 64-bit integer forms saturate the sum to 64 bits before they scale it.
+ * @note `moxsAdd_64s_Sfs` saturates the sum to 64 bits before it scales it.
  * @{ */
 MOX_API MoxStatus moxsAdd_32f(const Mox32f* src1, const Mox32f* src2, Mox32f* dst, int len);
 MOX_API MoxStatus moxsAdd_64f(const Mox64f* src1, const Mox64f* src2, Mox64f* dst, int len);
@@ -112,7 +112,6 @@ MOX_API MoxStatus moxsAddC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
  *
  * @note Floats: each element is one IEEE 754 subtraction in the current rounding mode, to the bit.
  * A `val` of 0 in `moxsSubC_32f` leaves every element as it is.
- * @note `moxsSub_64s_Sfs` saturates the difference to 64 bits before it scales it.
  * @{ */
 MOX_API MoxStatus moxsSub_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
                                  int scaleFactor);
@@ -211,12 +210,13 @@ MOX_API MoxStatus moxsSubCRev_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
  * @note Floats: each operation of the formula is rounded by itself in the current rounding mode,
  * and nothing is fused. In `moxsMulC_32f` a `val` of 1 copies the elements to the bit, and one of 0
  * gives +0 for every element, infinities and NaN too.
- * @note `moxsMul_32s_Sfs` with a factor other than 0 computes (double(src1) * 2^-scaleFactor) *
- * double(src2), rounding to nearest in each step, so that a product above 2^53 may differ by one
- * from the exact rule. All other integer forms are exact.
- * @note `moxsMulC_32f16s_Sfs` and `moxsMulC_Low_32f16s` multiply 16-bit data by a float constant in
- * single precision, and round to 16 bits in the current rounding mode; a NaN gives 32767.
- * `moxsMulC_64f64s_ISfs` scales the exact product of integer and double; a NaN gives 0.
+ * @note `moxsMul_32s_Sfs` and `moxsMul_32s_ISfs` with a factor other than 0 compute
+ * `(double(src1) * 2^-scaleFactor) * double(src2)`, rounding to nearest in each step, so that a
+ * product above 2^53 may differ by one from the exact rule. All other integer forms are exact.
+ * @note `moxsMulC_32f16s_Sfs` and, without a factor, `moxsMulC_Low_32f16s` multiply 16-bit data by
+ * a float constant in single precision, and round to 16 bits in the current rounding mode; a NaN
+ * gives 32767. `moxsMulC_64f64s_ISfs` scales the exact product of integer and double; a NaN gives
+ * 0. With an infinite constant of either, 0 gives 0 and everything else the limit of its sign.
  * @{ */
 MOX_API MoxStatus moxsMul_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
                                  int scaleFactor);
@@ -296,14 +296,14 @@ MOX_API MoxStatus moxsMulC_Low_32f16s(const Mox16s* src, Mox32f val, Mox16s* dst
 
 /** @defgroup addproduct AddProduct
  * Products added to the destination: `srcDst[i] = srcDst[i] + src1[i] * src2[i]`, with a constant
- * `srcDst[i] = srcDst[i] + src[i] * val`. With `Sfs` the whole sum is scaled by @ref scaling.
+ * `srcDst[i] = srcDst[i] + src[i] * val`. With `Sfs` the whole sum is scaled by @ref scaling,
+ * but for `32s`, see below.
  *
  * @note Floats: the product, and then the sum, are each rounded in the current rounding mode.
  * @note `moxsAddProduct_32s_Sfs` is exact with a factor of 0. With a factor of 1 to 62 and of -1 to
- * -30 it scales the product alone, in double precision: (double(src1) * 2^-scaleFactor) *
- * double(src2)
- * + double(srcDst), to nearest in each step. Above 62 all results are 0, at or below -31 the sign
- * of the exact sum alone decides.
+ * -30 it scales the product alone, in double precision, to nearest in each step:
+ * `(double(src1) * 2^-scaleFactor) * double(src2) + double(srcDst)`. Above 62 all results are 0, at
+ * or below -31 the sign of the exact sum alone decides.
  * @{ */
 MOX_API MoxStatus moxsAddProduct_16s_Sfs(const Mox16s* src1, const Mox16s* src2, Mox16s* srcDst,
                                          int len, int scaleFactor);

@@ -4,8 +4,8 @@
  *
  * All functions return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then
  * the statuses of their group; a call with an error has written nothing. `dst` may be one of the
- * sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`. Saturation
- * is silent.
+ * sources; where arrays overlap otherwise the results are undefined. A name ending in `_I` or
+ * `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
  */
 #ifndef MOXSP_DIVISION_H
 #define MOXSP_DIVISION_H
@@ -34,9 +34,9 @@
  * it may count as that tie, and the result differ by one from the exact rule; true ties, which go
  * to the even integer, are exact at every factor.
  * @note Floats: each element is one IEEE 754 division in the current rounding mode, to the bit;
- * over zero it is an infinity, or NaN for 0 / 0. Each operation of the formula for complex elements
- * is rounded by itself in the precision of the elements, so that n overflows or vanishes for
- * divisors far from 1, and both parts are NaN over a divisor of zero.
+ * over zero it is an infinity, or NaN for a dividend of 0 or NaN. Each operation of the formula for
+ * complex elements is rounded by itself in the precision of the elements, so that n overflows or
+ * vanishes for divisors far from 1, and both parts are NaN over a divisor of zero.
  * @{ */
 MOX_API MoxStatus moxsDiv_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
                                  int scaleFactor);

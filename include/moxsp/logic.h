@@ -4,7 +4,8 @@
  *
  * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
  * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`.
+ * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
+ * writes its result over the source `srcDst`.
  */
 #ifndef MOXSP_LOGIC_H
 #define MOXSP_LOGIC_H
@@ -13,7 +14,8 @@
 
 /** @defgroup logic Logic
  * Bitwise operations: `dst[i] = src1[i] op src2[i]`, in place `srcDst[i] = src[i] op srcDst[i]`;
- * with a constant `dst[i] = src[i] op val`; Not: `dst[i] = ~src[i]`.
+ * with a constant `dst[i] = src[i] op val`, in place `srcDst[i] = srcDst[i] op val`; Not:
+ * `dst[i] = ~src[i]`, in place `srcDst[i] = ~srcDst[i]`.
  * @{ */
 MOX_API MoxStatus moxsAnd_8u(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len);
 MOX_API MoxStatus moxsAnd_8u_I(const Mox8u* src, Mox8u* srcDst, int len);

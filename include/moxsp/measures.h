@@ -51,9 +51,10 @@ MOX_API MoxStatus moxsSumWindow_16s32f(const Mox16s* src, Mox32f* dst, int len, 
  *
  * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then ::moxErrDivByZero
  * for a `div` of 0 and, in the floating-point forms, of less than 1.1754944e-38 either way.
- * @note To the bit, in the current rounding mode: floats are `(src[i] - sub) * (1 / div)`, each
- * operation rounded to the type of a part; integers are `Mox32f(src[i] - sub) / Mox32f(div)`,
- * divided in single precision, before they are scaled.
+ * @note To the bit, in the current rounding mode: each operation is rounded to the type of a part.
+ * `moxsNormalize_32f` multiplies by the reciprocal, `(src[i] - sub) * (1 / div)`; the others
+ * divide. Integers are `Mox32f(src[i] - sub) / Mox32f(div)`, divided in single precision, before
+ * they are scaled.
  * @{ */
 MOX_API MoxStatus moxsNormalize_32f(const Mox32f* src, Mox32f* dst, int len, Mox32f sub,
                                     Mox32f div);

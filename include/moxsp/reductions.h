@@ -4,8 +4,8 @@
  *
  * Integer sums are exact up to the scaling of the result. Floating sums are defined to the bit by
  * the order of their additions: parallel partial sums, the lanes, take the terms in turn and are
- * added to one another at the end. Lanes start with the first element at a vector boundary, so
- * that the last bits of a sum may depend on the address of its source.
+ * added to one another at the end. In most families they start with the first element at a vector
+ * boundary, so that the last bits of a sum may depend on the address of its source.
  *
  * `hint` 1 selects the fast path, every other value the accurate one.
  *
@@ -43,14 +43,15 @@ MOX_API MoxStatus moxsSum_64fc(const Mox64fc* src, int len, Mox64fc* sum);
 
 /** @defgroup mean Mean
  * Means: `mean = (src[0] + ... + src[len - 1]) / len`, complex elements by parts. Integers with
- * `Sfs` give mean * 2^-scaleFactor, saturated.
+ * `Sfs` give mean * 2^-scaleFactor, saturated; `moxsMean_32s_Sfs` has a rule of its own.
  *
  * @note Floats: the sum of @ref sum before it is rounded, divided by `len` in double.
  * `moxsMean_64fc` multiplies by 1.0 / len instead, which has been rounded by itself.
  * @note The 16-bit forms divide the scaled sum in double, and round in the current mode.
  * @note `moxsMean_32s_Sfs`: with a factor of 0 the mean to nearest, ties to even. With s above 0
- * that mean m, shifted right by s after the bit s - 1 of |m| has been added to |m|: 2.5 gives 3. (s
- * and the number of the bit count modulo 32.) With a factor from -1 to -31 the scaled sum is
+ * that mean m, shifted right by s after the bit s - 1 of |m| has been added to |m|, by 1 and not by
+ * half of the divisor: a mean of 6 with a factor of 2 gives (6 + 1) >> 2 = 1. (s and the number of
+ * the bit count modulo 32.) With a factor from -1 to -31 the scaled sum is
  * divided, if the sum fits into 32 bits; else the rounded mean is scaled. From -32 on the sign of
  * the rounded mean alone decides: 0, or the largest or smallest integer.
  * @{ */
@@ -70,8 +71,8 @@ MOX_API MoxStatus moxsMean_64fc(const Mox64fc* src, int len, Mox64fc* mean);
  * are scaled by 2^-scaleFactor, rounded in the current mode and saturated.
  *
  * @note `32f`: the accurate path adds and squares doubles; the fast path squares and adds in single
- * precision within blocks of 8192 elements, in double from block to block. The rest is done in
- * double on both.
+ * precision within blocks of 8192 elements, in double from block to block; a source that isn't
+ * aligned to 4 bytes takes the accurate path. The rest is done in double on both.
  * @note S and Q of 16-bit elements are exact.
  * @{ */
 MOX_API MoxStatus moxsStdDev_16s32s_Sfs(const Mox16s* src, int len, Mox32s* stdDev,
@@ -107,7 +108,7 @@ MOX_API MoxStatus moxsMeanStdDev_64f(const Mox64f* src, int len, Mox64f* mean, M
  * 0: relative errors of the terms stay below 1e-6, the last bits differ between processors, and
  * numbers whose square is subnormal or infinite don't give their magnitude.
  * @note Inf: a NaN replaces the maximum of its lane, and the next number of that lane replaces the
- * NaN.
+ * NaN. A NaN that is left in a lane at the end gives way to the other lanes, but for the last one.
  * @note 16-bit elements: exact in 64 bits. `16s32f` rounds that to float, L2 the root of it. With
  * `Sfs`:
  * - Inf and L1 to `32s`: a factor of 0 stores the low 32 bits. A factor above 0 shifts right and

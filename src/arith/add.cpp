@@ -7,6 +7,13 @@
 #include "frame/export.h"
 
 namespace mox {
+namespace {
+
+// A factor works on the sum that 64 bits hold.
+constexpr auto saturatedSum = [](Int128 a, Int128 b) { return Int128(saturate<Mox64s>(a + b)); };
+
+}  // namespace
+
 MOX_EXPORT(moxsAdd_32f, mapPair<sum, Mox32f, Mox32f, Mox32f>);
 MOX_EXPORT(moxsAdd_64f, mapPair<sum, Mox64f, Mox64f, Mox64f>);
 MOX_EXPORT(moxsAdd_32f_I, mapPairInPlace<sum, Mox32f, Mox32f>);
@@ -37,7 +44,7 @@ MOX_EXPORT(moxsAdd_16sc_Sfs, scaleParts<sum, Mox16sc>);
 MOX_EXPORT(moxsAdd_16sc_ISfs, scalePartsInPlace<sum, Mox16sc>);
 MOX_EXPORT(moxsAdd_32sc_Sfs, scaleParts<sum, Mox32sc>);
 MOX_EXPORT(moxsAdd_32sc_ISfs, scalePartsInPlace<sum, Mox32sc>);
-MOX_EXPORT(moxsAdd_64s_Sfs, scalePair64<sum, Mox64s>);
+MOX_EXPORT(moxsAdd_64s_Sfs, scalePair64<saturatedSum, Mox64s>);
 MOX_EXPORT(moxsAdd_16s, saturatePair<sum, Mox16s, Mox16s, Mox16s>);
 MOX_EXPORT(moxsAdd_16s_I, saturatePairInPlace<sum, Mox16s, Mox16s>);
 MOX_EXPORT(moxsAdd_16u, saturatePair<sum, Mox16u, Mox16u, Mox16u>);

@@ -38,7 +38,7 @@ class Kernel : public ByReciprocal<Doubles> {
   [[gnu::always_inline]] Words quotients(Words dividend, const Divisor& divisor) const {
     const Sums re = Sums(dividend) << 16 >> 16, im = Sums(dividend) >> 16;
     const Sums reSum = multiplyAddPairs(dividend, divisor.value);
-    const Sums imSum = multiplyAddPairs(swapParts(dividend), divisor.conjugate) + re;
+    const Sums imSum = addWrapping(multiplyAddPairs(swapParts(dividend), divisor.conjugate), re);
     return shuffle<[](int k) { return k % 2 * 4 + k / 2; }>(
         packSaturated<Mox16s>(rounded(held(reSum) | (re & divisor.zero), divisor),
                               rounded(imSum | (im & divisor.zero), divisor)));

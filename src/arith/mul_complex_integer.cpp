@@ -34,12 +34,13 @@ void multiply(int factor, Mox16sc* dst, long len, A a, B b) {
         [&](long i) {
           const auto x = lanesFrom<Lanes>(a, i), y = lanesFrom<Lanes>(b, i);
           // There is no -d in 16 bits for every d, but there is ~d, which is -d - 1.
-          const Sums re = multiplyAddPairs(x, y ^ imaginary) + (Sums(x) >> 16);
+          const Sums re = addWrapping(multiplyAddPairs(x, y ^ imaginary), Sums(x) >> 16);
           const Sums im = multiplyAddPairs(x, swapParts(y));
           const Sums held = im ^ (im == std::numeric_limits<Mox32s>::min());
           return shuffle<[](int k) { return k % 2 * 4 + k / 2; }>(
               packSaturated<Mox16s>(rule(re), rule(held)));
-        });
+        },
+        a, b);
   });
 }
 

@@ -24,77 +24,118 @@ template <class Op, class A, class B>
 constexpr int magnitudeOf = std::is_same_v<Op, Product> ? bits<A> + bits<B>
                                                         : std::max(bits<A>, bits<B>) + 1;
 
-// dst[i] = op(a[i], b[i]) by the scale rule.
+// dst[i] = op(a[i], b[i]) by the scale rule: the first road that serves the factor, in lanes as
+// narrow as its values.
 template <auto op, class D, class A, class B>
-void mapArithmetic(int factor, D* dst, long len, A a, B b) {
-  using T = Part<D>;
+class Arithmetic {
   using Op = std::remove_cv_t<decltype(op)>;
+  using T = Part<D>;
   using SA = Part<ElementOf<A>>;
   using SB = Part<ElementOf<B>>;
-  constexpr int magnitude = magnitudeOf<Op, SA, SB>;
   using Lanes = V<T, 16 / sizeof(T)>;
-  const Scale<T, magnitude> scale(factor);
+  static constexpr int magnitude = magnitudeOf<Op, SA, SB>;
+  static constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
+  static constexpr bool of16s = std::is_same_v<T, Mox16s>;
+
+ public:
+  Arithmetic(int factor, D* dst, long len, A a, B b)
+      : scale_(factor), factor_(factor), dst_(dst), len_(len), a_(a), b_(b) {}
+
+  [[gnu::always_inline]] void run() const {
+    if constexpr (lanesHoldSources && requires(Lanes v) { Op::saturated(v, v); }) {
+      if (factor_ == -1) return twiceSaturated();
+      if (factor_ <= 0) return saturated();
+    }
+    if constexpr (of16s && requires(Lanes v) { Op::halved(v, v); })
+      if (factor_ == 1) return halved();
+    if constexpr (std::is_same_v<T, Mox8u>)
+      if (factor_ <= mostFactorInWords) return inWords();
+    if constexpr (of16s && lanesHoldSources && requires(Lanes v) { Op::wide(v, v); })
+      wide();
+    else
+      exact();
+  }
+
+ private:
   // lanes(i) makes the results from element i on.
-  const auto map = [&](auto rule, auto lanes) __attribute__((always_inline)) {
+  [[gnu::always_inline]] void map(auto rule, auto lanes) const {
     mapInteger(
-        dst, len,
+        dst_, len_,
         [&](long i, int part) {
           using R = Exact<magnitude>;
-          return saturate<T>(rule(R(op(R(partFrom(a, i, part)), R(partFrom(b, i, part))))));
+          return saturate<T>(rule(R(op(R(partFrom(a_, i, part)), R(partFrom(b_, i, part))))));
         },
-        lanes);
-  };
+        lanes, a_, b_);
+  }
 
   // What an instruction has saturated is as good as the exact value when it gets no smaller.
-  constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
-  if constexpr (lanesHoldSources && requires(Lanes v) { op.saturated(v, v); }) {
-    if (factor == -1)
-      return map(ScaledUp<T, magnitude>(1), [&](long i) {
-        const Lanes r = op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i));
-        return addSaturated(r, r);
-      });
-    if (factor <= 0)
-      return scale.withUpwardRule([&](auto rule) __attribute__((always_inline)) {
-        const auto scaled = rule.template forLanes<Lanes>();
-        map(rule, [&](long i) {
-          return scaled(op.saturated(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i)));
-        });
-      });
+  [[gnu::always_inline]] Lanes saturatedFrom(long i) const {
+    return op.saturated(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
   }
-  if constexpr (std::is_same_v<Lanes, V<Mox16s, 8>> && requires(Lanes v) { op.halved(v, v); }) {
-    if (factor == 1)
-      return map(ScaledDown<magnitude>(1),
-                 [&](long i) { return op.halved(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i)); });
+  [[gnu::always_inline]] void saturated() const {
+    scale_.withUpwardRule([&](auto rule) __attribute__((always_inline)) {
+      const auto scaled = rule.template forLanes<Lanes>();
+      map(rule, [&](long i) { return scaled(saturatedFrom(i)); });
+    });
   }
-  if constexpr (std::is_same_v<T, Mox8u>) {
-    // Sixteen bits hold the values, and what the rule adds to them up to these factors.
-    using Wide = V<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>, 8>;
-    const auto high = broadcast<Wide>(Lane<Wide>(255));
-    if (factor < 10)
-      return scale.withRule([&](auto rule) __attribute__((always_inline)) {
-        const auto scaled = rule.template forLanes<Wide>();
-        const auto wide = [&](long i) {
-          const Wide r = scaled(Wide(op(lanesFrom<Wide>(a, i), lanesFrom<Wide>(b, i))));
-          return V<Mox16s, 8>(magnitude > 14 ? lesser(r, high) : r);
-        };
-        map(rule, [&](long i) { return packSaturated<Mox8u>(wide(i), wide(i + 8)); });
-      });
+  [[gnu::always_inline]] void twiceSaturated() const {
+    map(ScaledUp<T, magnitude>(1), [&](long i) {
+      const Lanes r = saturatedFrom(i);
+      return addSaturated(r, r);
+    });
   }
-  if constexpr (std::is_same_v<Lanes, V<Mox16s, 8>> && lanesHoldSources &&
-                requires(Lanes v) { op.wide(v, v); })
-    return scale.withRule([&](auto rule) __attribute__((always_inline)) {
+
+  [[gnu::always_inline]] void halved() const {
+    map(ScaledDown<magnitude>(1),
+        [&](long i) { return op.halved(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i)); });
+  }
+
+  // Sixteen bits hold values of bytes and what the rule adds to them: 255 * 255 + 2^8 < 2^16.
+  static constexpr int mostFactorInWords = 9;
+  [[gnu::always_inline]] void inWords() const {
+    using Words = V<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>, 8>;
+    const auto high = broadcast<Words>(Lane<Words>(255));
+    scale_.withRule([&](auto rule) __attribute__((always_inline)) {
+      const auto scaled = rule.template forLanes<Words>();
+      const auto words = [&](long i) {
+        const Words r = scaled(Words(op(lanesFrom<Words>(a_, i), lanesFrom<Words>(b_, i))));
+        return V<Mox16s, 8>(magnitude > 14 ? lesser(r, high) : r);
+      };
+      map(rule, [&](long i) { return packSaturated<Mox8u>(words(i), words(i + 8)); });
+    });
+  }
+
+  // Whole results in two halves.
+  [[gnu::always_inline]] void wide() const {
+    scale_.withRule([&](auto rule) __attribute__((always_inline)) {
       map(rule, [&](long i) {
-        const auto r = op.wide(lanesFrom<Lanes>(a, i), lanesFrom<Lanes>(b, i));
+        const auto r = op.wide(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
         return packSaturated<Mox16s>(rule(r.low), rule(r.high));
       });
     });
-  else if constexpr (magnitude <= 53)
-    mapScaled<magnitude>(factor, op, dst, len, a, b);
-  // Doubles round products above 2^53, which saturate all the same up to this factor.
-  else if (sizeof(T) == 4 && factor <= 21)
-    mapScaled<53>(factor, op, dst, len, a, b);
-  else
-    mapScaled<magnitude>(factor, op, dst, len, a, b);
+  }
+
+  // Doubles round products above 2^53; up to this factor those saturate 32 bits all the same.
+  static constexpr int mostFactorInDoubles = 53 - 32;
+  [[gnu::always_inline]] void exact() const {
+    constexpr int inDoubles = std::min(magnitude, 53);
+    if (inDoubles == magnitude || (sizeof(T) == 4 && factor_ <= mostFactorInDoubles))
+      mapScaled<inDoubles>(factor_, op, dst_, len_, a_, b_);
+    else
+      mapScaled<magnitude>(factor_, op, dst_, len_, a_, b_);
+  }
+
+  Scale<T, magnitude> scale_;
+  int factor_;
+  D* dst_;
+  long len_;
+  A a_;
+  B b_;
+};
+
+template <auto op, class D, class A, class B>
+void mapArithmetic(int factor, D* dst, long len, A a, B b) {
+  Arithmetic<op, D, A, B>(factor, dst, len, a, b).run();
 }
 
 // dst = op(src1, src2)
@@ -154,24 +195,17 @@ MoxStatus pairToFloat(const Mox16s* src1, const Mox16s* src2, Mox32f* dst, int l
   return moxOk;
 }
 
-// 64-bit results saturate before they are scaled: a factor works on the saturated value.
-template <auto op, class E, class A, class B>
-void mapSaturatedFirst(int factor, E* dst, long len, A a, B b) {
-  constexpr int magnitude = 65;
-  using R = Exact<magnitude>;
-  mapScaled<magnitude>(
-      factor, [](R x, R y) { return R(saturate<E>(op(x, y))); }, dst, len, a, b);
-}
+// Of 64-bit elements, exact in wider integers.
 template <auto op, class E>
 MoxStatus scalePair64(const E* src1, const E* src2, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  mapSaturatedFirst<op>(scaleFactor, dst, len, src1, src2);
+  mapScaled<65>(scaleFactor, op, dst, len, src1, src2);
   return moxOk;
 }
 template <auto op, class E>
 MoxStatus scaleConstant64(const E* src, E val, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapSaturatedFirst<op>(scaleFactor, dst, len, src, Same<E>{val});
+  mapScaled<65>(scaleFactor, op, dst, len, src, Same<E>{val});
   return moxOk;
 }
 

@@ -10,7 +10,9 @@ bool anyNull(const P*... pointers) {
   return ((pointers == nullptr) || ...);
 }
 
-inline MoxStatus checkLength(long len) { return len < 1 ? MoxStatus(moxErrSize) : moxOk; }
+inline MoxStatus checkLength(long len, long least = 1) {
+  return len < least ? MoxStatus(moxErrSize) : moxOk;
+}
 
 template <class... P>
 MoxStatus checkArrays(long len, const P*... arrays) {

@@ -90,6 +90,16 @@ bool isSameArray(const D*, Same<E>) {
   return false;
 }
 
+// Whether a block of `bytes` of results overwrites elements of `src` that come after it.
+template <class D, class E>
+bool runsAhead(const D* dst, const E* src, long bytes) {
+  return addressOf(dst) - addressOf(src) - 1 < std::uintptr_t(bytes - 1);
+}
+template <class D, class E>
+bool runsAhead(const D*, Same<E>, long) {
+  return false;
+}
+
 // A destination that is read as well is in the cache already.
 template <Stores stores, class D, class... Source>
 bool bypasses(const D* dst, long len, Source... src) {

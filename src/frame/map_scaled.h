@@ -45,9 +45,11 @@ void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
 }
 
 // Results in vectors of 16 bytes: lanes(i) makes those from element i on, one(i, part) a single
-// one. All of a block are made before any is stored.
-template <class D, class One, class Lanes>
-[[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes) {
+// one. All of a block are made before any is stored; where that would tell, as `dst` starts within
+// a block of one of the sources, elements go one by one.
+template <class D, class One, class Lanes, class... Source>
+[[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes,
+                                              Source... src) {
   constexpr int perVector = 16 / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
   constexpr int step = perVector / perElement, vecs = perVector == 16 ? 2 : 4;
   const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
@@ -57,14 +59,17 @@ template <class D, class One, class Lanes>
       for (int j = 0; j < count; ++j) put(dst + i + j * step, r[j]);
     };
   };
-  forBlocks<vecs * step, 16, step>(
-      false, dst, len,
-      [&](long i) {
-        Part<D> r[perElement];
-        for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
-        for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
-      },
-      vectors(std::integral_constant<int, vecs>()), vectors(std::integral_constant<int, 1>()));
+  const auto element = [&](long i) {
+    Part<D> r[perElement];
+    for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
+    for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
+  };
+  if ((runsAhead(dst, src, 16 * vecs) || ...)) [[unlikely]]
+    for (long i = 0; i < len; ++i) element(i);
+  else
+    forBlocks<vecs * step, 16, step>(false, dst, len, element,
+                                     vectors(std::integral_constant<int, vecs>()),
+                                     vectors(std::integral_constant<int, 1>()));
 }
 
 // dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within 2^magnitude.

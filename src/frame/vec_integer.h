@@ -78,6 +78,11 @@ requires std::is_integral_v<E>
   return Unsigned(x < 0 ? Unsigned(0) - Unsigned(x) : Unsigned(x));
 }
 
+// Sums that may leave 32 bits, and come back with what is added next.
+[[gnu::always_inline]] inline V<Mox32s, 4> addWrapping(V<Mox32s, 4> a, V<Mox32s, 4> b) {
+  return V<Mox32s, 4>(V<Mox32u, 4>(a) + V<Mox32u, 4>(b));
+}
+
 // The upper halves of products.
 [[gnu::always_inline]] inline V<Mox16u, 8> multiplyHigh(V<Mox16u, 8> a, V<Mox16u, 8> b) {
   return V<Mox16u, 8>(_mm_mulhi_epu16(__m128i(a), __m128i(b)));

@@ -9,7 +9,7 @@ namespace mox {
 namespace {
 
 // No magnitude exceeds the maximum of the type.
-struct Magnitude {
+struct HeldMagnitude {
   template <class T>
   auto operator()(T x) const {
     using M = decltype(magnitude(x));
@@ -78,11 +78,11 @@ MOX_EXPORT(moxsMin_32f, extreme<Smaller, Value, Mox32f>);
 MOX_EXPORT(moxsMin_32s, extreme<Smaller, Value, Mox32s>);
 MOX_EXPORT(moxsMin_64f, extreme<Smaller, Value, Mox64f>);
 
-MOX_EXPORT(moxsMaxAbs_16s, extreme<Larger, Magnitude, Mox16s>);
-MOX_EXPORT(moxsMaxAbs_32s, extreme<Larger, Magnitude, Mox32s>);
+MOX_EXPORT(moxsMaxAbs_16s, extreme<Larger, HeldMagnitude, Mox16s>);
+MOX_EXPORT(moxsMaxAbs_32s, extreme<Larger, HeldMagnitude, Mox32s>);
 
-MOX_EXPORT(moxsMinAbs_16s, extreme<Smaller, Magnitude, Mox16s>);
-MOX_EXPORT(moxsMinAbs_32s, extreme<Smaller, Magnitude, Mox32s>);
+MOX_EXPORT(moxsMinAbs_16s, extreme<Smaller, HeldMagnitude, Mox16s>);
+MOX_EXPORT(moxsMinAbs_32s, extreme<Smaller, HeldMagnitude, Mox32s>);
 
 MOX_EXPORT(moxsMaxIndx_16s, extremeWithIndex<Larger, Value, Mox16s>);
 MOX_EXPORT(moxsMaxIndx_32f, extremeWithIndex<Larger, Value, Mox32f>);
@@ -94,11 +94,11 @@ MOX_EXPORT(moxsMinIndx_32f, extremeWithIndex<Smaller, Value, Mox32f>);
 MOX_EXPORT(moxsMinIndx_32s, extremeWithIndex<Smaller, Value, Mox32s>);
 MOX_EXPORT(moxsMinIndx_64f, extremeWithIndex<Smaller, Value, Mox64f>);
 
-MOX_EXPORT(moxsMaxAbsIndx_16s, extremeWithIndex<Larger, Magnitude, Mox16s>);
-MOX_EXPORT(moxsMaxAbsIndx_32s, extremeWithIndex<Larger, Magnitude, Mox32s>);
+MOX_EXPORT(moxsMaxAbsIndx_16s, extremeWithIndex<Larger, HeldMagnitude, Mox16s>);
+MOX_EXPORT(moxsMaxAbsIndx_32s, extremeWithIndex<Larger, HeldMagnitude, Mox32s>);
 
-MOX_EXPORT(moxsMinAbsIndx_16s, extremeWithIndex<Smaller, Magnitude, Mox16s>);
-MOX_EXPORT(moxsMinAbsIndx_32s, extremeWithIndex<Smaller, Magnitude, Mox32s>);
+MOX_EXPORT(moxsMinAbsIndx_16s, extremeWithIndex<Smaller, HeldMagnitude, Mox16s>);
+MOX_EXPORT(moxsMinAbsIndx_32s, extremeWithIndex<Smaller, HeldMagnitude, Mox32s>);
 
 MOX_EXPORT(moxsMinMax_16s, minMax<Mox16s>);
 MOX_EXPORT(moxsMinMax_16u, minMax<Mox16u>);

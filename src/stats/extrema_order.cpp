@@ -26,7 +26,7 @@ struct Format {
   static constexpr Bits infinity = std::bit_cast<Bits>(Number::infinity());
   static constexpr int fractionBits = Number::digits - 1;
 
-  struct Magnitude {
+  struct WithoutSign {
     template <class T>
     T operator()(T bits) const {
       return bits & std::numeric_limits<Bits>::max();
@@ -35,7 +35,7 @@ struct Format {
   struct FiniteMagnitude {
     template <class T>
     T operator()(T bits) const {
-      const T m = Magnitude()(bits);
+      const T m = WithoutSign()(bits);
       return m < infinity ? m : T{};
     }
   };
@@ -58,7 +58,7 @@ MoxStatus orderOf(const E* src, int len, int* order) {
   } else {
     using F = Format<E>;
     const auto* bits = reinterpret_cast<const typename F::Bits*>(src);
-    const auto m = largest<typename F::Magnitude>(bits, len);
+    const auto m = largest<typename F::WithoutSign>(bits, len);
     const bool finite = m < F::infinity;
     store(order, F::order(finite ? m : largest<typename F::FiniteMagnitude>(bits, len)));
     return finite ? moxOk : moxWarnNaNFound;

@@ -52,7 +52,7 @@ struct Plus {
     return a + b;
   }
 };
-struct Larger {
+struct Max {
   template <class T>
   T operator()(T a, T b) const {
     return greater(a, b);  // b beside a NaN

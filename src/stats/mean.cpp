@@ -70,7 +70,7 @@ Mox32s scaledMean(Mox64s sum, int len, int factor) {
   if (factor > 0) return scaledDownMean(mean, factor);
   if (factor == 0) return Mox32s(mean);
   // A sum that has room for the factor is scaled before it is divided.
-  const int places = std::min(-std::max(factor, -32), 32);
+  const int places = -std::max(factor, -32);
   if (places < 32 && saturate<Mox32s>(sum) == sum)
     return saturate<Mox32s>(roundedQuotient(sum * (Mox64s(1) << places), len));
   return saturate<Mox32s>(mean * (Mox64s(1) << std::min(places, 31)));

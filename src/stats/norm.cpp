@@ -41,7 +41,7 @@ E normOf(long len, const E* src, const Second*... second) {
     const T x = numbers(type, i);
     return std::array{kind == Norm::L2 ? x * x : magnitude(x)};
   };
-  using Combine = std::conditional_t<kind == Norm::Inf, Larger, Plus>;
+  using Combine = std::conditional_t<kind == Norm::Inf, Max, Plus>;
   const long peel = peelTo(peelAlignment, src, len);
   const E folded = fold<realNorm<E>, E, 1, Combine>(terms, len, peel).of[0][0];
   return kind == Norm::L2 ? squareRoot(folded) : folded;
@@ -95,7 +95,7 @@ auto normOf(long len, const E* src, const Second*... second) {
       return std::array{kind == Norm::L1 ? quickRoot(squared(type, i)) : squared(type, i)};
     };
     constexpr Order order = kind == Norm::L1 && sizeof(F) == 4 ? complexL1 : complexNorm<F>;
-    using Combine = std::conditional_t<kind == Norm::Inf, Larger, Plus>;
+    using Combine = std::conditional_t<kind == Norm::Inf, Max, Plus>;
     const auto folded = fold<order, F, 1, Combine>(terms, len, peel).of[0][0];
     return kind == Norm::L1 ? folded : squareRoot(folded);
   }

@@ -23,7 +23,7 @@ struct Inf {
       else
         return std::array{detail::magnitudes(load<detail::Words>(p + i)...)};
     };
-    return fold<anyOrder, Mox16u, 1, Larger>(terms, len).of[0][0];
+    return fold<anyOrder, Mox16u, 1, Max>(terms, len).of[0][0];
   }
 };
 

@@ -15,9 +15,14 @@ template <class E>
 MoxStatus normalize(const E* src, E* dst, int len, E sub, Part<E> div) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (std::fabs(div) < Part<E>(1.1754944e-38)) return moxErrDivByZero;
-  const Part<E> factor = 1 / div;
-  mapElements<Stores::bypassing>([=](auto a, auto b) { return (a - b) * factor; }, dst, len, src,
-                                 Same<E>{sub});
+  const auto map = [=](auto quotient) {
+    mapElements<Stores::bypassing>([=](auto a, auto b) { return quotient(a - b); }, dst, len, src,
+                                   Same<E>{sub});
+  };
+  if constexpr (std::is_same_v<E, Mox32f>)
+    map([reciprocal = 1 / div](auto x) { return x * reciprocal; });
+  else
+    map([div](auto x) { return x / div; });
   return moxOk;
 }
 

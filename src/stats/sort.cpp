@@ -1,3 +1,4 @@
+// Sorts by comparison, in place, of values and of values with their indices.
 #include <moxsp/sorting.h>
 
 #include <type_traits>

@@ -81,7 +81,7 @@ long separate(Sequence s, long i, long j, typename Sequence::Key pivot) {
   const int rest = int(j - i + 1);
   Mox64u left = stops(s.keys + i, rest, fromLeft);
   Mox64u right = mirrored(stops(s.keys + i, rest, fromRight), rest);
-  int end = rest;
+  int end = rest;  // what stands from here on belongs behind the pivot
   while (left != 0) {
     const int l = takeFirst(left), r = right ? rest - 1 - takeFirst(right) : l;
     if (l >= r) return i + std::min(l, end);

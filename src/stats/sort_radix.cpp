@@ -1,3 +1,4 @@
+// Stable sorts by the digits of keys, of vectors in place and of indices.
 #include <moxsp/sorting.h>
 
 #include "frame/checks.h"

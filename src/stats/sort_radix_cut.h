@@ -1,6 +1,7 @@
 // Radix sorts of long vectors. A pass over more memory than the caches hold waits at nearly every
 // store. So keys are first dealt out to many short parts by their highest bits, through as many
-// places as a cache has room for, and each part is then sorted by the bits that remain.
+// places as a cache has room for, and each part is then sorted by the bits that remain. Floats
+// crowd in few exponents: where few of the places would be in use, more bits are taken.
 #pragma once
 
 #include <moxsp/types.h>
@@ -16,16 +17,19 @@ namespace mox {
 constexpr long longestUncut = 1 << 19;
 constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
+constexpr int crowdedBits = 3, mostParts = cutParts << crowdedBits;
 
 // The digits that remain within a part.
 template <class Bits>
 struct BelowCut;
 template <>
 struct BelowCut<Mox32u> {
+  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 12}, {12, 12}};
 };
 template <>
 struct BelowCut<Mox64u> {
+  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 12}, {12, 11}, {23, 11}, {34, 11}, {45, 11}};
 };
 
@@ -46,31 +50,51 @@ int differingBits(const void* keys, long len) {
   return std::bit_width(bits);
 }
 
-// Deals out the keys by the bits from `shift` on; part p then starts at starts[p]. Two
-// stretches of the vector are read side by side, each with places of its own, for with few parts a
-// key would often wait for the place that the key before it took.
+// Where each of `parts` starts, and the last ends; the parts differ in the bits from `shift` on.
+struct Parts {
+  int shift, count = mostParts;
+  Mox32u starts[mostParts + 1];
+};
+
+// Deals out keys that differ in the lowest `bits` bits. Two stretches of the vector are read side
+// by side, each with places of its own, for with few parts a key would often wait for the place
+// that the key before it took.
 template <class Key, class T>
-void cut(const T* from, T* to, long len, int shift, Mox32u (&starts)[cutParts + 1]) {
+void cut(const T* from, T* to, long len, int bits, Parts& result) {
   using Bits = typename Key::Bits;
   constexpr int stretches = 2;
   const long stretch = len / stretches;
+  int shift = std::max(bits - cutBits - crowdedBits, 0);
   const auto eachKey = [&](auto visit) {
     for (long i = 0; i < stretch; ++i)
       for (int s = 0; s < stretches; ++s) visit(s, load<Bits>(from + s * stretch + i));
     for (long i = stretches * stretch; i < len; ++i) visit(stretches - 1, load<Bits>(from + i));
   };
-  const auto part = [shift](Bits pattern) {
-    return Key::mapped(pattern) >> shift & (cutParts - 1);
+  const auto part = [&shift](Bits pattern) {
+    return Key::mapped(pattern) >> shift & (mostParts - 1);
   };
 
-  Mox32u places[stretches][cutParts] = {};
+  Mox32u places[stretches][mostParts] = {};
   eachKey([&](int s, Bits pattern) { ++places[s][part(pattern)]; });
+  int used = 0;
+  for (int p = 0; p < mostParts; ++p) used += places[0][p] != 0 || places[1][p] != 0;
+  if (used > cutParts) {
+    shift += crowdedBits;
+    result.count = cutParts;
+    for (auto& place : places)
+      for (int p = 0; p < mostParts; ++p) {
+        const Mox32u count = std::exchange(place[p], 0);
+        place[p >> crowdedBits] += count;
+      }
+  }
+  result.shift = shift;
+
   Mox32u next = 0;
-  for (int p = 0; p < cutParts; ++p) {
-    starts[p] = next;
+  for (int p = 0; p < result.count; ++p) {
+    result.starts[p] = next;
     for (auto& place : places) next += std::exchange(place[p], next);
   }
-  starts[cutParts] = next;
+  result.starts[result.count] = next;
   eachKey([&](int s, Bits pattern) {
     T* place = to + places[s][part(pattern)]++;
     store(place, pattern);
@@ -82,12 +106,11 @@ void cut(const T* from, T* to, long len, int shift, Mox32u (&starts)[cutParts + 
 template <class Key, class T>
 void sortByParts(T* keys, T* other, long len, bool intoOther) {
   using Bits = typename Key::Bits;
-  const int shift = std::max(differingBits<Bits>(keys, len) - cutBits, 0);
-  Mox32u starts[cutParts + 1];
-  cut<Key>(keys, other, len, shift, starts);
-  for (int p = 0; p < cutParts; ++p) {
-    const long start = starts[p], length = starts[p + 1] - starts[p];
-    if (length > longestUncut && shift > 0)
+  Parts parts;
+  cut<Key>(keys, other, len, differingBits<Bits>(keys, len), parts);
+  for (int p = 0; p < parts.count; ++p) {
+    const long start = parts.starts[p], length = parts.starts[p + 1] - start;
+    if (length > longestUncut && parts.shift > 0)
       sortByParts<Key>(other + start, keys + start, length, !intoOther);
     else if (length > 0)
       sortByDigits<Key, BelowCut<Bits>>(other + start, keys + start, length, !intoOther);

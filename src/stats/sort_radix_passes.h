@@ -4,6 +4,8 @@
 
 #include <moxsp/types.h>
 
+#include <algorithm>
+#include <array>
 #include <type_traits>
 #include <utility>
 
@@ -47,9 +49,10 @@ struct Digit {
   int shift, bits;
 
   constexpr int values() const { return 1 << bits; }
+  constexpr auto of(auto key) const { return key >> shift & (values() - 1); }
 };
 
-// The digits of whole keys, lowest first.
+// The digits of whole keys, lowest first; `crowded` where few values of the highest may be common.
 template <class Bits>
 struct WholeKeys;
 template <>
@@ -58,14 +61,17 @@ struct WholeKeys<Mox8u> {
 };
 template <>
 struct WholeKeys<Mox16u> {
+  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 8}, {8, 8}};
 };
 template <>
 struct WholeKeys<Mox32u> {
+  static constexpr bool crowded = true;
   static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}};
 };
 template <>
 struct WholeKeys<Mox64u> {
+  static constexpr bool crowded = true;
   static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}, {32, 11}, {43, 11}, {54, 10}};
 };
 
@@ -110,6 +116,15 @@ class DigitTables {
     return entry<d>(key)++;
   }
 
+  // Where the keys with each value of digit d end: where those with the next one start.
+  template <int d>
+  auto ends(long len) const {
+    std::array<Mox32u, Digits::digits[d].values()> result;
+    std::copy_n(entries_ + start(d) + 1, result.size() - 1, result.begin());
+    result.back() = Mox32u(len);
+    return result;
+  }
+
  private:
   // Where the table of digit d starts; with the number of digits, the size of all.
   static constexpr int start(int d) {
@@ -121,7 +136,7 @@ class DigitTables {
   template <int d>
   Mox32u& entry(auto key) {
     constexpr Digit digit = Digits::digits[d];
-    return entries_[start(d) + ((key >> digit.shift) & (digit.values() - 1))];
+    return entries_[start(d) + digit.of(key)];
   }
 
   Mox32u entries_[start(digitCount<Digits>)] = {};
@@ -129,7 +144,8 @@ class DigitTables {
 
 // Each pass stores the keys in the order of one digit, and leaves keys of the same digit as they
 // were: the last pass leaves them sorted, in `keys` after an even number of passes, else in
-// `other`.
+// `other`. Where keys may crowd in few values of the highest digit, as floats do, and would wait
+// for each other's places, the last pass works from both ends.
 template <class Key, class Digits, class T>
 [[gnu::noinline]] void sortByDigits(T* keys, T* other, long len) {
   using Bits = typename Key::Bits;
@@ -140,10 +156,19 @@ template <class Key, class Digits, class T>
   eachDigit<Digits>([&]<int d> {
     const T* from = d % 2 ? other : keys;
     T* to = d % 2 ? keys : other;
-    for (long i = 0; i < len; ++i) {
+    const auto move = [&](long i, auto takePlace) {
       const Bits stored = load<Bits>(from + i);
       const Bits key = d == 0 ? Key::mapped(stored) : stored;
-      store(to + tables.template takePlace<d>(key), d == last ? Key::unmapped(key) : key);
+      store(to + takePlace(key), d == last ? Key::unmapped(key) : key);
+    };
+    const auto near = [&](Bits key) { return tables.template takePlace<d>(key); };
+    if constexpr (d < last || !Digits::crowded) {
+      for (long i = 0; i < len; ++i) move(i, near);
+    } else {
+      auto ends = tables.template ends<d>(len);
+      const auto far = [&](Bits key) { return --ends[Digits::digits[d].of(key)]; };
+      for (long i = 0; i < len / 2; ++i) move(i, near), move(len - 1 - i, far);
+      if (len % 2) move(len / 2, near);
     }
   });
 }

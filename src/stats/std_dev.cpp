@@ -87,7 +87,7 @@ Mox32s scaledMean(const Moments<Mox64f>& m, int factor) {
 template <class... D>
 MoxStatus checkDeviation(int len, const D*... arrays) {
   if (anyNull(arrays...)) return moxErrNullPtr;
-  return checkLength(len - 1L);
+  return checkLength(len, 2);
 }
 
 MoxStatus stdDev32f(const Mox32f* src, int len, Mox32f* stdDev, int hint) {

@@ -17,13 +17,17 @@ long peelTo(long alignment, const E* p, long len) {
   return missing % long(sizeof(E)) ? 0 : std::min(len, missing / long(sizeof(E)));
 }
 
-// One number as T, or a vector of T from there on.
+// One number as T, or a vector of T from there on. Conversions crowd the window in which the
+// processor looks ahead for loads; so these ask for what comes a KiB later, be it there or not.
 template <class T, class E>
 [[gnu::always_inline]] inline T numberAt(const E* p) {
-  if constexpr (std::is_arithmetic_v<T>)
+  if constexpr (std::is_arithmetic_v<T>) {
     return T(load<E>(p));
-  else
+  } else {
+    if constexpr (sizeof(E) < sizeof(Lane<T>))
+      __builtin_prefetch(reinterpret_cast<const void*>(addressOf(p) + 1024));
     return loadWidened<T>(p);
+  }
 }
 
 template <class T>

@@ -20,8 +20,8 @@ struct Power {
   int operator()(int x) const { return x * x; }
 };
 
-// Exact. Past 2^47 a mean grows with every element for a factor beyond -1 to 1, so that it may stop
-// there; with such a factor it doesn't get that far.
+// Exact. With a factor beyond -1 to 1, y grows with every element once it is past 2^47, and only
+// its sign matters: it is held there. With the other factors it stays far below 2^62.
 template <class Term>
 Mox32s updatedExactly(Term term, long len, Mox64s y, int alpha) {
   const Mox64s limit = std::abs(alpha) > 1 ? Mox64s(1) << 47 : Mox64s(1) << 62;

@@ -73,7 +73,6 @@ MoxStatus fftInit(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* spec
   std::memset(static_cast<void*>(record), 0, sizeof *record);
   const FftNorm norm = fftNorm(flag);
   if (!norm.known) return moxErrFftFlag;
-  record->id = Kind::id;
   record->order = order;
   record->fwdNorm = norm.fwd;
   record->invNorm = norm.inv;
@@ -87,6 +86,7 @@ MoxStatus fftInit(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* spec
     Kind::buildTables(*record, order, sine,
                       alignUp(reinterpret_cast<Mox8u*>(record + 1), fftAlignment));
   }
+  record->id = Kind::id;  // at the end: no record that failed passes for one
   *spec = record;
   return moxOk;
 }
