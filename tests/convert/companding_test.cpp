@@ -59,13 +59,11 @@ const struct {
   Member<const Mox16s*, Mox8u*, int> fromIntegers;
   Member<const Mox32f*, Mox8u*, int> fromFloats;
   Mox16s (*peerExpand)(Mox8u);
-  Mox8u (*peerCompress)(int);
   bool signOfUnrounded;
-} families[] = {
-    {makeALaw(), MEMBER(ALawToLin_8u16s), MEMBER(ALawToLin_8u32f), MEMBER(LinToALaw_16s8u),
-     MEMBER(LinToALaw_32f8u), alaw_to_linear, linear_to_alaw, false},
-    {makeMuLaw(), MEMBER(MuLawToLin_8u16s), MEMBER(MuLawToLin_8u32f), MEMBER(LinToMuLaw_16s8u),
-     MEMBER(LinToMuLaw_32f8u), ulaw_to_linear, linear_to_ulaw, true}};
+} families[] = {{makeALaw(), MEMBER(ALawToLin_8u16s), MEMBER(ALawToLin_8u32f),
+                 MEMBER(LinToALaw_16s8u), MEMBER(LinToALaw_32f8u), alaw_to_linear, false},
+                {makeMuLaw(), MEMBER(MuLawToLin_8u16s), MEMBER(MuLawToLin_8u32f),
+                 MEMBER(LinToMuLaw_16s8u), MEMBER(LinToMuLaw_32f8u), ulaw_to_linear, true}};
 
 template <class E>
 std::vector<E> from(long first, long count) {
@@ -90,15 +88,6 @@ TEST(Companding, AllSamplesCompressToTheIntervalTheyLieIn) {
   for (const auto& f : families) {
     const auto model = [&](int s) { return f.law.compress(s, s < 0); };
     expectEach(run(f.fromIntegers, samples), model, samples);
-    int differences = 0;
-    for (const int s : samples) {
-      if (model(s) == f.peerCompress(s)) continue;
-      // The peer takes the code of -s, which is another one only where an interval begins there.
-      ++differences;
-      ASSERT_EQ(f.law.compress(-s, true), f.peerCompress(s)) << s;
-      ASSERT_TRUE(std::binary_search(f.law.begin.begin(), f.law.begin.end(), -s)) << s;
-    }
-    EXPECT_EQ(differences, f.signOfUnrounded ? 127 : 0);
   }
 }
 

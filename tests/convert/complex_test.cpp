@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
+#include <algorithm>
 #include <cmath>
 #include <deque>
 
@@ -23,16 +24,6 @@ F anyPart(Random& random) {
     return random.below(4) ? random.value<F>() : std::numeric_limits<F>::min();
 }
 
-template <class F, class E>
-struct PartFunctions {
-  MoxStatus (*real)(const E*, F*, int);
-  MoxStatus (*imag)(const E*, F*, int);
-  MoxStatus (*apart)(const E*, F*, F*, int);
-  MoxStatus (*together)(const F*, const F*, E*, int);
-  MoxStatus (*conj)(const E*, E*, int);
-  MoxStatus (*conjFlip)(const E*, E*, int);
-};
-
 template <class E>
 E conjugate(E z) {
   using F = mox::Part<E>;
@@ -44,41 +35,41 @@ E conjugate(E z) {
 
 // The long ones have their results stored past the cache.
 template <class F, class E>
-void expectParts(const PartFunctions<F, E>& f) {
+void expectParts(Member<const E*, F*, int> real, Member<const E*, F*, int> imag,
+                 Member<const E*, E*, int> conj, Member<const E*, E*, int> conjFlip,
+                 MoxStatus (*apart)(const E*, F*, F*, int),
+                 MoxStatus (*together)(const F*, const F*, E*, int)) {
   for (const int len : {1001, 4 << 20}) {
     SCOPED_TRACE(len);
     Random random(1);
     std::vector<F> re(len), im(len), gotRe(len), gotIm(len);
-    std::vector<E> z(len), got(len), conj(len), flipped(len), onlyRe(len), onlyIm(len), none(len);
+    std::vector<E> z(len), got(len), conjugates(len), onlyRe(len), onlyIm(len), none(len);
     for (int i = 0; i < len; ++i) {
       re[i] = anyPart<F>(random), im[i] = anyPart<F>(random);
       z[i] = {re[i], im[i]}, onlyRe[i] = {re[i], 0}, onlyIm[i] = {0, im[i]};
-      conj[i] = flipped[len - 1 - i] = conjugate(z[i]);
+      conjugates[i] = conjugate(z[i]);
     }
-    f.real(z.data(), gotRe.data(), len), f.imag(z.data(), gotIm.data(), len);
-    EXPECT_TRUE(sameBits(gotRe, re) && sameBits(gotIm, im));
-    f.apart(z.data(), gotIm.data(), gotRe.data(), len);
+    EXPECT_TRUE(sameBits(run(real, z).values, re) && sameBits(run(imag, z).values, im));
+    apart(z.data(), gotIm.data(), gotRe.data(), len);
     EXPECT_TRUE(sameBits(gotRe, im) && sameBits(gotIm, re));
     const auto expectTogether = [&](const F* fromRe, const F* fromIm, const std::vector<E>& all) {
-      EXPECT_EQ(f.together(fromRe, fromIm, got.data(), len), moxOk);
+      EXPECT_EQ(together(fromRe, fromIm, got.data(), len), moxOk);
       EXPECT_TRUE(sameBits(got, all));
     };
     expectTogether(re.data(), im.data(), z);
     expectTogether(re.data(), nullptr, onlyRe);
     expectTogether(nullptr, im.data(), onlyIm);
     expectTogether(nullptr, nullptr, none);
-    EXPECT_EQ(f.together(nullptr, nullptr, got.data(), 0), moxErrSize);
-    f.conj(z.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, conj));
-    f.conjFlip(z.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, flipped));
+    EXPECT_EQ(together(nullptr, nullptr, got.data(), 0), moxErrSize);
+    EXPECT_TRUE(sameBits(run(conj, z).values, conjugates));
+    std::reverse(z.begin(), z.end());
+    EXPECT_TRUE(sameBits(run(conjFlip, z).values, conjugates));
   }
 }
 
-#define EXPECT_PARTS_OF(real, complex)                                                   \
-  expectParts<Mox##real, Mox##complex>({moxsReal_##complex, moxsImag_##complex,          \
-                                        moxsCplxToReal_##complex, moxsRealToCplx_##real, \
-                                        moxsConj_##complex, moxsConjFlip_##complex})
+#define EXPECT_PARTS_OF(t, tc)                                                                \
+  expectParts(MEMBER(Real_##tc), MEMBER(Imag_##tc), MEMBER(Conj_##tc), MEMBER(ConjFlip_##tc), \
+              moxsCplxToReal_##tc, moxsRealToCplx_##t)
 
 TEST(Complex, PartsAndConjugates) {
   EXPECT_PARTS_OF(16s, 16sc);

@@ -3,6 +3,7 @@
 
 #include <mpfr.h>
 
+#include <cmath>
 #include <limits>
 
 namespace test {
@@ -34,6 +35,18 @@ long double exactValue(Function function, X... x) {
   Exact result;
   function(result, Exact(x, 64)..., MPFR_RNDN);
   return mpfr_get_ld(result, MPFR_RNDN);
+}
+
+// The principal root of a + b i by its defining formula.
+inline void exactRoot(mpfr_ptr re, mpfr_ptr im, double a, double b) {
+  mpfr_hypot(re, Exact(a), Exact(b), MPFR_RNDN);
+  mpfr_sub_d(im, re, a, MPFR_RNDN);
+  mpfr_add_d(re, re, a, MPFR_RNDN);
+  for (mpfr_ptr part : {re, im}) {
+    mpfr_div_2ui(part, part, 1, MPFR_RNDN);
+    mpfr_sqrt(part, part, MPFR_RNDN);
+  }
+  mpfr_setsign(im, im, std::signbit(b), MPFR_RNDN);
 }
 
 // `value` times 2^-factor, to nearest with ties to even, saturated to T.
