@@ -116,19 +116,6 @@ TEST(ElementarySpecial, SpecialValuesAndWarningsAtEveryPosition) {
                    {{inf, inf}, {-inf, -inf}, {NAN, NAN}, {0, 0}, {-0.0f, -0.0f}});
 }
 
-TEST(ElementarySpecial, DoublesBeyondTheRangeOfFloats) {
-  const auto expectLibrary = [](auto member, auto function, auto x) {
-    expectWithinUlps(
-        run(member, x), 1.1, 0, [&](auto i) { return function((long double)x[i]); }, x);
-  };
-  const auto exp = [](long double x) { return std::exp(x); };
-  const auto ln = [](long double x) { return std::log(x); };
-  expectLibrary(MEMBER(Exp_64f), exp,
-                std::vector<Mox64f>{-745.2, -745.1, 709.782, 709.79, -1e300, 1e300});
-  expectLibrary(MEMBER(Exp_32f64f), exp, std::vector<Mox32f>{100, -700, infinity, -infinity});
-  expectLibrary(MEMBER(Ln_64f32f), ln, std::vector<Mox64f>{1e300, 5e-324});
-}
-
 // Near 1, where the table gives way to a series, and anywhere.
 TEST(ElementarySpecial, TheRoutineForOneLogarithmServesAllFloats) {
   Random random;
@@ -192,17 +179,13 @@ TEST(ElementarySpecial, AbsoluteFloatsLoseTheirSignAlone) {
 }
 
 TEST(ElementarySpecial, ComplexRootsOfSpecialValues) {
-  const double inf = HUGE_VAL, root = std::sqrt(5e-324);
-  const std::vector<Mox64fc> z = {{0, 0},         {-0.0, -0.0}, {-4, 0},    {-4, -0.0},
-                                  {1, inf},       {NAN, -inf},  {inf, -3},  {-inf, -3},
-                                  {1e308, 1e308}, {5e-324, 0},  {0, 5e-324}};
-  const Mox64fc want[] = {{0, 0},     {0, -0.0},   {0, 2},      {0, -2},
-                          {inf, inf}, {inf, -inf}, {inf, -0.0}, {0, -inf}};
-  const auto got = run(MEMBER(Sqrt_64fc), z).values;
-  for (int i = 0; i < 8; ++i) EXPECT_TRUE(same(got[i], want[i])) << text(z[i]) << text(got[i]);
-  EXPECT_LE(ulpError(got[8].re, 1.0986841134678099e154), 4);
-  EXPECT_LE(ulpError(got[9].re, root), 4);
-  EXPECT_LE(ulpError(got[10].im, root * std::sqrt(0.5)), 4);
+  const double inf = HUGE_VAL;
+  const std::vector<Mox64fc> z = {{0, 0},   {-0.0, -0.0}, {-4, 0},   {-4, -0.0},
+                                  {1, inf}, {NAN, -inf},  {inf, -3}, {-inf, -3}};
+  const std::vector<Mox64fc> roots = {{0, 0},     {0, -0.0},   {0, 2},      {0, -2},
+                                      {inf, inf}, {inf, -inf}, {inf, -0.0}, {0, -inf}};
+  expectAt(
+      run(MEMBER(Sqrt_64fc), z), [&](std::size_t i) { return roots[i]; }, z);
 }
 
 TEST(ElementarySpecial, UnmaskedExceptionsDoNotTrapAndStayUnmasked) {

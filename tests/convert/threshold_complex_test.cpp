@@ -98,9 +98,10 @@ void expectAll(const Members<E>& members, const std::vector<E>& src, mox::Part<E
   }
 }
 
-// Zeros, Pythagorean triples with a magnitude of the level and next to it, infinities and NaN.
+// Random elements about the level and of all sizes; zeros, Pythagorean triples with a magnitude of
+// the level and next to it, infinities and NaN.
 template <class E>
-std::vector<E> specialElements(mox::Part<E> level) {
+std::vector<E> manyElements(mox::Part<E> level) {
   using F = mox::Part<E>;
   using Limits = std::numeric_limits<F>;
   std::vector<E> v;
@@ -113,6 +114,15 @@ std::vector<E> specialElements(mox::Part<E> level) {
       for (F other : {part, F(0), F(3)}) v.push_back({part, other}), v.push_back({other, part});
   else
     for (F part : {Limits::min(), Limits::max()}) v.push_back({part, part}), v.push_back({part, 0});
+  Random random;
+  for (int i = 0; i < 500; ++i) {
+    E z = random.value<E>();
+    if constexpr (std::is_floating_point_v<F>) {
+      v.push_back(z), v.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
+      if (std::isfinite(level * 2)) z = {z.re * level * 2, z.im * level * 2};
+    }
+    v.push_back(z);
+  }
   return v;
 }
 
@@ -121,17 +131,8 @@ void expectLevels(const Members<E>& members, const std::vector<mox::Part<E>>& le
                   long double bound) {
   using F = mox::Part<E>;
   SCOPED_TRACE(seedNote());
-  Random random;
   for (const F level : levels) {
-    auto src = specialElements<E>(level);
-    for (int i = 0; i < 500; ++i) {
-      E z = random.value<E>();
-      if constexpr (std::is_floating_point_v<F>) {
-        if (std::isfinite(level * 2)) z = {z.re * level * 2, z.im * level * 2};
-        src.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
-      }
-      src.push_back(z);
-    }
+    const auto src = manyElements<E>(level);
     for (int start = 0; start < 8; ++start)  // other lanes
       expectAll(members, std::vector<E>(src.begin() + start, src.end()), level, bound);
   }
@@ -154,11 +155,8 @@ TEST(ThresholdComplex, ANaNLevelPassesAllButValues) {
 
 template <class E, class F = mox::Part<E>>
 void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<Given<F>>& levels) {
-  Random random;
   for (const F level : levels) {
-    auto src = specialElements<E>(level);
-    for (int i = 0; i < 500; ++i) src.push_back({random.anyFloat<F>(), random.value<F>()});
-    for (int i = 0; i < 500; ++i) src.push_back(random.value<E>());
+    const auto src = manyElements<E>(level);
     const auto got = run(member, src, level);
     ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
     for (std::size_t i = 0; i < src.size(); ++i) {

@@ -31,15 +31,7 @@ std::vector<E> valuesAround(E level) {
 }
 
 template <class E>
-std::vector<E> levels() {
-  using Range = std::numeric_limits<E>;
-  std::vector<E> v = {0, 1, -1, 100, -100, Range::max(), Range::lowest()};
-  if constexpr (std::is_floating_point_v<E>)
-    for (E x : {E(-0.0), Range::quiet_NaN(), Range::infinity(), -Range::infinity(),
-                Range::denorm_min(), E(-2.5), E(2.5)})
-      v.push_back(x);
-  return v;
-}
+const std::vector<E> levels = valuesAround<E>(100);
 
 // The function gives model(x), to the bit, for every x among `values` in every lane.
 template <class E, class... P, class Model>
@@ -62,7 +54,7 @@ template <class E>
 using Limit = Member<const E*, E*, int, E>;
 template <class E>
 void expectLimits(Limit<E> lt, Limit<E> gt, Limit<E> ltAbs, Limit<E> gtAbs) {
-  for (const E level : levels<E>()) {
+  for (const E level : levels<E>) {
     const auto values = valuesAround(level);
     expectRelation(
         lt, values, [=](E x) { return x > level ? x : level; }, level);
@@ -82,7 +74,7 @@ void expectLimits(Limit<E> lt, Limit<E> gt, Limit<E> ltAbs, Limit<E> gtAbs) {
 template <class E>
 void expectValues(Member<const E*, E*, int, E, E> lt, Member<const E*, E*, int, E, E> gt,
                   Member<const E*, E*, int, E, int> by) {
-  for (const E level : levels<E>()) {
+  for (const E level : levels<E>) {
     const auto values = valuesAround(level);
     for (const E value : {E(9), level}) {
       expectRelation(
@@ -99,8 +91,8 @@ void expectValues(Member<const E*, E*, int, E, E> lt, Member<const E*, E*, int, 
 
 template <class E>
 void expectTwoValues(Member<const E*, E*, int, E, E, E, E> member) {
-  for (const E low : levels<E>())
-    for (const E high : levels<E>()) {
+  for (const E low : levels<E>)
+    for (const E high : levels<E>) {
       if (low > high) continue;
       auto values = valuesAround(low);
       for (const E x : valuesAround(high)) values.push_back(x);
