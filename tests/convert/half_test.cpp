@@ -59,13 +59,13 @@ Mox16f encoded(Mox32f x, bool nearest) {
 const std::vector<Mox16f> allHalves = allOrMany<Mox16f>();
 
 TEST(Half, AllPatternsWidenToTheBitOnBothPaths) {
-  for (const int rounding : allRoundings)
+  withCallsInAllRoundings([&] {
     onBothPaths([&] {
-      const UnderRounding environment(rounding);
       const auto floats = run(MEMBER(Convert_16f32f), allHalves).values;
       for (std::size_t i = 0; i < floats.size(); ++i)
         ASSERT_EQ(std::bit_cast<Mox32u>(floats[i]), decoded(allHalves[i])) << allHalves[i];
     });
+  });
 }
 
 // Every half float and its middle to the next, each with its neighbours; NaN of all kinds.
@@ -94,13 +94,12 @@ TEST(Half, NarrowingRoundsByTheModeOnBothPaths) {
   const auto integers = allOrMany<Mox16s>();
   for (const int roundMode : {0, 1, 7, -1}) {
     const auto model = [=](Mox32f x) { return encoded(x, roundMode != 0); };
-    for (const int rounding : allRoundings)
+    withCallsInAllRoundings([&] {
       onBothPaths([&] {
-        roundingOfCalls = rounding;
         expectEach(run(MEMBER(Convert_32f16f), src, roundMode), model, src);
         expectEach(run(MEMBER(Convert_16s16f), integers, roundMode), model, integers);
-        roundingOfCalls.reset();
       });
+    });
   }
 }
 

@@ -57,11 +57,8 @@ void expectExact(Member<A...> member, Int128 ofNaN = rangeOf<T>.max) {
       const auto model = [&](F x) {
         return long(std::isnan(x) ? ofNaN : scaledFloat(x, factor, rangeOf<T>, mode));
       };
-      for (const int rounding : allRoundings) {
-        roundingOfCalls = rounding;
-        expectEach(convert<F, T>(member, src, roundMode, factor), model, src);
-      }
-      roundingOfCalls.reset();
+      withCallsInAllRoundings(
+          [&] { expectEach(convert<F, T>(member, src, roundMode, factor), model, src); });
       if (testing::Test::HasFailure()) return;
     }
   }

@@ -40,6 +40,17 @@ struct Results {
 // The rounding mode that calls are made in; by default that in force.
 inline std::optional<int> roundingOfCalls;
 
+// The check's calls under every mode, and its models in the one in force.
+template <class Check>
+void withCallsInAllRoundings(Check check) {
+  for (const int mode : allRoundings) {
+    SCOPED_TRACE("rounding mode " + std::to_string(mode));
+    roundingOfCalls = mode;
+    check();
+    roundingOfCalls.reset();
+  }
+}
+
 // Calls `call` on a destination that is off every vector boundary: some results come from the peel,
 // some from the body and some from the tail.
 template <class D, class Call>
