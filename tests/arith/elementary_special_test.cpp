@@ -112,6 +112,8 @@ TEST(ElementarySpecial, SpecialValuesAndWarningsAtEveryPosition) {
   expectBoth(arctan, arctan64, moxOk, {{-0.0f, -0.0f}, {3e38f, half}, {-3e38f, -half}});
   expectBoth(sqrt, sqrt64, moxOk, {{inf, inf}, {NAN, NAN}, {0, 0}, {4, 2}});
   expectBoth(sqrt, sqrt64, moxWarnSqrtNegArg, {{-0.0f, -0.0f}, {-4, NAN}, {-inf, NAN}});
+  const std::vector<Mox32f> zeroFirst = {1, 0, -1};  // the first decides
+  EXPECT_EQ(run(ln, zeroFirst).status, moxWarnLnZeroArg);
   expectEverywhere(MEMBER(Cubrt_32f), moxOk,
                    {{inf, inf}, {-inf, -inf}, {NAN, NAN}, {0, 0}, {-0.0f, -0.0f}});
 }
