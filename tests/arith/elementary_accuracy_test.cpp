@@ -3,196 +3,150 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <vector>
 
 #include "support/accuracy.h"
 #include "support/exact.h"
-#include "support/random.h"
 
 namespace {
 
+using namespace test;
+
 template <class S, class D>
-using Function = MoxStatus (*)(const S*, D*, int);
+using Function = Member<const S*, D*, int>;
+using ExactFunction = int (*)(mpfr_ptr result, mpfr_srcptr x, mpfr_rnd_t mode);
 
 // The greatest errors, as the header states them.
 struct FloatCase {
-  const char* name;
-  Function<Mox32f, Mox32f> function;
-  test::ExactFunction exact;
+  Function<Mox32f, Mox32f> member;
+  ExactFunction exact;
   double (*inDouble)(double);
   double bound;
 };
 const FloatCase floatCases[] = {
-    {"exp", moxsExp_32f, mpfr_exp, std::exp, 2.94},
-    {"ln", moxsLn_32f, mpfr_log, std::log, 3.94},
-    {"arctan", moxsArctan_32f, mpfr_atan, std::atan, 5.62},
-    {"cubrt", moxsCubrt_32f, mpfr_cbrt, std::cbrt, 7.74},
-    {"sqrt", moxsSqrt_32f, mpfr_sqrt, std::sqrt, 0.5},
+    {MEMBER(Exp_32f), mpfr_exp, std::exp, 2.94},
+    {MEMBER(Ln_32f), mpfr_log, std::log, 3.94},
+    {MEMBER(Arctan_32f), mpfr_atan, std::atan, 5.62},
+    {MEMBER(Cubrt_32f), mpfr_cbrt, std::cbrt, 7.74},
+    {MEMBER(Sqrt_32f), mpfr_sqrt, std::sqrt, 0.5},
 };
 
-Mox32f floatOf(std::uint64_t bits) { return std::bit_cast<Mox32f>(std::uint32_t(bits)); }
-
-template <class F>
-long double error(F got, long double exact) {
-  return test::ulpError(got, test::inRangeOf<F>(exact));
+std::vector<Mox32f> floatsOfBits(std::uint64_t from, long count, std::uint64_t step) {
+  std::vector<Mox32f> x;
+  for (; count-- > 0; from += step) x.push_back(std::bit_cast<Mox32f>(std::uint32_t(from)));
+  return x;
 }
 
-class Worst {
- public:
-  void see(long double error, double x) {
-    if (!(error <= error_)) error_ = error, at_ = x;
-  }
-  long double error() const { return error_; }
-  double at() const { return at_; }
-
- private:
-  long double error_ = 0;
-  double at_ = 0;
-};
-
 TEST(ElementaryAccuracy, FloatsOverAllExponentsStayWithinTheStatedBounds) {
-  constexpr std::uint64_t step = 15013;  // odd, so that all low bits occur
-  for (const FloatCase& c : floatCases) {
-    std::vector<Mox32f> x, y;
-    for (std::uint64_t bits = 0; bits < 1ull << 32; bits += step) x.push_back(floatOf(bits));
-    y.resize(x.size());
-    c.function(x.data(), y.data(), int(x.size()));
-    Worst worst;
-    for (std::size_t i = 0; i < x.size(); ++i)
-      worst.see(error(y[i], test::exactValue(c.exact, x[i])), x[i]);
-    EXPECT_LE(worst.error(), c.bound) << c.name << " at " << std::hexfloat << worst.at();
-    EXPECT_GE(worst.error(), c.bound * 0.5) << c.name << ": the stated bound is far from the truth";
-  }
+  constexpr long step = 15013;  // odd, so that all low bits occur
+  const auto x = floatsOfBits(0, (1L << 32) / step, step);
+  for (const FloatCase& c : floatCases)
+    expectWithinUlps(
+        run(c.member, x), c.bound, 0.5, [&](auto i) { return exactValue(c.exact, x[i]); }, x);
 }
 
 TEST(ElementaryAccuracy, ExhaustiveOverAllFloats) {
   if (!std::getenv("MOXSP_EXHAUSTIVE")) GTEST_SKIP() << "set MOXSP_EXHAUSTIVE=1, some ten minutes";
-  constexpr int piece = 1 << 16;
-  std::vector<Mox32f> x(piece), y(piece);
-  for (const FloatCase& c : floatCases) {
-    Worst worst;
-    for (std::uint64_t start = 0; start < 1ull << 32; start += piece) {
-      for (int i = 0; i < piece; ++i) x[i] = floatOf(start + i);
-      c.function(x.data(), y.data(), piece);
-      for (int i = 0; i < piece; ++i) worst.see(error(y[i], c.inDouble(x[i])), x[i]);
+  constexpr long piece = 1 << 16;
+  for (const FloatCase& c : floatCases)
+    for (long start = 0; start < 1L << 32; start += piece) {
+      const auto x = floatsOfBits(std::uint64_t(start), piece, 1);
+      expectWithinUlps(
+          run(c.member, x), c.bound + 1e-6, 0, [&](auto i) { return c.inDouble(x[i]); }, x);
     }
-    std::printf("%s: %.4Lf ulps at %a\n", c.name, worst.error(), worst.at());
-    EXPECT_LE(worst.error(), c.bound + 1e-6) << c.name;
-  }
 }
 
-struct Range {
+struct Interval {
   double from, to;
 };
 
-// Random arguments in a range, near its ends too where the logarithm of the range is wide.
+// Random arguments, evenly spread, or by their logarithms in a wide interval.
 template <class S, class D>
-void checkRange(const char* name, Function<S, D> function, test::ExactFunction exact, Range range,
-                double bound) {
-  SCOPED_TRACE(test::seedNote());
-  constexpr int count = 60000;
-  test::Random random;
-  std::vector<S> x(count);
-  std::vector<D> y(count);
-  for (S& e : x) {
-    const double u = (random.value<double>() + 1) / 2;
-    e = S(range.from > 0 && range.to / range.from > 1e3
-              ? std::exp2(std::log2(range.from) + u * (std::log2(range.to) - std::log2(range.from)))
-              : range.from + u * (range.to - range.from));
+void expectWithin(Function<S, D> member, ExactFunction exact, double bound,
+                  std::initializer_list<Interval> intervals) {
+  for (const auto& [from, to] : intervals) {
+    Random random;
+    std::vector<S> x(60000);
+    for (S& e : x) {
+      const double u = (random.value<double>() + 1) / 2;
+      const bool wide = from > 0 && to / from > 1e3;
+      e = S(wide ? std::exp2(std::lerp(std::log2(from), std::log2(to), u))
+                 : std::lerp(from, to, u));
+    }
+    expectWithinUlps(
+        run(member, x), bound, 0, [&](auto i) { return exactValue(exact, x[i]); }, x);
   }
-  function(x.data(), y.data(), count);
-  Worst worst;
-  for (int i = 0; i < count; ++i) worst.see(error(y[i], test::exactValue(exact, x[i])), x[i]);
-  EXPECT_LE(worst.error(), bound) << name << " at " << std::hexfloat << worst.at();
 }
 
 TEST(ElementaryAccuracy, DoublesStayWithinTheStatedBounds) {
-  for (const Range range : {Range{-746, 710}, {-1, 1}, {1e-300, 1e-3}}) {
-    checkRange("exp", moxsExp_64f, mpfr_exp, range, 1.1);
-    checkRange("exp to double", moxsExp_32f64f, mpfr_exp, range, 1.1);
-  }
-  for (const Range range : {Range{0.25, 4}, {0.99, 1.01}, {1e-300, 1e300}, {5e-324, 1e-307}}) {
-    checkRange("ln", moxsLn_64f, mpfr_log, range, 1.0);
-    checkRange("ln to float", moxsLn_64f32f, mpfr_log, range, 0.501);
-  }
-  for (const Range range : {Range{-3, 3}, {0.4, 0.43}, {2.4, 2.43}, {1e-300, 1e300}})
-    checkRange("arctan", moxsArctan_64f, mpfr_atan, range, 2.0);
-  checkRange("sqrt", moxsSqrt_64f, mpfr_sqrt, {1e-300, 1e300}, 0.5);
-}
-
-// The part of a complex root by its defining formula.
-void exactRoot(double re, double im, long double& rootRe, long double& rootIm) {
-  static test::Exact a(300), b(300), modulus(300), one(300);
-  mpfr_set_d(a.get(), re, MPFR_RNDN);
-  mpfr_set_d(b.get(), im, MPFR_RNDN);
-  mpfr_hypot(modulus.get(), a.get(), b.get(), MPFR_RNDN);
-  const auto part = [&](auto combine) {
-    combine(one.get(), modulus.get(), a.get(), MPFR_RNDN);
-    mpfr_div_2ui(one.get(), one.get(), 1, MPFR_RNDN);
-    mpfr_sqrt(one.get(), one.get(), MPFR_RNDN);
-    return mpfr_get_ld(one.get(), MPFR_RNDN);
-  };
-  rootRe = part(mpfr_add);
-  rootIm = std::copysign(part(mpfr_sub), (long double)im);
+  const auto exponents = {Interval{-746, 710}, {-1, 1}, {1e-300, 1e-3}};
+  expectWithin(MEMBER(Exp_64f), mpfr_exp, 1.1, exponents);
+  expectWithin(MEMBER(Exp_32f64f), mpfr_exp, 1.1, exponents);
+  const auto numbers = {Interval{0.25, 4}, {0.99, 1.01}, {1e-300, 1e300}, {5e-324, 1e-307}};
+  expectWithin(MEMBER(Ln_64f), mpfr_log, 1.0, numbers);
+  expectWithin(MEMBER(Ln_64f32f), mpfr_log, 0.501, numbers);
+  expectWithin(MEMBER(Arctan_64f), mpfr_atan, 2.0,
+               {{-3, 3}, {0.4, 0.43}, {2.4, 2.43}, {1e-300, 1e300}});
+  expectWithin(MEMBER(Sqrt_64f), mpfr_sqrt, 0.5, {{1e-300, 1e300}});
 }
 
 template <class E>
-void checkComplexRoots(Function<E, E> function, int exponents, double bound) {
-  test::Random random;
-  std::vector<E> z(20000), root(z.size());
+void expectRootsWithin(Function<E, E> member, int exponents, double bound) {
+  using F = mox::Part<E>;
+  Random random;
+  std::vector<E> z(20000);
   for (E& e : z) {
-    using F = decltype(e.re);
-    e = random.value<E>();
     const int common = int(random.below(2 * exponents)) - exponents, apart = int(random.below(20));
-    e.re = F(std::ldexp(e.re, common)), e.im = F(std::ldexp(e.im, common - apart));
+    e.re = std::ldexp(random.value<F>(), common);
+    e.im = std::ldexp(random.value<F>(), common - apart);
   }
-  ASSERT_EQ(function(z.data(), root.data(), int(z.size())), moxOk);
-  Worst worst;
-  for (std::size_t i = 0; i < z.size(); ++i) {
-    long double re, im;
-    exactRoot(z[i].re, z[i].im, re, im);
-    worst.see(test::ulpError(root[i].re, re), z[i].re);
-    worst.see(test::ulpError(root[i].im, im), z[i].re);
+  const auto [re, im] = partsOf(run(member, z));
+  std::vector<std::array<long double, 2>> exact;
+  Exact rootRe(0, 300), rootIm(0, 300);
+  for (const E& e : z) {
+    exactRoot(rootRe, rootIm, e.re, e.im);
+    exact.push_back({mpfr_get_ld(rootRe, MPFR_RNDN), mpfr_get_ld(rootIm, MPFR_RNDN)});
   }
-  EXPECT_LE(worst.error(), bound) << std::hexfloat << worst.at();
+  expectWithinUlps(
+      re, bound, 0, [&](auto i) { return exact[i][0]; }, z);
+  expectWithinUlps(
+      im, bound, 0, [&](auto i) { return exact[i][1]; }, z);
 }
 
 TEST(ElementaryAccuracy, ComplexRootsStayWithinTheStatedBoundsAtAllSizes) {
-  checkComplexRoots(moxsSqrt_32fc, 120, 0.501);
-  checkComplexRoots(moxsSqrt_64fc, 1020, 2.2);
+  expectRootsWithin(MEMBER(Sqrt_32fc), 120, 0.501);
+  expectRootsWithin(MEMBER(Sqrt_64fc), 1020, 2.2);
+}
+
+// Of numbers whose product leaves the range of all floats.
+template <class S, class D, class Draw>
+void expectSum(MoxStatus (*function)(const S*, int, D*), Draw draw) {
+  Random random;
+  for (const int len : {3, 100, 5000}) {
+    std::vector<S> x(len);
+    long double exact = 0;
+    for (S& e : x) e = draw(random), exact += exactValue(mpfr_log, e);
+    D sum;
+    ASSERT_EQ(function(x.data(), len, &sum), moxOk);
+    const long double relative = sizeof(D) == 4 ? 0x1.004p-24L : 0x1p-51L;
+    EXPECT_NEAR(sum, exact, len * 0x1p-53L + std::fabs(exact) * relative) << len;
+  }
 }
 
 TEST(ElementaryAccuracy, SumsOfLogarithmsKeepTheirAccuracyWhereProductsLeaveTheRange) {
-  test::Random random;
-  for (const int len : {1, 3, 15, 16, 17, 100, 5000}) {
-    std::vector<Mox64f> x(len);
-    std::vector<Mox32f> f(len);
-    std::vector<Mox16s> s(len);
-    long double sum = 0, sumFloat = 0, sumShort = 0;
-    for (int i = 0; i < len; ++i) {
-      x[i] = std::ldexp(1 + std::fabs(random.value<double>()), int(random.below(2000)) - 1000);
-      f[i] =
-          Mox32f(std::ldexp(1 + std::fabs(random.value<double>()), -120 - int(random.below(20))));
-      s[i] = Mox16s(1 + random.below(32767));
-      sum += test::exactValue(mpfr_log, x[i]);
-      sumFloat += test::exactValue(mpfr_log, f[i]);
-      sumShort += test::exactValue(mpfr_log, s[i]);
-    }
-    Mox64f got;
-    Mox32f gotFloat;
-    const auto allowed = [&](long double v) { return len * 0x1p-53L + std::fabs(v) * 0x1p-51L; };
-    ASSERT_EQ(moxsSumLn_64f(x.data(), len, &got), moxOk);
-    EXPECT_NEAR(got, sum, allowed(sum)) << len;
-    ASSERT_EQ(moxsSumLn_32f64f(f.data(), len, &got), moxOk);
-    EXPECT_NEAR(got, sumFloat, allowed(sumFloat)) << len;
-    ASSERT_EQ(moxsSumLn_32f(f.data(), len, &gotFloat), moxOk);
-    EXPECT_LE(test::ulpError(gotFloat, sumFloat), 0.501) << len;
-    ASSERT_EQ(moxsSumLn_16s32f(s.data(), len, &gotFloat), moxOk);
-    EXPECT_LE(test::ulpError(gotFloat, sumShort), 0.501) << len;
-  }
+  const auto mantissa = [](Random& random) { return 1 + std::fabs(random.value<double>()); };
+  const auto small = [&](Random& random) {
+    return std::ldexp(mantissa(random), -120 - int(random.below(20)));
+  };
+  expectSum(moxsSumLn_64f, [&](Random& random) {
+    return std::ldexp(mantissa(random), int(random.below(2000)) - 1000);
+  });
+  expectSum(moxsSumLn_32f64f, small);
+  expectSum(moxsSumLn_32f, small);
+  expectSum(moxsSumLn_16s32f, [](Random& random) { return Mox16s(1 + random.below(32767)); });
 }
 
 }  // namespace

@@ -1,109 +1,84 @@
+// Bitwise operations and shifts.
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
 #include <climits>
+#include <functional>
 
-#include "arith/members.h"
+#include "support/members.h"
+#include "support/random.h"
 
 namespace {
 
 using namespace test;
 
-const auto anyBits = []<class E>(Random& random, E) { return random.value<E>(); };
+template <class E>
+const std::vector<E> anyBits = Random(1).vector<E>(200);
+template <class E>
+const std::vector<E> otherBits = Random(2).vector<E>(200);
 
-template <class E, class Model>
-void expectLogic(PairMember<E, E, E> pair, PairInPlaceMember<E, E> pairInPlace,
-                 ConstantMember<E, E> constant, ConstantInPlaceMember<E, E> constantInPlace,
-                 Model model) {
-  const auto result = [=](E a, E b) { return E(model(a, b)); };
-  expectPairs(pair, pairInPlace, result, anyBits);
-  for (E val : {E(0), E(~0), E(0x5A3C69F1)})
-    expectConstants(constant, constantInPlace, val, result, anyBits);
+template <class E, class Operation>
+void expectBits(Member<const E*, const E*, E*, int> member, Operation operation) {
+  expectEach(run(member, anyBits<E>, otherBits<E>), operation, anyBits<E>, otherBits<E>);
 }
+template <class E, class Operation>
+void expectBits(Member<const E*, E, E*, int> member, Operation operation) {
+  for (const E val : {E(0), E(~0), E(0x5A3C69F1)})
+    expectEach(
+        run(member, anyBits<E>, val), [&](E x) { return operation(x, val); }, anyBits<E>);
+}
+
+#define EXPECT_LOGIC_OF(t)                        \
+  expectBits(MEMBER(And_##t), std::bit_and<>());  \
+  expectBits(MEMBER(Or_##t), std::bit_or<>());    \
+  expectBits(MEMBER(Xor_##t), std::bit_xor<>());  \
+  expectBits(MEMBER(AndC_##t), std::bit_and<>()); \
+  expectBits(MEMBER(OrC_##t), std::bit_or<>());   \
+  expectBits(MEMBER(XorC_##t), std::bit_xor<>()); \
+  expectEach(run(MEMBER(Not_##t), anyBits<Mox##t>), std::bit_not<>(), anyBits<Mox##t>)
 
 TEST(Logic, EveryMemberIsTheBitwiseOperation) {
-#define MEMBERS(op, t) moxs##op##_##t, moxs##op##_##t##_I, moxs##op##C_##t, moxs##op##C_##t##_I
-  expectLogic<Mox8u>(MEMBERS(And, 8u), std::bit_and<>());
-  expectLogic<Mox16u>(MEMBERS(And, 16u), std::bit_and<>());
-  expectLogic<Mox32u>(MEMBERS(And, 32u), std::bit_and<>());
-  expectLogic<Mox8u>(MEMBERS(Or, 8u), std::bit_or<>());
-  expectLogic<Mox16u>(MEMBERS(Or, 16u), std::bit_or<>());
-  expectLogic<Mox32u>(MEMBERS(Or, 32u), std::bit_or<>());
-  expectLogic<Mox8u>(MEMBERS(Xor, 8u), std::bit_xor<>());
-  expectLogic<Mox16u>(MEMBERS(Xor, 16u), std::bit_xor<>());
-  expectLogic<Mox32u>(MEMBERS(Xor, 32u), std::bit_xor<>());
-#undef MEMBERS
+  EXPECT_LOGIC_OF(8u);
+  EXPECT_LOGIC_OF(16u);
+  EXPECT_LOGIC_OF(32u);
 }
 
-template <class E>
-void expectNot(PairInPlaceMember<E, E> plain, MoxStatus (*inPlace)(E*, int)) {
-  Random random;
-  atLengthsAndPlaces([&](long len, int slack) {
-    const auto a = random.vector<E>(len);
-    auto expected = a;
-    for (E& e : expected) e = E(~e);
-    const Place<E> src(len, 0), dst(len, slack);
-    ASSERT_EQ(plain(src.filled(a), dst.data(), int(len)), moxOk);
-    dst.expect(expected, "plain");
-    ASSERT_EQ(inPlace(dst.filled(a), int(len)), moxOk);
-    dst.expect(expected, "in place");
-  });
-}
-
-TEST(Logic, NotTurnsEveryBit) {
-  expectNot<Mox8u>(moxsNot_8u, moxsNot_8u_I);
-  expectNot<Mox16u>(moxsNot_16u, moxsNot_16u_I);
-  expectNot<Mox32u>(moxsNot_32u, moxsNot_32u_I);
-}
-
-// The model shifts in 64 bits, one place at a time.
-template <class E>
-E leftShifted(E a, int count) {
-  Mox64u wide = Mox64u(a);
+// The models shift one place at a time, so that no count is too large.
+const auto left = [](auto x, int count) {
+  Mox64u wide = Mox64u(x);
   for (int i = 0; i < std::min(count, 64); ++i) wide *= 2;
-  return E(wide);
-}
-template <class E>
-E rightShifted(E a, int count) {
-  Mox64s wide = a;
+  return wide;
+};
+const auto right = [](auto x, int count) {
+  Mox64s wide = x;
   for (int i = 0; i < std::min(count, 64); ++i) wide = wide / 2 - (wide < 0 && wide % 2);
-  return E(wide);
-}
+  return wide;
+};
 
 template <class E, class Model>
-void expectShift(ConstantMember<E, int> plain, ConstantInPlaceMember<E, int> inPlace, Model model) {
+void expectShift(Member<const E*, int, E*, int> member, Model model) {
   constexpr int width = 8 * sizeof(E);
-  for (int count : {0, 1, 3, width / 2, width - 1, width, width + 1, 64, INT_MAX}) {
-    SCOPED_TRACE(count);
-    expectConstants(plain, inPlace, count, model, anyBits);
-  }
+  for (const int count : {0, 1, 3, width / 2, width - 1, width, width + 1, 64, INT_MAX})
+    expectEach(
+        run(member, anyBits<E>, count), [&](E x) { return model(x, count); }, anyBits<E>);
+  // A bad count is told only when all else is well; one that clears is told of all else too.
   E untouched[2] = {1, 2};
-  EXPECT_EQ(plain(untouched, -1, untouched, 2), moxErrShift);
-  EXPECT_EQ(inPlace(INT_MIN, untouched, 2), moxErrShift);
-  EXPECT_EQ(untouched[0], 1);
-  EXPECT_EQ(untouched[1], 2);
-  // A bad count is told only when all else is well.
-  EXPECT_EQ(plain(untouched, -1, untouched, 0), moxErrSize);
-  EXPECT_EQ(plain(nullptr, -1, untouched, 0), moxErrNullPtr);
-  for (int count : {0, 3, 100}) {
-    EXPECT_EQ(plain(nullptr, count, untouched, 2), moxErrNullPtr);
-    EXPECT_EQ(plain(untouched, count, nullptr, 0), moxErrNullPtr);
-    EXPECT_EQ(inPlace(count, untouched, 0), moxErrSize);
-  }
+  EXPECT_EQ(member.function(untouched, -1, untouched, 2), moxErrShift);
+  EXPECT_EQ(member.function(untouched, INT_MIN, untouched, 0), moxErrSize);
+  EXPECT_EQ(member.function(nullptr, -1, untouched, 0), moxErrNullPtr);
+  EXPECT_EQ(member.function(untouched, 100, nullptr, 2), moxErrNullPtr);
+  EXPECT_EQ(untouched[0] + 2 * untouched[1], 5);
 }
 
-TEST(Shift, LeftDropsTheHighBitsAndClearsFromTheWidthOn) {
-  expectShift<Mox8u>(moxsLShiftC_8u, moxsLShiftC_8u_I, leftShifted<Mox8u>);
-  expectShift<Mox16u>(moxsLShiftC_16u, moxsLShiftC_16u_I, leftShifted<Mox16u>);
-  expectShift<Mox16s>(moxsLShiftC_16s, moxsLShiftC_16s_I, leftShifted<Mox16s>);
-  expectShift<Mox32s>(moxsLShiftC_32s, moxsLShiftC_32s_I, leftShifted<Mox32s>);
-}
+#define EXPECT_SHIFTS_OF(t)               \
+  expectShift(MEMBER(LShiftC_##t), left); \
+  expectShift(MEMBER(RShiftC_##t), right)
 
-TEST(Shift, RightKeepsTheSignOfSignedElements) {
-  expectShift<Mox8u>(moxsRShiftC_8u, moxsRShiftC_8u_I, rightShifted<Mox8u>);
-  expectShift<Mox16u>(moxsRShiftC_16u, moxsRShiftC_16u_I, rightShifted<Mox16u>);
-  expectShift<Mox16s>(moxsRShiftC_16s, moxsRShiftC_16s_I, rightShifted<Mox16s>);
-  expectShift<Mox32s>(moxsRShiftC_32s, moxsRShiftC_32s_I, rightShifted<Mox32s>);
+TEST(Shift, LeftClearsFromTheWidthOnAndRightKeepsTheSignOfSignedElements) {
+  EXPECT_SHIFTS_OF(8u);
+  EXPECT_SHIFTS_OF(16u);
+  EXPECT_SHIFTS_OF(16s);
+  EXPECT_SHIFTS_OF(32s);
 }
 
 }  // namespace

@@ -1,61 +1,28 @@
 // Complex vectors: parts, conjugates, and integer magnitudes, phases and polar forms.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
-#include <climits>
+#include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <vector>
+#include <deque>
 
 #include "convert/exact_angle.h"
-#include "convert/exact_model.h"
 #include "support/exact.h"
-#include "support/random.h"
+#include "support/exact_model.h"
+#include "support/members.h"
+#include "support/values.h"
 
 namespace {
 
-const int factors[] = {INT_MIN, -101, -64, -40, -33, -32, -31, -30, -20,    -17, -16,
-                       -15,     -14,  -13, -10, -8,  -5,  -3,  -2,  -1,     0,   1,
-                       2,       3,    4,   5,   8,   14,  15,  16,  17,     30,  31,
-                       32,      33,   34,  62,  63,  64,  65,  101, INT_MAX};
-
-template <class E>
-bool sameBits(const std::vector<E>& a, const std::vector<E>& b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0;
-}
+using namespace test;
 
 template <class F>
-F anyPart(test::Random& random) {
+F anyPart(Random& random) {
   if constexpr (std::is_floating_point_v<F>)
     return random.anyFloat<F>();
   else
     return random.below(4) ? random.value<F>() : std::numeric_limits<F>::min();
 }
-template <class E>
-std::vector<E> anyNumbers(long len) {
-  test::Random random(1);
-  std::vector<E> z(len);
-  for (E& e : z) {
-    e.re = anyPart<mox::Part<E>>(random);
-    e.im = anyPart<mox::Part<E>>(random);
-  }
-  return z;
-}
-
-// Lengths with and without whole blocks; the last has its results stored past the cache.
-constexpr int lengths[] = {1, 15, 67, 1001, 4 << 20};
-
-template <class F, class E>
-struct PartFunctions {
-  MoxStatus (*real)(const E*, F*, int);
-  MoxStatus (*imag)(const E*, F*, int);
-  MoxStatus (*apart)(const E*, F*, F*, int);
-  MoxStatus (*together)(const F*, const F*, E*, int);
-  MoxStatus (*conj)(const E*, E*, int);
-  MoxStatus (*conjInPlace)(E*, int);
-  MoxStatus (*conjFlip)(const E*, E*, int);
-};
 
 template <class E>
 E conjugate(E z) {
@@ -63,90 +30,68 @@ E conjugate(E z) {
   if constexpr (std::is_floating_point_v<F>)
     return {z.re, std::copysign(z.im, std::signbit(z.im) ? F(1) : F(-1))};
   else
-    return {z.re, F(test::saturated(-test::Int128(z.im), test::rangeOf<F>))};
+    return {z.re, F(saturated(-Int128(z.im), rangeOf<F>))};
 }
 
+// The long ones have their results stored past the cache.
 template <class F, class E>
-void checkParts(const PartFunctions<F, E>& f) {
-  for (const int len : lengths) {
-    SCOPED_TRACE(testing::Message() << len << " numbers");
-    const auto z = anyNumbers<E>(len);
-    std::vector<F> re(len), im(len), zeros(len), gotRe(len), gotIm(len);
-    std::vector<E> conj(len), flipped(len), got(len), onlyRe(len), onlyIm(len);
+void expectParts(Member<const E*, F*, int> real, Member<const E*, F*, int> imag,
+                 Member<const E*, E*, int> conj, Member<const E*, E*, int> conjFlip,
+                 MoxStatus (*apart)(const E*, F*, F*, int),
+                 MoxStatus (*together)(const F*, const F*, E*, int)) {
+  for (const int len : {1001, 4 << 20}) {
+    SCOPED_TRACE(len);
+    Random random(1);
+    std::vector<F> re(len), im(len), gotRe(len), gotIm(len);
+    std::vector<E> z(len), got(len), conjugates(len), onlyRe(len), onlyIm(len), none(len);
     for (int i = 0; i < len; ++i) {
-      re[i] = z[i].re, im[i] = z[i].im;
-      conj[i] = flipped[len - 1 - i] = conjugate(z[i]);
-      onlyRe[i] = {z[i].re, 0}, onlyIm[i] = {0, z[i].im};
+      re[i] = anyPart<F>(random), im[i] = anyPart<F>(random);
+      z[i] = {re[i], im[i]}, onlyRe[i] = {re[i], 0}, onlyIm[i] = {0, im[i]};
+      conjugates[i] = conjugate(z[i]);
     }
-    f.real(z.data(), gotRe.data(), len), f.imag(z.data(), gotIm.data(), len);
-    EXPECT_TRUE(sameBits(gotRe, re) && sameBits(gotIm, im));
-    f.apart(z.data(), gotIm.data(), gotRe.data(), len);
+    EXPECT_TRUE(sameBits(run(real, z).values, re) && sameBits(run(imag, z).values, im));
+    apart(z.data(), gotIm.data(), gotRe.data(), len);
     EXPECT_TRUE(sameBits(gotRe, im) && sameBits(gotIm, re));
-    f.together(re.data(), im.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, z));
-    f.together(re.data(), nullptr, got.data(), len);
-    EXPECT_TRUE(sameBits(got, onlyRe));
-    f.together(nullptr, im.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, onlyIm));
-    EXPECT_EQ(f.together(nullptr, nullptr, got.data(), len), moxOk);
-    EXPECT_TRUE(sameBits(got, std::vector<E>(len)));
-    EXPECT_EQ(f.together(nullptr, nullptr, got.data(), 0), moxErrSize);
-    f.conj(z.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, conj));
-    got = z;
-    f.conjInPlace(got.data(), len);
-    EXPECT_TRUE(sameBits(got, conj));
-    f.conjFlip(z.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, flipped));
-    got = z;
-    f.conjFlip(got.data(), got.data(), len);
-    EXPECT_TRUE(sameBits(got, flipped));
+    const auto expectTogether = [&](const F* fromRe, const F* fromIm, const std::vector<E>& all) {
+      EXPECT_EQ(together(fromRe, fromIm, got.data(), len), moxOk);
+      EXPECT_TRUE(sameBits(got, all));
+    };
+    expectTogether(re.data(), im.data(), z);
+    expectTogether(re.data(), nullptr, onlyRe);
+    expectTogether(nullptr, im.data(), onlyIm);
+    expectTogether(nullptr, nullptr, none);
+    EXPECT_EQ(together(nullptr, nullptr, got.data(), 0), moxErrSize);
+    EXPECT_TRUE(sameBits(run(conj, z).values, conjugates));
+    std::reverse(z.begin(), z.end());
+    EXPECT_TRUE(sameBits(run(conjFlip, z).values, conjugates));
   }
 }
 
+#define EXPECT_PARTS_OF(t, tc)                                                                \
+  expectParts(MEMBER(Real_##tc), MEMBER(Imag_##tc), MEMBER(Conj_##tc), MEMBER(ConjFlip_##tc), \
+              moxsCplxToReal_##tc, moxsRealToCplx_##t)
+
 TEST(Complex, PartsAndConjugates) {
-  checkParts<Mox16s, Mox16sc>({moxsReal_16sc, moxsImag_16sc, moxsCplxToReal_16sc,
-                               moxsRealToCplx_16s, moxsConj_16sc, moxsConj_16sc_I,
-                               moxsConjFlip_16sc});
-  checkParts<Mox32f, Mox32fc>({moxsReal_32fc, moxsImag_32fc, moxsCplxToReal_32fc,
-                               moxsRealToCplx_32f, moxsConj_32fc, moxsConj_32fc_I,
-                               moxsConjFlip_32fc});
-  checkParts<Mox64f, Mox64fc>({moxsReal_64fc, moxsImag_64fc, moxsCplxToReal_64fc,
-                               moxsRealToCplx_64f, moxsConj_64fc, moxsConj_64fc_I,
-                               moxsConjFlip_64fc});
+  EXPECT_PARTS_OF(16s, 16sc);
+  EXPECT_PARTS_OF(32f, 32fc);
+  EXPECT_PARTS_OF(64f, 64fc);
 }
 
 // Extremes, multiples of right triangles, whose magnitudes are integers that scale to ties, and
 // random numbers of all sizes.
 template <class E>
 std::vector<E> numbersOfAllSizes(long count) {
-  using T = mox::Part<E>;
-  test::Random random(2);
-  std::vector<E> z;
-  const T extremes[] = {
-      std::numeric_limits<T>::min(), T(std::numeric_limits<T>::min() + 1), -1, 0, 1,
-      std::numeric_limits<T>::max()};
-  for (const T x : extremes)
-    for (const T y : extremes) z.push_back({x, y});
+  using Limits = std::numeric_limits<mox::Part<E>>;
+  Random random(2);
+  std::vector<E> z = lattice<E>(0);
+  const auto add = [&](long re, long im) { z.push_back({mox::Part<E>(re), mox::Part<E>(im)}); };
   for (long i = 0; i < count; ++i) {
-    const int digits = std::numeric_limits<T>::digits;
-    const T k = T(random.below(long(std::numeric_limits<T>::max()) / 5) + 1);
-    z.push_back({T(3 * k), T(-4 * k)});
-    z.push_back({0, k});
-    z.push_back({T(random.value<T>() >> random.below(digits)),
-                 T(random.value<T>() >> random.below(digits))});
+    const long k = random.below(long(Limits::max()) / 5) + 1;
+    const auto any = [&] { return random.value<mox::Part<E>>() >> random.below(Limits::digits); };
+    add(3 * k, -4 * k), add(0, k), add(any(), any());
   }
   return z;
 }
-
-template <class E>
-struct ScaledFunctions {
-  using T = mox::Part<E>;
-  MoxStatus (*ofOne)(const E*, T*, int, int);
-  MoxStatus (*ofTwo)(const T*, const T*, T*, int, int);  // or null
-};
-
-using ExactValue = void (*)(mpfr_ptr result, long re, long im);
 
 void power(mpfr_ptr result, long re, long im) {
   mpfr_set_ui(result, static_cast<unsigned long>(re * re) + static_cast<unsigned long>(im * im),
@@ -157,69 +102,42 @@ void magnitude(mpfr_ptr result, long re, long im) {
   mpfr_sqrt(result, result, MPFR_RNDN);
 }
 void phase(mpfr_ptr result, long re, long im) {
-  static test::Exact x(64);
-  mpfr_set_si(x.get(), re, MPFR_RNDN);
-  mpfr_set_si(result, im, MPFR_RNDN);
-  mpfr_atan2(result, result, x.get(), MPFR_RNDN);
+  mpfr_atan2(result, Exact(im, 64), Exact(re, 64), MPFR_RNDN);
 }
 
-// Both forms, with all factors, against the exact value.
-template <class E>
-void expectScaled(const ScaledFunctions<E>& f, const std::vector<E>& z, ExactValue exact) {
-  using T = mox::Part<E>;
-  const int len = int(z.size());
-  std::vector<T> re, im, ofTwo(len);
-  for (const E& e : z) re.push_back(e.re), im.push_back(e.im);
-  std::vector<std::vector<T>> got;
-  for (const int factor : factors) {
-    got.emplace_back(len);
-    ASSERT_EQ(f.ofOne(z.data(), got.back().data(), len, factor), moxOk);
-    if (!f.ofTwo) continue;
-    ASSERT_EQ(f.ofTwo(re.data(), im.data(), ofTwo.data(), len, factor), moxOk);
-    ASSERT_EQ(ofTwo, got.back()) << "with factor " << factor;
+// Of complex numbers, and of two parts where there is such a form, against the exact value.
+template <class E, class T = mox::Part<E>, class... Two>
+void expectExact(void (*exactly)(mpfr_ptr, long, long), const std::vector<E>& z,
+                 Member<const E*, T*, int, int> member, Two... ofTwo) {
+  std::vector<T> re, im;
+  std::deque<Exact> exact;
+  for (const E& e : z) {
+    re.push_back(e.re), im.push_back(e.im);
+    exactly(exact.emplace_back(), e.re, e.im);
   }
-  test::Exact value(200);
-  for (int i = 0; i < len; ++i) {
-    exact(value.get(), re[i], im[i]);
-    for (std::size_t k = 0; k < got.size(); ++k)
-      ASSERT_EQ(got[k][i], test::scaledExactly<T>(value.get(), factors[k]))
-          << re[i] << ", " << im[i] << " with factor " << factors[k] << "; " << test::seedNote();
-  }
-}
-
-TEST(ComplexIntegers, Powers) {
-  expectScaled<Mox16sc>({moxsPowerSpectr_16sc_Sfs, moxsPowerSpectr_16s_Sfs},
-                        numbersOfAllSizes<Mox16sc>(1000), power);
-  expectScaled<Mox32sc>({moxsMagSquared_32sc32s_Sfs, nullptr}, numbersOfAllSizes<Mox32sc>(1000),
-                        power);
+  forAllFactors([&](int factor) {
+    const auto want = [&](std::size_t i) { return scaledExactly<T>(exact[i], factor); };
+    expectAt(run(member, z, factor), want, z);
+    (expectAt(run(ofTwo, re, im, factor), want, z), ...);
+  });
 }
 
 // Numbers whose magnitude is as near as can be to a tie, (n + 1/2) * 2^factor, without being one.
 std::vector<Mox32sc> nearHalves() {
   std::vector<Mox32sc> z;
+  const auto add = [&](long re, long im) { z.push_back({Mox32s(re), Mox32s(im)}); };
   for (long n = 1000000000; n < 1000002000; ++n) {
     // |(n, k)| is n + 1/2 where k^2 is n + 1/4, and for twice that n + 1/2 over 2^-1.
     const long k = std::lrint(std::sqrt(double(n)));
-    z.push_back({Mox32s(n), Mox32s(k)});
-    z.push_back({Mox32s(k), Mox32s(-n)});
+    add(n, k), add(k, -n);
   }
-  for (long k = 20000; k < 21000; ++k) {
-    z.push_back({Mox32s(k * k - k), Mox32s(k)}), z.push_back({Mox32s(k * k), Mox32s(k)});
-    z.push_back({Mox32s(k * k + k), Mox32s(k)}), z.push_back({Mox32s(k), Mox32s(k * k + 1)});
-  }
+  for (long k = 20000; k < 21000; ++k)
+    add(k * k - k, k), add(k * k, k), add(k * k + k, k), add(k, k * k + 1);
   return z;
 }
 
-TEST(ComplexIntegers, Magnitudes) {
-  expectScaled<Mox16sc>({moxsMagnitude_16sc_Sfs, moxsMagnitude_16s_Sfs},
-                        numbersOfAllSizes<Mox16sc>(1000), magnitude);
-  expectScaled<Mox32sc>({moxsMagnitude_32sc_Sfs, nullptr}, numbersOfAllSizes<Mox32sc>(1000),
-                        magnitude);
-  expectScaled<Mox32sc>({moxsMagnitude_32sc_Sfs, nullptr}, nearHalves(), magnitude);
-}
-
-// Numbers whose phase is nearly (2 n + 1) * 2^(factor - 1): the last fraction before 2^31 in the
-// expansion of its tangent.
+// Numbers whose phase is nearly (2 n + 1) * 2^(factor - 1): the last fractions in the range of T in
+// the expansion of its tangent.
 template <class T>
 std::vector<std::pair<T, T>> convergents(long double tangent) {
   std::vector<std::pair<T, T>> found;
@@ -229,114 +147,108 @@ std::vector<std::pair<T, T>> convergents(long double tangent) {
     if (std::max(top, bottom) > std::numeric_limits<T>::max()) return found;
     p[1] = p[0], p[0] = top, q[1] = q[0], q[0] = bottom;
     found.push_back({T(bottom), T(top)});
-    if (x == whole) return found;
     x = 1 / (x - whole);
-    if (x > 0x1p31L) return found;
+    if (!(x <= 0x1p31L)) return found;
   }
 }
 template <class E>
 std::vector<E> nearTies(int count) {
   using T = mox::Part<E>;
-  test::Random random(3);
+  Random random(3);
   std::vector<E> z;
   for (int i = 0; i < count; ++i) {
-    const int digits = std::numeric_limits<T>::digits;
-    const long double unit = std::ldexp(1.0L, -int(random.below(digits - 1)));
-    const long double tie =
-        (std::floor((long double)random.value<double>() / unit / 1.3L) + 0.5L) * unit;
-    for (const auto& [re, im] : convergents<T>(std::tan(std::fabs(tie)))) {
+    const long double unit = std::ldexp(1.0L, -int(random.below(8 * sizeof(T) - 2)));
+    const long double tie = (std::floor(random.value<double>() / unit / 1.3L) + 0.5L) * unit;
+    for (const auto& [re, im] : convergents<T>(std::tan(std::fabs(tie))))
       z.push_back({re, im}), z.push_back({T(-re), im}), z.push_back({im, T(-re)});
-    }
   }
   return z;
 }
 
-TEST(ComplexIntegers, Phases) {
-  expectScaled<Mox16sc>({moxsPhase_16sc_Sfs, moxsPhase_16s_Sfs}, numbersOfAllSizes<Mox16sc>(300),
-                        phase);
-  expectScaled<Mox32sc>({moxsPhase_32sc_Sfs, nullptr}, numbersOfAllSizes<Mox32sc>(300), phase);
-  expectScaled<Mox16sc>({moxsPhase_16sc_Sfs, nullptr}, nearTies<Mox16sc>(50), phase);
-  expectScaled<Mox32sc>({moxsPhase_32sc_Sfs, nullptr}, nearTies<Mox32sc>(100), phase);
+TEST(ComplexIntegers, PowersMagnitudesAndPhases) {
+  const auto words = numbersOfAllSizes<Mox16sc>(1000);
+  const auto longs = numbersOfAllSizes<Mox32sc>(1000);
+  expectExact(power, words, MEMBER(PowerSpectr_16sc_Sfs), MEMBER(PowerSpectr_16s_Sfs));
+  expectExact(power, longs, MEMBER(MagSquared_32sc32s_Sfs));
+  expectExact(magnitude, words, MEMBER(Magnitude_16sc_Sfs), MEMBER(Magnitude_16s_Sfs));
+  expectExact(magnitude, longs, MEMBER(Magnitude_32sc_Sfs));
+  expectExact(magnitude, nearHalves(), MEMBER(Magnitude_32sc_Sfs));
+  expectExact(phase, words, MEMBER(Phase_16sc_Sfs), MEMBER(Phase_16s_Sfs));
+  expectExact(phase, longs, MEMBER(Phase_32sc_Sfs));
+  expectExact(phase, nearTies<Mox16sc>(50), MEMBER(Phase_16sc_Sfs));
+  expectExact(phase, nearTies<Mox32sc>(100), MEMBER(Phase_32sc_Sfs));
 }
 
 // magnitude * cos(phase) or sin(phase), all in units of 2^factor before the one rounding.
+void cartesianExactly(mpfr_ptr value, decltype(&mpfr_cos) function, long magnitude, long phase,
+                      int factor) {
+  Exact angle(0, 120);
+  mpfr_set_si_2exp(angle, phase, factor, MPFR_RNDN);
+  function(value, angle, MPFR_RNDN);
+  mpfr_mul_si(value, value, magnitude, MPFR_RNDN);
+  mpfr_mul_2si(value, value, factor, MPFR_RNDN);
+}
 template <class T>
-T cartesianExactly(decltype(&mpfr_cos) function, T magnitude, T phase, int factor) {
-  static test::Exact value(300), angle(120);
-  mpfr_set_si_2exp(angle.get(), phase, factor, MPFR_RNDN);
-  function(value.get(), angle.get(), MPFR_RNDN);
-  mpfr_mul_si(value.get(), value.get(), magnitude, MPFR_RNDN);
-  return test::scaledExactly<T>(value.get(), -factor);
+T cartesian(decltype(&mpfr_cos) function, T magnitude, T phase, int factor) {
+  static Exact value(0, 300);
+  cartesianExactly(value, function, magnitude, phase, factor);
+  return scaledExactly<T>(value, 0);
 }
 
 TEST(ComplexIntegers, PolarToCart) {
-  test::Random random(4);
-  std::vector<Mox16s> magnitude, phase;
-  for (const Mox16s m : {-32768, -1, 0, 1, 3, 32767})
-    for (const Mox16s p : {-32768, -22, 0, 11, 355, 32767})
-      magnitude.push_back(m), phase.push_back(p);
+  auto [magnitudes, phases] =
+      allPairs<Mox16s, Mox16s>({-32768, -1, 0, 1, 3, 32767}, {-32768, -22, 0, 11, 355, 32767});
+  Random random(4);
   for (int i = 0; i < 1000; ++i) {
-    magnitude.push_back(Mox16s(random.value<Mox16s>() >> random.below(15)));
-    phase.push_back(Mox16s(random.value<Mox16s>() >> random.below(15)));
+    magnitudes.push_back(Mox16s(random.value<Mox16s>() >> random.below(15)));
+    phases.push_back(Mox16s(random.value<Mox16s>() >> random.below(15)));
   }
-  const int len = int(magnitude.size());
-  std::vector<Mox16sc> got(len);
-  for (const int factor : factors) {
-    moxsPolarToCart_16sc_Sfs(magnitude.data(), phase.data(), got.data(), len, factor);
-    const int counted = std::min(std::max(factor, -100), 16);
-    for (int i = 0; i < len; ++i) {
-      ASSERT_EQ(got[i].re, cartesianExactly(mpfr_cos, magnitude[i], phase[i], counted))
-          << magnitude[i] << " at " << phase[i] << " with factor " << factor;
-      ASSERT_EQ(got[i].im, cartesianExactly(mpfr_sin, magnitude[i], phase[i], counted))
-          << magnitude[i] << " at " << phase[i] << " with factor " << factor;
-    }
+  const auto model = [](int factor) {
+    return [factor = std::clamp(factor, -100, 16)](Mox16s m, Mox16s p) {
+      return Mox16sc{cartesian(mpfr_cos, m, p, factor), cartesian(mpfr_sin, m, p, factor)};
+    };
+  };
+  for (const int factor :
+       {INT_MIN, -101, -64, -32, -21, -20, -17, -16, -15, -14, -13, -10, -8, -5,     -3,
+        -2,      -1,   0,   1,   2,   5,   8,   14,  15,  16,  17,  31,  64, INT_MAX}) {
+    SCOPED_TRACE(factor);
+    expectEach(run(MEMBER(PolarToCart_16sc_Sfs), magnitudes, phases, factor), model(factor),
+               magnitudes, phases);
   }
-  std::vector<Mox16sc> unscaled(len);
-  moxsPolarToCart_16sc(magnitude.data(), phase.data(), got.data(), len);
-  moxsPolarToCart_16sc_Sfs(magnitude.data(), phase.data(), unscaled.data(), len, 0);
-  EXPECT_TRUE(sameBits(got, unscaled));
+  expectEach(run(MEMBER(PolarToCart_16sc), magnitudes, phases), model(0), magnitudes, phases);
 }
 
 // Among a million results of 31 bits some lie within 2^-20 of a tie.
 TEST(ComplexIntegers, LongPolarToCartNearTies) {
-  constexpr int len = 1 << 20;
-  test::Random random(5);
-  const auto magnitude = random.vector<Mox32s>(len), phase = random.vector<Mox32s>(len);
-  std::vector<Mox32sc> got(len);
-  moxsPolarToCart_32sc(magnitude.data(), phase.data(), got.data(), len);
+  Random random(5);
+  const auto m = random.vector<Mox32s>(1 << 20), p = random.vector<Mox32s>(1 << 20);
+  const auto got = run(MEMBER(PolarToCart_32sc), m, p).values;
   int ties = 0;
-  for (int i = 0; i < len; ++i) {
-    const long double exact = magnitude[i] * std::cos((long double)phase[i]);
-    const long double rest = std::fabs(exact - std::rint(exact));
-    if (rest < 0.499999L) {
-      ASSERT_EQ(got[i].re, std::lrint(exact)) << magnitude[i] << " at " << phase[i];
-    } else {
-      ++ties;
-      ASSERT_EQ(got[i].re, cartesianExactly(mpfr_cos, magnitude[i], phase[i], 0))
-          << magnitude[i] << " at " << phase[i];
-    }
+  for (std::size_t i = 0; i < m.size(); ++i) {
+    const long double exact = m[i] * std::cos((long double)p[i]);
+    const bool isTie = std::fabs(exact - std::rint(exact)) >= 0.499999L;
+    ties += isTie;
+    ASSERT_EQ(got[i].re, isTie ? cartesian(mpfr_cos, m[i], p[i], 0) : std::lrint(exact))
+        << m[i] << " at " << p[i];
   }
   EXPECT_GE(ties, 1);
 }
 
 // Of factors with which hardly any result comes so near to a tie that it is asked for.
 TEST(ComplexIntegers, TiesOfCoordinates) {
-  test::Random random(7);
-  test::Exact value(300), angle(120), tie(120);
+  Random random(7);
+  Exact value(0, 300), tie(0, 120);
   for (int i = 0; i < 20000; ++i) {
     const int factor = int(random.below(37)) - 20, m = random.value<Mox16s>(),
               p = random.value<Mox16s>();
-    mpfr_set_si_2exp(angle.get(), p, factor, MPFR_RNDN);
-    (i % 2 ? mpfr_sin : mpfr_cos)(value.get(), angle.get(), MPFR_RNDN);
-    mpfr_mul_si(value.get(), value.get(), m, MPFR_RNDN);
-    mpfr_mul_2si(value.get(), value.get(), factor, MPFR_RNDN);
-    mpfr_abs(value.get(), value.get(), MPFR_RNDN);
+    cartesianExactly(value, i % 2 ? mpfr_sin : mpfr_cos, m, p, factor);
+    mpfr_abs(value, value, MPFR_RNDN);
     for (const long offset : {-1, 0, 1}) {
-      const long n = std::max(0L, mpfr_get_si(value.get(), MPFR_RNDD) + offset);
-      mpfr_set_si_2exp(tie.get(), 2 * n + 1, -1, MPFR_RNDN);
+      const long n = std::max(0L, mpfr_get_si(value, MPFR_RNDD) + offset);
+      mpfr_set_si_2exp(tie, 2 * n + 1, -1, MPFR_RNDN);
       const auto coordinate = i % 2 ? mox::Coordinate::im : mox::Coordinate::re;
       ASSERT_EQ(mox::isCoordinateAboveTie(coordinate, m, p, factor, n),
-                mpfr_greater_p(value.get(), tie.get()) != 0)
+                mpfr_greater_p(value, tie) != 0)
           << m << " at " << p << " with factor " << factor << ", from " << n;
     }
   }
@@ -346,59 +258,40 @@ TEST(ComplexIntegers, PolarToCartUndoesCartToPolar) {
   for (int factor = -13; factor <= -8; ++factor) {
     const int limit = 32768 >> -factor;
     std::vector<Mox16sc> z;
-    for (int re = -limit; re <= limit; ++re)
-      for (int im = -limit; im <= limit; ++im)
-        if (std::hypot(re, im) <= std::ldexp(32767.0, factor))
-          z.push_back({Mox16s(re), Mox16s(im)});
-    const int len = int(z.size());
-    std::vector<Mox16s> magnitude(len), phase(len), alone(len);
-    std::vector<Mox16sc> back(len);
-    moxsCartToPolar_16sc_Sfs(z.data(), magnitude.data(), phase.data(), len, factor);
-    moxsPolarToCart_16sc_Sfs(magnitude.data(), phase.data(), back.data(), len, factor);
-    EXPECT_TRUE(sameBits(back, z)) << "with factor " << factor;
-    moxsMagnitude_16sc_Sfs(z.data(), alone.data(), len, factor);
-    EXPECT_EQ(magnitude, alone);
-    moxsPhase_16sc_Sfs(z.data(), alone.data(), len, factor);
-    EXPECT_EQ(phase, alone);
+    for (Mox16s re = Mox16s(-limit); re <= limit; ++re)
+      for (Mox16s im = Mox16s(-limit); im <= limit; ++im)
+        if (std::hypot(re, im) <= std::ldexp(32767.0, factor)) z.push_back({re, im});
+    std::vector<Mox16s> m(z.size()), p(z.size());
+    moxsCartToPolar_16sc_Sfs(z.data(), m.data(), p.data(), int(z.size()), factor);
+    EXPECT_EQ(m, run(MEMBER(Magnitude_16sc_Sfs), z, factor).values);
+    EXPECT_EQ(p, run(MEMBER(Phase_16sc_Sfs), z, factor).values);
+    EXPECT_TRUE(sameBits(run(MEMBER(PolarToCart_16sc_Sfs), m, p, factor).values, z)) << factor;
   }
-  const Mox16sc z = {20, -15};
-  Mox16s magnitude, phase;
-  moxsCartToPolar_16sc_Sfs(&z, &magnitude, &phase, 1, -10);
-  EXPECT_EQ(magnitude, 25600);
-  EXPECT_EQ(phase, -659);
 }
 
-// Each output is written whether or not the other can be, and onto a source too.
+// Each output is written whether or not the other can be.
 template <class F, class E>
-void checkCartToPolar(MoxStatus (*ofOne)(const E*, F*, F*, int),
-                      MoxStatus (*ofTwo)(const F*, const F*, F*, F*, int),
-                      MoxStatus (*magnitude)(const E*, F*, int),
-                      MoxStatus (*phase)(const E*, F*, int)) {
-  test::Random random(6);
+void expectCartToPolar(MoxStatus (*ofOne)(const E*, F*, F*, int),
+                       MoxStatus (*ofTwo)(const F*, const F*, F*, F*, int),
+                       Member<const E*, F*, int> magnitudes, Member<const E*, F*, int> phases) {
   const int len = 77;
-  const auto z = random.vector<E>(len);
-  std::vector<F> wantedMagnitude(len), wantedPhase(len), first(len), second(len);
-  magnitude(z.data(), wantedMagnitude.data(), len);
-  phase(z.data(), wantedPhase.data(), len);
-  const auto expectBoth = [&] {
-    EXPECT_TRUE(sameBits(first, wantedMagnitude) && sameBits(second, wantedPhase));
-    std::fill(first.begin(), first.end(), F(9)), std::fill(second.begin(), second.end(), F(9));
-  };
-  EXPECT_EQ(ofOne(z.data(), first.data(), second.data(), len), moxOk);
-  expectBoth();
+  const auto z = Random(6).vector<E>(len);
+  const auto m = run(magnitudes, z).values, p = run(phases, z).values;
+  std::vector<F> re, im, first(len), second(len);
+  for (const E& e : z) re.push_back(e.re), im.push_back(e.im);
   EXPECT_EQ(ofOne(z.data(), nullptr, second.data(), len), moxErrNullPtr);
   EXPECT_EQ(ofOne(z.data(), first.data(), nullptr, len), moxErrNullPtr);
-  expectBoth();
+  EXPECT_TRUE(sameBits(first, m) && sameBits(second, p));
+  EXPECT_EQ(ofTwo(re.data(), im.data(), re.data(), im.data(), len), moxOk);
+  EXPECT_TRUE(sameBits(re, m) && sameBits(im, p));
   EXPECT_EQ(ofOne(z.data(), nullptr, second.data(), 0), moxErrNullPtr);
-  EXPECT_EQ(second[0], F(9));
-  for (int i = 0; i < len; ++i) first[i] = z[i].re, second[i] = z[i].im;
-  EXPECT_EQ(ofTwo(first.data(), second.data(), first.data(), second.data(), len), moxOk);
-  expectBoth();
 }
 
 TEST(Complex, CartToPolarIsMagnitudeAndPhase) {
-  checkCartToPolar(moxsCartToPolar_32fc, moxsCartToPolar_32f, moxsMagnitude_32fc, moxsPhase_32fc);
-  checkCartToPolar(moxsCartToPolar_64fc, moxsCartToPolar_64f, moxsMagnitude_64fc, moxsPhase_64fc);
+  expectCartToPolar(moxsCartToPolar_32fc, moxsCartToPolar_32f, MEMBER(Magnitude_32fc),
+                    MEMBER(Phase_32fc));
+  expectCartToPolar(moxsCartToPolar_64fc, moxsCartToPolar_64f, MEMBER(Magnitude_64fc),
+                    MEMBER(Phase_64fc));
 }
 
 }  // namespace

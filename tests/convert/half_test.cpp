@@ -1,26 +1,31 @@
+// Half floats, by the processor's instructions and in software.
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
 #include <bit>
-#include <climits>
 #include <cmath>
-#include <vector>
 
-#include "convert/exact_model.h"
 #include "support/core_probe.h"
-#include "support/float_environment.h"
+#include "support/exact_model.h"
+#include "support/members.h"
 #include "support/moxcore.h"
-#include "support/random.h"
+#include "support/values.h"
 
 namespace {
 
-// Runs a check with the instructions, where this processor has them, and in software.
+using namespace test;
+
+// Runs a check with the instructions, where this processor has them, and without.
 template <class Check>
 void onBothPaths(Check check) {
-  if (ownGetFeature(mox::cpuHalfFloat)) check("instructions");
+  if (ownGetFeature(mox::cpuHalfFloat)) {
+    SCOPED_TRACE("instructions");
+    check();
+  }
+  SCOPED_TRACE("software");
   CoreProbe probe;
   probe.fixFeatures(0);
-  check("software");
+  check();
 }
 
 // A half float from its definition.
@@ -51,110 +56,83 @@ Mox16f encoded(Mox32f x, bool nearest) {
   return Mox16f(sign | Mox16f(code));
 }
 
-std::vector<Mox16f> allHalves() {
-  std::vector<Mox16f> halves(65536);
-  for (int i = 0; i < 65536; ++i) halves[i] = Mox16f(i);
-  return halves;
-}
+const std::vector<Mox16f> allHalves = allOrMany<Mox16f>();
 
 TEST(Half, AllPatternsWidenToTheBitOnBothPaths) {
-  const auto src = allHalves();
-  std::vector<Mox32f> dst(src.size());
-  for (int rounding : test::allRoundings)
-    onBothPaths([&](const char* path) {
-      const test::UnderRounding environment(rounding);
-      ASSERT_EQ(moxsConvert_16f32f(src.data(), dst.data(), int(src.size())), moxOk);
-      for (std::size_t i = 0; i < src.size(); ++i)
-        ASSERT_EQ(std::bit_cast<Mox32u>(dst[i]), decoded(src[i])) << path << " of " << src[i];
+  withCallsInAllRoundings([&] {
+    onBothPaths([&] {
+      const auto floats = run(MEMBER(Convert_16f32f), allHalves).values;
+      for (std::size_t i = 0; i < floats.size(); ++i)
+        ASSERT_EQ(std::bit_cast<Mox32u>(floats[i]), decoded(allHalves[i])) << allHalves[i];
     });
+  });
 }
 
 // Every half float and its middle to the next, each with its neighbours; NaN of all kinds.
 std::vector<Mox32f> floatsToEncode() {
   std::vector<Mox32f> values;
+  const auto add = [&](Mox32u bits) {
+    const Mox32f x = std::bit_cast<Mox32f>(bits);
+    values.insert(values.end(), {x, -x});
+  };
   for (Mox32u half = 0; half <= 0x7C01; ++half) {
     const Mox32u at = half < 0x7C00 ? decoded(Mox16f(half)) : 0x47800000 + (half - 0x7C00);
-    for (Mox32u offset : {0u, 0x0FFFu, 0x1000u, 0x1001u, 0x1FFFu})
-      for (Mox32u sign : {0u, 0x80000000u})
-        values.push_back(std::bit_cast<Mox32f>((at + offset) | sign));
+    for (const Mox32u offset : {0u, 0x0FFFu, 0x1000u, 0x1001u, 0x1FFFu}) add(at + offset);
   }
-  for (Mox32u bits : {0x7F800000u, 0x7F800001u, 0x7FBFFFFFu, 0x7FC00000u, 0x7FFFFFFFu, 0x7F7FFFFFu,
-                      1u, 0x007FFFFFu, 0x33000000u, 0x33000001u, 0x32FFFFFFu})
-    for (Mox32u sign : {0u, 0x80000000u}) values.push_back(std::bit_cast<Mox32f>(bits | sign));
-  test::Random random;
-  for (int i = 0; i < 20000; ++i) {
-    values.push_back(random.anyFloat<Mox32f>());
+  for (const Mox32u bits : {0x7F800000u, 0x7F800001u, 0x7FBFFFFFu, 0x7FC00000u, 0x7FFFFFFFu,
+                            0x7F7FFFFFu, 1u, 0x007FFFFFu, 0x33000000u, 0x33000001u, 0x32FFFFFFu})
+    add(bits);
+  Random random;
+  for (int i = 0; i < 20000; ++i)
     values.push_back(std::ldexp(random.value<Mox32f>(), int(random.below(45)) - 28));
-  }
   return values;
 }
 
 TEST(Half, NarrowingRoundsByTheModeOnBothPaths) {
-  SCOPED_TRACE(test::seedNote());
+  SCOPED_TRACE(seedNote());
   const auto src = floatsToEncode();
-  std::vector<Mox16f> dst(src.size());
-  for (int rounding : test::allRoundings)
-    for (int roundMode : {0, 1, 7, -1})
-      onBothPaths([&](const char* path) {
-        const test::UnderRounding environment(rounding);
-        ASSERT_EQ(moxsConvert_32f16f(src.data(), dst.data(), int(src.size()), roundMode), moxOk);
-        for (std::size_t i = 0; i < src.size(); ++i)
-          ASSERT_EQ(dst[i], encoded(src[i], roundMode != 0))
-              << path << " of " << src[i] << ", mode " << roundMode;
+  const auto integers = allOrMany<Mox16s>();
+  for (const int roundMode : {0, 1, 7, -1}) {
+    const auto model = [=](Mox32f x) { return encoded(x, roundMode != 0); };
+    withCallsInAllRoundings([&] {
+      onBothPaths([&] {
+        expectEach(run(MEMBER(Convert_32f16f), src, roundMode), model, src);
+        expectEach(run(MEMBER(Convert_16s16f), integers, roundMode), model, integers);
       });
+    });
+  }
 }
 
 TEST(Half, NoExceptionTrapsInSoftware) {
+  const std::vector<Mox32f> src = {1e-7f, std::numeric_limits<Mox32f>::signaling_NaN(), 1e30f};
   CoreProbe probe;
   probe.fixFeatures(0);
-  const Mox32f src[] = {1e-7f, std::numeric_limits<Mox32f>::signaling_NaN(), 1e30f};
-  Mox16f dst[3];
-  const unsigned word = _mm_getcsr();
-  _mm_setcsr(word & ~(_MM_MASK_MASK | _MM_EXCEPT_MASK));
-  const MoxStatus status = moxsConvert_32f16f(src, dst, 3, moxRoundNearEven);
-  const unsigned after = _mm_getcsr();
-  _mm_setcsr(word);
-  EXPECT_EQ(status, moxOk);
-  EXPECT_EQ(after & _MM_MASK_MASK, 0u);
-  EXPECT_EQ(dst[0], 2);
-  EXPECT_EQ(dst[2], 0x7C00);
+  const UnmaskedExceptions scope;
+  EXPECT_EQ(run(MEMBER(Convert_32f16f), src, moxRoundNearEven).status, moxOk);
 }
 
-TEST(Half, IntegersGoByWayOfFloats) {
-  std::vector<Mox16s> integers(65536), back(65536);
-  for (int i = 0; i < 65536; ++i) integers[i] = Mox16s(i - 32768);
-  std::vector<Mox16f> halves(65536);
-  for (int roundMode : {0, 1})
-    onBothPaths([&](const char* path) {
-      ASSERT_EQ(moxsConvert_16s16f(integers.data(), halves.data(), 65536, roundMode), moxOk);
-      for (int i = 0; i < 65536; ++i)
-        ASSERT_EQ(halves[i], encoded(integers[i], roundMode == 1)) << path << " of " << integers[i];
-    });
-  const auto all = allHalves();
-  for (int factor : {INT_MIN, -40, -3, 0, 1, 5, 30, 200, INT_MAX})
-    for (int roundMode : {0, 1, 7})
-      onBothPaths([&](const char* path) {
-        ASSERT_EQ(moxsConvert_16f16s_Sfs(all.data(), back.data(), 65536, roundMode, factor), moxOk);
-        for (int i = 0; i < 65536; ++i) {
-          const Mox32f x = std::bit_cast<Mox32f>(decoded(all[i]));
-          const auto mode = test::Mode(std::min(roundMode, 2));
-          ASSERT_EQ(back[i], std::isnan(x)
-                                 ? 32767
-                                 : int(test::scaledFloat(x, factor, test::rangeOf<Mox16s>, mode)))
-              << path << " of " << x << ", mode " << roundMode << ", factor " << factor;
-        }
+TEST(Half, IntegersComeByWayOfFloats) {
+  for (const int factor : {INT_MIN, -40, -3, 0, 1, 5, 30, 200, INT_MAX})
+    for (const int roundMode : {0, 1, 7})
+      onBothPaths([&] {
+        SCOPED_TRACE(testing::Message() << "mode " << roundMode << ", factor " << factor);
+        const auto model = [&](Mox16f half) {
+          const Mox32f x = std::bit_cast<Mox32f>(decoded(half));
+          const Mode mode = Mode(std::min(roundMode, 2));
+          return std::isnan(x) ? 32767 : int(scaledFloat(x, factor, rangeOf<Mox16s>, mode));
+        };
+        expectEach(run(MEMBER(Convert_16f16s_Sfs), allHalves, roundMode, factor), model, allHalves);
       });
 }
 
 TEST(Half, HalfAwayIsRefusedAfterPointersAndLength) {
   const Mox32f x = 1;
-  const Mox16s n = 1;
-  Mox16f half = 77;
   Mox16s integer = 77;
+  Mox16f half = 77;
   EXPECT_EQ(moxsConvert_32f16f(&x, nullptr, 0, 2), moxErrNullPtr);
   EXPECT_EQ(moxsConvert_32f16f(&x, &half, 0, 2), moxErrSize);
   EXPECT_EQ(moxsConvert_32f16f(&x, &half, 1, 2), moxErrRoundMode);
-  EXPECT_EQ(moxsConvert_16s16f(&n, &half, 1, 2), moxErrRoundMode);
+  EXPECT_EQ(moxsConvert_16s16f(&integer, &half, 1, 2), moxErrRoundMode);
   EXPECT_EQ(moxsConvert_16f16s_Sfs(&half, &integer, 1, 2, 0), moxErrRoundMode);
   EXPECT_EQ(half, 77);
   EXPECT_EQ(integer, 77);

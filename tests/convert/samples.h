@@ -3,9 +3,8 @@
 
 #include <moxsp.h>
 
-#include <cstdint>
-
-#include "convert/exact_model.h"
+#include "support/exact_model.h"
+#include "support/members.h"
 
 namespace test {
 
@@ -13,6 +12,8 @@ namespace test {
 template <bool isSigned>
 struct Sample24 {
   Mox8u bytes[3];
+
+  Sample24(long v = 0) : bytes{Mox8u(v), Mox8u(v >> 8), Mox8u(v >> 16)} {}
   operator long() const {
     const long v = bytes[0] + 256L * bytes[1] + 65536L * bytes[2];
     return isSigned && v >= 1 << 23 ? v - (1 << 24) : v;
@@ -21,29 +22,31 @@ struct Sample24 {
 using Sample24s = Sample24<true>;
 using Sample24u = Sample24<false>;
 
-template <class E>
-constexpr Range rangeOfSample = rangeOf<E>;
 template <>
-inline constexpr Range rangeOfSample<Sample24s> = range24s;
+inline constexpr Range rangeOf<Sample24s> = {-(1 << 23), (1 << 23) - 1};
 template <>
-inline constexpr Range rangeOfSample<Sample24u> = range24u;
+inline constexpr Range rangeOf<Sample24u> = {0, (1 << 24) - 1};
 
 // What a prototype calls an array of E.
 template <class E>
-struct Stored {
-  using type = E;
-};
-template <bool isSigned>
-struct Stored<Sample24<isSigned>> {
-  using type = Mox8u;
-};
-template <class E>
 auto raw(E* p) {
-  return reinterpret_cast<typename Stored<E>::type*>(p);
+  return p;
 }
-template <class E>
-auto raw(const E* p) {
-  return reinterpret_cast<const typename Stored<E>::type*>(p);
+template <bool isSigned>
+auto raw(Sample24<isSigned>* p) {
+  return p->bytes;
+}
+template <bool isSigned>
+auto raw(const Sample24<isSigned>* p) {
+  return p->bytes;
+}
+
+// Samples S to samples D.
+template <class S, class D, class... A, class... P>
+Results<D> convert(Member<A...> m, const std::vector<S>& src, P... p) {
+  return resultsOf(m.name, std::vector<D>(src.size()), [&](D* dst, int len) {
+    return m.function(raw(src.data()), raw(dst), len, p...);
+  });
 }
 
 }  // namespace test

@@ -2,49 +2,40 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
-#include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
-#include <vector>
 
-#include "frame/elements.h"
 #include "support/accuracy.h"
-#include "support/random.h"
 
 namespace {
+
+using namespace test;
 
 template <class E>
 struct Members {
   using F = mox::Part<E>;
-  MoxStatus (*lt)(const E*, E*, int, F);
-  MoxStatus (*gt)(const E*, E*, int, F);
-  MoxStatus (*ltVal)(const E*, E*, int, F, E);
-  MoxStatus (*gtVal)(const E*, E*, int, F, E);
-  MoxStatus (*byOperator)(E*, int, F, int);
-  MoxStatus (*inverse)(const E*, E*, int, F);
+  Member<const E*, E*, int, F> lt, gt;
+  Member<const E*, E*, int, F, E> ltVal, gtVal;
+  Member<const E*, E*, int, F, int> by;
 };
-constexpr Members<Mox32fc> single = {moxsThreshold_LT_32fc,    moxsThreshold_GT_32fc,
-                                     moxsThreshold_LTVal_32fc, moxsThreshold_GTVal_32fc,
-                                     moxsThreshold_32fc_I,     moxsThreshold_LTInv_32fc};
-constexpr Members<Mox64fc> twice = {moxsThreshold_LT_64fc,    moxsThreshold_GT_64fc,
-                                    moxsThreshold_LTVal_64fc, moxsThreshold_GTVal_64fc,
-                                    moxsThreshold_64fc_I,     moxsThreshold_LTInv_64fc};
-constexpr Members<Mox16sc> integer = {moxsThreshold_LT_16sc,    moxsThreshold_GT_16sc,
-                                      moxsThreshold_LTVal_16sc, moxsThreshold_GTVal_16sc,
-                                      moxsThreshold_16sc_I,     nullptr};
+#define MEMBERS_OF(t)                                                                \
+  Members<Mox##t> {                                                                  \
+    MEMBER(Threshold_LT_##t), MEMBER(Threshold_GT_##t), MEMBER(Threshold_LTVal_##t), \
+        MEMBER(Threshold_GTVal_##t), MEMBER(Threshold_##t)                           \
+  }
 
-// -1, 0, 1 as the magnitude is below, at or above the level; 2 for NaN. `near` tells cases that the
-// rounding of squares may decide: not those where they are small integers.
+enum Order { below, at, above, unordered, near };
+
+// Where the magnitude is in relation to the level. The rounding of squares may decide about those
+// near to it, not about small integers.
 template <class E>
-int compare(E z, mox::Part<E> level, bool* near = nullptr) {
-  const long double re = z.re, im = z.im, l = level;
-  if (std::isnan(re) || std::isnan(im)) return 2;
-  const long double m = re * re + im * im, square = l * l;
+Order compare(E z, mox::Part<E> level) {
+  const long double re = z.re, im = z.im, l = level, m = re * re + im * im, square = l * l;
+  if (std::isnan(re) || std::isnan(im)) return unordered;
   const long double epsilon = std::numeric_limits<mox::Part<E>>::epsilon();
   const bool small = std::trunc(m) == m && m < 1000 && std::trunc(square) == square;
-  if (near) *near = !small && std::fabs(m - square) <= 4 * epsilon * square;
-  return m < square ? -1 : m > square ? 1 : 0;
+  if (!small && std::fabs(m - square) <= 4 * epsilon * square) return near;
+  return m < square ? below : m > square ? above : at;
 }
 
 struct Exact {
@@ -64,17 +55,16 @@ Exact atLevel(E z, long double level) {
   return {re == 0 ? re : re * factor, im == 0 ? im : im * factor};
 }
 
-template <class F>
-long double error(F got, long double exact) {
-  if constexpr (std::is_integral_v<F>)
-    return std::fabs(got - exact);
-  else
-    return test::ulpError(got, std::isinf(F(exact)) ? (long double)F(exact) : exact);
-}
-
 template <class E>
-bool same(E a, E b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
+void expectNear(E got, Exact exact, long double bound) {
+  const auto error = [](auto part, long double wanted) {
+    if constexpr (std::is_integral_v<decltype(part)>)
+      return std::fabs(part - wanted);
+    else
+      return ulpError(part, wanted);
+  };
+  ASSERT_LE(error(got.re, exact.re), bound) << got.re << " for " << exact.re;
+  ASSERT_LE(error(got.im, exact.im), bound) << got.im << " for " << exact.im;
 }
 
 // All members on `src`: elements that the relation passes stay to the bit, others are `bound` from
@@ -82,135 +72,113 @@ bool same(E a, E b) {
 template <class E>
 void expectAll(const Members<E>& members, const std::vector<E>& src, mox::Part<E> level,
                long double bound) {
-  const int len = int(src.size());
   const E value = {9, -7};
-  std::vector<E> low(src.size()), high = low, lowValue = low, highValue = low, inPlace = src;
-  ASSERT_EQ(members.lt(src.data(), low.data(), len, level), moxOk);
-  ASSERT_EQ(members.gt(src.data(), high.data(), len, level), moxOk);
-  ASSERT_EQ(members.ltVal(src.data(), lowValue.data(), len, level, value), moxOk);
-  ASSERT_EQ(members.gtVal(src.data(), highValue.data(), len, level, value), moxOk);
-  ASSERT_EQ(members.byOperator(inPlace.data(), len, level, moxThresholdLess), moxOk);
-  EXPECT_TRUE(std::equal(low.begin(), low.end(), inPlace.begin(), same<E>));
-  inPlace = src;
-  ASSERT_EQ(members.byOperator(inPlace.data(), len, level, moxThresholdGreater), moxOk);
-  EXPECT_TRUE(std::equal(high.begin(), high.end(), inPlace.begin(), same<E>));
-
-  for (int i = 0; i < len; ++i) {
-    SCOPED_TRACE(testing::Message() << "(" << src[i].re << ", " << src[i].im << "), level " << level
-                                    << ", element " << i);
-    bool near = false;
-    const int order = compare(src[i], level, &near);
-    if (near) continue;
-    const auto expectLevel = [&](E got) {
-      const Exact exact = atLevel(src[i], level);
-      ASSERT_LE(error(got.re, exact.re), bound) << got.re << " for " << exact.re;
-      ASSERT_LE(error(got.im, exact.im), bound) << got.im << " for " << exact.im;
+  const auto low = run(members.lt, src, level).values, high = run(members.gt, src, level).values;
+  const auto lowValue = run(members.ltVal, src, level, value).values,
+             highValue = run(members.gtVal, src, level, value).values;
+  EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdLess).values, low));
+  EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdGreater).values, high));
+  for (std::size_t i = 0; i < src.size(); ++i) {
+    SCOPED_TRACE(text(src[i]) + ", level " + text(level));
+    const Order order = compare(src[i], level);
+    if (order == near) continue;
+    const auto expectMoved = [&](E got, bool isMoved) {
+      if (isMoved)
+        expectNear(got, atLevel(src[i], level), bound);
+      else
+        ASSERT_TRUE(sameBits(got, src[i])) << text(got);
     };
-    if (order == -1)
-      expectLevel(low[i]);
-    else
-      ASSERT_TRUE(same(low[i], src[i]));
+    expectMoved(low[i], order == below);
     if (level == 0)
-      ASSERT_TRUE(same(high[i], E{}));
-    else if (order == 1)
-      expectLevel(high[i]);
+      ASSERT_TRUE(sameBits(high[i], E{}));
     else
-      ASSERT_TRUE(same(high[i], src[i]));
-    ASSERT_TRUE(same(lowValue[i], order == -1 || order == 2 ? value : src[i]));
-    ASSERT_TRUE(same(highValue[i], order == 1 || order == 2 ? value : src[i]));
+      expectMoved(high[i], order == above);
+    ASSERT_TRUE(sameBits(lowValue[i], order == below || order == unordered ? value : src[i]));
+    ASSERT_TRUE(sameBits(highValue[i], order == above || order == unordered ? value : src[i]));
   }
 }
 
-// Zeros, Pythagorean triples with a magnitude of the level and next to it, infinities and NaN.
+// Random elements about the level and of all sizes; zeros, Pythagorean triples with a magnitude of
+// the level and next to it, infinities and NaN.
 template <class E>
-std::vector<E> specialElements(mox::Part<E> level) {
+std::vector<E> manyElements(mox::Part<E> level) {
   using F = mox::Part<E>;
-  using Range = std::numeric_limits<F>;
+  using Limits = std::numeric_limits<F>;
   std::vector<E> v;
   for (F re : {F(0), F(level / 5 * 3), F(-level), F(level / 2), F(1)})
     for (F im : {F(0), F(level / 5 * 4), F(level), F(-1)}) v.push_back({re, im});
   if constexpr (std::is_floating_point_v<F>)
-    for (F part : {F(-0.0), Range::infinity(), -Range::infinity(), Range::quiet_NaN(), Range::max(),
-                   Range::denorm_min(), std::nextafter(level, F(0)),
-                   std::nextafter(level, Range::infinity())})
+    for (F part : {F(-0.0), Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(),
+                   Limits::max(), Limits::denorm_min(), std::nextafter(level, F(0)),
+                   std::nextafter(level, Limits::infinity())})
       for (F other : {part, F(0), F(3)}) v.push_back({part, other}), v.push_back({other, part});
   else
-    for (F part : {Range::min(), Range::max()}) v.push_back({part, part}), v.push_back({part, 0});
+    for (F part : {Limits::min(), Limits::max()}) v.push_back({part, part}), v.push_back({part, 0});
+  Random random;
+  for (int i = 0; i < 500; ++i) {
+    E z = random.value<E>();
+    if constexpr (std::is_floating_point_v<F>) {
+      v.push_back(z), v.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
+      if (std::isfinite(level * 2)) z = {z.re * level * 2, z.im * level * 2};
+    }
+    v.push_back(z);
+  }
   return v;
 }
 
 template <class E>
-void expectAllLevels(const Members<E>& members, const std::vector<mox::Part<E>>& levels,
-                     long double bound) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
-  for (const auto level : levels) {
-    auto src = specialElements<E>(level);
-    for (int i = 0; i < 500; ++i) {
-      using F = mox::Part<E>;
-      E z = random.value<E>();
-      if constexpr (std::is_floating_point_v<F>)
-        if (std::isfinite(level * 2)) z = {z.re * level * 2, z.im * level * 2};
-      src.push_back(z);
-      if constexpr (std::is_floating_point_v<F>)
-        src.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
-    }
-    for (int start = 0; start < 9; ++start)  // other lanes, other tails
+void expectLevels(const Members<E>& members, const std::vector<mox::Part<E>>& levels,
+                  long double bound) {
+  using F = mox::Part<E>;
+  SCOPED_TRACE(seedNote());
+  for (const F level : levels) {
+    const auto src = manyElements<E>(level);
+    for (int start = 0; start < 8; ++start)  // other lanes
       expectAll(members, std::vector<E>(src.begin() + start, src.end()), level, bound);
   }
 }
 
 TEST(ThresholdComplex, MagnitudesAgainstLevels) {
-  const auto infinity = std::numeric_limits<Mox32f>::infinity();
-  expectAllLevels(single, {0, 5, 0.3f, 1e-12f, 1e-30f, 1e-45f, 1e17f, 1e25f, 3e38f, infinity}, 8);
-  expectAllLevels(twice, {0, 5, 0.3, 1e-119, 1e-200, 5e-324, 1e149, 1e200, 1e308, infinity}, 4);
-  expectAllLevels(integer, {0, 1, 5, 100, 12345, 32767}, 0.5L + 1e-9L);
+  expectLevels(MEMBERS_OF(32fc),
+               {0, 5, 0.3f, 1e-12f, 1e-30f, 1e-45f, 1e17f, 1e25f, 3e38f, INFINITY}, 8);
+  expectLevels(MEMBERS_OF(64fc), {0, 5, 0.3, 1e-119, 1e-200, 5e-324, 1e149, 1e200, 1e308, INFINITY},
+               4);
+  expectLevels(MEMBERS_OF(16sc), {0, 1, 5, 100, 12345, 32767}, 0.5L + 1e-9L);
 }
 
 TEST(ThresholdComplex, ANaNLevelPassesAllButValues) {
-  const Mox32fc src[] = {{1, 2}, {0, 0}, {INFINITY, 1}}, value = {7, 7};
-  Mox32fc dst[3];
-  for (auto function : {moxsThreshold_LT_32fc, moxsThreshold_GT_32fc}) {
-    ASSERT_EQ(function(src, dst, 3, NAN), moxOk);
-    EXPECT_EQ(0, std::memcmp(src, dst, sizeof src));
-  }
-  ASSERT_EQ(moxsThreshold_LTVal_32fc(src, dst, 3, NAN, value), moxOk);
-  for (Mox32fc z : dst) EXPECT_TRUE(same(z, value));
+  const std::vector<Mox32fc> src = {{1, 2}, {0, 0}, {INFINITY, 1}}, values(3, {7, 7});
+  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_LT_32fc), src, NAN).values, src));
+  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_GT_32fc), src, NAN).values, src));
+  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_LTVal_32fc), src, NAN, values[0]).values, values));
 }
 
-template <class E>
-void expectReciprocals(const Members<E>& members, const std::vector<mox::Part<E>>& levels) {
-  using F = mox::Part<E>;
-  test::Random random;
+template <class E, class F = mox::Part<E>>
+void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<Given<F>>& levels) {
   for (const F level : levels) {
-    auto src = specialElements<E>(level);
-    for (int i = 0; i < 500; ++i) src.push_back({random.anyFloat<F>(), random.value<F>()});
-    for (int i = 0; i < 500; ++i) src.push_back(random.value<E>());
-    std::vector<E> dst(src.size());
-    ASSERT_EQ(members.inverse(src.data(), dst.data(), int(src.size()), level),
-              level == 0 ? moxWarnInvZero : moxOk);
+    const auto src = manyElements<E>(level);
+    const auto got = run(member, src, level);
+    ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
     for (std::size_t i = 0; i < src.size(); ++i) {
-      const E z = src[i];
-      if (compare(z, 1) == 2) {
-        ASSERT_TRUE(std::isnan(dst[i].re) || std::isnan(dst[i].im));
+      SCOPED_TRACE(text(src[i]) + ", level " + text(level));
+      const E z = src[i], r = got.values[i];
+      if (compare(z, 1) == unordered) {
+        ASSERT_TRUE(std::isnan(r.re) || std::isnan(r.im));
         continue;
       }
-      const long double root = std::hypot((long double)z.re, (long double)z.im);
       const Exact unit = atLevel(z, 1);
-      const auto over = [=](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
-      ASSERT_LE(error(dst[i].re, over(unit.re)), 5)
-          << z.re << ", " << z.im << ", level " << level << " gives " << dst[i].re;
-      ASSERT_LE(error(dst[i].im, over(-unit.im)), 5)
-          << z.re << ", " << z.im << ", level " << level << " gives " << dst[i].im;
+      const long double root = std::hypot((long double)z.re, (long double)z.im);
+      const auto over = [&](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
+      expectNear(r, {over(unit.re), over(root == 0 ? 0 : -unit.im)}, 5);
     }
   }
 }
 
 TEST(ThresholdComplex, ReciprocalsOfRaisedMagnitudes) {
-  expectReciprocals(single, {0, 0.5f, 1e-12f, 1e-40f, 1e20f, 3e38f});
-  expectReciprocals(twice, {0, 0.5, 1e-120, 5e-324, 1e200, 1e308});
-  Mox32fc one[] = {{2, 1}};
-  EXPECT_EQ(moxsThreshold_LTInv_32fc_I(one, 1, 0), moxOk);
+  expectReciprocals(MEMBER(Threshold_LTInv_32fc), {0, 0.5f, 1e-12f, 1e-40f, 1e20f, 3e38f});
+  expectReciprocals(MEMBER(Threshold_LTInv_64fc), {0, 0.5, 1e-120, 5e-324, 1e200, 1e308});
+  const std::vector<Mox32fc> noZero = {{2, 1}};
+  EXPECT_EQ(run(MEMBER(Threshold_LTInv_32fc), noZero, 0).status, moxOk);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <climits>
 #include <vector>
 
-#include "convert/exact_model.h"
+#include "support/exact_model.h"
 #include "frame/map_scaled.h"
 #include "support/float_environment.h"
 #include "support/random.h"

@@ -1,32 +1,60 @@
 // Measures of how far a result is from its reference.
 #pragma once
 
-#include <bit>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 #include <limits>
+#include <utility>
+
+#include "support/members.h"
+#include "support/random.h"
 
 namespace test {
 
 // Distance of `got` from the exact value in units in the last place of the format of F; 0 for
-// equal infinities and for NaN against NaN, infinity for any other mismatch of those.
+// equal infinities and for NaN against NaN, infinity for any other mismatch of those, and for a
+// wrong sign. What rounds to infinity is that.
 template <class F>
 long double ulpError(F got, long double exact) {
   if (std::isnan(got) || std::isnan(exact))
     return std::isnan(got) && std::isnan(exact) ? 0 : INFINITY;
-  if (std::isinf(got)) {
-    if (std::isinf(exact)) return (got > 0) == (exact > 0) ? 0 : INFINITY;
+  if (std::signbit(got) != std::signbit(exact)) return INFINITY;
+  const bool isOut = std::isinf(F(exact));
+  if (isOut || std::isinf(got)) {
     // An overflow is as wrong as the largest finite value next to it, plus one unit.
-    const F largest = std::copysign(std::numeric_limits<F>::max(), got);
-    return ulpError(largest, exact) + 1;
+    if (isOut) return std::isinf(got) ? 0 : INFINITY;
+    return ulpError(std::copysign(std::numeric_limits<F>::max(), got), exact) + 1;
   }
-  if (std::isinf(exact)) return INFINITY;
   int exponent = std::numeric_limits<F>::min_exponent;
   if (exact != 0) std::frexp(exact, &exponent);
   exponent = std::max(exponent, std::numeric_limits<F>::min_exponent);
   return std::fabs((long double)got - exact) /
          std::ldexp(1.0L, exponent - std::numeric_limits<F>::digits);
+}
+
+// The errors of results against exactAt(i) are up to `bound`, and the greatest is no less than
+// `share` of it.
+template <class D, class ExactAt, class... S>
+void expectWithinUlps(const Results<D>& got, double bound, double share, ExactAt exactAt,
+                      const std::vector<S>&... src) {
+  ASSERT_GE(got.status, moxOk) << got.name;
+  long double worst = 0;
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < got.values.size(); ++i)
+    if (const long double error = ulpError(got.values[i], exactAt(i)); !(error <= worst))
+      worst = error, at = i;
+  EXPECT_LE(worst, bound) << got.name << " of " << ((text(src[at]) + ' ') + ...) << "gives "
+                          << text(got.values[at]) << "; " << seedNote();
+  EXPECT_GE(worst, share * bound) << got.name << ": the header could promise more";
+}
+
+// Results on complex elements by parts.
+template <mox::Complex E>
+auto partsOf(const Results<E>& z) {
+  using Parts = Results<mox::Part<E>>;
+  std::pair<Parts, Parts> parts = {{z.name, z.status, {}}, {z.name, z.status, {}}};
+  for (const E& e : z.values)
+    parts.first.values.push_back(e.re), parts.second.values.push_back(e.im);
+  return parts;
 }
 
 // Accumulates the relative L2 error of a vector against its reference.

@@ -31,4 +31,21 @@ class UnderRounding {
   unsigned word_;
 };
 
+// Lets every floating-point exception of the vector unit trap for its scope.
+class UnmaskedExceptions {
+ public:
+  UnmaskedExceptions() : outer_(_mm_getcsr()) {
+    _mm_setcsr(outer_ & ~(_MM_MASK_MASK | _MM_EXCEPT_MASK));
+  }
+  ~UnmaskedExceptions() {
+    EXPECT_EQ(_mm_getcsr() & _MM_MASK_MASK, 0u) << "exceptions were masked";
+    _mm_setcsr(outer_);
+  }
+  UnmaskedExceptions(const UnmaskedExceptions&) = delete;
+  UnmaskedExceptions& operator=(const UnmaskedExceptions&) = delete;
+
+ private:
+  unsigned outer_;
+};
+
 }  // namespace test

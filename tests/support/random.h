@@ -2,9 +2,11 @@
 // test prints the seed through seedNote().
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -47,6 +49,28 @@ class Random {
   std::vector<E> vector(long len) {
     std::vector<E> v(len);
     for (E& e : v) e = value<E>();
+    return v;
+  }
+
+  // Ordinary floats, and zeros of both signs, infinities, NaN and all sizes among them.
+  template <class E>
+  E special() {
+    if constexpr (mox::Complex<E>) {
+      const auto re = special<mox::Part<E>>();
+      return {re, special<mox::Part<E>>()};
+    } else {
+      using Limits = std::numeric_limits<E>;
+      const E kinds[] = {0, Limits::infinity(), Limits::quiet_NaN(), Limits::denorm_min() * 3,
+                         anyFloat<E>()};
+      const long kind = below(12);
+      return std::copysign(kind < 5 ? kinds[kind] : value<E>(), value<E>());
+    }
+  }
+  // The first of them zero.
+  template <class E>
+  std::vector<E> specials(long len) {
+    std::vector<E> v(len);
+    for (long i = 1; i < len; ++i) v[i] = special<E>();
     return v;
   }
 

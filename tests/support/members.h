@@ -1,0 +1,181 @@
+// Runs of element-wise functions on whole vectors, and their results against a model of one
+// element. One good length is enough for a test of values: that they don't depend on lengths, on
+// alignments or on the in-place form is tested for all functions elsewhere.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <moxsp/types.h>
+
+#include <cstring>
+#include <iomanip>
+#include <optional>
+#include <sstream>
+#include <vector>
+
+#include "frame/elements.h"
+#include "support/float_environment.h"
+
+namespace test {
+
+// A function and its name for messages.
+template <class... A>
+struct Member {
+  const char* name;
+  MoxStatus (*function)(A...);
+};
+template <class... A>
+Member(const char*, MoxStatus (*)(A...)) -> Member<A...>;
+#define MEMBER(name) (test::Member{#name, moxs##name})
+
+template <class D>
+struct Results {
+  const char* name;
+  MoxStatus status;
+  std::vector<D> values;
+  MoxStatus expected = moxOk;
+
+  Results warning(MoxStatus warning) const { return {name, status, values, warning}; }
+};
+
+// The rounding mode that calls are made in; by default that in force.
+inline std::optional<int> roundingOfCalls;
+
+// The check's calls under every mode, and its models in the one in force.
+template <class Check>
+void withCallsInAllRoundings(Check check) {
+  for (const int mode : allRoundings) {
+    SCOPED_TRACE("rounding mode " + std::to_string(mode));
+    roundingOfCalls = mode;
+    check();
+    roundingOfCalls.reset();
+  }
+}
+
+// Calls `call` on a destination that is off every vector boundary: some results come from the peel,
+// some from the body and some from the tail.
+template <class D, class Call>
+Results<D> resultsOf(const char* name, std::vector<D> values, Call call) {
+  values.insert(values.begin(), D());
+  MoxStatus status;
+  {
+    const UnderRounding mode(roundingOfCalls.value_or(std::fegetround()));
+    status = call(values.data() + 1, int(values.size()) - 1);
+  }
+  values.erase(values.begin());
+  return {name, status, std::move(values)};
+}
+
+template <class P>
+using Given = std::type_identity_t<P>;
+
+// In place.
+template <class C, class D, class... P>
+Results<D> run(Member<C, D*, int, P...> m, const std::vector<D>& data, Given<C> val,
+               Given<P>... p) {
+  return resultsOf(m.name, data, [&](D* dst, int len) { return m.function(val, dst, len, p...); });
+}
+template <class S, class D, class... P>
+Results<D> runOnto(Member<const S*, D*, int, P...> m, const std::vector<S>& src,
+                   const std::vector<D>& data, Given<P>... p) {
+  return resultsOf(m.name, data,
+                   [&](D* dst, int len) { return m.function(src.data(), dst, len, p...); });
+}
+template <class A, class B, class D, class... P>
+Results<D> runOnto(Member<const A*, const B*, D*, int, P...> m, const std::vector<A>& a,
+                   const std::vector<B>& b, const std::vector<D>& data, Given<P>... p) {
+  return resultsOf(m.name, data,
+                   [&](D* dst, int len) { return m.function(a.data(), b.data(), dst, len, p...); });
+}
+
+// Of one source, of two, and of one with a constant.
+template <class S, class D, class... P>
+Results<D> run(Member<const S*, D*, int, P...> m, const std::vector<S>& src, Given<P>... p) {
+  return runOnto(m, src, std::vector<D>(src.size()), p...);
+}
+template <class A, class B, class D, class... P>
+Results<D> run(Member<const A*, const B*, D*, int, P...> m, const std::vector<A>& a,
+               const std::vector<B>& b, Given<P>... p) {
+  return runOnto(m, a, b, std::vector<D>(a.size()), p...);
+}
+template <class S, class C, class D, class... P>
+Results<D> run(Member<const S*, C, D*, int, P...> m, const std::vector<S>& src, Given<C> val,
+               Given<P>... p) {
+  return resultsOf(m.name, std::vector<D>(src.size()),
+                   [&](D* dst, int len) { return m.function(src.data(), val, dst, len, p...); });
+}
+
+template <class E>
+bool sameBits(const E& a, const E& b) {
+  return std::memcmp(&a, &b, sizeof a) == 0;
+}
+template <class E>
+bool sameBits(const std::vector<E>& a, const std::vector<E>& b) {
+  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0;
+}
+
+// To the bit, but for NaN, which is as good as any other.
+template <class E>
+bool same(const E& a, const E& b) {
+  if constexpr (mox::Complex<E>)
+    return same(a.re, b.re) && same(a.im, b.im);
+  else
+    return sameBits(a, b) || (a != a && b != b);
+}
+
+template <class E>
+std::string text(const E& e) {
+  std::ostringstream out;
+  out << std::setprecision(17);
+  if constexpr (mox::Complex<E>)
+    out << '(' << +e.re << ", " << +e.im << ')';
+  else
+    out << +e;
+  return out.str();
+}
+
+// Result i is want(i) for all i; messages show what the sources hold there.
+template <class D, class Want, class... S>
+void expectAt(const Results<D>& got, Want want, const std::vector<S>&... src) {
+  ASSERT_EQ(got.status, got.expected) << got.name;
+  for (std::size_t i = 0; i < got.values.size(); ++i) {
+    const D wanted = D(want(i));
+    ASSERT_TRUE(same(got.values[i], wanted))
+        << got.name << " of " << (((text(src[i]) + ' ') + ...)) << "gives " << text(got.values[i])
+        << " and not " << text(wanted) << ", element " << i;
+  }
+}
+
+// Each result is model() of its sources.
+template <class D, class Model, class... S>
+void expectEach(const Results<D>& got, Model model, const std::vector<S>&... src) {
+  expectAt(
+      got, [&](std::size_t i) { return model(src[i]...); }, src...);
+}
+
+struct Special {
+  Mox32f x, result;
+};
+
+// Each special value at every position of an array that takes head, blocks and tail; the other
+// elements keep the results that they have without it. Doubles are rounded to float.
+template <class F, class... P>
+void expectEverywhere(Member<const F*, F*, int, P...> member, MoxStatus status,
+                      const std::vector<Special>& specials, Given<P>... p) {
+  std::vector<F> plain(45);
+  for (std::size_t i = 0; i < plain.size(); ++i) plain[i] = 0.3f + 0.4f * Mox32f(i);
+  const auto expected = run(member, plain, p...);
+  EXPECT_EQ(expected.status, moxOk) << member.name;
+  for (const auto& [x, result] : specials)
+    for (std::size_t at = 0; at < plain.size(); ++at) {
+      auto src = plain;
+      src[at] = x;
+      auto got = run(member, src, p...);
+      EXPECT_TRUE(got.status == status && same(Mox32f(got.values[at]), result))
+          << member.name << " of " << x << " at " << at << " gives " << got.values[at];
+      got.values[at] = expected.values[at];
+      EXPECT_TRUE(sameBits(got.values, expected.values))
+          << member.name << " of " << x << " at " << at;
+    }
+}
+
+}  // namespace test
