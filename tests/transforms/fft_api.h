@@ -3,7 +3,7 @@
 
 #include <moxsp.h>
 
-#include <cmath>
+#include <complex>
 #include <vector>
 
 #include "support/random.h"
