@@ -18,26 +18,29 @@ const std::vector<int> factors = [] {
   return f;
 }();
 
+template <class E>
+std::vector<E> filled(Random& random, long len, auto part) {
+  using P = mox::Part<E>;
+  std::vector<E> v(len);
+  P* const parts = mox::parts(v.data());
+  std::generate_n(parts, len * mox::partsPerElement<E>, [&] { return part(random.value<P>()); });
+  return v;
+}
+
 // Two sources: ordinary data, small sums of either sign, and all pairs of the extremes that meet
 // the widths of intermediate sums. Parts are divided by 2^shift.
 template <class A, class B>
-std::vector<std::pair<std::vector<A>, std::vector<B>>> samples(int shift) {
+auto samples(int shift) {
   Random random(1);
-  const auto prepared = [=](auto v, auto part) {
-    using E = typename decltype(v)::value_type;
-    for (E& e : v)
-      for (int p = 0; p < mox::partsPerElement<E>; ++p)
-        mox::parts(&e)[p] = mox::Part<E>(part(mox::parts(&e)[p]) >> shift);
-    return v;
+  std::vector<std::pair<std::vector<A>, std::vector<B>>> all;
+  const auto add = [&](long len, auto left, auto right) {
+    all.emplace_back(filled<A>(random, len, [=](auto p) { return left(p) >> shift; }),
+                     filled<B>(random, len, [=](auto p) { return right(p) >> shift; }));
   };
   const auto same = [](auto p) { return p; };
   const auto small = [](auto p) { return p % 3; };
   const auto least = [](auto p) { return std::numeric_limits<decltype(p)>::min(); };
   const auto most = [](auto p) { return std::numeric_limits<decltype(p)>::max(); };
-  std::vector<std::pair<std::vector<A>, std::vector<B>>> all;
-  const auto add = [&](long len, auto left, auto right) {
-    all.emplace_back(prepared(random.vector<A>(len), left), prepared(random.vector<B>(len), right));
-  };
   for (const long len : {2L, 3L, 7L, 8L, 9L, 31L, 1000L, 65536L, 65537L, 131072L + 11})
     add(len, same, same);
   for (const long len : {3L, 7L, 8L}) add(len, small, small);
@@ -46,10 +49,6 @@ std::vector<std::pair<std::vector<A>, std::vector<B>>> samples(int shift) {
   all.emplace_back(3, 3);  // zeros
   return all;
 }
-
-template <class F, class D, class A, class B>
-concept Unscaled = std::is_invocable_v<F, const A*, int, D*> ||
-    std::is_invocable_v<F, const A*, const B*, int, D*>;
 
 // For each result, or part of one: rule(exact(x, y, part), len, factor).
 template <class D, class A, class B = A, class Function, class Exact, class Rule>
@@ -68,7 +67,7 @@ void expectExact(Function function, Exact exact, Rule rule, int shift = 0) {
         ASSERT_EQ(got[p], P(rule(values[p], len, factor)))
             << "factor " << factor << ", length " << len << ", part " << p << ", " << seedNote();
     };
-    if constexpr (Unscaled<Function, D, A, B>)
+    if constexpr (Reduction<Function, D, A, B>)
       check(function, 0);
     else
       for (const int factor : factors) check(with(function, factor), factor);

@@ -56,6 +56,7 @@ struct Step {
   long terms, lanes = terms;
   std::size_t fold = ~0ul;
 };
+inline Step folded(long lanes) { return {lanes, lanes, std::size_t(lanes)}; }
 using Steps = std::vector<Step>;
 
 // Vectors, then halves of them down to single terms.
@@ -84,7 +85,7 @@ Lanes<double> fastBlocks(Lanes<double> total, long i, long n, Term term) {
     for (int j = 0; j < 4; ++j) total[j] += four[j];
   };
   while (n - i >= 8192) add(deal(Lanes<float>(32), i, i + 8192, {{32}}, term));
-  add(deal(Lanes<float>(32), i, n, {{32}, {16, 16, 16}, {8, 8, 8}, {4}, {2}, {1}}, term));
+  add(deal(Lanes<float>(32), i, n, {{32}, folded(16), folded(8), {4}, {2}, {1}}, term));
   return total;
 }
 
@@ -128,15 +129,22 @@ struct Operands {
   }
 };
 
-// What a function stores that has one source or two, and one result or two.
+template <class F, class D, class A, class>
+concept OfOne = std::is_invocable_v<F, const A*, int, D*>;
+template <class F, class D, class A, class B>
+concept OfTwo = std::is_invocable_v<F, const A*, const B*, int, D*>;
+template <class F, class D, class A, class B>
+concept Reduction = OfOne<F, D, A, B> || OfTwo<F, D, A, B>;
+
+// What a function of one source or two stores: one result, or two of one source.
 template <class D, class Function, class A, class B>
 void store(std::vector<mox::Part<D>>& results, Function f, const A* x, const B* y, int len) {
   D d[2];
   MoxStatus status;
   int count = 1;
-  if constexpr (std::is_invocable_v<Function, const A*, int, D*>)
+  if constexpr (OfOne<Function, D, A, B>)
     status = f(x, len, d);
-  else if constexpr (std::is_invocable_v<Function, const A*, const B*, int, D*>)
+  else if constexpr (OfTwo<Function, D, A, B>)
     status = f(x, y, len, d);
   else
     status = f(x, len, &d[0], &d[1]), count = 2;

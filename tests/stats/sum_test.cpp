@@ -28,7 +28,7 @@ struct Numbers : Operands<F> {
     long i = 0;
     return turned(deal(Lanes<W>(parts), i, peeled(), {{parts}, {1}}, term()));
   }
-  Lanes<double> folded(const Lanes<double>& four) const {
+  Lanes<double> joined(const Lanes<double>& four) const {
     return parts == 1 ? foldQuarters(four) : turned(foldHalves(four, 2));
   }
 };
@@ -40,15 +40,14 @@ Lanes<double> accurateSum(const Numbers<float>& d) {
   Lanes<double> lane = d.head<double>();
   lane.resize(8 * d.parts);
   i = d.peeled();
-  const Step tail{d.parts, d.parts, std::size_t(d.parts)};
-  return d.turned(deal(lane, i, d.len, {{16, 8 * d.parts}, tail, {1}}, d.term()));
+  return d.turned(deal(lane, i, d.len, {{16, 8 * d.parts}, folded(d.parts), {1}}, d.term()));
 }
 
 Lanes<double> fastSum(const Numbers<float>& d) {
   if (!d.aligned()) return accurateSum(d);
   Lanes<double> lane = widen(d.head<float>());
   lane.resize(4);
-  return d.folded(fastBlocks(lane, d.peeled(), d.len, d.term()));
+  return d.joined(fastBlocks(lane, d.peeled(), d.len, d.term()));
 }
 
 Lanes<double> doubleSum(const Numbers<double>& d) {
@@ -56,8 +55,8 @@ Lanes<double> doubleSum(const Numbers<double>& d) {
   lane.resize(16);
   long i = d.peeled();
   if (d.aligned())
-    return d.folded(deal(lane, i, d.len, {{16}, {8, 8, 8}, {4, 4, 4}, {2}, {1}}, d.term()));
-  return deal(lane, i, d.len, {{16}, {d.parts, d.parts, std::size_t(d.parts)}}, d.term());
+    return d.joined(deal(lane, i, d.len, {{16}, folded(8), folded(4), {2}, {1}}, d.term()));
+  return deal(lane, i, d.len, {{16}, folded(d.parts)}, d.term());
 }
 
 template <class E, class Model, class Sum, class Mean>
@@ -115,7 +114,7 @@ TEST(StdDev, Floats) {
     };
     const auto extended = [&](auto term) {
       long i = 0;
-      return deal(Lanes<long double>(2), i, o.len, {{4, 2}, {1, 1, 1}}, term)[0];
+      return deal(Lanes<long double>(2), i, o.len, {{4, 2}, folded(1)}, term)[0];
     };
     const long double accurate = deviation<double>(o, doubles);
     return {accurate, o.offset % 4 ? accurate : deviation<float>(o, fast),
