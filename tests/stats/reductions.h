@@ -171,7 +171,7 @@ void expectReduction(Model model, long shortest, Functions... functions) {
   // Large terms that cancel one another leave the roundings of wide lanes in sight.
   for (std::size_t i = 0; i + 7 < x.size(); i += 11)
     for (int p = 0; p < mox::partsPerElement<A>; ++p)
-      mox::parts(&x[i + 7])[p] = -(mox::parts(&x[i])[p] *= mox::Part<A>(0x1p20));
+      mox::parts(&x[i + 7])[p] = -(mox::parts(&x[i])[p] *= mox::Part<A>(0x1p36));
   const auto check = [&](long len, long offset) {
     const Placed<A> first({x.begin(), x.begin() + len}, offset);
     const Placed<A> second({y.begin(), y.begin() + len}, 5 * offset % 48);
