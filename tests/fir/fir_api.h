@@ -21,62 +21,46 @@ struct WithoutScale<f> {
   static MoxStatus call(P... p, int) { return f(p...); }
 };
 
-#define FIR_FUNCTIONS(types)                                       \
-  static constexpr auto getStateSize = moxsFIRGetStateSize##types; \
-  static constexpr auto init = moxsFIRInit##types;                 \
-  static constexpr auto initAlloc = moxsFIRInitAlloc##types;       \
-  static constexpr auto free = moxsFIRFree##types;                 \
-  static constexpr auto getTaps = moxsFIRGetTaps##types;           \
-  static constexpr auto setTaps = moxsFIRSetTaps##types;           \
-  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types;     \
+#define FIR_FUNCTIONS(types, tapToken, dataToken, number, taps, len) \
+  using Tap = Mox##tapToken;                                         \
+  using Data = Mox##dataToken;                                       \
+  static constexpr Mox32s id = number;                               \
+  static constexpr int fftTaps = taps, fftLen = len;                 \
+  static constexpr auto getStateSize = moxsFIRGetStateSize##types;   \
+  static constexpr auto init = moxsFIRInit##types;                   \
+  static constexpr auto initAlloc = moxsFIRInitAlloc##types;         \
+  static constexpr auto free = moxsFIRFree##types;                   \
+  static constexpr auto getTaps = moxsFIRGetTaps##types;             \
+  static constexpr auto setTaps = moxsFIRSetTaps##types;             \
+  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types;       \
   static constexpr auto setDlyLine = moxsFIRSetDlyLine##types
 
-#define FIR_FLOAT(types)                                                                \
-  using Tap = Mox##types;                                                               \
-  using Data = Mox##types;                                                              \
-  FIR_FUNCTIONS(_##types);                                                              \
-  static constexpr auto run = WithoutScale<moxsFIR_##types>::call;                      \
-  static constexpr auto runInPlace = WithoutScale<moxsFIR_##types##_I>::call;           \
-  static constexpr auto one = WithoutScale<moxsFIROne_##types>::call;                   \
-  static constexpr auto direct = WithoutScale<moxsFIR_Direct_##types>::call;            \
-  static constexpr auto directInPlace = WithoutScale<moxsFIR_Direct_##types##_I>::call; \
-  static constexpr auto oneDirect = WithoutScale<moxsFIROne_Direct_##types>::call;      \
-  static constexpr auto oneDirectInPlace = WithoutScale<moxsFIROne_Direct_##types##_I>::call
-
-struct Fir32f {
-  FIR_FLOAT(32f);
-  static constexpr Mox32s id = 0x46493031;
-  static constexpr int fftTaps = 64, fftLen = 512;
-};
-struct Fir32fc {
-  FIR_FLOAT(32fc);
-  static constexpr Mox32s id = 0x46493032;
-  static constexpr int fftTaps = 16, fftLen = 256;
-};
-struct Fir64f {
-  FIR_FLOAT(64f);
-  static constexpr Mox32s id = 0x46493133;
-  static constexpr int fftTaps = 64, fftLen = 512;
-};
-struct Fir64fc {
-  FIR_FLOAT(64fc);
-  static constexpr Mox32s id = 0x46493134;
-  static constexpr int fftTaps = 32, fftLen = 256;
-};
+// Combinations of one type: where the engines change, and the word that objects begin with.
+#define FIR_FLOAT(t, id, fftTaps, fftLen)                                             \
+  struct Fir##t {                                                                     \
+    FIR_FUNCTIONS(_##t, t, t, id, fftTaps, fftLen);                                   \
+    static constexpr auto run = WithoutScale<moxsFIR_##t>::call;                      \
+    static constexpr auto runInPlace = WithoutScale<moxsFIR_##t##_I>::call;           \
+    static constexpr auto one = WithoutScale<moxsFIROne_##t>::call;                   \
+    static constexpr auto direct = WithoutScale<moxsFIR_Direct_##t>::call;            \
+    static constexpr auto directInPlace = WithoutScale<moxsFIR_Direct_##t##_I>::call; \
+    static constexpr auto oneDirect = WithoutScale<moxsFIROne_Direct_##t>::call;      \
+  }
+FIR_FLOAT(32f, 0x46493031, 64, 512);
+FIR_FLOAT(32fc, 0x46493032, 16, 256);
+FIR_FLOAT(64f, 0x46493133, 64, 512);
+FIR_FLOAT(64fc, 0x46493134, 32, 256);
 struct Fir32f16s {
-  using Tap = Mox32f;
-  using Data = Mox16s;
-  FIR_FUNCTIONS(32f_16s);
+  FIR_FUNCTIONS(32f_16s, 32f, 16s, 0x46493035, 64, 512);
   static constexpr auto run = moxsFIR32f_16s_Sfs;
   static constexpr auto runInPlace = moxsFIR32f_16s_ISfs;
   static constexpr auto one = moxsFIROne32f_16s_Sfs;
   static constexpr auto direct = moxsFIR32f_Direct_16s_Sfs;
   static constexpr auto directInPlace = moxsFIR32f_Direct_16s_ISfs;
   static constexpr auto oneDirect = moxsFIROne32f_Direct_16s_Sfs;
-  static constexpr auto oneDirectInPlace = moxsFIROne32f_Direct_16s_ISfs;
-  static constexpr Mox32s id = 0x46493035;
-  static constexpr int fftTaps = 64, fftLen = 512;
 };
+#undef FIR_FLOAT
+#undef FIR_FUNCTIONS
 
 template <class E>
 E number(int value) {

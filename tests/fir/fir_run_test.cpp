@@ -1,9 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
-#include "fir_api.h"
+#include "fir/fir_api.h"
 #include "support/guarded_array.h"
 
 namespace {
@@ -67,17 +68,10 @@ TYPED_TEST(FirRun, AgreesWithTheDefiningSumAboutEveryThreshold) {
       const auto dly = random.vector<D>(n), src = random.vector<D>(len);
       const auto state = makeFir<F>(taps, dly.data());
       ASSERT_TRUE(state);
-      // Odd lengths lie at odd addresses.
-      const std::size_t bytes = len * sizeof(D);
-      const test::GuardedBytes in(bytes + len % 2, test::Guard::after);
-      const test::GuardedBytes out(bytes + len % 2, test::Guard::after);
-      std::memcpy(in.data(), src.data(), bytes);
-      ASSERT_EQ(F::run(reinterpret_cast<D*>(in.data()), reinterpret_cast<D*>(out.data()), len,
-                       state.get(), 0),
-                moxOk);
-      std::vector<D> y(len);
-      std::memcpy(static_cast<void*>(y.data()), out.data(), bytes);
-      expectClose<F>(taps, filtered(taps, dly, src), y.data(), mayRunByFft<F>(n, len));
+      const test::GuardedArray<D> in(len), out(len);
+      std::copy(src.begin(), src.end(), in.begin());
+      ASSERT_EQ(F::run(in.data(), out.data(), len, state.get(), 0), moxOk);
+      expectClose<F>(taps, filtered(taps, dly, src), out.data(), mayRunByFft<F>(n, len));
       if (this->HasFatalFailure()) return;
       std::vector<D> kept(n);
       ASSERT_EQ(F::getDlyLine(state.get(), kept.data()), moxOk);
@@ -121,16 +115,16 @@ TYPED_TEST(FirRun, AStreamInAnyPiecesIsOneSignal) {
   using D = typename F::Data;
   SCOPED_TRACE(test::seedNote());
   test::Random random(2);
-  for (const int n : {1, 3, 13, 33, 64, 100}) {
+  for (const int n : {1, 3, 13, 33, 63, 64, 100}) {
     const auto taps = someTaps<F>(random, n);
-    const auto src = random.vector<D>(6000);
+    const auto src = random.vector<D>(9000);
     const auto ref = filtered(taps, {}, src);
     const auto state = makeFir<F>(taps);
     std::vector<D> out(src.size());
     for (long at = 0; at < long(src.size());) {
       const int way = int(random.below(5));
       const int len =
-          int(std::min(1 + random.below(way == 0 ? 900 : 2 * n + 20), long(src.size()) - at));
+          int(std::min(1 + random.below(way == 0 ? 3000 : 2 * n + 20), long(src.size()) - at));
       if (way == 1) {
         std::copy_n(src.begin() + at, len, out.begin() + at);
         ASSERT_EQ(F::runInPlace(out.data() + at, len, state.get(), 0), moxOk);
@@ -148,26 +142,22 @@ TYPED_TEST(FirRun, AStreamInAnyPiecesIsOneSignal) {
         ASSERT_EQ(F::setTaps(taps.data(), state.get()), moxOk);
       }
     }
-    expectClose<F>(taps, ref, out.data(), mayRunByFft<F>(n, 900));
+    expectClose<F>(taps, ref, out.data(), mayRunByFft<F>(n, 3000));
     if (this->HasFatalFailure()) return;
   }
 }
 
 TYPED_TEST(FirRun, NewTapsHoldForBothEngines) {
   using F = TypeParam;
-  using D = typename F::Data;
   test::Random random(5);
   const auto old = someTaps<F>(random, F::fftTaps), taps = someTaps<F>(random, F::fftTaps);
-  const auto src = random.vector<D>(F::fftLen);
-  const auto ref = filtered(taps, {}, src);
-  const auto state = makeFir<F>(old);
-  ASSERT_EQ(F::setTaps(taps.data(), state.get()), moxOk);
   for (const int len : {F::fftLen - 1, F::fftLen}) {
-    std::vector<D> y(F::fftLen);
-    ASSERT_EQ(F::setDlyLine(state.get(), nullptr), moxOk);
+    const auto src = random.vector<typename F::Data>(len);
+    auto y = src;
+    const auto state = makeFir<F>(old);
+    ASSERT_EQ(F::setTaps(taps.data(), state.get()), moxOk);
     ASSERT_EQ(F::run(src.data(), y.data(), len, state.get(), 0), moxOk);
-    expectClose<F>(taps, {ref.begin(), ref.begin() + len}, y.data(),
-                   mayRunByFft<F>(F::fftTaps, len));
+    expectClose<F>(taps, filtered(taps, {}, src), y.data(), mayRunByFft<F>(F::fftTaps, len));
   }
 }
 
@@ -197,26 +187,21 @@ TYPED_TEST(FirRun, DirectOutputsHaveTheSameBitsInEveryBlock) {
 
 // An infinity among zeros: directly it reaches the outputs that it is a term of and no other, by
 // way of a spectrum all outputs of a transform. So it tells the engine of each output.
-template <class D>
-int spoiltOutputs(const std::vector<D>& y) {
-  return int(
-      std::count_if(y.begin(), y.end(), [](D v) { return !std::isfinite(mox::parts(&v)[0]); }));
-}
-
 TYPED_TEST(FirRun, EnginesChangeAtTheirThresholds) {
   using F = TypeParam;
   using D = typename F::Data;
   if constexpr (std::is_floating_point_v<mox::Part<D>>) {
     const auto spoilt = [](int n, int len, bool inPlace, int at) {
       const std::vector<typename F::Tap> taps(n, test::number<typename F::Tap>(1));
-      std::vector<D> x(len), y(len);
-      mox::parts(&x[at])[0] = INFINITY;
+      std::vector<D> x(len);
+      *mox::parts(&x[at]) = INFINITY;
+      auto y = x;
       const auto state = makeFir<F>(taps);
       if (inPlace)
-        F::runInPlace((y = x).data(), len, state.get(), 0);
+        F::runInPlace(y.data(), len, state.get(), 0);
       else
         F::run(x.data(), y.data(), len, state.get(), 0);
-      return spoiltOutputs(y);
+      return std::ranges::count_if(y, [](D& v) { return !std::isfinite(*mox::parts(&v)); });
     };
     const int n = F::fftTaps, len = F::fftLen;
     EXPECT_EQ(spoilt(n - 1, len, false, 100), n - 1);
@@ -261,10 +246,6 @@ TEST(FirStream32f, ReadsItsHistoryFromTheArrayAndNothingMore) {
       const std::vector<Mox32f> all(src.begin(), src.end());
       expectClose<test::Fir32f>(taps, filtered(taps, {}, all, n - 1), dst.data(), false);
       EXPECT_EQ(moxsFIR_32f(dst.data(), dst.data(), len, s), moxErrContext);
-      EXPECT_EQ(moxsFIR_32f_I(dst.data(), len, s), moxErrContext);
-      EXPECT_EQ(moxsFIROne_32f(1, dst.data(), s), moxErrContext);
-      EXPECT_EQ(moxsFIR_64f(nullptr, nullptr, len, s), moxErrNullPtr);
-      EXPECT_EQ(moxsFIRFree_64f(s), moxErrContext);
       EXPECT_EQ(moxsFIRFree_32f(s), moxOk);
     }
 }

@@ -99,17 +99,6 @@ TEST(PackBits, AgreesWithSingleBits) {
         checkPacking(random, len, offset, lowest, widest);
 }
 
-TEST(PackBits, ClampsWidthsWithAWarning) {
-  const Mox32u src[3] = {0xDEADBEEF, 0xFFFFFFFF, 5};
-  const int widths[3] = {40, -1, 4};
-  Mox8u dst[5] = {0, 0, 0, 0, 0x0A};
-  int bits = 0;
-  ASSERT_EQ(moxsPackBits_32u8u(src, widths, 3, dst, 0, &bits), moxWarnBitWidth);
-  EXPECT_EQ(bits, 36);
-  const Mox8u expected[5] = {0xDE, 0xAD, 0xBE, 0xEF, 0x5A};
-  EXPECT_EQ(std::memcmp(dst, expected, 5), 0);
-}
-
 TEST(PackBits, RefusesANegativeOffset) {
   const Mox32u src = 1;
   const int width = 8;

@@ -100,45 +100,28 @@ TEST(Copy, ByteCountsBeyondAnInt) {
 }
 
 template <class E>
-using Binary = MoxStatus (*)(const E*, E*, int);
-
-template <class E>
-void checkElements(Binary<E> function) {
-  test::Random random(1);
-  for (const int len : {1, 7, 2051}) {
-    GuardedArray<E> src(len), dst(len);
-    for (E& e : src) e = random.value<E>();
-    ASSERT_EQ(function(src.data(), dst.data(), len), moxOk);
-    ASSERT_EQ(std::memcmp(src.data(), dst.data(), len * sizeof(E)), 0);
-  }
+void checkElements(MoxStatus (*copy)(const E*, E*, int), MoxStatus (*move)(const E*, E*, int)) {
+  const auto src = test::Random(1).vector<E>(2051);
+  for (const auto function : {copy, move})
+    for (const int len : {1, 7, 2051}) {
+      GuardedArray<E> dst(len);
+      ASSERT_EQ(function(src.data(), dst.data(), len), moxOk);
+      ASSERT_EQ(std::memcmp(src.data(), dst.data(), len * sizeof(E)), 0);
+    }
 }
 
-TEST(Copy, EveryElementSize) {
-  checkElements(moxsCopy_8u);
-  checkElements(moxsCopy_16s);
-  checkElements(moxsCopy_32f);
-  checkElements(moxsCopy_32s);
-  checkElements(moxsCopy_16sc);
-  checkElements(moxsCopy_64f);
-  checkElements(moxsCopy_64s);
-  checkElements(moxsCopy_32fc);
-  checkElements(moxsCopy_32sc);
-  checkElements(moxsCopy_64fc);
-  checkElements(moxsCopy_64sc);
-}
-
-TEST(Move, EveryElementSize) {
-  checkElements(moxsMove_8u);
-  checkElements(moxsMove_16s);
-  checkElements(moxsMove_32f);
-  checkElements(moxsMove_32s);
-  checkElements(moxsMove_16sc);
-  checkElements(moxsMove_64f);
-  checkElements(moxsMove_64s);
-  checkElements(moxsMove_32fc);
-  checkElements(moxsMove_32sc);
-  checkElements(moxsMove_64fc);
-  checkElements(moxsMove_64sc);
+TEST(Copy, EveryElementSizeAsDoesMove) {
+  checkElements(moxsCopy_8u, moxsMove_8u);
+  checkElements(moxsCopy_16s, moxsMove_16s);
+  checkElements(moxsCopy_32f, moxsMove_32f);
+  checkElements(moxsCopy_32s, moxsMove_32s);
+  checkElements(moxsCopy_16sc, moxsMove_16sc);
+  checkElements(moxsCopy_64f, moxsMove_64f);
+  checkElements(moxsCopy_64s, moxsMove_64s);
+  checkElements(moxsCopy_32fc, moxsMove_32fc);
+  checkElements(moxsCopy_32sc, moxsMove_32sc);
+  checkElements(moxsCopy_64fc, moxsMove_64fc);
+  checkElements(moxsCopy_64sc, moxsMove_64sc);
 }
 
 void checkMove(const Bytes& before, int src, int dst, int len) {
@@ -149,7 +132,6 @@ void checkMove(const Bytes& before, int src, int dst, int len) {
 }
 
 TEST(Move, EveryOverlapOfSmallArrays) {
-  SCOPED_TRACE(test::seedNote());
   const Bytes before = test::Random().vector<Mox8u>(160);
   for (int len = 1; len <= 80; ++len)
     for (int src = 0; src < 80; src += 1 + src / 20)
@@ -157,7 +139,6 @@ TEST(Move, EveryOverlapOfSmallArrays) {
 }
 
 TEST(Move, OverlapsOfMediumArrays) {
-  SCOPED_TRACE(test::seedNote());
   const Bytes before = test::Random().vector<Mox8u>(1500);
   for (const int len : {128, 129, 255, 256, 257, 288, 289, 320, 511, 700, 1001})
     for (int src = 200; src < 233; src += 3)
@@ -165,7 +146,6 @@ TEST(Move, OverlapsOfMediumArrays) {
 }
 
 TEST(Move, OverlapsOfLargeArrays) {
-  SCOPED_TRACE(test::seedNote());
   const Bytes before = test::Random().vector<Mox8u>(110100);
   for (const int len : {32767, 32768, 100000})
     for (const int distance : {-5000, -4096, -4092, -64, -33, -32, -4, -3,  -2,   -1,   0,

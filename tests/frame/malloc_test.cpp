@@ -43,20 +43,14 @@ TEST(Malloc, GivesAlignedRoomForItsElements) {
     }
 }
 
-TEST(Malloc, GivesNothingForLengthsBelowOneWithoutAskingForMemory) {
-  for (const Member& m : members)
-    for (int len : {0, -1, INT_MIN}) {
-      CoreProbe probe;
-      EXPECT_EQ(m.allocate(len), nullptr) << m.name << " of " << len;
-      EXPECT_EQ(probe.allocations(), 0);
-    }
-}
-
-TEST(Malloc, GivesNothingWhenMemoryIsShort) {
+TEST(Malloc, GivesNothingForLengthsBelowOneOrWhenMemoryIsShort) {
   for (const Member& m : members) {
+    SCOPED_TRACE(m.name);
     CoreProbe probe;
+    for (int len : {0, -1, INT_MIN}) EXPECT_EQ(m.allocate(len), nullptr) << len;
+    EXPECT_EQ(probe.allocations(), 0);
     probe.failAllocation(1);
-    EXPECT_EQ(m.allocate(8), nullptr) << m.name;
+    EXPECT_EQ(m.allocate(8), nullptr);
   }
 }
 

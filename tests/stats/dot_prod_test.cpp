@@ -1,109 +1,76 @@
-// Dot products of floats against lanes in plain code where those are defined, else within the
+// Dot products of floats against their schemes of lanes where those are defined, else within the
 // rounding of their format.
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
-#include <cmath>
 #include <limits>
 
-#include "stats/lanes.h"
-#include "stats/placed.h"
+#include "stats/reductions.h"
 
 namespace {
 
 using namespace test;
 
-// Four accumulators of `group` lanes; (0 + 1) + (2 + 3), then halves.
+// Four accumulators of `lanes` in all; what is left goes by pairs.
 template <class W, class F>
-W fourAccumulators(const F* a, const F* b, long n, std::size_t group) {
-  Lanes<W> lane(4 * group);
-  const long step = long(lane.size());
+W fourAccumulators(const Operands<F>& o, long lanes) {
   long i = 0;
-  for (; n - i >= step; i += step)
-    for (long j = 0; j < step; ++j) lane[j] += W(a[i + j]) * W(b[i + j]);
-  for (; n - i >= 2; i += 2)
-    for (long j = 0; j < 2; ++j) lane[j] += W(a[i + j]) * W(b[i + j]);
-  if (i < n) lane[0] += W(a[i]) * W(b[i]);
-  Lanes<W> sum(group);
-  for (std::size_t j = 0; j < group; ++j)
-    sum[j] = (lane[j] + lane[group + j]) + (lane[2 * group + j] + lane[3 * group + j]);
-  return foldHalves(sum, 1)[0];
+  const auto product = [&](long k) { return W(o.x[k]) * W(o.y[k]); };
+  const auto lane = deal(Lanes<W>(lanes), i, o.len, {{lanes}, {2}, {1}}, product);
+  return foldHalves(foldQuarters(lane), 1)[0];
 }
 
-float singleDot(const float* a, const float* b, long n) {
-  if (n > 15) return fourAccumulators<float>(a, b, n, 4);
-  float lane[2] = {};
+float singleDot(const Operands<float>& o) {
+  if (o.len > 15) return fourAccumulators<float>(o, 16);
   long i = 0;
-  for (; n - i >= 2; i += 2)
-    for (long j = 0; j < 2; ++j) lane[j] += a[i + j] * b[i + j];
-  if (i < n) lane[1] += a[i] * b[i];
+  const auto product = [&](long k) { return o.x[k] * o.y[k]; };
+  auto lane = deal(Lanes<float>(2), i, o.len, {{2}}, product);
+  if (i < o.len) lane[1] += product(i);
   return lane[1] + lane[0];
 }
 
-template <class F, class D, class Model>
-void sweepExactly(MoxStatus (*dot)(const F*, const F*, int, D*), Model model) {
-  const auto a = roundingData<F>(65536 + 31, 5), b = roundingData<F>(65536 + 31, 6);
-  atLengthsAndOffsets(1, [&](long len, long offset) {
-    const Placed<F> x({a.begin(), a.begin() + len}, offset);
-    const Placed<F> y({b.begin(), b.begin() + len}, 5 * offset % 48);
-    D got;
-    ASSERT_EQ(dot(x, y, int(len), &got), moxOk);
-    ASSERT_TRUE(same(got, D(model(a.data(), b.data(), len)), at(len, offset)));
-  });
+TEST(DotProd, Real) {
+  const auto floats = [](const auto& o) { return Results{singleDot(o)}; };
+  const auto mixed = [](const auto& o) { return Results{fourAccumulators<double>(o, 16)}; };
+  const auto doubles = [](const auto& o) { return Results{fourAccumulators<double>(o, 8)}; };
+  expectReduction<Mox32f, Mox32f>(floats, 1, moxsDotProd_32f);
+  expectReduction<Mox64f, Mox32f>(mixed, 1, moxsDotProd_32f64f);
+  expectReduction<Mox64f, Mox64f>(doubles, 1, moxsDotProd_64f);
 }
 
-TEST(DotProd, Floats) { sweepExactly<Mox32f, Mox32f>(moxsDotProd_32f, singleDot); }
-TEST(DotProd, FloatsInDouble) {
-  sweepExactly<Mox32f, Mox64f>(moxsDotProd_32f64f, [](auto a, auto b, long n) {
-    return fourAccumulators<double>(a, b, n, 4);
-  });
-}
-TEST(DotProd, Doubles) {
-  sweepExactly<Mox64f, Mox64f>(
-      moxsDotProd_64f, [](auto a, auto b, long n) { return fourAccumulators<double>(a, b, n, 2); });
-}
-
-struct Part {
-  long double sum = 0, magnitude = 0;
-  void add(long double product) { sum += product, magnitude += std::fabs(product); }
+struct Sum {
+  long double value = 0, magnitude = 0;
+  void add(long double product) { value += product, magnitude += std::fabs(product); }
 };
 
 // Real numbers have no imaginary part; the result does not depend on how a sum is grouped.
 template <class A, class B, class D>
-void sweepComplex(MoxStatus (*dot)(const A*, const B*, int, D*)) {
-  using F = mox::Part<D>;
+void expectClose(MoxStatus (*dot)(const A*, const B*, int, D*)) {
   const auto a = roundingData<A>(9000, 7);
   const auto b = roundingData<B>(9000, 8);
-  const auto check = [&](long len, long offset) {
-    Part re, im;
-    for (long i = 0; i < len; ++i) {
-      const long double ar = mox::parts(&a[i])[0], br = b[i].re, bi = b[i].im;
-      re.add(ar * br), im.add(ar * bi);
-      if constexpr (mox::Complex<A>) re.add(-a[i].im * (long double)(bi)), im.add(a[i].im * br);
-    }
-    const Placed<A> x({a.begin(), a.begin() + len}, offset);
-    const Placed<B> y({b.begin(), b.begin() + len}, 5 * offset % 48);
+  Sum re, im;
+  for (long len = 1; len <= 9000; ++len) {
+    const long i = len - 1;
+    const long double ar = mox::parts(&a[i])[0], br = b[i].re, bi = b[i].im;
+    re.add(ar * br), im.add(ar * bi);
+    if constexpr (mox::Complex<A>) re.add(-a[i].im * bi), im.add(a[i].im * br);
+    if (len > 70 && len < 9000) continue;
     D got;
-    ASSERT_EQ(dot(x, y, int(len), &got), moxOk);
+    ASSERT_EQ(dot(a.data(), b.data(), int(len), &got), moxOk);
     // A lane has at most 5 + len / 4 roundings, of which few are as large as the bound.
-    const long double unit = std::numeric_limits<F>::epsilon() / 2 * (8.0L + len / 16);
-    ASSERT_NEAR(got.re, re.sum, re.magnitude * unit) << at(len, offset);
-    ASSERT_NEAR(got.im, im.sum, im.magnitude * unit) << at(len, offset);
-  };
-  for (long len = 1; len <= 70; ++len)
-    for (long offset = 0; offset < 33; ++offset) check(len, offset);
-  check(9000, 4);
+    const long double unit = std::numeric_limits<mox::Part<D>>::epsilon() / 2 * (8.0L + len / 16);
+    ASSERT_NEAR(got.re, re.value, re.magnitude * unit) << "length " << len;
+    ASSERT_NEAR(got.im, im.value, im.magnitude * unit) << "length " << len;
+  }
 }
 
 TEST(DotProd, Complex) {
-  sweepComplex<Mox32fc, Mox32fc, Mox32fc>(moxsDotProd_32fc);
-  sweepComplex<Mox64fc, Mox64fc, Mox64fc>(moxsDotProd_64fc);
-  sweepComplex<Mox32fc, Mox32fc, Mox64fc>(moxsDotProd_32fc64fc);
-}
-TEST(DotProd, RealWithComplex) {
-  sweepComplex<Mox32f, Mox32fc, Mox32fc>(moxsDotProd_32f32fc);
-  sweepComplex<Mox64f, Mox64fc, Mox64fc>(moxsDotProd_64f64fc);
-  sweepComplex<Mox32f, Mox32fc, Mox64fc>(moxsDotProd_32f32fc64fc);
+  expectClose(moxsDotProd_32fc);
+  expectClose(moxsDotProd_64fc);
+  expectClose(moxsDotProd_32fc64fc);
+  expectClose(moxsDotProd_32f32fc);
+  expectClose(moxsDotProd_64f64fc);
+  expectClose(moxsDotProd_32f32fc64fc);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include <bit>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <vector>
@@ -17,41 +16,31 @@ namespace {
 template <class E>
 using Limits = std::numeric_limits<E>;
 
-// The members of one element type; null where it has none.
+// A search for one extreme, without its index and with it.
+template <class E>
+struct Search {
+  MoxStatus (*alone)(const E*, int, E*);
+  MoxStatus (*withIndex)(const E*, int, E*, int*);
+};
+// The members of one element type, which need not have all.
 template <class E>
 struct Members {
   MoxStatus (*minMax)(const E*, int, E*, E*);
   MoxStatus (*minMaxIndx)(const E*, int, E*, int*, E*, int*);
-  MoxStatus (*max)(const E*, int, E*) = nullptr;
-  MoxStatus (*maxIndx)(const E*, int, E*, int*) = nullptr;
-  MoxStatus (*min)(const E*, int, E*) = nullptr;
-  MoxStatus (*minIndx)(const E*, int, E*, int*) = nullptr;
-  MoxStatus (*maxAbs)(const E*, int, E*) = nullptr;
-  MoxStatus (*maxAbsIndx)(const E*, int, E*, int*) = nullptr;
-  MoxStatus (*minAbs)(const E*, int, E*) = nullptr;
-  MoxStatus (*minAbsIndx)(const E*, int, E*, int*) = nullptr;
+  Search<E> max{}, min{}, maxAbs{}, minAbs{};
 };
-constexpr Members<Mox8u> members(Mox8u) { return {moxsMinMax_8u, moxsMinMaxIndx_8u}; }
-constexpr Members<Mox16u> members(Mox16u) { return {moxsMinMax_16u, moxsMinMaxIndx_16u}; }
-constexpr Members<Mox32u> members(Mox32u) { return {moxsMinMax_32u, moxsMinMaxIndx_32u}; }
-constexpr Members<Mox32f> members(Mox32f) {
-  return {moxsMinMax_32f,  moxsMinMaxIndx_32f, moxsMax_32f,
-          moxsMaxIndx_32f, moxsMin_32f,        moxsMinIndx_32f};
-}
-constexpr Members<Mox64f> members(Mox64f) {
-  return {moxsMinMax_64f,  moxsMinMaxIndx_64f, moxsMax_64f,
-          moxsMaxIndx_64f, moxsMin_64f,        moxsMinIndx_64f};
-}
-constexpr Members<Mox16s> members(Mox16s) {
-  return {moxsMinMax_16s, moxsMinMaxIndx_16s, moxsMax_16s,    moxsMaxIndx_16s,
-          moxsMin_16s,    moxsMinIndx_16s,    moxsMaxAbs_16s, moxsMaxAbsIndx_16s,
-          moxsMinAbs_16s, moxsMinAbsIndx_16s};
-}
-constexpr Members<Mox32s> members(Mox32s) {
-  return {moxsMinMax_32s, moxsMinMaxIndx_32s, moxsMax_32s,    moxsMaxIndx_32s,
-          moxsMin_32s,    moxsMinIndx_32s,    moxsMaxAbs_32s, moxsMaxAbsIndx_32s,
-          moxsMinAbs_32s, moxsMinAbsIndx_32s};
-}
+#define BOTH(t) moxsMinMax_##t, moxsMinMaxIndx_##t
+#define ONE(what, t) \
+  { moxs##what##_##t, moxs##what##Indx_##t }
+#define EACH(t) ONE(Max, t), ONE(Min, t)
+#define EACH_ABS(t) ONE(MaxAbs, t), ONE(MinAbs, t)
+constexpr Members<Mox8u> members(Mox8u) { return {BOTH(8u)}; }
+constexpr Members<Mox16u> members(Mox16u) { return {BOTH(16u)}; }
+constexpr Members<Mox32u> members(Mox32u) { return {BOTH(32u)}; }
+constexpr Members<Mox32f> members(Mox32f) { return {BOTH(32f), EACH(32f)}; }
+constexpr Members<Mox64f> members(Mox64f) { return {BOTH(64f), EACH(64f)}; }
+constexpr Members<Mox16s> members(Mox16s) { return {BOTH(16s), EACH(16s), EACH_ABS(16s)}; }
+constexpr Members<Mox32s> members(Mox32s) { return {BOTH(32s), EACH(32s), EACH_ABS(32s)}; }
 
 template <class E>
 struct Extreme {
@@ -83,47 +72,39 @@ std::vector<E> magnitudes(std::vector<E> v) {
   return v;
 }
 
-// The function with an index, without, and with a null one.
-template <class E>
-void checkOne(const E* src, int len, MoxStatus (*alone)(const E*, int, E*),
-              MoxStatus (*withIndex)(const E*, int, E*, int*), Extreme<E> expected) {
-  Extreme<E> found{}, value = expected, unindexed = expected;
-  value.value = unindexed.value = E(1);
-  EXPECT_EQ(withIndex(src, len, &found.value, &found.index), moxOk);
-  EXPECT_EQ(alone(src, len, &value.value), moxOk);
-  EXPECT_EQ(withIndex(src, len, &unindexed.value, nullptr), moxOk);
-  EXPECT_EQ(found, expected);
-  EXPECT_EQ(value, expected);
-  EXPECT_EQ(unindexed, expected);
-}
-
 template <class E>
 void check(const std::vector<E>& v) {
   // At the end of a larger array, so that the address varies with the length.
-  std::vector<E> memory(6000);
+  std::vector<E> memory(6000 - v.size());
+  memory.insert(memory.end(), v.begin(), v.end());
   const int len = int(v.size());
-  E* const src = memory.data() + 6000 - len;
-  std::copy(v.begin(), v.end(), src);
+  const E* const src = &memory[6000 - v.size()];
 
   const Members<E> m = members(E());
   const Extreme<E> most = plainScan(v, larger), least = plainScan(v, smaller);
-  Extreme<E> lowest{}, highest{};
-  EXPECT_EQ(m.minMaxIndx(src, len, &lowest.value, &lowest.index, &highest.value, &highest.index),
-            moxOk);
-  EXPECT_EQ(lowest, least);
-  EXPECT_EQ(highest, most);
-  lowest.value = highest.value = E(1);
-  EXPECT_EQ(m.minMax(src, len, &lowest.value, &highest.value), moxOk);
-  EXPECT_EQ(lowest, least) << "without index";
-  EXPECT_EQ(highest, most) << "without index";
-  if (m.max) {
-    checkOne(src, len, m.max, m.maxIndx, most);
-    checkOne(src, len, m.min, m.minIndx, least);
-  }
-  if (m.maxAbs) {
-    checkOne(src, len, m.maxAbs, m.maxAbsIndx, plainScan(magnitudes(v), larger));
-    checkOne(src, len, m.minAbs, m.minAbsIndx, plainScan(magnitudes(v), smaller));
-  }
+  Extreme<E> low{}, high{};
+  EXPECT_EQ(m.minMaxIndx(src, len, &low.value, &low.index, &high.value, &high.index), moxOk);
+  EXPECT_EQ(low, least);
+  EXPECT_EQ(high, most);
+  low.value = high.value = E(1);
+  EXPECT_EQ(m.minMax(src, len, &low.value, &high.value), moxOk);
+  EXPECT_EQ(low, least) << "without index";
+  EXPECT_EQ(high, most) << "without index";
+
+  const auto expect = [&](const Search<E>& search, const Extreme<E>& expected) {
+    if (!search.alone) return;
+    Extreme<E> found{}, alone{E(1), expected.index}, unwanted = alone;
+    EXPECT_EQ(search.withIndex(src, len, &found.value, &found.index), moxOk);
+    EXPECT_EQ(search.alone(src, len, &alone.value), moxOk);
+    EXPECT_EQ(search.withIndex(src, len, &unwanted.value, nullptr), moxOk);
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(alone, expected) << "without index";
+    EXPECT_EQ(unwanted, expected) << "with a null index";
+  };
+  expect(m.max, most);
+  expect(m.min, least);
+  expect(m.maxAbs, plainScan(magnitudes(v), larger));
+  expect(m.minAbs, plainScan(magnitudes(v), smaller));
 }
 
 template <class E>
@@ -131,24 +112,11 @@ class Extrema : public testing::Test {
  public:
   // Few values, many ties: the limits of the type, in floats zeros of both signs and NaN.
   E value() {
-    switch (random.below(std::is_floating_point_v<E> ? 9 : 6)) {
-      case 0:
-        return Limits<E>::lowest();
-      case 1:
-        return Limits<E>::max();
-      case 2:
-        return E(Limits<E>::lowest() + 1);
-      case 3:
-        return E(0);
-      case 6:
-        return E(-0.0);
-      case 7:
-        return Limits<E>::infinity();
-      case 8:
-        return Limits<E>::quiet_NaN();
-      default:
-        return E(random.below(5) - 2);
-    }
+    using L = Limits<E>;
+    const E values[] = {
+        L::lowest(), L::max(), E(L::lowest() + 1), E(0),          E(-2), E(-1), E(1),
+        E(2),        E(-0.0),  L::infinity(),      L::quiet_NaN()};
+    return values[random.below(std::is_floating_point_v<E> ? 11 : 8)];
   }
   test::Random random;
 };
@@ -178,28 +146,28 @@ TYPED_TEST(Extrema, AtEveryPlace) {
       }
 }
 
-// All pairs of special values, through vectors and the tail.
+// All pairs of special values, through vectors and the tail; a negative length is no element.
 template <class E>
 void checkEvery(MoxStatus (*max)(const E*, const E*, E*, int),
                 MoxStatus (*min)(const E*, const E*, E*, int)) {
   std::vector<E> special = {Limits<E>::lowest(), E(0), E(1), Limits<E>::max(), E(-1)};
   if constexpr (std::is_floating_point_v<E>)
-    special.insert(special.end(),
-                   {E(-0.0), E(NAN), Limits<E>::infinity(), Limits<E>::denorm_min()});
+    for (const E x : {E(-0.0), E(NAN), Limits<E>::infinity(), Limits<E>::denorm_min()})
+      special.push_back(x);
   std::vector<E> a, b, mosts, leasts;
   for (const E x : special)
     for (const E y : special) {
       a.push_back(x), b.push_back(y);
       mosts.push_back(x > y ? x : y), leasts.push_back(x < y ? x : y);
     }
-  const int len = int(a.size());
-  std::vector<E> dst(len);
-  EXPECT_EQ(max(a.data(), b.data(), dst.data(), len), moxOk);
-  EXPECT_EQ(std::memcmp(dst.data(), mosts.data(), len * sizeof(E)), 0);
-  EXPECT_EQ(min(a.data(), b.data(), dst.data(), len), moxOk);
-  EXPECT_EQ(std::memcmp(dst.data(), leasts.data(), len * sizeof(E)), 0);
-  EXPECT_EQ(max(a.data(), b.data(), dst.data(), -3), moxOk);
-  EXPECT_EQ(std::memcmp(dst.data(), leasts.data(), len * sizeof(E)), 0) << "a negative length";
+  std::vector<E> dst(a.size());
+  const auto expect = [&](auto function, int len, const std::vector<E>& expected) {
+    EXPECT_EQ(function(a.data(), b.data(), dst.data(), len), moxOk);
+    EXPECT_EQ(std::memcmp(dst.data(), expected.data(), dst.size() * sizeof(E)), 0);
+  };
+  expect(max, int(a.size()), mosts);
+  expect(min, int(a.size()), leasts);
+  expect(max, -3, leasts);
 }
 
 // What has an in-place form only.
@@ -238,14 +206,12 @@ void checkOrder(MoxStatus (*maxOrder)(const E*, int, int*), std::vector<E> speci
         int order = -1;
         ASSERT_EQ(maxOrder(v.data(), len, &order), moxOk);
         ASSERT_EQ(order, x == 0 ? 0 : orderOf(x)) << +x << " at " << at << " of " << len;
-        if constexpr (std::is_floating_point_v<E>) {
-          for (const E noNumber :
-               {E(NAN), E(-NAN), Limits<E>::infinity(), -Limits<E>::infinity()}) {
+        if constexpr (std::is_floating_point_v<E>)
+          for (const E noNumber : {E(NAN), E(-NAN), E(INFINITY), E(-INFINITY)}) {
             v[(at + 1) % len] = noNumber;
             ASSERT_EQ(maxOrder(v.data(), len, &order), moxWarnNaNFound);
             ASSERT_EQ(order, x == 0 || len == 1 ? 0 : orderOf(x));
           }
-        }
       }
 }
 

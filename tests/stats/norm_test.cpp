@@ -1,12 +1,9 @@
-// Norms of floating vectors and of differences against lanes in plain code, bit for bit.
+// Norms of floating vectors and of differences against their schemes of lanes, bit for bit.
 #include <gtest/gtest.h>
 #include <immintrin.h>
 #include <moxsp.h>
 
-#include <cmath>
-
-#include "stats/lanes.h"
-#include "stats/placed.h"
+#include "stats/reductions.h"
 
 namespace {
 
@@ -14,28 +11,14 @@ using namespace test;
 
 enum Kind { Inf, L1, L2 };
 
-// The elements, or their differences to others, and the peel of the first source.
-template <class E>
-struct Elements {
-  std::vector<E> x;
-  long peel;
-};
-
 template <class F>
-F realNorm(Kind kind, const Elements<F>& e) {
+double realNorm(Kind kind, const std::vector<F>& x, long peel) {
   const auto op = [kind](F a, F b) { return kind == Inf ? larger(a, b) : a + b; };
-  const long n = long(e.x.size()), lanes = 32 / sizeof(F);
-  Lanes<F> lane(lanes);
-  const auto add = [&](long j, long i) {
-    lane[j] = op(lane[j], kind == L2 ? e.x[i] * e.x[i] : std::fabs(e.x[i]));
-  };
+  const auto term = [&](long k) { return kind == L2 ? x[k] * x[k] : std::fabs(x[k]); };
+  constexpr long lanes = 32 / sizeof(F);
   long i = 0;
-  for (; i < e.peel; ++i) add(0, i);
-  for (; n - i >= lanes; i += lanes)
-    for (long j = 0; j < lanes; ++j) add(j, i + j);
-  for (long odd = lanes / 2; odd > 0; odd /= 2)
-    if ((n - i) & odd)
-      for (long j = 0; j < odd; ++j) add(j, i++);
+  auto lane = deal(Lanes<F>(lanes), i, peel, {{1}}, term, op);
+  lane = deal(lane, i, long(x.size()), halving(lanes), term, op);
   const F folded = foldHalves(lane, 1, op)[0];
   return kind == L2 ? std::sqrt(folded) : folded;
 }
@@ -45,111 +28,86 @@ mox::Part<E> squared(E z) {
   return z.re * z.re + z.im * z.im;
 }
 
-// One lane for each number of a group, single numbers to lane 0.
-template <class E, class Op, class Group>
-Lanes<mox::Part<E>> groups(const Elements<E>& e, long lanes, Op op, Group group) {
-  Lanes<mox::Part<E>> lane(lanes);
-  const long n = long(e.x.size());
-  long i = 0;
-  for (; i < e.peel; ++i) lane[0] = op(lane[0], group(&e.x[i], 1)[0]);
-  for (; n - i >= lanes; i += lanes) {
-    const auto terms = group(&e.x[i], lanes);
-    for (long j = 0; j < lanes; ++j) lane[j] = op(lane[j], terms[j]);
-  }
-  for (; i < n; ++i) lane[0] = op(lane[0], group(&e.x[i], 1)[0]);
-  return lane;
-}
-
-// Exact roots unless four numbers without a zero make use of the processor's estimate.
-Lanes<float> quickMagnitudes(const Mox32fc* z, long count) {
-  Lanes<float> m(count);
-  bool zero = false;
-  for (long j = 0; j < count; ++j) m[j] = squared(z[j]), zero |= m[j] == 0;
-  for (float& x : m)
-    if (count == 1 || zero) {
-      x = std::sqrt(x);
-    } else {
-      const float y = _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(x))), t = x * y;
-      x = 0.5f * (3.0f - t * y) * t;
-    }
+Lanes<double> magnitudes(const std::vector<Mox64fc>& z, long) {
+  Lanes<double> m;
+  for (const Mox64fc& e : z) m.push_back(std::sqrt(squared(e)));
   return m;
 }
 
-double complexNorm(Kind kind, const Elements<Mox32fc>& e) {
-  const long n = long(e.x.size());
-  const auto squares = [](const Mox32fc* z, long count) {
-    Lanes<float> m;
-    for (long j = 0; j < count; ++j) m.push_back(squared(z[j]));
-    return m;
-  };
-  if (kind == Inf) return std::sqrt(foldHalves(groups(e, 4, larger, squares), 1, larger)[0]);
-  if (kind == L1) return foldHalves(widen(groups(e, 4, plus, quickMagnitudes)), 1)[0];
-  Lanes<float> lane(8);
-  const auto add = [&](long j, Mox32fc z) {
-    lane[j] += z.re * z.re;
-    lane[j + 1] += z.im * z.im;
+// Exact roots unless four numbers without a zero make use of the processor's estimate.
+Lanes<float> magnitudes(const std::vector<Mox32fc>& z, long peel) {
+  Lanes<float> m;
+  for (const Mox32fc& e : z) m.push_back(squared(e));
+  const long n = long(m.size()), ofFours = peel + (n - peel) / 4 * 4;
+  for (long i = 0; i < n;) {
+    const bool four = i >= peel && i < ofFours;
+    const long next = four ? i + 4 : i + 1;
+    const bool exact = !four || std::count(&m[i], &m[i] + 4, 0.0f) > 0;
+    for (; i < next; ++i) {
+      const float y = _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(m[i]))), t = m[i] * y;
+      m[i] = exact ? std::sqrt(m[i]) : 0.5f * (3.0f - t * y) * t;
+    }
+  }
+  return m;
+}
+
+// Lanes of 16 bytes of magnitudes or squares, and single elements to the first; the squares of
+// single precision are summed by parts.
+template <class E>
+double complexNorm(Kind kind, const std::vector<E>& z, long peel) {
+  using F = mox::Part<E>;
+  const bool byParts = kind == L2 && sizeof(F) == 4;
+  const long unit = byParts ? 2 : 1, lanes = (byParts ? 8 : 32 / long(sizeof(E)));
+  const auto op = [kind](auto a, auto b) { return kind == Inf ? larger(a, b) : a + b; };
+  const Lanes<F> m = kind == L1 ? magnitudes(z, peel) : Lanes<F>();
+  const F* parts = mox::parts(z.data());
+  const auto term = [&](long k) {
+    return byParts ? parts[k] * parts[k] : kind == L1 ? m[k] : squared(z[k]);
   };
   long i = 0;
-  for (; i < e.peel; ++i) add(0, e.x[i]);
-  for (; n - i >= 4; i += 4)
-    for (long j = 0; j < 4; ++j) add(2 * j, e.x[i + j]);
-  for (; i < n; ++i) add(0, e.x[i]);
-  return std::sqrt(foldHalves(widen(foldHalves(lane, 4)), 1)[0]);
-}
-
-double complexNorm(Kind kind, const Elements<Mox64fc>& e) {
-  const auto terms = [kind](const Mox64fc* z, long count) {
-    Lanes<double> m;
-    for (long j = 0; j < count; ++j)
-      m.push_back(kind == L1 ? std::sqrt(squared(z[j])) : squared(z[j]));
-    return m;
-  };
-  if (kind == Inf) return std::sqrt(foldHalves(groups(e, 2, larger, terms), 1, larger)[0]);
-  const double sum = foldHalves(groups(e, 2, plus, terms), 1)[0];
-  return kind == L1 ? sum : std::sqrt(sum);
-}
-
-template <class E>
-double model(Kind kind, const Elements<E>& e) {
-  if constexpr (mox::Complex<E>)
-    return complexNorm(kind, e);
-  else
-    return double(realNorm<E>(kind, e));
+  auto lane = deal(Lanes<F>(lanes), i, unit * peel, {{unit}}, term, op);
+  lane = deal(lane, i, unit * long(z.size()), {{lanes}, {unit}}, term, op);
+  const double folded = foldHalves(widen(foldHalves(lane, 4, op)), 1, op)[0];
+  return kind == L1 ? folded : std::sqrt(folded);
 }
 
 template <class E, class D>
-void sweep(Kind kind, MoxStatus (*norm)(const E*, int, D*),
-           MoxStatus (*normDiff)(const E*, const E*, int, D*)) {
-  auto data = roundingData<E>(65536 + 31, 3);
-  const auto others = roundingData<E>(65536 + 31, 4);
-  for (std::size_t i = 5; i < data.size(); i += 37) data[i] = {};
-  atLengthsAndOffsets(1, [&](long len, long offset) {
-    Elements<E> e{{data.begin(), data.begin() + len}, peelOf(offset, 16, sizeof(E), len)};
-    const Placed<E> src(e.x, offset),
-        other({others.begin(), others.begin() + len}, 3 * offset % 40);
-    D got;
-    ASSERT_EQ(norm(src, int(len), &got), moxOk);
-    ASSERT_TRUE(same(got, D(model(kind, e)), at(len, offset)));
-    ASSERT_EQ(normDiff(src, other, int(len), &got), moxOk);
-    for (long i = 0; i < len; ++i)
-      for (int p = 0; p < mox::partsPerElement<E>; ++p)
-        mox::parts(&e.x[i])[p] -= mox::parts(&others[i])[p];
-    ASSERT_TRUE(same(got, D(model(kind, e)), at(len, offset) + ", difference"));
-  });
+void expectNorms(Kind kind, MoxStatus (*norm)(const E*, int, D*),
+                 MoxStatus (*normDiff)(const E*, const E*, int, D*)) {
+  const auto model = [kind](const Operands<E>& o) -> Results {
+    const auto normOf = [&](const std::vector<E>& x) {
+      if constexpr (mox::Complex<E>)
+        return complexNorm(kind, x, o.peel(16));
+      else
+        return realNorm(kind, x, o.peel(16));
+    };
+    std::vector<E> x(o.x, o.x + o.len);
+    const double own = normOf(x);
+    for (long i = 0; i < o.len * mox::partsPerElement<E>; ++i)
+      mox::parts(x.data())[i] -= mox::parts(o.y)[i];
+    return {own, normOf(x)};
+  };
+  expectReduction<D, E>(model, 1, norm, normDiff);
 }
 
-TEST(Norm, InfFloats) { sweep(Inf, moxsNorm_Inf_32f, moxsNormDiff_Inf_32f); }
-TEST(Norm, InfDoubles) { sweep(Inf, moxsNorm_Inf_64f, moxsNormDiff_Inf_64f); }
-TEST(Norm, InfComplexFloats) { sweep(Inf, moxsNorm_Inf_32fc32f, moxsNormDiff_Inf_32fc32f); }
-TEST(Norm, InfComplexDoubles) { sweep(Inf, moxsNorm_Inf_64fc64f, moxsNormDiff_Inf_64fc64f); }
-TEST(Norm, L1Floats) { sweep(L1, moxsNorm_L1_32f, moxsNormDiff_L1_32f); }
-TEST(Norm, L1Doubles) { sweep(L1, moxsNorm_L1_64f, moxsNormDiff_L1_64f); }
-TEST(Norm, L1ComplexFloats) { sweep(L1, moxsNorm_L1_32fc64f, moxsNormDiff_L1_32fc64f); }
-TEST(Norm, L1ComplexDoubles) { sweep(L1, moxsNorm_L1_64fc64f, moxsNormDiff_L1_64fc64f); }
-TEST(Norm, L2Floats) { sweep(L2, moxsNorm_L2_32f, moxsNormDiff_L2_32f); }
-TEST(Norm, L2Doubles) { sweep(L2, moxsNorm_L2_64f, moxsNormDiff_L2_64f); }
-TEST(Norm, L2ComplexFloats) { sweep(L2, moxsNorm_L2_32fc64f, moxsNormDiff_L2_32fc64f); }
-TEST(Norm, L2ComplexDoubles) { sweep(L2, moxsNorm_L2_64fc64f, moxsNormDiff_L2_64fc64f); }
+TEST(Norm, Inf) {
+  expectNorms(Inf, moxsNorm_Inf_32f, moxsNormDiff_Inf_32f);
+  expectNorms(Inf, moxsNorm_Inf_64f, moxsNormDiff_Inf_64f);
+  expectNorms(Inf, moxsNorm_Inf_32fc32f, moxsNormDiff_Inf_32fc32f);
+  expectNorms(Inf, moxsNorm_Inf_64fc64f, moxsNormDiff_Inf_64fc64f);
+}
+TEST(Norm, L1) {
+  expectNorms(L1, moxsNorm_L1_32f, moxsNormDiff_L1_32f);
+  expectNorms(L1, moxsNorm_L1_64f, moxsNormDiff_L1_64f);
+  expectNorms(L1, moxsNorm_L1_32fc64f, moxsNormDiff_L1_32fc64f);
+  expectNorms(L1, moxsNorm_L1_64fc64f, moxsNormDiff_L1_64fc64f);
+}
+TEST(Norm, L2) {
+  expectNorms(L2, moxsNorm_L2_32f, moxsNormDiff_L2_32f);
+  expectNorms(L2, moxsNorm_L2_64f, moxsNormDiff_L2_64f);
+  expectNorms(L2, moxsNorm_L2_32fc64f, moxsNormDiff_L2_32fc64f);
+  expectNorms(L2, moxsNorm_L2_64fc64f, moxsNormDiff_L2_64fc64f);
+}
 
 // The number behind a NaN in its lane takes its place, whatever came before.
 TEST(Norm, NaNLeavesALaneWithTheNextNumber) {

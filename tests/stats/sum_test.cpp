@@ -1,136 +1,152 @@
-// Floating sums and means against lanes in plain code, bit for bit.
+// Floating sums, means and standard deviations against their schemes of lanes, bit for bit.
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
-#include <algorithm>
-#include <array>
-
-#include "stats/lanes.h"
-#include "stats/placed.h"
+#include "stats/reductions.h"
 
 namespace {
 
 using namespace test;
 
-// n numbers, of which `parts` alternate, at an address of that offset; sums of each part.
-struct Numbers {
-  long n, offset;
-  int parts;
-  long size;  // bytes of a number
-  long peel() const { return peelOf(offset, 32, size, n); }
-  bool aligned() const { return offset % size == 0; }
+// Sums of one sequence or of two that alternate, such as the parts of complex elements. Lanes count
+// from the first aligned number, which may belong to the second sequence.
+template <class F>
+struct Numbers : Operands<F> {
+  long parts;
+  bool aligned() const { return this->offset % sizeof(F) == 0; }
+  long peeled() const { return this->peel(32); }
+  auto term() const {
+    return [x = this->x](long i) { return x[i]; };
+  }
+  template <class W>
+  Lanes<W> turned(Lanes<W> sums) const {
+    if (peeled() % parts) std::swap(sums[0], sums[1]);
+    return sums;
+  }
+  template <class W>
+  Lanes<W> head() const {
+    long i = 0;
+    return turned(deal(Lanes<W>(parts), i, peeled(), {{parts}, {1}}, term()));
+  }
+  Lanes<double> joined(const Lanes<double>& four) const {
+    return parts == 1 ? foldQuarters(four) : turned(foldHalves(four, 2));
+  }
 };
-using Sums = std::array<double, 2>;
 
-Sums serialSum(const Numbers& d, const float* x) {
-  Sums s{};
-  for (long i = 0; i < d.n; ++i) s[i % d.parts] += x[i];
-  return s;
-}
-
-Sums accurateSum(const Numbers& d, const float* x) {
-  const long peel = d.peel();
-  if (d.n < 16 || !d.aligned() || d.n < peel + 16) return serialSum(d, x);
-  Sums head{};
-  for (long i = 0; i < peel; ++i) head[i % d.parts] += x[i];
-  Lanes<double> lane(d.parts == 1 ? 8 : 16);
-  for (int p = 0; p < d.parts; ++p) lane[(p + peel) % d.parts] = head[p];
-  long i = peel;
-  for (; d.n - i >= 16; i += 16)
-    for (std::size_t j = 0; j < 16; ++j) lane[j % lane.size()] += x[i + long(j)];
-  lane = foldHalves(lane, d.parts);
-  Sums s{};
-  for (int p = 0; p < d.parts; ++p) s[p] = lane[(p + peel) % d.parts];
-  for (; i < d.n; ++i) s[i % d.parts] += x[i];
-  return s;
-}
-
-Sums fastSum(const Numbers& d, const float* x) {
-  if (!d.aligned()) return accurateSum(d, x);
-  const long peel = d.peel();
-  float head[2] = {};
-  for (long i = 0; i < peel; ++i) head[i % d.parts] += x[i];
-  Lanes<double> lane(4);
-  for (int p = 0; p < d.parts; ++p) lane[(p + peel) % d.parts] = head[p];
-  lane = fastBlocks(d.n, peel, lane, [&](long i) { return x[i]; });
-  if (d.parts == 1) return {foldPairs(lane), 0};
-  lane = foldHalves(lane, 2);
-  return {lane[peel % 2], lane[(1 + peel) % 2]};
-}
-
-Sums doubleSum(const Numbers& d, const double* x) {
-  const long peel = d.peel();
-  Lanes<double> a(16);
+Lanes<double> accurateSum(const Numbers<float>& d) {
   long i = 0;
-  if (!d.aligned()) {
-    for (; d.n - i >= 16; i += 16)
-      for (int j = 0; j < 16; ++j) a[j] += x[i + j];
-    a = foldHalves(a, d.parts);
-    a.resize(2);
-    for (; i < d.n; ++i) a[i % d.parts] += x[i];
-    return {a[0], a[1]};
-  }
-  for (; i < peel; ++i) a[(i + peel) % d.parts] += x[i];
-  for (; d.n - i >= 16; i += 16)
-    for (int j = 0; j < 16; ++j) a[j] += x[i + j];
-  for (const int odd : {8, 4, 2, 1}) {
-    if (odd >= 4) a = foldHalves(a, odd);
-    if (d.n - i < odd) continue;
-    for (int j = 0; j < odd; ++j) a[j] += x[i++];
-  }
-  if (d.parts == 1) return {foldPairs(a), 0};
-  a = foldHalves(a, 2);
-  return {a[peel % 2], a[(1 + peel) % 2]};
+  if (!d.aligned() || d.len < d.peeled() + 16)
+    return deal(Lanes<double>(d.parts), i, d.len, {{d.parts}}, d.term());
+  Lanes<double> lane = d.head<double>();
+  lane.resize(8 * d.parts);
+  i = d.peeled();
+  return d.turned(deal(lane, i, d.len, {{16, 8 * d.parts}, folded(d.parts), {1}}, d.term()));
 }
 
-template <class E>
-std::array<mox::Part<E>, 2> rounded(Sums s) {
-  return {mox::Part<E>(s[0]), mox::Part<E>(s[1])};
+Lanes<double> fastSum(const Numbers<float>& d) {
+  if (!d.aligned()) return accurateSum(d);
+  Lanes<double> lane = widen(d.head<float>());
+  lane.resize(4);
+  return d.joined(fastBlocks(lane, d.peeled(), d.len, d.term()));
 }
 
-template <class E, class Call>
-void expectSums(Call call, std::array<mox::Part<E>, 2> expected, const std::string& what) {
-  E got{};
-  ASSERT_EQ(call(&got), moxOk);
-  for (int p = 0; p < mox::partsPerElement<E>; ++p)
-    ASSERT_TRUE(same(mox::parts(&got)[p], expected[p], what));
+Lanes<double> doubleSum(const Numbers<double>& d) {
+  Lanes<double> lane = d.head<double>();
+  lane.resize(16);
+  long i = d.peeled();
+  if (d.aligned())
+    return d.joined(deal(lane, i, d.len, {{16}, folded(8), folded(4), {2}, {1}}, d.term()));
+  return deal(lane, i, d.len, {{16}, folded(d.parts)}, d.term());
 }
 
-template <class E, class Sum, class Mean, class Model, class... Hint>
-void sweep(Sum sum, Mean mean, Model model, bool reciprocal, Hint... hint) {
-  const auto data = roundingData<E>(65536 + 31, 1);
-  atLengthsAndOffsets(1, [&](long len, long offset) {
-    constexpr int parts = mox::partsPerElement<E>;
-    const Placed<E> src({data.begin(), data.begin() + len}, offset);
-    const Numbers numbers{parts * len, offset, parts, sizeof(mox::Part<E>)};
-    const Sums sums = model(numbers, mox::parts(data.data()));
-    const auto scaled = [&](double s) { return reciprocal ? s * (1.0 / len) : s / len; };
-    const std::string what = at(len, offset);
-    expectSums<E>([&](E* out) { return sum(src, int(len), out, hint...); }, rounded<E>(sums), what);
-    expectSums<E>([&](E* out) { return mean(src, int(len), out, hint...); },
-                  rounded<E>({scaled(sums[0]), scaled(sums[1])}), what + ", mean");
-  });
+template <class E, class Model, class Sum, class Mean>
+void expectSums(Model model, Sum sum, Mean mean) {
+  constexpr long parts = mox::partsPerElement<E>;
+  const auto results = [=](const Operands<E>& o) {
+    const Lanes<double> s = model({{mox::parts(o.x), nullptr, parts * o.len, o.offset}, parts});
+    const double n = double(o.len);
+    Results all(s.begin(), s.end());
+    for (const double part : s)
+      all.push_back(std::is_same_v<E, Mox64fc> ? part * (1 / n) : part / n);
+    return all;
+  };
+  expectReduction<E, E>(results, 1, sum, mean);
 }
 
-TEST(Sum, FastFloats) { sweep<Mox32f>(moxsSum_32f, moxsMean_32f, fastSum, false, 1); }
-TEST(Sum, AccurateFloats) { sweep<Mox32f>(moxsSum_32f, moxsMean_32f, accurateSum, false, 2); }
-TEST(Sum, FastComplex) { sweep<Mox32fc>(moxsSum_32fc, moxsMean_32fc, fastSum, false, 1); }
-TEST(Sum, AccurateComplex) { sweep<Mox32fc>(moxsSum_32fc, moxsMean_32fc, accurateSum, false, 0); }
-TEST(Sum, Doubles) { sweep<Mox64f>(moxsSum_64f, moxsMean_64f, doubleSum, false); }
-TEST(Sum, ComplexDoubles) { sweep<Mox64fc>(moxsSum_64fc, moxsMean_64fc, doubleSum, true); }
+TEST(Sum, Fast) {
+  expectSums<Mox32f>(fastSum, with(moxsSum_32f, 1), with(moxsMean_32f, 1));
+  expectSums<Mox32fc>(fastSum, with(moxsSum_32fc, 1), with(moxsMean_32fc, 1));
+}
+TEST(Sum, Accurate) {
+  expectSums<Mox32f>(accurateSum, with(moxsSum_32f, 2), with(moxsMean_32f, -7));
+  expectSums<Mox32fc>(accurateSum, with(moxsSum_32fc, 0), with(moxsMean_32fc, 2));
+}
+TEST(Sum, Doubles) {
+  expectSums<Mox64f>(doubleSum, moxsSum_64f, moxsMean_64f);
+  expectSums<Mox64fc>(doubleSum, moxsSum_64fc, moxsMean_64fc);
+}
 
-TEST(Sum, HintOneAloneIsFast) {
-  const auto data = roundingData<Mox32f>(20000, 2);
-  int differing = 0;
-  for (int len = 19000; len < 20000; ++len) {
-    Mox32f fast, accurate, other;
-    ASSERT_EQ(moxsSum_32f(data.data(), len, &fast, 1), moxOk);
-    ASSERT_EQ(moxsSum_32f(data.data(), len, &accurate, 0), moxOk);
-    ASSERT_EQ(moxsSum_32f(data.data(), len, &other, -7), moxOk);
-    ASSERT_EQ(accurate, other);
-    differing += fast != accurate;
-  }
-  EXPECT_GT(differing, 100);
+// Of a reduction of the elements and of their squares, which have the format P.
+template <class P, class F, class Reduce>
+long double deviation(const Operands<F>& o, Reduce reduce) {
+  const auto sum = reduce([&](long i) { return o.x[i]; });
+  const auto squares = reduce([&](long i) { return P(o.x[i]) * o.x[i]; });
+  const decltype(sum) n = o.len, t = n * squares - sum * sum;
+  return t > 0 ? std::sqrt(t / (n * (n - 1))) : 0;
+}
+
+auto inDoubles(long n, long peel, long lanes) {
+  return [=](auto term) {
+    long i = 0;
+    const auto head = deal(Lanes<double>(lanes), i, peel, {{1}}, term);
+    return foldHalves(deal(head, i, n, halving(lanes), term), 1)[0];
+  };
+}
+
+TEST(StdDev, Floats) {
+  const auto model = [](const Operands<Mox32f>& o) -> Results {
+    const auto doubles = inDoubles(o.len, o.peel(16), 16);
+    const auto fast = [&](auto term) {
+      long i = 0;
+      Lanes<double> head = widen(deal(Lanes<float>(1), i, o.peel(32), {{1}}, term));
+      head.resize(4);
+      return foldQuarters(fastBlocks(head, i, o.len, term))[0];
+    };
+    const auto extended = [&](auto term) {
+      long i = 0;
+      return deal(Lanes<long double>(2), i, o.len, {{4, 2}, folded(1)}, term)[0];
+    };
+    const long double accurate = deviation<double>(o, doubles);
+    return {accurate, o.offset % 4 ? accurate : deviation<float>(o, fast),
+            extended([&](long i) { return o.x[i]; }) / o.len, deviation<long double>(o, extended)};
+  };
+  expectReduction<Mox32f, Mox32f>(model, 2, with(moxsStdDev_32f, 0), with(moxsStdDev_32f, 1),
+                                  with(moxsMeanStdDev_32f, 1));
+}
+
+TEST(StdDev, Doubles) {
+  const auto model = [](const Operands<Mox64f>& o) -> Results {
+    const auto reduce = inDoubles(o.len, o.offset >> 3 & 1, 4);
+    const double mean = reduce([&](long i) { return o.x[i]; }) / double(o.len);
+    const long double d = deviation<double>(o, reduce);
+    return {d, mean, d};
+  };
+  expectReduction<Mox64f, Mox64f>(model, 2, moxsStdDev_64f, moxsMeanStdDev_64f);
+}
+
+TEST(StdDev, OfEqualElementsAndOfNaN) {
+  std::vector<Mox32f> x(777, 3.0f);
+  Mox32f got, mean;
+  const auto stdDev = [&](int hint) {
+    EXPECT_EQ(moxsStdDev_32f(x.data(), 777, &got, hint), moxOk);
+    return got;
+  };
+  EXPECT_EQ(stdDev(0), 0);
+  x[500] = NAN;
+  EXPECT_EQ(stdDev(0), 0);
+  EXPECT_EQ(stdDev(1), 0);
+  ASSERT_EQ(moxsMeanStdDev_32f(x.data(), 777, &mean, &got, 0), moxOk);
+  EXPECT_TRUE(std::isnan(mean) && std::isnan(got));
 }
 
 }  // namespace

@@ -1,60 +1,21 @@
 // Objects of the six kinds of FFT: sizes, set-up in the caller's memory, refusals in their order.
 #include <gtest/gtest.h>
-#include <moxsp.h>
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
 #include <ostream>
-#include <vector>
 
 #include "support/guarded_array.h"
-#include "support/random.h"
+#include "transforms/fft_api.h"
+
+namespace test {
+std::ostream& operator<<(std::ostream& out, const Kind& kind) { return out << kind.name; }
+}  // namespace test
 
 namespace {
 
-// A forward transform in place; the two halves of split data follow one another.
-using Run = MoxStatus (*)(void*, long, const MoxsFFTSpec*, Mox8u*);
-
-template <auto run, class E>
-MoxStatus inPlace(void* data, long, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return run(static_cast<E*>(data), spec, buffer);
-}
-template <auto run, class F>
-MoxStatus inPlaceSplit(void* data, long n, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return run(static_cast<F*>(data), static_cast<F*>(data) + n, spec, buffer);
-}
-
-struct Kind {
-  const char* name;
-  Mox32s id;
-  long part;  // bytes of a real number
-  bool real;
-  int maxOrder;
-  decltype(moxsFFTGetSize_C_32fc)* getSize;
-  decltype(moxsFFTInit_C_32fc)* init;
-  decltype(moxsFFTInitAlloc_C_32fc)* initAlloc;
-  decltype(moxsFFTGetBufSize_C_32fc)* getBufSize;
-  decltype(moxsFFTFree_C_32fc)* free;
-  Run run;
-
-  friend std::ostream& operator<<(std::ostream& out, const Kind& kind) { return out << kind.name; }
-};
-
-#define OBJECT_FUNCTIONS(kind)                                                                  \
-  moxsFFTGetSize_##kind, moxsFFTInit_##kind, moxsFFTInitAlloc_##kind, moxsFFTGetBufSize_##kind, \
-      moxsFFTFree_##kind
-
-const Kind kinds[] = {
-    {"C_32fc", 4, 4, false, 28, OBJECT_FUNCTIONS(C_32fc), inPlace<moxsFFTFwd_CToC_32fc_I, Mox32fc>},
-    {"C_32f", 5, 4, false, 28, OBJECT_FUNCTIONS(C_32f),
-     inPlaceSplit<moxsFFTFwd_CToC_32f_I, Mox32f>},
-    {"R_32f", 6, 4, true, 29, OBJECT_FUNCTIONS(R_32f), inPlace<moxsFFTFwd_RToPerm_32f_I, Mox32f>},
-    {"C_64fc", 7, 8, false, 27, OBJECT_FUNCTIONS(C_64fc), inPlace<moxsFFTFwd_CToC_64fc_I, Mox64fc>},
-    {"C_64f", 8, 8, false, 27, OBJECT_FUNCTIONS(C_64f),
-     inPlaceSplit<moxsFFTFwd_CToC_64f_I, Mox64f>},
-    {"R_64f", 9, 8, true, 28, OBJECT_FUNCTIONS(R_64f), inPlace<moxsFFTFwd_RToPerm_64f_I, Mox64f>},
-};
+using test::Kind;
+using test::kinds;
 
 struct Sizes {
   long spec, init, work;
@@ -117,65 +78,6 @@ TEST_P(FftObject, SizesAreTheDocumentedFigures) {
     }
 }
 
-// A block of the caller's memory: either ending at an inaccessible page, or at the address that
-// costs the most slack, with a mark behind it.
-class Block {
- public:
-  Block(long bytes, bool atPageEnd)
-      : room_(bytes + (atPageEnd ? 0 : 128), test::Guard::after), bytes_(bytes) {
-    start_ = reinterpret_cast<Mox8u*>(room_.data());
-    if (atPageEnd) return;
-    start_ += 65 - reinterpret_cast<std::uintptr_t>(start_) % 64;
-    marked_ = true;
-    start_[bytes] = mark;
-  }
-  Mox8u* data() const { return start_; }
-  bool intact() const { return !marked_ || start_[bytes_] == mark; }
-
- private:
-  static constexpr Mox8u mark = 0x5A;
-  test::GuardedBytes room_;
-  long bytes_;
-  Mox8u* start_;
-  bool marked_ = false;
-};
-
-TEST_P(FftObject, FitsItsSizeWhereverItLies) {
-  const Kind& kind = GetParam();
-  test::Random random;
-  for (const int order : {0, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 17, 18, 19, 20, 21})
-    for (const bool atPageEnd : {true, false}) {
-      SCOPED_TRACE(testing::Message() << "order " << order << " at the page end: " << atPageEnd);
-      const long n = 1L << order, bytes = n * kind.part * (kind.real ? 1 : 2);
-      const Sizes sizes = sizesOf(kind, order);
-      const Block specMem(sizes.spec, atPageEnd), initBuf(sizes.init, atPageEnd),
-          buffer(sizes.work, atPageEnd);
-
-      MoxsFFTSpec* spec = nullptr;
-      ASSERT_EQ(kind.init(&spec, order, 8, 0, specMem.data(), initBuf.data()), moxOk);
-      EXPECT_EQ(reinterpret_cast<std::uintptr_t>(spec) % 64, 0u);
-      EXPECT_EQ(*reinterpret_cast<Mox32s*>(spec), kind.id);
-      int bufSize = -1;
-      ASSERT_EQ(kind.getBufSize(spec, &bufSize), moxOk);
-      EXPECT_EQ(bufSize, sizes.work);
-
-      MoxsFFTSpec* own = nullptr;
-      ASSERT_EQ(kind.initAlloc(&own, order, 8, 0), moxOk);
-      const auto values = random.vector<Mox32f>(bytes / 4);
-      std::vector<Mox64f> here(bytes / 8 + 1), there(bytes / 8 + 1);
-      if (kind.part == 4)
-        std::memcpy(here.data(), values.data(), bytes);
-      else
-        std::copy_n(values.begin(), bytes / 8, here.begin());
-      there = here;
-      EXPECT_EQ(kind.run(here.data(), n, spec, buffer.data()), moxOk);
-      EXPECT_EQ(kind.run(there.data(), n, own, nullptr), moxOk);
-      EXPECT_EQ(std::memcmp(here.data(), there.data(), bytes), 0);
-      EXPECT_EQ(kind.free(own), moxOk);
-      EXPECT_TRUE(specMem.intact() && initBuf.intact() && buffer.intact());
-    }
-}
-
 TEST_P(FftObject, SizeQueriesRefuseInOrder) {
   const Kind& kind = GetParam();
   int spec = -1, init = -1, work = -1;
@@ -219,22 +121,55 @@ TEST_P(FftObject, InitRefusesInOrderAndLeavesTheCallersPointer) {
   EXPECT_EQ(spec, nullptr);
 }
 
-// Every function refuses the objects of every other kind, the same layout or not.
-TEST_P(FftObject, KindsAreToldApart) {
-  const Kind& kind = GetParam();
-  MoxsFFTSpec* spec = nullptr;
-  ASSERT_EQ(kind.initAlloc(&spec, 3, 8, 0), moxOk);
-  Mox64f data[16] = {1};
+template <class T>
+class FftObjectOf : public testing::Test {};
+TYPED_TEST_SUITE(FftObjectOf, test::Forms);
+
+// In memory that ends at an inaccessible page, at the least and at the most slack of alignment, an
+// object gives the same bits as one in library memory.
+TYPED_TEST(FftObjectOf, FitsItsSizeWhereverItLies) {
+  using T = TypeParam;
+  const Kind& kind = T::kind;
+  for (const int order : {0, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 17, 18, 19, 20, 21})
+    for (const int slack : {0, 63}) {
+      SCOPED_TRACE(testing::Message() << "order " << order << " slack " << slack);
+      const long n = 1L << order;
+      const Sizes sizes = sizesOf(kind, order);
+      const test::GuardedArray<Mox8u> memory(sizes.spec + slack), scratch(sizes.init + slack),
+          work(sizes.work + slack);
+      MoxsFFTSpec* spec = nullptr;
+      ASSERT_EQ(kind.init(&spec, order, 8, 0, memory.data(), scratch.data()), moxOk);
+      EXPECT_EQ(reinterpret_cast<std::uintptr_t>(spec) % 64, 0u);
+      EXPECT_EQ(*reinterpret_cast<Mox32s*>(spec), kind.id);
+      int bufSize = -1;
+      ASSERT_EQ(kind.getBufSize(spec, &bufSize), moxOk);
+      EXPECT_EQ(bufSize, sizes.work);
+
+      auto here = test::Random().vector<typename T::F>(T::numbers(n)), there = here;
+      EXPECT_EQ(T::runInPlace(true, here.data(), n, spec, work.data()), moxOk);
+      EXPECT_EQ(T::runInPlace(true, there.data(), n, test::Fft(kind, order, 8), nullptr), moxOk);
+      EXPECT_EQ(here, there);
+    }
+}
+
+// Every function refuses the objects of every other kind, the same layout or not, before it looks
+// at the data.
+TYPED_TEST(FftObjectOf, KindsAreToldApart) {
+  using T = TypeParam;
   for (const Kind& other : kinds) {
-    if (other.id == kind.id) continue;
+    if (other.id == T::kind.id) continue;
+    MoxsFFTSpec* spec = nullptr;
+    ASSERT_EQ(other.initAlloc(&spec, 3, 8, 0), moxOk);
     int size = -1;
-    EXPECT_EQ(other.getBufSize(spec, &size), moxErrContext);
+    EXPECT_EQ(T::kind.getBufSize(spec, &size), moxErrContext);
     EXPECT_EQ(size, -1);
-    EXPECT_EQ(other.run(data, 8, spec, nullptr), moxErrContext);
-    EXPECT_EQ(other.free(spec), moxErrContext);
+    for (const bool forward : {true, false}) {
+      EXPECT_EQ(T::run(forward, nullptr, nullptr, 0, spec, nullptr), moxErrContext);
+      EXPECT_EQ(T::runInPlace(forward, nullptr, 0, spec, nullptr), moxErrContext);
+    }
+    EXPECT_EQ(T::kind.free(spec), moxErrContext);
+    EXPECT_EQ(other.free(spec), moxOk);
   }
-  EXPECT_EQ(data[0], 1);
-  EXPECT_EQ(kind.free(spec), moxOk);
 }
 
 }  // namespace

@@ -1,0 +1,220 @@
+// Transforms of all forms against the defining sum, closed forms and what holds for any spectrum.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <numbers>
+
+#include "support/accuracy.h"
+#include "support/core_probe.h"
+#include "support/guarded_array.h"
+#include "transforms/fft_api.h"
+
+namespace {
+
+using test::Complex;
+using test::Fft;
+using test::largeOrder;
+
+template <class T>
+class FftForm : public testing::Test {};
+TYPED_TEST_SUITE(FftForm, test::Forms);
+
+struct Flag {
+  int value;
+  double forward, inverse;  // the factors are N to these powers
+};
+constexpr Flag flags[] = {{8, 0, 0}, {1, -1, 0}, {2, 0, -1}, {4, -0.5, -0.5}};
+
+// exp(-2 pi i k / n), its angle reduced in integers.
+Complex turn(long k, long n) {
+  return std::polar(1.0L, -2 * std::numbers::pi_v<long double> * (long double)(k & (n - 1)) / n);
+}
+
+// In the L2 norm, for each doubling.
+template <class F>
+long double bound(int order) {
+  return (sizeof(F) == 4 ? 3e-7L : 6e-16L) * std::sqrt(order + 1.0L);
+}
+
+template <class T, class Exact>
+long double spectrumError(const typename T::F* spectrum, long n, long step, Exact exact) {
+  test::RelativeError error;
+  for (long k = 0; k < T::bins(n); k += 1 + (k + k / 7) % step) {
+    const Complex got = T::bin(spectrum, n, k), expected = exact(k);
+    error.add(got.real(), expected.real());
+    error.add(got.imag(), expected.imag());
+  }
+  return error.value();
+}
+
+template <class F>
+long double signalError(const F* got, const std::vector<F>& x, long double factor) {
+  test::RelativeError error;
+  for (std::size_t i = 0; i < x.size(); ++i) error.add(got[i], factor * x[i]);
+  return error.value();
+}
+
+// Numbers that end so many bytes before an inaccessible page, beginning with those of x.
+template <class F>
+class Room {
+ public:
+  Room(const std::vector<F>& x, long numbers, long slack)
+      : numbers_(numbers), bytes_(numbers * sizeof(F) + slack, test::Guard::after) {
+    std::memcpy(bytes_.data(), x.data(), x.size() * sizeof(F));
+  }
+  F* data() const { return reinterpret_cast<F*>(bytes_.data()); }
+  std::vector<F> numbers() const {
+    std::vector<F> v(numbers_);
+    std::memcpy(v.data(), bytes_.data(), numbers_ * sizeof(F));
+    return v;
+  }
+
+ private:
+  long numbers_;
+  test::GuardedBytes bytes_;
+};
+
+TYPED_TEST(FftForm, FollowsTheDefiningSumWithEveryFlagAtAnyAddress) {
+  using T = TypeParam;
+  using F = typename T::F;
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  for (int order = 0; order <= 12; ++order) {
+    const long n = 1L << order, numbers = T::numbers(n);
+    const auto x = random.vector<F>(T::parts * n);
+    std::vector<Complex> exact(T::bins(n)), roots(n);
+    for (long k = 0; k < n; ++k) roots[k] = turn(k, n);
+    for (long k = 0; k < T::bins(n); ++k)
+      for (long i = 0; i < n; ++i)
+        exact[k] += roots[i * k & (n - 1)] *
+                    Complex(x[T::place(n, i, 0)], T::parts > 1 ? x[T::place(n, i, 1)] : 0);
+    for (const Flag& flag : flags)
+      for (const long slack : {0L, long(sizeof(F)), 1L}) {
+        SCOPED_TRACE(testing::Message()
+                     << "order " << order << " flag " << flag.value << " slack " << slack);
+        Fft fft(T::kind, order, flag.value);
+        const long double up = std::pow((long double)n, flag.forward);
+        const long double back = std::pow((long double)n, 1 + flag.forward + flag.inverse);
+        const Room<F> src(x, T::parts * n, slack), dst({}, numbers, slack), both(x, numbers, slack),
+            again({}, T::parts * n, slack);
+
+        ASSERT_EQ(T::run(true, src.data(), dst.data(), n, fft, nullptr), moxOk);
+        const auto spectrum = dst.numbers();
+        ASSERT_LE(spectrumError<T>(spectrum.data(), n, 1, [&](long k) { return up * exact[k]; }),
+                  bound<F>(order));
+        if (T::kind.real) {
+          ASSERT_EQ(T::bin(spectrum.data(), n, 0).imag(), 0);
+          ASSERT_EQ(T::bin(spectrum.data(), n, n / 2).imag(), 0);
+        }
+        ASSERT_EQ(T::runInPlace(true, both.data(), n, fft, fft.buffer()), moxOk);
+        ASSERT_EQ(both.numbers(), spectrum);
+
+        ASSERT_EQ(T::run(false, dst.data(), again.data(), n, fft, fft.buffer()), moxOk);
+        const auto signal = again.numbers();
+        ASSERT_LE(signalError(signal.data(), x, back), bound<F>(order));
+        ASSERT_EQ(dst.numbers(), spectrum) << "the source has changed";
+        ASSERT_EQ(T::runInPlace(false, both.data(), n, fft, nullptr), moxOk);
+        ASSERT_EQ(std::memcmp(both.data(), signal.data(), signal.size() * sizeof(F)), 0);
+      }
+  }
+}
+
+// A few impulses have a spectrum that is known at every frequency, at any length.
+TYPED_TEST(FftForm, ImpulsesGiveTheirTurnsAtLargeOrders) {
+  using T = TypeParam;
+  using F = typename T::F;
+  SCOPED_TRACE(test::seedNote());
+  test::Random random(1);
+  for (int order = 13; order <= test::hugeOrder<F> + T::kind.real; ++order) {
+    SCOPED_TRACE(testing::Message() << "order " << order);
+    const long n = 1L << order;
+    std::vector<F> x(T::parts * n), spectrum(T::numbers(n));
+    std::vector<std::pair<long, Complex>> impulses;
+    for (const int part : {0, 1, 0, 1}) {
+      const long at = random.below(n);
+      F& number = x[T::place(n, at, part)];
+      if (number != 0) continue;
+      number = random.value<F>();
+      impulses.emplace_back(at, part < T::parts && part == 1 ? Complex(0, number) : number);
+    }
+    Fft fft(T::kind, order, 8);
+    ASSERT_EQ(T::run(true, x.data(), spectrum.data(), n, fft, nullptr), moxOk);
+    const auto exact = [&](long k) {
+      Complex sum = 0;
+      for (const auto& [at, weight] : impulses) sum += weight * turn(at * k, n);
+      return sum;
+    };
+    EXPECT_LE(spectrumError<T>(spectrum.data(), n, 31, exact), bound<F>(order));
+    ASSERT_EQ(T::runInPlace(false, spectrum.data(), n, fft, fft.buffer()), moxOk);
+    EXPECT_LE(signalError(spectrum.data(), x, n), bound<F>(order));
+  }
+}
+
+// A signal less its copy that comes later: linearity and shift; Parseval's sum; the round trip.
+TYPED_TEST(FftForm, KeepsThePropertiesOfASpectrum) {
+  using T = TypeParam;
+  using F = typename T::F;
+  SCOPED_TRACE(test::seedNote());
+  test::Random random(2);
+  for (int order : {13, 16, 17, largeOrder<F> - 1, largeOrder<F>, largeOrder<F> + 1, 22}) {
+    const Flag& flag = flags[order % 4];
+    SCOPED_TRACE(testing::Message() << "order " << order << " flag " << flag.value);
+    const long n = 1L << order, shift = n / 3;
+    const auto x = random.vector<F>(T::parts * n);
+    std::vector<F> echo(x.size());
+    for (long i = 0; i < n; ++i)
+      for (int part = 0; part < T::parts; ++part)
+        echo[T::place(n, (i + shift) & (n - 1), part)] =
+            2 * x[T::place(n, (i + shift) & (n - 1), part)] - 3 * x[T::place(n, i, part)];
+    Fft fft(T::kind, order, flag.value);
+    std::vector<F> spectrum(T::numbers(n)), ofEcho(T::numbers(n));
+    ASSERT_EQ(T::run(true, x.data(), spectrum.data(), n, fft, fft.buffer()), moxOk);
+    ASSERT_EQ(T::run(true, echo.data(), ofEcho.data(), n, fft, nullptr), moxOk);
+    const auto expected = [&](long k) {
+      return T::bin(spectrum.data(), n, k) * (2.0L - 3.0L * turn(shift * k, n));
+    };
+    EXPECT_LE(spectrumError<T>(ofEcho.data(), n, 15, expected), 3 * bound<F>(order));
+
+    long double energy = 0, spectralEnergy = 0;
+    for (const long double v : x) energy += v * v;
+    for (long k = 0; k < T::bins(n); ++k)
+      spectralEnergy +=
+          std::norm(T::bin(spectrum.data(), n, k)) * (T::kind.real && k != 0 && 2 * k != n ? 2 : 1);
+    const long double up = std::pow((long double)n, flag.forward);
+    EXPECT_NEAR(spectralEnergy / energy / n / up / up, 1, 2 * bound<F>(order));
+
+    const Room<F> odd(x, T::numbers(n), 1);
+    ASSERT_EQ(T::runInPlace(true, odd.data(), n, fft, nullptr), moxOk);
+    EXPECT_EQ(odd.numbers(), spectrum) << "in place at an odd address";
+    ASSERT_EQ(T::run(false, spectrum.data(), ofEcho.data(), n, fft, nullptr), moxOk);
+    const long double back = std::pow((long double)n, 1 + flag.forward + flag.inverse);
+    EXPECT_LE(signalError(ofEcho.data(), x, back), 2 * bound<F>(order));
+  }
+}
+
+TYPED_TEST(FftForm, TakesWorkMemoryOnlyWhenItNeedsSomeAndGotNone) {
+  using T = TypeParam;
+  using F = typename T::F;
+  for (const int order : {0, 6, 8, largeOrder<F> + 1}) {
+    SCOPED_TRACE(testing::Message() << "order " << order);
+    const long n = 1L << order;
+    Fft fft(T::kind, order, 8);
+    const std::vector<F> x(T::numbers(n), 1);
+    std::vector<F> y = x;
+    CoreProbe probe;
+    EXPECT_EQ(T::run(true, x.data(), y.data(), n, fft, fft.buffer()), moxOk);
+    EXPECT_EQ(probe.allocations(), 0);
+    EXPECT_EQ(T::run(true, x.data(), y.data(), n, fft, nullptr), moxOk);
+    EXPECT_EQ(probe.allocations(), order > 6 ? 1 : 0);
+    EXPECT_EQ(probe.live(), 0);
+    if (order <= 6) continue;
+    for (const bool forward : {true, false}) {
+      y = x;
+      probe.failAllocation(1);
+      EXPECT_EQ(T::run(forward, x.data(), y.data(), n, fft, nullptr), moxErrMemAlloc);
+      EXPECT_EQ(y, x);
+    }
+  }
+}
+
+}  // namespace
