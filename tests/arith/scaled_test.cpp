@@ -78,16 +78,24 @@ TEST(Scaled, ComplexProducts) {
   expectScaled(MEMBER(MulC_32sc_Sfs), product);
 }
 
-// The sum saturates to 64 bits before it is scaled: (2^63 - 1) / 2 to even is 2^62, although half
-// the true sum of two maxima is 2^63 - 1.
-TEST(Scaled, SumsOf64BitsSaturateFirst) {
-  const auto held = [](auto op, Range range = rangeOf<Mox64s>) {
-    return [=](Int128 a, Int128 b) { return saturated(op(a, b), range); };
-  };
-  expectScaled(MEMBER(Add_64s_Sfs), held(sum));
-  expectScaled(MEMBER(Sub_64s_Sfs), held(subtracted));
-  expectScaled(MEMBER(AddC_64s_Sfs), held(sum));
-  expectScaled(MEMBER(AddC_64u_Sfs), held(sum, rangeOf<Mox64u>));
+// The sum of two vectors saturates to 64 bits before it is scaled: (2^63 - 1) / 2 to even is 2^62,
+// although half the true sum of two maxima is 2^63 - 1.
+TEST(Scaled, SumsOf64Bits) {
+  const auto held = [](Int128 a, Int128 b) { return saturated(sum(a, b), rangeOf<Mox64s>); };
+  expectScaled(MEMBER(Add_64s_Sfs), held);
+  expectScaled(MEMBER(Sub_64s_Sfs), subtracted);
+  expectScaled(MEMBER(AddC_64s_Sfs), sum);
+  expectScaled(MEMBER(AddC_64u_Sfs), sum);
+}
+
+// Where the destination starts within a block behind a source, elements go one by one.
+TEST(Scaled, DestinationsAheadOfASourceInBlocks) {
+  constexpr int len = 40;
+  for (int ahead = 1; ahead <= len; ++ahead) {
+    std::vector<Mox16s> v(2 * len, 1), one(len, 1);
+    ASSERT_EQ(moxsAdd_16s_Sfs(v.data(), one.data(), v.data() + ahead, len, 0), moxOk);
+    for (int i = 0; i < ahead + len; ++i) ASSERT_EQ(v[i], 1 + i / ahead) << ahead << " at " << i;
+  }
 }
 
 // Doubles with few digits are a fraction of integers that the model knows.

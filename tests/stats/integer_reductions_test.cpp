@@ -4,8 +4,8 @@
 
 #include <climits>
 
-#include "convert/exact_model.h"
 #include "stats/reductions.h"
+#include "support/exact_model.h"
 #include "support/float_environment.h"
 
 namespace {

@@ -108,6 +108,7 @@ TEST_P(FftObject, InitRefusesInOrderAndLeavesTheCallersPointer) {
   EXPECT_EQ(kind.init(&spec, 11, 3, 0, memory, nullptr), moxErrFftFlag);
   EXPECT_EQ(*reinterpret_cast<Mox32s*>(memory), 0);
   EXPECT_EQ(kind.init(&spec, 11, 8, 0, memory, nullptr), moxErrNullPtr);
+  EXPECT_EQ(*reinterpret_cast<Mox32s*>(memory), 0) << "a failed record passes for one";
   EXPECT_EQ(spec, untouched);
   EXPECT_EQ(kind.init(&spec, 10, 8, 0, memory, nullptr), moxOk);
   EXPECT_EQ(kind.init(&spec, 11, 8, 0, memory, scratch), moxOk);

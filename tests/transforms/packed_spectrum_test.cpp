@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "convert/exact_model.h"
+#include "support/exact_model.h"
 #include "support/random.h"
 #include "transforms/packed.h"
 
