@@ -34,6 +34,8 @@ SndfileHandle openOutput(const std::filesystem::path& path, const SndfileHandle&
                      input.samplerate());
   if (file.error())
     throw std::runtime_error("cannot write " + path.string() + ": " + file.strError());
+  // A filter overshoots on loud sound, and integers would wrap.
+  file.command(SFC_SET_CLIPPING, nullptr, SF_TRUE);
   return file;
 }
 

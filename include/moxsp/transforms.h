@@ -26,8 +26,7 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * A transform of N = 2^order samples. The kind behind `C_` tells how complex data lie, interleaved
  * (`32fc`, `64fc`) or in an array of real and one of imaginary parts (`32f`, `64f`); `R_` is for
  * real data. Orders go from 0 to 28 (`C_32fc`, `C_32f`), 27 (`C_64fc`, `C_64f`), 29 (`R_32f`) and
- * 28
- * (`R_64f`).
+ * 28 (`R_64f`).
  *
  * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
  * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.

@@ -82,7 +82,8 @@ std::vector<double> bandTaps(double low, double high, double rate, int count) {
   return taps;
 }
 
-// The largest difference between the written file and the same filter in double precision.
+// The largest difference between the written file and the same filter in double precision, held
+// within full scale.
 double largestDifference(const Sound& in, const Sound& out, const std::vector<double>& taps) {
   const long frames = long(in.samples.size()) / in.channels, half = long(taps.size()) / 2;
   double largest = 0;
@@ -92,7 +93,8 @@ double largestDifference(const Sound& in, const Sound& out, const std::vector<do
       for (long k = 0; k < long(taps.size()); ++k)
         if (const long j = i + half - k; j >= 0 && j < frames)
           sum += taps[k] * in.samples[j * in.channels + c];
-      largest = std::max(largest, std::abs(sum - out.samples[i * in.channels + c]));
+      largest = std::max(largest,
+                         std::abs(std::clamp(sum, -1.0, 1.0) - out.samples[i * in.channels + c]));
     }
   return largest;
 }
@@ -123,6 +125,20 @@ TEST_F(WavFilter, FloatBandpassMatchesTheFormulaInBlocksOfAnySize) {
     const double difference =
         largestDifference(readSound(path("in.flac")), readSound(path("out.wav")), taps);
     EXPECT_LT(difference, 1e-6) << "block " << block;
+  }
+}
+
+// The edges of a loud square wave overshoot in a lowpass.
+TEST_F(WavFilter, LoudSoundIsHeldWithinFullScale) {
+  std::vector<double> square(8000);
+  for (std::size_t i = 0; i < square.size(); ++i) square[i] = i / 100 % 2 ? 0.98 : -0.98;
+  SndfileHandle(path("in.wav"), SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_PCM_24, 1, 44100)
+      .writef(square.data(), long(square.size()));
+  for (const char* name : {"out.wav", "out.flac"}) {
+    const Outcome r = wavfilter(path("in.wav") + " " + path(name) + " --lowpass 3000 --taps 101");
+    ASSERT_EQ(r.exitCode, 0) << r.output;
+    const auto taps = bandTaps(0, 3000, 44100, 101);
+    EXPECT_LT(largestDifference(readSound(path("in.wav")), readSound(path(name)), taps), 1e-6);
   }
 }
 

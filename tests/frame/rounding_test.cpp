@@ -5,8 +5,8 @@
 #include <climits>
 #include <vector>
 
-#include "support/exact_model.h"
 #include "frame/map_scaled.h"
+#include "support/exact_model.h"
 #include "support/float_environment.h"
 #include "support/random.h"
 
