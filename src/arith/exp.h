@@ -5,14 +5,14 @@
 
 namespace mox {
 
-// x = exponent * ln(2) + rest with an integer exponent and |rest| about ln(2) / 2 at the most. For
-// |x| up to 2^31 the products with the first two parts of ln(2) are exact, and so are the
-// differences.
+// x = exponent * ln(2) + rest with an integer exponent and |rest| about ln(2) / 2 at the most, in
+// every rounding mode. For |x| up to 2^31 the products with the first two parts of ln(2) are exact,
+// and so are the differences.
 struct ExpArgument {
   V<Mox64f> exponent, rest;
 
   [[gnu::always_inline]] explicit ExpArgument(V<Mox64f> x)
-      : exponent(x * 0x1.71547652b82fep+0 + 0x1.8p52 - 0x1.8p52),
+      : exponent(nearestInteger(x * 0x1.71547652b82fep+0)),
         rest(((x - exponent * 0x1.62e428p-1) - exponent * 0x1.fbe8ep-23) -
              exponent * 0x1.ef35793c7673p-45) {}
 };

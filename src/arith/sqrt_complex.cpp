@@ -3,6 +3,7 @@
 
 #include <moxsp/arith.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "arith/map_rounded.h"
@@ -33,9 +34,13 @@ Mox64fc rootOfOne(Mox64f re, Mox64f im) {
     return re > 0 ? Mox64fc{re, zero} : Mox64fc{std::fabs(zero), std::copysign(infinity, im)};
   }
   const bool small = std::fabs(re) < 1 && std::fabs(im) < 1;
-  const Mox64f square = small ? 0x1p600 : 0x1p-600, back = small ? 0x1p-300 : 0x1p300;
-  const ComplexLanes root = complexRoot(broadcastPair(re * square, im * square));
-  return {root.re[0] * back, root.im[0] * back};
+  const Mox64f scale = small ? 0x1p600 : 0x1p-600, back = small ? 0x1p-300 : 0x1p300;
+  const ComplexLanes root = complexRoot(broadcastPair(re * scale, im * scale));
+  // The smaller part of a number may be lost in scaling, but not that of the root.
+  const Mox64f larger = std::max(root.re[0], std::fabs(root.im[0])) * back;
+  const Mox64f other = std::fabs(im) / std::max(2 * larger, std::numeric_limits<Mox64f>::min());
+  return re < 0 ? Mox64fc{other, std::copysign(larger, im)}
+                : Mox64fc{larger, std::copysign(other, im)};
 }
 
 void repairRoots(ComplexLanes z, int bits, ComplexLanes& root) {

@@ -15,18 +15,18 @@ template <class F>
 using Wider = std::conditional_t<sizeof(F) == 4, Mox64f, long double>;
 
 // Within these bounds the square of a level is far from the ends of F, and so is every squared
-// magnitude between the next two.
+// magnitude between the next two: its reciprocal is a normal number.
 template <class F>
 struct Bounds;
 template <>
 struct Bounds<Mox32f> {
   static constexpr Mox32f leastLevel = 0x1p-40f, mostLevel = 0x1p60f;
-  static constexpr Mox32f leastSquare = 0x1p-96f, mostSquare = std::numeric_limits<Mox32f>::max();
+  static constexpr Mox32f leastSquare = 0x1p-96f, mostSquare = 0x1p126f;
 };
 template <>
 struct Bounds<Mox64f> {
   static constexpr Mox64f leastLevel = 0x1p-400, mostLevel = 0x1p500;
-  static constexpr Mox64f leastSquare = 0x1p-900, mostSquare = std::numeric_limits<Mox64f>::max();
+  static constexpr Mox64f leastSquare = 0x1p-900, mostSquare = 0x1p1022;
 };
 
 template <class F>

@@ -99,13 +99,15 @@ void expectRootsWithin(Function<E, E> member, int exponents, double bound) {
   Random random;
   std::vector<E> z(20000);
   for (E& e : z) {
-    const int common = int(random.below(2 * exponents)) - exponents, apart = int(random.below(20));
+    const int common = int(random.below(2 * exponents)) - exponents,
+              apart = int(random.below(random.below(2) ? 20 : exponents));
     e.re = std::ldexp(random.value<F>(), common);
     e.im = std::ldexp(random.value<F>(), common - apart);
   }
   const auto [re, im] = partsOf(run(member, z));
   std::vector<std::array<long double, 2>> exact;
-  Exact rootRe(0, 300), rootIm(0, 300);
+  Exact rootRe(0, 2400),
+      rootIm(0, 2400);  // of parts 2^-1020 apart, whose squares must not drop out
   for (const E& e : z) {
     exactRoot(rootRe, rootIm, e.re, e.im);
     exact.push_back({mpfr_get_ld(rootRe, MPFR_RNDN), mpfr_get_ld(rootIm, MPFR_RNDN)});
