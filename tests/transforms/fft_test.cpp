@@ -60,7 +60,7 @@ class Room {
  public:
   Room(const std::vector<F>& x, long numbers, long slack)
       : numbers_(numbers), bytes_(numbers * sizeof(F) + slack, test::Guard::after) {
-    std::memcpy(bytes_.data(), x.data(), x.size() * sizeof(F));
+    if (!x.empty()) std::memcpy(bytes_.data(), x.data(), x.size() * sizeof(F));
   }
   F* data() const { return reinterpret_cast<F*>(bytes_.data()); }
   std::vector<F> numbers() const {
