@@ -17,17 +17,22 @@ long peelTo(long alignment, const E* p, long len) {
   return missing % long(sizeof(E)) ? 0 : std::min(len, missing / long(sizeof(E)));
 }
 
-// One number as T, or a vector of T from there on. Conversions crowd the window in which the
-// processor looks ahead for loads; so these ask for what comes a KiB later, be it there or not.
+// One number as T, or a vector of T from there on.
 template <class T, class E>
 [[gnu::always_inline]] inline T numberAt(const E* p) {
-  if constexpr (std::is_arithmetic_v<T>) {
+  if constexpr (std::is_arithmetic_v<T>)
     return T(load<E>(p));
-  } else {
-    if constexpr (sizeof(E) < sizeof(Lane<T>))
-      __builtin_prefetch(reinterpret_cast<const void*>(addressOf(p) + 1024));
+  else
     return loadWidened<T>(p);
-  }
+}
+
+// Conversions of a single source crowd the window in which the processor looks ahead for loads; so
+// these ask for what comes a KiB later, be it there or not.
+template <class T, class... E>
+[[gnu::always_inline]] inline void askAhead(const E*... p) {
+  if constexpr (!std::is_arithmetic_v<T> && sizeof...(E) == 1)
+    if constexpr (((sizeof(E) < sizeof(T) / laneCount<T>)&&...))
+      (__builtin_prefetch(reinterpret_cast<const void*>(addressOf(p) + 1024)), ...);
 }
 
 template <class T>
@@ -51,6 +56,7 @@ auto numbersOf(const E*... src) {
 template <class Op, class... E>
 auto termsOf(Op op, const E*... src) {
   return [op, ... p = parts(src)]<class T>(std::type_identity<T>, long i) {
+    askAhead<T>(p + i...);
     return std::array{op(numberAt<T>(p + i)...)};
   };
 }
