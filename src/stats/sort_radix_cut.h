@@ -50,9 +50,9 @@ int differingBits(const void* keys, long len) {
   return std::bit_width(bits);
 }
 
-// Where each of `parts` starts, and the last ends; the parts differ in the bits from `shift` on.
+// Part p is the keys whose bits from `shift` on, modulo `count`, are p; it starts at starts[p].
 struct Parts {
-  int shift, count = mostParts;
+  int shift, count;
   Mox32u starts[mostParts + 1];
 };
 
@@ -60,54 +60,53 @@ struct Parts {
 // by side, each with places of its own, for with few parts a key would often wait for the place
 // that the key before it took.
 template <class Key, class T>
-void cut(const T* from, T* to, long len, int bits, Parts& result) {
+Parts cut(const T* from, T* to, long len, int bits) {
   using Bits = typename Key::Bits;
   constexpr int stretches = 2;
   const long stretch = len / stretches;
-  int shift = std::max(bits - cutBits - crowdedBits, 0);
-  const auto eachKey = [&](auto visit) {
+  const auto eachKey = [&](int shift, int count, auto visit) {
+    const auto key = [=](long i) { return load<Bits>(from + i); };
+    const auto visitPart = [=](int s, Bits k) {
+      visit(s, k, Key::mapped(k) >> shift & (count - 1));
+    };
     for (long i = 0; i < stretch; ++i)
-      for (int s = 0; s < stretches; ++s) visit(s, load<Bits>(from + s * stretch + i));
-    for (long i = stretches * stretch; i < len; ++i) visit(stretches - 1, load<Bits>(from + i));
-  };
-  const auto part = [&shift](Bits pattern) {
-    return Key::mapped(pattern) >> shift & (mostParts - 1);
+      for (int s = 0; s < stretches; ++s) visitPart(s, key(s * stretch + i));
+    for (long i = stretches * stretch; i < len; ++i) visitPart(stretches - 1, key(i));
   };
 
+  Parts parts;
+  parts.shift = std::max(bits - cutBits - crowdedBits, 0);
+  parts.count = mostParts;
   Mox32u places[stretches][mostParts] = {};
-  eachKey([&](int s, Bits pattern) { ++places[s][part(pattern)]; });
+  eachKey(parts.shift, parts.count, [&](int s, Bits, auto part) { ++places[s][part]; });
   int used = 0;
-  for (int p = 0; p < mostParts; ++p) used += places[0][p] != 0 || places[1][p] != 0;
+  for (int p = 0; p < mostParts; ++p) used += (places[0][p] | places[1][p]) != 0;
   if (used > cutParts) {
-    shift += crowdedBits;
-    result.count = cutParts;
+    parts.shift += crowdedBits;
+    parts.count = cutParts;
     for (auto& place : places)
-      for (int p = 0; p < mostParts; ++p) {
-        const Mox32u count = std::exchange(place[p], 0);
-        place[p >> crowdedBits] += count;
-      }
+      for (int p = 0; p < mostParts; ++p) place[p >> crowdedBits] += std::exchange(place[p], 0);
   }
-  result.shift = shift;
 
   Mox32u next = 0;
-  for (int p = 0; p < result.count; ++p) {
-    result.starts[p] = next;
+  for (int p = 0; p < parts.count; ++p) {
+    parts.starts[p] = next;
     for (auto& place : places) next += std::exchange(place[p], next);
   }
-  result.starts[result.count] = next;
-  eachKey([&](int s, Bits pattern) {
-    T* place = to + places[s][part(pattern)]++;
-    store(place, pattern);
+  parts.starts[parts.count] = next;
+  eachKey(parts.shift, parts.count, [&](int s, Bits k, auto part) {
+    T* place = to + places[s][part]++;
+    store(place, k);
     __builtin_prefetch(place + lineBytes / sizeof(T), 1);
   });
+  return parts;
 }
 
 // Sorts `keys`, which are as good as `other`, into either.
 template <class Key, class T>
 void sortByParts(T* keys, T* other, long len, bool intoOther) {
   using Bits = typename Key::Bits;
-  Parts parts;
-  cut<Key>(keys, other, len, differingBits<Bits>(keys, len), parts);
+  const Parts parts = cut<Key>(keys, other, len, differingBits<Bits>(keys, len));
   for (int p = 0; p < parts.count; ++p) {
     const long start = parts.starts[p], length = parts.starts[p + 1] - start;
     if (length > longestUncut && parts.shift > 0)

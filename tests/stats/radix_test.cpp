@@ -33,6 +33,13 @@ Patterns<T> radixPatterns(long len) {
   auto& far = all["one far off"];
   for (long i = 0; i < len; ++i) far.push_back(T(random.below(100)));
   far.front() = std::numeric_limits<T>::max();
+  // The highest bits are set in all, and the next take all values.
+  auto& alike = all["alike in the highest bits"];
+  for (long i = 0; i < len; ++i)
+    if constexpr (std::is_integral_v<T>)
+      alike.push_back(T(std::numeric_limits<T>::max() - random.below(1 << (8 * sizeof(T) - 4))));
+    else
+      alike.push_back(T(1.5 + random.value<T>() / 2));
   if constexpr (std::is_floating_point_v<T>) {
     const T nan = std::numeric_limits<T>::quiet_NaN();
     const T special[] = {T(0), -T(0), nan, -nan, std::numeric_limits<T>::infinity()};
