@@ -215,7 +215,7 @@ MOX_API MoxStatus moxsThreshold_GTAbs_64f_I(Mox64f* srcDst, int len, Mox64f leve
  * @return ::moxWarnInvZero where `level` is 0 and an element is zero; all elements are done.
  * @note To nearest, whatever the rounding mode in force: in `64f` one IEEE 754 division to the bit;
  * within 5 units in the last place of the exact value in `32f`, where a magnitude of 2^126 or more
- * may give 0, and in the parts of `32fc` and `64fc`.
+ * may give 0; within 3 units in the parts of `32fc` and `64fc`.
  * @{ */
 MOX_API MoxStatus moxsThreshold_LTInv_32f(const Mox32f* src, Mox32f* dst, int len, Mox32f level);
 MOX_API MoxStatus moxsThreshold_LTInv_32fc(const Mox32fc* src, Mox32fc* dst, int len, Mox32f level);

@@ -93,6 +93,21 @@ TEST(ElementaryAccuracy, DoublesStayWithinTheStatedBounds) {
   expectWithin(MEMBER(Sqrt_64f), mpfr_sqrt, 0.5, {{1e-300, 1e300}});
 }
 
+// Rounding of single operations may cost a unit or two more, but no digits.
+TEST(ElementaryAccuracy, ExponentialsOfDoublesInEveryRoundingMode) {
+  Random random;
+  std::vector<double> x(20000);
+  for (double& e : x) e = 700 * random.value<double>();
+  for (const int mode : allRoundings) {
+    const auto got = [&] {
+      const UnderRounding scope(mode);
+      return run(MEMBER(Exp_64f), x);
+    }();
+    expectWithinUlps(
+        got, 4, 0, [&](auto i) { return exactValue(mpfr_exp, x[i]); }, x);
+  }
+}
+
 template <class E>
 void expectRootsWithin(Function<E, E> member, int exponents, double bound) {
   using F = mox::Part<E>;

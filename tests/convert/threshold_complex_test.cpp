@@ -154,24 +154,35 @@ TEST(ThresholdComplex, ANaNLevelPassesAllButValues) {
 }
 
 template <class E, class F = mox::Part<E>>
-void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<Given<F>>& levels) {
-  for (const F level : levels) {
-    const auto src = manyElements<E>(level);
-    const auto got = run(member, src, level);
-    ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
-    for (std::size_t i = 0; i < src.size(); ++i) {
-      SCOPED_TRACE(text(src[i]) + ", level " + text(level));
-      const E z = src[i], r = got.values[i];
-      if (compare(z, 1) == unordered) {
-        ASSERT_TRUE(std::isnan(r.re) || std::isnan(r.im));
-        continue;
-      }
-      const Exact unit = atLevel(z, 1);
-      const long double root = std::hypot((long double)z.re, (long double)z.im);
-      const auto over = [&](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
-      expectNear(r, {over(unit.re), over(root == 0 ? 0 : -unit.im)}, 5);
+void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<E>& src, F level) {
+  const auto got = run(member, src, level);
+  ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
+  for (std::size_t i = 0; i < src.size(); ++i) {
+    SCOPED_TRACE(text(src[i]) + ", level " + text(level));
+    const E z = src[i], r = got.values[i];
+    if (compare(z, 1) == unordered) {
+      ASSERT_TRUE(std::isnan(r.re) || std::isnan(r.im));
+      continue;
     }
+    const Exact unit = atLevel(z, 1);
+    const long double root = std::hypot((long double)z.re, (long double)z.im);
+    const auto over = [&](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
+    expectNear(r, {over(unit.re), over(root == 0 ? 0 : -unit.im)}, 3);
   }
+}
+
+// Elements of all sizes, and such whose squared magnitude is next to overflow.
+template <class E, class F = mox::Part<E>>
+void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<Given<F>>& levels) {
+  for (const F level : levels) expectReciprocals(member, manyElements<E>(level), F(level));
+  Random random;
+  std::vector<E> huge = {{0, 0}};
+  for (int i = 0; i < 20000; ++i) {
+    const F root = std::ldexp(F(1), std::numeric_limits<F>::max_exponent / 2);
+    const F re = root * (F(0.7) + F(0.25) * random.value<F>());
+    huge.push_back({re, root * F(0.3) * random.value<F>()});
+  }
+  expectReciprocals(member, huge, F(0));
 }
 
 TEST(ThresholdComplex, ReciprocalsOfRaisedMagnitudes) {
