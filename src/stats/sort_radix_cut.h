@@ -24,12 +24,10 @@ template <class Bits>
 struct BelowCut;
 template <>
 struct BelowCut<Mox32u> {
-  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 12}, {12, 12}};
 };
 template <>
 struct BelowCut<Mox64u> {
-  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 12}, {12, 11}, {23, 11}, {34, 11}, {45, 11}};
 };
 

@@ -52,7 +52,7 @@ struct Digit {
   constexpr auto of(auto key) const { return key >> shift & (values() - 1); }
 };
 
-// The digits of whole keys, lowest first; `crowded` where few values of the highest may be common.
+// The digits of whole keys, lowest first.
 template <class Bits>
 struct WholeKeys;
 template <>
@@ -61,17 +61,14 @@ struct WholeKeys<Mox8u> {
 };
 template <>
 struct WholeKeys<Mox16u> {
-  static constexpr bool crowded = false;
   static constexpr Digit digits[] = {{0, 8}, {8, 8}};
 };
 template <>
 struct WholeKeys<Mox32u> {
-  static constexpr bool crowded = true;
   static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}};
 };
 template <>
 struct WholeKeys<Mox64u> {
-  static constexpr bool crowded = true;
   static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}, {32, 11}, {43, 11}, {54, 10}};
 };
 
@@ -144,12 +141,13 @@ class DigitTables {
 
 // Each pass stores the keys in the order of one digit, and leaves keys of the same digit as they
 // were: the last pass leaves them sorted, in `keys` after an even number of passes, else in
-// `other`. Where keys may crowd in few values of the highest digit, as floats do, and would wait
-// for each other's places, the last pass works from both ends.
+// `other`. Whole floats crowd in few values of the highest digit and would wait for each other's
+// places: their last pass works from both ends.
 template <class Key, class Digits, class T>
 [[gnu::noinline]] void sortByDigits(T* keys, T* other, long len) {
   using Bits = typename Key::Bits;
   constexpr int last = digitCount<Digits> - 1;
+  constexpr bool crowded = std::is_floating_point_v<T> && std::is_same_v<Digits, WholeKeys<Bits>>;
   DigitTables<Digits> tables;
   for (long i = 0; i < len; ++i) tables.tally(Key::mapped(load<Bits>(keys + i)));
   tables.place();
@@ -162,7 +160,7 @@ template <class Key, class Digits, class T>
       store(to + takePlace(key), d == last ? Key::unmapped(key) : key);
     };
     const auto near = [&](Bits key) { return tables.template takePlace<d>(key); };
-    if constexpr (d < last || !Digits::crowded) {
+    if constexpr (d < last || !crowded) {
       for (long i = 0; i < len; ++i) move(i, near);
     } else {
       auto ends = tables.template ends<d>(len);
