@@ -16,6 +16,7 @@
 
 #include "frame/elements.h"
 #include "frame/widen.h"
+#include "stats/page_ahead.h"
 
 namespace mox {
 
@@ -67,6 +68,12 @@ inline constexpr std::type_identity<T> as{};
 template <class T, int channels, int parts>
 struct Folded {
   T of[channels][parts];
+};
+
+// Terms of one source, whose element i gives term i.
+template <class Terms, class E>
+struct OneSource : Terms {
+  const E* source;
 };
 
 namespace detail {
@@ -127,6 +134,7 @@ class Folding {
   using All = Lanes<F, order.lanes, channels>;
   using One = Lanes<F, All::width, channels>;
 
+  static constexpr bool ofOneSource = requires(const Terms& t) { t.source; };
   static constexpr bool widens = order.widenAt > 0;
   static constexpr int totalLanes = widens ? order.widenAt / 2 : One::width;
   using Total = std::conditional_t<widens, Mox64f, F>;
@@ -183,9 +191,9 @@ class Folding {
   // Adds the terms up to `end` to the lanes, and those to the total.
   [[gnu::always_inline]] void addBlock(All lanes, long end) {
     // The fewer instructions stand between the loads, the further ahead of a chain of additions do
-    // those reach that memory keeps waiting.
-    constexpr long longStep = (8 * All::width + order.step - 1) / order.step * order.step;
-    addSteps<longStep>(lanes, end);
+    // those reach that memory keeps waiting. Two channels of two sources lack the registers.
+    if constexpr (ofOneSource || channels == 1)
+      addSteps<(8 * All::width + order.step - 1) / order.step * order.step>(lanes, end);
     addSteps<order.step>(lanes, end);
     if constexpr (order.tail != Tail::folded && order.tail != Tail::serial)
       if (i_ < end) addRest(lanes, end);
@@ -194,8 +202,11 @@ class Folding {
 
   template <long step>
   [[gnu::always_inline]] void addSteps(All& lanes, long end) {
-    for (const long last = end - step; i_ <= last; i_ += step)
+    for (const long last = end - step; i_ <= last; i_ += step) {
+      if constexpr (ofOneSource && step > order.step)
+        PageAhead(terms_.source, n_).template ask<step>(i_);
       for (long j = 0; j < step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
+    }
   }
 
   template <int count>

@@ -26,15 +26,6 @@ template <class T, class E>
     return loadWidened<T>(p);
 }
 
-// Conversions of a single source crowd the window in which the processor looks ahead for loads; so
-// these ask for what comes a KiB later, be it there or not.
-template <class T, class... E>
-[[gnu::always_inline]] inline void askAhead(const E*... p) {
-  if constexpr (!std::is_arithmetic_v<T> && sizeof...(E) == 1)
-    if constexpr (((sizeof(E) < sizeof(T) / laneCount<T>)&&...))
-      (__builtin_prefetch(reinterpret_cast<const void*>(addressOf(p) + 1024)), ...);
-}
-
 template <class T>
 T difference(T x) {
   return x;
@@ -42,6 +33,16 @@ T difference(T x) {
 template <class T>
 T difference(T a, T b) {
   return a - b;
+}
+
+// Terms, and whether they are of one source.
+template <class Terms, class E>
+auto from(const Terms& terms, const E* source) {
+  return OneSource<Terms, E>{terms, source};
+}
+template <class Terms, class A, class B>
+auto from(const Terms& terms, const A*, const B*) {
+  return terms;
 }
 
 // Parts of complex elements count as numbers of their own.
@@ -55,10 +56,10 @@ auto numbersOf(const E*... src) {
 // op of one number of each source.
 template <class Op, class... E>
 auto termsOf(Op op, const E*... src) {
-  return [op, ... p = parts(src)]<class T>(std::type_identity<T>, long i) {
-    askAhead<T>(p + i...);
+  const auto terms = [op, ... p = parts(src)]<class T>(std::type_identity<T>, long i) {
     return std::array{op(numberAt<T>(p + i)...)};
   };
+  return from(terms, parts(src)...);
 }
 
 }  // namespace mox

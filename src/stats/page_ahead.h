@@ -1,0 +1,28 @@
+// Long vectors come from memory faster when a page is asked for before its turn: a processor's own
+// look ahead ends with the page at hand.
+#pragma once
+
+namespace mox {
+
+// What one pass through a vector asks for. Short vectors are in a cache, where asking is a waste.
+template <class E>
+class PageAhead {
+  static constexpr long lineBytes = 64, pageBytes = 4096, longBytes = 1 << 20;
+  static constexpr long size = sizeof(E), page = pageBytes / size;
+
+ public:
+  PageAhead(const E* src, long len) : src_(src), end_(len < longBytes / size ? 0 : len - page) {}
+
+  // Asks for what lies a page behind the `count` elements from i on.
+  template <long count>
+  [[gnu::always_inline]] void ask(long i) const {
+    if (i >= end_) return;
+    for (long j = 0; j < count; j += lineBytes / size) __builtin_prefetch(src_ + page + i + j);
+  }
+
+ private:
+  const E* src_;
+  long end_;
+};
+
+}  // namespace mox
