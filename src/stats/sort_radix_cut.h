@@ -17,41 +17,50 @@ namespace mox {
 constexpr long longestUncut = 1 << 19;
 constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
-constexpr int crowdedBits = 3, mostParts = cutParts << crowdedBits;
+constexpr int fineBits = 12, fineParts = 1 << fineBits, mostInUse = 2 * cutParts;
 
-// The digits that remain within a part.
-template <class Bits>
-struct BelowCut;
+// The digits that remain within a part after so many bits.
+template <class Bits, int bits>
+struct Below;
 template <>
-struct BelowCut<Mox32u> {
+struct Below<Mox32u, cutBits> {
   static constexpr Digit digits[] = {{0, 12}, {12, 12}};
 };
 template <>
-struct BelowCut<Mox64u> {
+struct Below<Mox32u, fineBits> {
+  static constexpr Digit digits[] = {{0, 10}, {10, 10}};
+};
+template <>
+struct Below<Mox64u, cutBits> {
   static constexpr Digit digits[] = {{0, 12}, {12, 11}, {23, 11}, {34, 11}, {45, 11}};
 };
+template <>
+struct Below<Mox64u, fineBits> {
+  static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}, {32, 10}, {42, 10}};
+};
 
-// All keys agree in the bits above so many.
+// All keys agree in the bits above so many. As a rule the first few already differ in all.
 template <class Bits>
-int differingBits(const void* keys, long len) {
+int differingBits(const Bits* keys, long len) {
   using Vector = V<Bits, 16 / sizeof(Bits)>;
   constexpr int lanes = laneCount<Vector>;
-  const auto* key = static_cast<const Bits*>(keys);
-  const Bits first = load<Bits>(key);
-  Vector differing = {};
-  long i = 0;
-  for (; i <= len - lanes; i += lanes)
-    differing |= load<Vector>(key + i) ^ broadcast<Vector>(first);
-  Bits bits = 0;
-  for (int lane = 0; lane < lanes; ++lane) bits |= differing[lane];
-  for (; i < len; ++i) bits |= load<Bits>(key + i) ^ first;
-  return std::bit_width(bits);
+  constexpr long block = 1024;
+  const Bits first = load<Bits>(keys);
+  Bits differing = 0;
+  for (long i = 0; i < len && std::bit_width(differing) < 8 * int(sizeof(Bits));) {
+    Vector wide = {};
+    const long end = std::min(i + block, len);
+    for (; i <= end - lanes; i += lanes) wide |= load<Vector>(keys + i) ^ broadcast<Vector>(first);
+    for (; i < end; ++i) differing |= load<Bits>(keys + i) ^ first;
+    for (int lane = 0; lane < lanes; ++lane) differing |= wide[lane];
+  }
+  return std::bit_width(differing);
 }
 
 // Part p is the keys whose bits from `shift` on, modulo `count`, are p; it starts at starts[p].
 struct Parts {
   int shift, count;
-  Mox32u starts[mostParts + 1];
+  Mox32u starts[fineParts + 1];
 };
 
 // Deals out keys that differ in the lowest `bits` bits. Two stretches of the vector are read side
@@ -73,17 +82,18 @@ Parts cut(const T* from, T* to, long len, int bits) {
   };
 
   Parts parts;
-  parts.shift = std::max(bits - cutBits - crowdedBits, 0);
-  parts.count = mostParts;
-  Mox32u places[stretches][mostParts] = {};
+  parts.shift = std::max(bits - fineBits, 0);
+  parts.count = fineParts;
+  Mox32u places[stretches][fineParts] = {};
   eachKey(parts.shift, parts.count, [&](int s, Bits, auto part) { ++places[s][part]; });
-  int used = 0;
-  for (int p = 0; p < mostParts; ++p) used += (places[0][p] | places[1][p]) != 0;
-  if (used > cutParts) {
-    parts.shift += crowdedBits;
+  int inUse = 0;
+  for (int p = 0; p < fineParts; ++p) inUse += (places[0][p] | places[1][p]) != 0;
+  if (inUse > mostInUse) {
+    constexpr int joined = fineBits - cutBits;
+    parts.shift += joined;
     parts.count = cutParts;
     for (auto& place : places)
-      for (int p = 0; p < mostParts; ++p) place[p >> crowdedBits] += std::exchange(place[p], 0);
+      for (int p = 0; p < fineParts; ++p) place[p >> joined] += std::exchange(place[p], 0);
   }
 
   Mox32u next = 0;
@@ -104,13 +114,18 @@ Parts cut(const T* from, T* to, long len, int bits) {
 template <class Key, class T>
 void sortByParts(T* keys, T* other, long len, bool intoOther) {
   using Bits = typename Key::Bits;
-  const Parts parts = cut<Key>(keys, other, len, differingBits<Bits>(keys, len));
+  const Parts parts =
+      cut<Key>(keys, other, len, differingBits(reinterpret_cast<const Bits*>(keys), len));
+  const bool fine = parts.shift <= int(8 * sizeof(Bits)) - fineBits;
   for (int p = 0; p < parts.count; ++p) {
     const long start = parts.starts[p], length = parts.starts[p + 1] - start;
+    T *part = other + start, *spare = keys + start;
     if (length > longestUncut && parts.shift > 0)
-      sortByParts<Key>(other + start, keys + start, length, !intoOther);
+      sortByParts<Key>(part, spare, length, !intoOther);
+    else if (length > 0 && fine)
+      sortByDigits<Key, Below<Bits, fineBits>>(part, spare, length, !intoOther);
     else if (length > 0)
-      sortByDigits<Key, BelowCut<Bits>>(other + start, keys + start, length, !intoOther);
+      sortByDigits<Key, Below<Bits, cutBits>>(part, spare, length, !intoOther);
   }
 }
 
