@@ -1,5 +1,5 @@
-// Sorts beside the standard library's and Highway's vectorised quicksort with AVX2. Every call sorts
-// a copy of random data, for which all sides pay alike.
+// Sorts beside the standard library's and Highway's vectorised quicksort with AVX2. Every call
+// sorts a copy of random data, for which all sides pay alike.
 #include <hwy/contrib/sort/vqsort.h>
 #include <hwy/targets.h>
 #include <moxsp.h>

@@ -5,6 +5,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -37,20 +38,15 @@ MoxStatus abs(const E* src, E* dst, int len) {
   return moxOk;
 }
 
-template <class E>
-MoxStatus absInPlace(E* srcDst, int len) {
-  return abs<E>(srcDst, srcDst, len);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsAbs_16s, abs<Mox16s>);
 MOX_EXPORT(moxsAbs_32s, abs<Mox32s>);
 MOX_EXPORT(moxsAbs_32f, abs<Mox32f>);
 MOX_EXPORT(moxsAbs_64f, abs<Mox64f>);
-MOX_EXPORT(moxsAbs_16s_I, absInPlace<Mox16s>);
-MOX_EXPORT(moxsAbs_32s_I, absInPlace<Mox32s>);
-MOX_EXPORT(moxsAbs_32f_I, absInPlace<Mox32f>);
-MOX_EXPORT(moxsAbs_64f_I, absInPlace<Mox64f>);
+MOX_EXPORT(moxsAbs_16s_I, inPlace<abs<Mox16s>>);
+MOX_EXPORT(moxsAbs_32s_I, inPlace<abs<Mox32s>>);
+MOX_EXPORT(moxsAbs_32f_I, inPlace<abs<Mox32f>>);
+MOX_EXPORT(moxsAbs_64f_I, inPlace<abs<Mox64f>>);
 
 }  // namespace mox

@@ -5,6 +5,7 @@
 #include "arith/arctan.h"
 #include "arith/vector_function.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -49,16 +50,11 @@ MoxStatus arctan(const E* src, E* dst, int len) {
   return moxOk;
 }
 
-template <class Function, class E>
-MoxStatus arctanInPlace(E* srcDst, int len) {
-  return arctan<Function, E>(srcDst, srcDst, len);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsArctan_32f, arctan<Arctan32f, Mox32f>);
-MOX_EXPORT(moxsArctan_32f_I, arctanInPlace<Arctan32f, Mox32f>);
+MOX_EXPORT(moxsArctan_32f_I, inPlace<arctan<Arctan32f, Mox32f>>);
 MOX_EXPORT(moxsArctan_64f, arctan<Arctan64f, Mox64f>);
-MOX_EXPORT(moxsArctan_64f_I, arctanInPlace<Arctan64f, Mox64f>);
+MOX_EXPORT(moxsArctan_64f_I, inPlace<arctan<Arctan64f, Mox64f>>);
 
 }  // namespace mox

@@ -5,6 +5,7 @@
 #include "arith/mul_constant.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -55,11 +56,6 @@ MoxStatus div(const E* src1, const E* src2, E* dst, int len) {
   return divideNoting(dst, len, src1, src2);
 }
 template <class E>
-MoxStatus divInPlace(const E* src, E* srcDst, int len) {
-  return div(src, srcDst, srcDst, len);
-}
-
-template <class E>
 bool isZero(E val) {
   if constexpr (Complex<E>)
     return val.re == 0 && val.im == 0;
@@ -77,17 +73,10 @@ MoxStatus divConstant(const E* src, E val, E* dst, int len) {
     mapDivision([](auto a, auto b) { return quotient<E>(a, b); }, dst, len, Same<E>{val}, src);
   return moxOk;
 }
-template <class E>
-MoxStatus divConstantInPlace(E val, E* srcDst, int len) {
-  return divConstant(srcDst, val, srcDst, len);
-}
 
 MoxStatus divConstantReversed(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   return divideNoting(dst, len, src, Same<Mox32f>{val});
-}
-MoxStatus divConstantReversedInPlace(Mox32f val, Mox32f* srcDst, int len) {
-  return divConstantReversed(srcDst, val, srcDst, len);
 }
 
 }  // namespace
@@ -96,21 +85,21 @@ MOX_EXPORT(moxsDiv_32f, div<Mox32f>);
 MOX_EXPORT(moxsDiv_64f, div<Mox64f>);
 MOX_EXPORT(moxsDiv_32fc, div<Mox32fc>);
 MOX_EXPORT(moxsDiv_64fc, div<Mox64fc>);
-MOX_EXPORT(moxsDiv_32f_I, divInPlace<Mox32f>);
-MOX_EXPORT(moxsDiv_64f_I, divInPlace<Mox64f>);
-MOX_EXPORT(moxsDiv_32fc_I, divInPlace<Mox32fc>);
-MOX_EXPORT(moxsDiv_64fc_I, divInPlace<Mox64fc>);
+MOX_EXPORT(moxsDiv_32f_I, inPlace<div<Mox32f>>);
+MOX_EXPORT(moxsDiv_64f_I, inPlace<div<Mox64f>>);
+MOX_EXPORT(moxsDiv_32fc_I, inPlace<div<Mox32fc>>);
+MOX_EXPORT(moxsDiv_64fc_I, inPlace<div<Mox64fc>>);
 
 MOX_EXPORT(moxsDivC_32f, divConstant<Mox32f>);
 MOX_EXPORT(moxsDivC_64f, divConstant<Mox64f>);
 MOX_EXPORT(moxsDivC_32fc, divConstant<Mox32fc>);
 MOX_EXPORT(moxsDivC_64fc, divConstant<Mox64fc>);
-MOX_EXPORT(moxsDivC_32f_I, divConstantInPlace<Mox32f>);
-MOX_EXPORT(moxsDivC_64f_I, divConstantInPlace<Mox64f>);
-MOX_EXPORT(moxsDivC_32fc_I, divConstantInPlace<Mox32fc>);
-MOX_EXPORT(moxsDivC_64fc_I, divConstantInPlace<Mox64fc>);
+MOX_EXPORT(moxsDivC_32f_I, inPlace<divConstant<Mox32f>>);
+MOX_EXPORT(moxsDivC_64f_I, inPlace<divConstant<Mox64f>>);
+MOX_EXPORT(moxsDivC_32fc_I, inPlace<divConstant<Mox32fc>>);
+MOX_EXPORT(moxsDivC_64fc_I, inPlace<divConstant<Mox64fc>>);
 
 MOX_EXPORT(moxsDivCRev_32f, divConstantReversed);
-MOX_EXPORT(moxsDivCRev_32f_I, divConstantReversedInPlace);
+MOX_EXPORT(moxsDivCRev_32f_I, inPlace<divConstantReversed>);
 
 }  // namespace mox

@@ -6,6 +6,7 @@
 #include "arith/div_quotient.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/rounding_control.h"
 
 namespace mox {
@@ -92,24 +93,18 @@ MoxStatus div(const Mox16sc* src1, const Mox16sc* src2, Mox16sc* dst, int len, i
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   return divide(scaleFactor, -32, dst, len, src1, src2);
 }
-MoxStatus divInPlace(const Mox16sc* src, Mox16sc* srcDst, int len, int scaleFactor) {
-  return div(src, srcDst, srcDst, len, scaleFactor);
-}
 
 MoxStatus divConstant(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (val.re == 0 && val.im == 0) return moxErrDivByZero;
   return divide(scaleFactor, -16, dst, len, Same<Mox16sc>{val}, src);
 }
-MoxStatus divConstantInPlace(Mox16sc val, Mox16sc* srcDst, int len, int scaleFactor) {
-  return divConstant(srcDst, val, srcDst, len, scaleFactor);
-}
 
 }  // namespace
 
 MOX_EXPORT(moxsDiv_16sc_Sfs, div);
-MOX_EXPORT(moxsDiv_16sc_ISfs, divInPlace);
+MOX_EXPORT(moxsDiv_16sc_ISfs, inPlace<div>);
 MOX_EXPORT(moxsDivC_16sc_Sfs, divConstant);
-MOX_EXPORT(moxsDivC_16sc_ISfs, divConstantInPlace);
+MOX_EXPORT(moxsDivC_16sc_ISfs, inPlace<divConstant>);
 
 }  // namespace mox

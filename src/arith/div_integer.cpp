@@ -8,6 +8,7 @@
 #include "arith/div_quotient.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/rounding_control.h"
 
 namespace mox {
@@ -87,14 +88,10 @@ MoxStatus divide(int factor, D* dst, long len, A divisor, B dividend) {
                                          dividend);
 }
 
-template <class A, class B, class D>
+template <class A, class B = A, class D = A>
 MoxStatus div(const A* src1, const B* src2, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   return divide(scaleFactor, dst, len, src1, src2);
-}
-template <class E>
-MoxStatus divInPlace(const E* src, E* srcDst, int len, int scaleFactor) {
-  return div(src, srcDst, srcDst, len, scaleFactor);
 }
 
 // Its results at low factors are those of single precision.
@@ -106,9 +103,6 @@ MoxStatus div16s(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len, i
   const RoundingScope toNearest(Rounding::nearEven);
   return mapQuotients<Floats, moxRoundNearEven>(ByDivision<Floats>(scaleFactor), dst, len, src1,
                                                 src2);
-}
-MoxStatus div16sInPlace(const Mox16s* src, Mox16s* srcDst, int len, int scaleFactor) {
-  return div16s(src, srcDst, srcDst, len, scaleFactor);
 }
 
 template <class E>
@@ -124,10 +118,6 @@ MoxStatus divRounded(const E* src1, const E* src2, E* dst, int len, int rndMode,
   }
   return moxErrRoundMode;
 }
-template <class E>
-MoxStatus divRoundedInPlace(const E* src, E* srcDst, int len, int rndMode, int scaleFactor) {
-  return divRounded(src, srcDst, srcDst, len, rndMode, scaleFactor);
-}
 
 template <class E>
 MoxStatus divConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
@@ -135,46 +125,39 @@ MoxStatus divConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
   if (val == 0) return moxErrDivByZero;
   return divide(scaleFactor, dst, len, Same<E>{val}, src);
 }
-template <class E>
-MoxStatus divConstantInPlace(E val, E* srcDst, int len, int scaleFactor) {
-  return divConstant(srcDst, val, srcDst, len, scaleFactor);
-}
 
 MoxStatus divConstantReversed(const Mox16u* src, Mox16u val, Mox16u* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   return divide(0, dst, len, src, Same<Mox16u>{val});
 }
-MoxStatus divConstantReversedInPlace(Mox16u val, Mox16u* srcDst, int len) {
-  return divConstantReversed(srcDst, val, srcDst, len);
-}
 
 }  // namespace
 
-MOX_EXPORT(moxsDiv_8u_Sfs, div<Mox8u, Mox8u, Mox8u>);
-MOX_EXPORT(moxsDiv_8u_ISfs, divInPlace<Mox8u>);
+MOX_EXPORT(moxsDiv_8u_Sfs, div<Mox8u>);
+MOX_EXPORT(moxsDiv_8u_ISfs, inPlace<div<Mox8u>>);
 MOX_EXPORT(moxsDiv_16s_Sfs, div16s);
-MOX_EXPORT(moxsDiv_16s_ISfs, div16sInPlace);
-MOX_EXPORT(moxsDiv_16u_Sfs, div<Mox16u, Mox16u, Mox16u>);
-MOX_EXPORT(moxsDiv_16u_ISfs, divInPlace<Mox16u>);
-MOX_EXPORT(moxsDiv_32s_Sfs, div<Mox32s, Mox32s, Mox32s>);
-MOX_EXPORT(moxsDiv_32s_ISfs, divInPlace<Mox32s>);
+MOX_EXPORT(moxsDiv_16s_ISfs, inPlace<div16s>);
+MOX_EXPORT(moxsDiv_16u_Sfs, div<Mox16u>);
+MOX_EXPORT(moxsDiv_16u_ISfs, inPlace<div<Mox16u>>);
+MOX_EXPORT(moxsDiv_32s_Sfs, div<Mox32s>);
+MOX_EXPORT(moxsDiv_32s_ISfs, inPlace<div<Mox32s>>);
 MOX_EXPORT(moxsDiv_32s16s_Sfs, div<Mox16s, Mox32s, Mox16s>);
 
 MOX_EXPORT(moxsDiv_Round_8u_Sfs, divRounded<Mox8u>);
-MOX_EXPORT(moxsDiv_Round_8u_ISfs, divRoundedInPlace<Mox8u>);
+MOX_EXPORT(moxsDiv_Round_8u_ISfs, inPlace<divRounded<Mox8u>>);
 MOX_EXPORT(moxsDiv_Round_16s_Sfs, divRounded<Mox16s>);
-MOX_EXPORT(moxsDiv_Round_16s_ISfs, divRoundedInPlace<Mox16s>);
+MOX_EXPORT(moxsDiv_Round_16s_ISfs, inPlace<divRounded<Mox16s>>);
 MOX_EXPORT(moxsDiv_Round_16u_Sfs, divRounded<Mox16u>);
-MOX_EXPORT(moxsDiv_Round_16u_ISfs, divRoundedInPlace<Mox16u>);
+MOX_EXPORT(moxsDiv_Round_16u_ISfs, inPlace<divRounded<Mox16u>>);
 
 MOX_EXPORT(moxsDivC_8u_Sfs, divConstant<Mox8u>);
-MOX_EXPORT(moxsDivC_8u_ISfs, divConstantInPlace<Mox8u>);
+MOX_EXPORT(moxsDivC_8u_ISfs, inPlace<divConstant<Mox8u>>);
 MOX_EXPORT(moxsDivC_16s_Sfs, divConstant<Mox16s>);
-MOX_EXPORT(moxsDivC_16s_ISfs, divConstantInPlace<Mox16s>);
+MOX_EXPORT(moxsDivC_16s_ISfs, inPlace<divConstant<Mox16s>>);
 MOX_EXPORT(moxsDivC_16u_Sfs, divConstant<Mox16u>);
-MOX_EXPORT(moxsDivC_16u_ISfs, divConstantInPlace<Mox16u>);
+MOX_EXPORT(moxsDivC_16u_ISfs, inPlace<divConstant<Mox16u>>);
 
 MOX_EXPORT(moxsDivCRev_16u, divConstantReversed);
-MOX_EXPORT(moxsDivCRev_16u_I, divConstantReversedInPlace);
+MOX_EXPORT(moxsDivCRev_16u_I, inPlace<divConstantReversed>);
 
 }  // namespace mox

@@ -11,15 +11,11 @@
 namespace mox {
 
 // dst = op(src1, src2)
-template <auto op, class E1, class E2, class D>
-MoxStatus mapPair(const E1* src1, const E2* src2, D* dst, int len) {
+template <auto op, class A, class B = A, class D = A>
+MoxStatus mapPair(const A* src1, const B* src2, D* dst, int len) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   mapElements<Stores::bypassing>(op, dst, len, src1, src2);
   return moxOk;
-}
-template <auto op, class S, class D>
-MoxStatus mapPairInPlace(const S* src, D* srcDst, int len) {
-  return mapPair<op>(src, srcDst, srcDst, len);
 }
 
 // The same for operations that treat the parts of a complex element alike. The length is looked at
@@ -31,10 +27,6 @@ MoxStatus mapParts(const E* src1, const E* src2, E* dst, int len) {
   mapElements<Stores::bypassing>(op, parts(dst), 2L * len, parts(src1), parts(src2));
   return moxOk;
 }
-template <auto op, Complex E>
-MoxStatus mapPartsInPlace(const E* src, E* srcDst, int len) {
-  return mapParts<op>(src, srcDst, srcDst, len);
-}
 
 // dst = op(src, val)
 template <auto op, class E>
@@ -42,10 +34,6 @@ MoxStatus mapConstant(const E* src, E val, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   mapElements<Stores::bypassing>(op, dst, len, src, Same<E>{val});
   return moxOk;
-}
-template <auto op, class E>
-MoxStatus mapConstantInPlace(E val, E* srcDst, int len) {
-  return mapConstant<op>(srcDst, val, srcDst, len);
 }
 
 // The same where 0 stands for no operation at all: each value stays to the bit, -0 and signalling
@@ -56,10 +44,6 @@ MoxStatus mapUnlessZero(const E* src, E val, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (src != dst) copyElements(src, dst, len);
   return moxOk;
-}
-template <auto op, class E>
-MoxStatus mapUnlessZeroInPlace(E val, E* srcDst, int len) {
-  return mapUnlessZero<op>(srcDst, val, srcDst, len);
 }
 
 }  // namespace mox

@@ -9,6 +9,7 @@
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -71,12 +72,6 @@ MoxStatus expFloat(const Mox32f* src, Mox32f* dst, int len) {
   return moxOk;
 }
 
-MoxStatus expFloatInPlace(Mox32f* srcDst, int len) { return expFloat(srcDst, srcDst, len); }
-
-MoxStatus expDoubleInPlace(Mox64f* srcDst, int len) {
-  return exponential<Exp64f>(srcDst, srcDst, len);
-}
-
 // e^x times 2^-factor for integers x. The factor joins the exponent, so that neither has to be in
 // the range of a double; beyond 2^100 or 2^-100 every result is at a limit of its type, or 0.
 class ScaledExp {
@@ -115,25 +110,20 @@ MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
   return moxOk;
 }
 
-template <class E>
-MoxStatus expScaledInPlace(E* srcDst, int len, int scaleFactor) {
-  return expScaled<E>(srcDst, srcDst, len, scaleFactor);
-}
-
 }  // namespace
 
 const VectorFunction<Mox32f> ownsExp_32f(runFunction<Exp32f>, 4.02f, 4.53f, 2.34f);
 
 MOX_EXPORT(moxsExp_32f, expFloat);
-MOX_EXPORT(moxsExp_32f_I, expFloatInPlace);
+MOX_EXPORT(moxsExp_32f_I, inPlace<expFloat>);
 MOX_EXPORT(moxsExp_64f, exponential<Exp64f>);
-MOX_EXPORT(moxsExp_64f_I, expDoubleInPlace);
+MOX_EXPORT(moxsExp_64f_I, inPlace<exponential<Exp64f, Mox64f, Mox64f>>);
 MOX_EXPORT(moxsExp_32f64f, exponential<Exp64f>);
 MOX_EXPORT(moxsExp_16s_Sfs, expScaled<Mox16s>);
-MOX_EXPORT(moxsExp_16s_ISfs, expScaledInPlace<Mox16s>);
+MOX_EXPORT(moxsExp_16s_ISfs, inPlace<expScaled<Mox16s>>);
 MOX_EXPORT(moxsExp_32s_Sfs, expScaled<Mox32s>);
-MOX_EXPORT(moxsExp_32s_ISfs, expScaledInPlace<Mox32s>);
+MOX_EXPORT(moxsExp_32s_ISfs, inPlace<expScaled<Mox32s>>);
 MOX_EXPORT(moxsExp_64s_Sfs, expScaled<Mox64s>);
-MOX_EXPORT(moxsExp_64s_ISfs, expScaledInPlace<Mox64s>);
+MOX_EXPORT(moxsExp_64s_ISfs, inPlace<expScaled<Mox64s>>);
 
 }  // namespace mox

@@ -6,6 +6,7 @@
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -48,17 +49,14 @@ MoxStatus lnDouble(const Mox64f* src, D* dst, int len) {
   return lnStatus(runFunction<Ln64f>(src, dst, len));
 }
 
-MoxStatus lnFloatInPlace(Mox32f* srcDst, int len) { return lnFloat(srcDst, srcDst, len); }
-MoxStatus lnDoubleInPlace(Mox64f* srcDst, int len) { return lnDouble(srcDst, srcDst, len); }
-
 }  // namespace
 
 const VectorFunction<Mox32f> ownsLn_32f(runFunction<Ln32f>, 3.35f, 4.19f, 2.28f);
 
 MOX_EXPORT(moxsLn_32f, lnFloat);
-MOX_EXPORT(moxsLn_32f_I, lnFloatInPlace);
+MOX_EXPORT(moxsLn_32f_I, inPlace<lnFloat>);
 MOX_EXPORT(moxsLn_64f, lnDouble<Mox64f>);
-MOX_EXPORT(moxsLn_64f_I, lnDoubleInPlace);
+MOX_EXPORT(moxsLn_64f_I, inPlace<lnDouble<Mox64f>>);
 MOX_EXPORT(moxsLn_64f32f, lnDouble<Mox32f>);
 
 }  // namespace mox

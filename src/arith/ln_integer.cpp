@@ -5,6 +5,7 @@
 #include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -32,11 +33,6 @@ MoxStatus scaled(const S* src, D* dst, int len, int scaleFactor) {
   return note.status();
 }
 
-template <class Logarithm, class E>
-MoxStatus scaledInPlace(E* srcDst, int len, int scaleFactor) {
-  return scaled<Logarithm, E, E>(srcDst, srcDst, len, scaleFactor);
-}
-
 // Without a factor: the number of bounds that the element passes, each the last integer below
 // e^(k + 1/2).
 MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
@@ -58,14 +54,7 @@ MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
   return note.status();
 }
 
-MoxStatus lnShortInPlace(Mox16s* srcDst, int len, int scaleFactor) {
-  if (scaleFactor != 0) return scaledInPlace<Natural>(srcDst, len, scaleFactor);
-  if (MoxStatus s = checkArrays(len, srcDst)) return s;
-  return lnByBounds(srcDst, srcDst, len);
-}
-
 MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
-  if (src == dst) return lnShortInPlace(dst, len, scaleFactor);
   if (scaleFactor != 0) return scaled<Natural>(src, dst, len, scaleFactor);
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   return lnByBounds(src, dst, len);
@@ -74,11 +63,11 @@ MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
 }  // namespace
 
 MOX_EXPORT(moxsLn_16s_Sfs, lnShort);
-MOX_EXPORT(moxsLn_16s_ISfs, lnShortInPlace);
+MOX_EXPORT(moxsLn_16s_ISfs, inPlace<lnShort>);
 MOX_EXPORT(moxsLn_32s_Sfs, scaled<Natural, Mox32s, Mox32s>);
-MOX_EXPORT(moxsLn_32s_ISfs, scaledInPlace<Natural, Mox32s>);
+MOX_EXPORT(moxsLn_32s_ISfs, inPlace<scaled<Natural, Mox32s, Mox32s>>);
 MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural, Mox32s, Mox16s>);
 MOX_EXPORT(moxs10Log10_32s_Sfs, scaled<Decibels, Mox32s, Mox32s>);
-MOX_EXPORT(moxs10Log10_32s_ISfs, scaledInPlace<Decibels, Mox32s>);
+MOX_EXPORT(moxs10Log10_32s_ISfs, inPlace<scaled<Decibels, Mox32s, Mox32s>>);
 
 }  // namespace mox

@@ -5,6 +5,7 @@
 #include "arith/mul_constant.h"
 #include "arith/operations.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 
@@ -28,30 +29,27 @@ MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
   ownsMulC(src, val, dst, len);
   return moxOk;
 }
-MoxStatus mulConstantInPlace(Mox32f val, Mox32f* srcDst, int len) {
-  return mulConstant(srcDst, val, srcDst, len);
-}
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f, Mox32f, Mox32f>);
-MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f, Mox64f, Mox64f>);
-MOX_EXPORT(moxsMul_32f_I, mapPairInPlace<product, Mox32f, Mox32f>);
-MOX_EXPORT(moxsMul_64f_I, mapPairInPlace<product, Mox64f, Mox64f>);
-MOX_EXPORT(moxsMul_32fc, mapPair<complexProduct, Mox32fc, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsMul_64fc, mapPair<complexProduct, Mox64fc, Mox64fc, Mox64fc>);
-MOX_EXPORT(moxsMul_32fc_I, mapPairInPlace<complexProduct, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsMul_64fc_I, mapPairInPlace<complexProduct, Mox64fc, Mox64fc>);
+MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f>);
+MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f>);
+MOX_EXPORT(moxsMul_32f_I, inPlace<mapPair<product, Mox32f>>);
+MOX_EXPORT(moxsMul_64f_I, inPlace<mapPair<product, Mox64f>>);
+MOX_EXPORT(moxsMul_32fc, mapPair<complexProduct, Mox32fc>);
+MOX_EXPORT(moxsMul_64fc, mapPair<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsMul_32fc_I, inPlace<mapPair<complexProduct, Mox32fc>>);
+MOX_EXPORT(moxsMul_64fc_I, inPlace<mapPair<complexProduct, Mox64fc>>);
 MOX_EXPORT(moxsMul_32f32fc, mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsMul_32f32fc_I, mapPairInPlace<realByComplex, Mox32f, Mox32fc>);
+MOX_EXPORT(moxsMul_32f32fc_I, inPlace<mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>>);
 
 MOX_EXPORT(moxsMulC_32f, mulConstant);
-MOX_EXPORT(moxsMulC_32f_I, mulConstantInPlace);
+MOX_EXPORT(moxsMulC_32f_I, inPlace<mulConstant>);
 MOX_EXPORT(moxsMulC_64f, mapConstant<product, Mox64f>);
-MOX_EXPORT(moxsMulC_64f_I, mapConstantInPlace<product, Mox64f>);
+MOX_EXPORT(moxsMulC_64f_I, inPlace<mapConstant<product, Mox64f>>);
 MOX_EXPORT(moxsMulC_32fc, mapConstant<complexProduct, Mox32fc>);
 MOX_EXPORT(moxsMulC_64fc, mapConstant<complexProduct, Mox64fc>);
-MOX_EXPORT(moxsMulC_32fc_I, mapConstantInPlace<complexProduct, Mox32fc>);
-MOX_EXPORT(moxsMulC_64fc_I, mapConstantInPlace<complexProduct, Mox64fc>);
+MOX_EXPORT(moxsMulC_32fc_I, inPlace<mapConstant<complexProduct, Mox32fc>>);
+MOX_EXPORT(moxsMulC_64fc_I, inPlace<mapConstant<complexProduct, Mox64fc>>);
 
 }  // namespace mox

@@ -5,6 +5,7 @@
 #include "arith/element_wise.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/rounding_control.h"
 
 namespace mox {
@@ -28,9 +29,6 @@ MoxStatus mul(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len, int 
   mapWidened<Doubles>([=](auto a, auto b) { return toNearest(a * factor * b); }, dst, len, src1,
                       src2);
   return moxOk;
-}
-MoxStatus mulInPlace(const Mox32s* src, Mox32s* srcDst, int len, int scaleFactor) {
-  return mul(src, srcDst, srcDst, len, scaleFactor);
 }
 
 // Scaling the product alone, by factors between the two limits; the exact rule scales the sum.
@@ -56,7 +54,7 @@ MoxStatus addProduct(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst, int
 }  // namespace
 
 MOX_EXPORT(moxsMul_32s_Sfs, mul);
-MOX_EXPORT(moxsMul_32s_ISfs, mulInPlace);
+MOX_EXPORT(moxsMul_32s_ISfs, inPlace<mul>);
 MOX_EXPORT(moxsAddProduct_32s_Sfs, addProduct);
 
 }  // namespace mox

@@ -3,6 +3,7 @@
 
 #include "arith/scaled.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -64,29 +65,21 @@ MoxStatus mul(const E* src1, const E* src2, E* dst, int len, int scaleFactor) {
   return moxOk;
 }
 template <class E>
-MoxStatus mulInPlace(const E* src, E* srcDst, int len, int scaleFactor) {
-  return mul(src, srcDst, srcDst, len, scaleFactor);
-}
-template <class E>
 MoxStatus mulConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   multiply(scaleFactor, dst, len, src, Same<E>{val});
   return moxOk;
 }
-template <class E>
-MoxStatus mulConstantInPlace(E val, E* srcDst, int len, int scaleFactor) {
-  return mulConstant(srcDst, val, srcDst, len, scaleFactor);
-}
 
 }  // namespace
 
 MOX_EXPORT(moxsMul_16sc_Sfs, mul<Mox16sc>);
-MOX_EXPORT(moxsMul_16sc_ISfs, mulInPlace<Mox16sc>);
+MOX_EXPORT(moxsMul_16sc_ISfs, inPlace<mul<Mox16sc>>);
 MOX_EXPORT(moxsMul_32sc_Sfs, mul<Mox32sc>);
-MOX_EXPORT(moxsMul_32sc_ISfs, mulInPlace<Mox32sc>);
+MOX_EXPORT(moxsMul_32sc_ISfs, inPlace<mul<Mox32sc>>);
 MOX_EXPORT(moxsMulC_16sc_Sfs, mulConstant<Mox16sc>);
-MOX_EXPORT(moxsMulC_16sc_ISfs, mulConstantInPlace<Mox16sc>);
+MOX_EXPORT(moxsMulC_16sc_ISfs, inPlace<mulConstant<Mox16sc>>);
 MOX_EXPORT(moxsMulC_32sc_Sfs, mulConstant<Mox32sc>);
-MOX_EXPORT(moxsMulC_32sc_ISfs, mulConstantInPlace<Mox32sc>);
+MOX_EXPORT(moxsMulC_32sc_ISfs, inPlace<mulConstant<Mox32sc>>);
 
 }  // namespace mox

@@ -5,6 +5,7 @@
 
 #include "arith/scaled.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -66,31 +67,31 @@ MoxStatus mulFloatConstantUnscaled(const Mox16s* src, Mox32f val, Mox16s* dst, i
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_8u_Sfs, scalePair<product, Mox8u, Mox8u, Mox8u>);
-MOX_EXPORT(moxsMul_8u_ISfs, scalePairInPlace<product, Mox8u, Mox8u>);
-MOX_EXPORT(moxsMul_16s_Sfs, scalePair<product, Mox16s, Mox16s, Mox16s>);
-MOX_EXPORT(moxsMul_16s_ISfs, scalePairInPlace<product, Mox16s, Mox16s>);
-MOX_EXPORT(moxsMul_16u_Sfs, scalePair<product, Mox16u, Mox16u, Mox16u>);
-MOX_EXPORT(moxsMul_16u_ISfs, scalePairInPlace<product, Mox16u, Mox16u>);
+MOX_EXPORT(moxsMul_8u_Sfs, scalePair<product, Mox8u>);
+MOX_EXPORT(moxsMul_8u_ISfs, inPlace<scalePair<product, Mox8u>>);
+MOX_EXPORT(moxsMul_16s_Sfs, scalePair<product, Mox16s>);
+MOX_EXPORT(moxsMul_16s_ISfs, inPlace<scalePair<product, Mox16s>>);
+MOX_EXPORT(moxsMul_16u_Sfs, scalePair<product, Mox16u>);
+MOX_EXPORT(moxsMul_16u_ISfs, inPlace<scalePair<product, Mox16u>>);
 MOX_EXPORT(moxsMul_16s32s_Sfs, scalePair<product, Mox16s, Mox16s, Mox32s>);
 MOX_EXPORT(moxsMul_16u16s_Sfs, scalePair<product, Mox16u, Mox16s, Mox16s>);
-MOX_EXPORT(moxsMul_Low_32s_Sfs, scalePair<product, Mox32s, Mox32s, Mox32s>);
+MOX_EXPORT(moxsMul_Low_32s_Sfs, scalePair<product, Mox32s>);
 MOX_EXPORT(moxsMul_32s32sc_Sfs, scalePair<product, Mox32s, Mox32sc, Mox32sc>);
-MOX_EXPORT(moxsMul_32s32sc_ISfs, scalePairInPlace<product, Mox32s, Mox32sc>);
-MOX_EXPORT(moxsMul_16s, saturatePair<product, Mox16s, Mox16s, Mox16s>);
-MOX_EXPORT(moxsMul_16s_I, saturatePairInPlace<product, Mox16s, Mox16s>);
+MOX_EXPORT(moxsMul_32s32sc_ISfs, inPlace<scalePair<product, Mox32s, Mox32sc, Mox32sc>>);
+MOX_EXPORT(moxsMul_16s, saturatePair<product, Mox16s>);
+MOX_EXPORT(moxsMul_16s_I, inPlace<saturatePair<product, Mox16s>>);
 MOX_EXPORT(moxsMul_8u16u, saturatePair<product, Mox8u, Mox8u, Mox16u>);
 MOX_EXPORT(moxsMul_16s32f, pairToFloat<product>);
 
 MOX_EXPORT(moxsMulC_8u_Sfs, scaleConstant<product, Mox8u>);
-MOX_EXPORT(moxsMulC_8u_ISfs, scaleConstantInPlace<product, Mox8u>);
+MOX_EXPORT(moxsMulC_8u_ISfs, inPlace<scaleConstant<product, Mox8u>>);
 MOX_EXPORT(moxsMulC_16s_Sfs, scaleConstant<product, Mox16s>);
-MOX_EXPORT(moxsMulC_16s_ISfs, scaleConstantInPlace<product, Mox16s>);
+MOX_EXPORT(moxsMulC_16s_ISfs, inPlace<scaleConstant<product, Mox16s>>);
 MOX_EXPORT(moxsMulC_16u_Sfs, scaleConstant<product, Mox16u>);
-MOX_EXPORT(moxsMulC_16u_ISfs, scaleConstantInPlace<product, Mox16u>);
+MOX_EXPORT(moxsMulC_16u_ISfs, inPlace<scaleConstant<product, Mox16u>>);
 MOX_EXPORT(moxsMulC_32s_Sfs, scaleConstant<product, Mox32s>);
-MOX_EXPORT(moxsMulC_32s_ISfs, scaleConstantInPlace<product, Mox32s>);
-MOX_EXPORT(moxsMulC_16s_I, saturateConstantInPlace<product, Mox16s>);
+MOX_EXPORT(moxsMulC_32s_ISfs, inPlace<scaleConstant<product, Mox32s>>);
+MOX_EXPORT(moxsMulC_16s_I, inPlace<saturateConstant<product, Mox16s>>);
 MOX_EXPORT(moxsMulC_64s_ISfs, mulConstant64);
 MOX_EXPORT(moxsMulC_64f64s_ISfs, mulDoubleConstant64);
 MOX_EXPORT(moxsMulC_32f16s_Sfs, mulFloatConstant);

@@ -139,15 +139,11 @@ void mapArithmetic(int factor, D* dst, long len, A a, B b) {
 }
 
 // dst = op(src1, src2)
-template <auto op, class A, class B, class D>
+template <auto op, class A, class B = A, class D = A>
 MoxStatus scalePair(const A* src1, const B* src2, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   mapArithmetic<op>(scaleFactor, dst, len, src1, src2);
   return moxOk;
-}
-template <auto op, class S, class D>
-MoxStatus scalePairInPlace(const S* src, D* srcDst, int len, int scaleFactor) {
-  return scalePair<op>(src, srcDst, srcDst, len, scaleFactor);
 }
 
 // Parts of complex elements, treated alike. The length is looked at before the pointers.
@@ -155,10 +151,6 @@ template <auto op, Complex E>
 MoxStatus scaleParts(const E* src1, const E* src2, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkLength(len)) return s;
   return scalePair<op>(src1, src2, dst, len, scaleFactor);
-}
-template <auto op, Complex E>
-MoxStatus scalePartsInPlace(const E* src, E* srcDst, int len, int scaleFactor) {
-  return scaleParts<op>(src, srcDst, srcDst, len, scaleFactor);
 }
 
 // dst = op(src, val)
@@ -168,23 +160,15 @@ MoxStatus scaleConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
   mapArithmetic<op>(scaleFactor, dst, len, src, Same<E>{val});
   return moxOk;
 }
-template <auto op, class E>
-MoxStatus scaleConstantInPlace(E val, E* srcDst, int len, int scaleFactor) {
-  return scaleConstant<op>(srcDst, val, srcDst, len, scaleFactor);
-}
 
 // Without a factor.
-template <auto op, class A, class B, class D>
+template <auto op, class A, class B = A, class D = A>
 MoxStatus saturatePair(const A* src1, const B* src2, D* dst, int len) {
   return scalePair<op>(src1, src2, dst, len, 0);
 }
-template <auto op, class S, class D>
-MoxStatus saturatePairInPlace(const S* src, D* srcDst, int len) {
-  return scalePairInPlace<op>(src, srcDst, len, 0);
-}
 template <auto op, class E>
-MoxStatus saturateConstantInPlace(E val, E* srcDst, int len) {
-  return scaleConstantInPlace<op>(val, srcDst, len, 0);
+MoxStatus saturateConstant(const E* src, E val, E* dst, int len) {
+  return scaleConstant<op>(src, val, dst, len, 0);
 }
 
 // Of 16-bit elements as a float, exact but for the rounding of a product.

@@ -7,6 +7,7 @@
 
 #include "arith/element_wise.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -47,10 +48,6 @@ MoxStatus shift(const E* src, int val, E* dst, int len) {
     mapElements<Stores::bypassing, 16>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
   return moxOk;
 }
-template <class Shift, class E>
-MoxStatus shiftInPlace(int val, E* srcDst, int len) {
-  return shift<Shift>(srcDst, val, srcDst, len);
-}
 
 }  // namespace
 
@@ -58,18 +55,18 @@ MOX_EXPORT(moxsLShiftC_8u, shift<LeftShift, Mox8u>);
 MOX_EXPORT(moxsLShiftC_16u, shift<LeftShift, Mox16u>);
 MOX_EXPORT(moxsLShiftC_16s, shift<LeftShift, Mox16s>);
 MOX_EXPORT(moxsLShiftC_32s, shift<LeftShift, Mox32s>);
-MOX_EXPORT(moxsLShiftC_8u_I, shiftInPlace<LeftShift, Mox8u>);
-MOX_EXPORT(moxsLShiftC_16u_I, shiftInPlace<LeftShift, Mox16u>);
-MOX_EXPORT(moxsLShiftC_16s_I, shiftInPlace<LeftShift, Mox16s>);
-MOX_EXPORT(moxsLShiftC_32s_I, shiftInPlace<LeftShift, Mox32s>);
+MOX_EXPORT(moxsLShiftC_8u_I, inPlace<shift<LeftShift, Mox8u>>);
+MOX_EXPORT(moxsLShiftC_16u_I, inPlace<shift<LeftShift, Mox16u>>);
+MOX_EXPORT(moxsLShiftC_16s_I, inPlace<shift<LeftShift, Mox16s>>);
+MOX_EXPORT(moxsLShiftC_32s_I, inPlace<shift<LeftShift, Mox32s>>);
 
 MOX_EXPORT(moxsRShiftC_8u, shift<RightShift, Mox8u>);
 MOX_EXPORT(moxsRShiftC_16u, shift<RightShift, Mox16u>);
 MOX_EXPORT(moxsRShiftC_16s, shift<RightShift, Mox16s>);
 MOX_EXPORT(moxsRShiftC_32s, shift<RightShift, Mox32s>);
-MOX_EXPORT(moxsRShiftC_8u_I, shiftInPlace<RightShift, Mox8u>);
-MOX_EXPORT(moxsRShiftC_16u_I, shiftInPlace<RightShift, Mox16u>);
-MOX_EXPORT(moxsRShiftC_16s_I, shiftInPlace<RightShift, Mox16s>);
-MOX_EXPORT(moxsRShiftC_32s_I, shiftInPlace<RightShift, Mox32s>);
+MOX_EXPORT(moxsRShiftC_8u_I, inPlace<shift<RightShift, Mox8u>>);
+MOX_EXPORT(moxsRShiftC_16u_I, inPlace<shift<RightShift, Mox16u>>);
+MOX_EXPORT(moxsRShiftC_16s_I, inPlace<shift<RightShift, Mox16s>>);
+MOX_EXPORT(moxsRShiftC_32s_I, inPlace<shift<RightShift, Mox32s>>);
 
 }  // namespace mox

@@ -4,6 +4,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map_scaled.h"
 
 namespace mox {
@@ -34,11 +35,6 @@ MoxStatus square(const E* src, E* dst, int len) {
 }
 
 template <class E>
-MoxStatus squareInPlace(E* srcDst, int len) {
-  return square<E>(srcDst, srcDst, len);
-}
-
-template <class E>
 MoxStatus squareScaled(const E* src, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   mapScaled<2 * 8 * sizeof(E) - 2 * std::is_signed_v<E>>(
@@ -46,6 +42,7 @@ MoxStatus squareScaled(const E* src, E* dst, int len, int scaleFactor) {
   return moxOk;
 }
 
+template <>
 MoxStatus squareScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   Scale<Mox16s, 31>(scaleFactor).withRule([&](auto rule) {
@@ -71,28 +68,23 @@ MoxStatus squareScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFacto
   return moxOk;
 }
 
-template <class E>
-MoxStatus squareScaledInPlace(E* srcDst, int len, int scaleFactor) {
-  return squareScaled(static_cast<const E*>(srcDst), srcDst, len, scaleFactor);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsSqr_32f, square<Mox32f>);
 MOX_EXPORT(moxsSqr_64f, square<Mox64f>);
 MOX_EXPORT(moxsSqr_32fc, square<Mox32fc>);
 MOX_EXPORT(moxsSqr_64fc, square<Mox64fc>);
-MOX_EXPORT(moxsSqr_32f_I, squareInPlace<Mox32f>);
-MOX_EXPORT(moxsSqr_64f_I, squareInPlace<Mox64f>);
-MOX_EXPORT(moxsSqr_32fc_I, squareInPlace<Mox32fc>);
-MOX_EXPORT(moxsSqr_64fc_I, squareInPlace<Mox64fc>);
+MOX_EXPORT(moxsSqr_32f_I, inPlace<square<Mox32f>>);
+MOX_EXPORT(moxsSqr_64f_I, inPlace<square<Mox64f>>);
+MOX_EXPORT(moxsSqr_32fc_I, inPlace<square<Mox32fc>>);
+MOX_EXPORT(moxsSqr_64fc_I, inPlace<square<Mox64fc>>);
 MOX_EXPORT(moxsSqr_8u_Sfs, squareScaled<Mox8u>);
 MOX_EXPORT(moxsSqr_16s_Sfs, squareScaled<Mox16s>);
 MOX_EXPORT(moxsSqr_16u_Sfs, squareScaled<Mox16u>);
-MOX_EXPORT(moxsSqr_16sc_Sfs, squareScaled);
-MOX_EXPORT(moxsSqr_8u_ISfs, squareScaledInPlace<Mox8u>);
-MOX_EXPORT(moxsSqr_16s_ISfs, squareScaledInPlace<Mox16s>);
-MOX_EXPORT(moxsSqr_16u_ISfs, squareScaledInPlace<Mox16u>);
-MOX_EXPORT(moxsSqr_16sc_ISfs, squareScaledInPlace<Mox16sc>);
+MOX_EXPORT(moxsSqr_16sc_Sfs, squareScaled<Mox16sc>);
+MOX_EXPORT(moxsSqr_8u_ISfs, inPlace<squareScaled<Mox8u>>);
+MOX_EXPORT(moxsSqr_16s_ISfs, inPlace<squareScaled<Mox16s>>);
+MOX_EXPORT(moxsSqr_16u_ISfs, inPlace<squareScaled<Mox16u>>);
+MOX_EXPORT(moxsSqr_16sc_ISfs, inPlace<squareScaled<Mox16sc>>);
 
 }  // namespace mox

@@ -6,6 +6,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -49,16 +50,11 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
   return negative.any() ? moxWarnSqrtNegArg : moxOk;
 }
 
-template <class E>
-MoxStatus squareRootsInPlace(E* srcDst, int len) {
-  return squareRoots<E>(srcDst, srcDst, len);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsSqrt_32f, squareRoots<Mox32f>);
 MOX_EXPORT(moxsSqrt_64f, squareRoots<Mox64f>);
-MOX_EXPORT(moxsSqrt_32f_I, squareRootsInPlace<Mox32f>);
-MOX_EXPORT(moxsSqrt_64f_I, squareRootsInPlace<Mox64f>);
+MOX_EXPORT(moxsSqrt_32f_I, inPlace<squareRoots<Mox32f>>);
+MOX_EXPORT(moxsSqrt_64f_I, inPlace<squareRoots<Mox64f>>);
 
 }  // namespace mox

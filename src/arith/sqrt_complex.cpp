@@ -10,6 +10,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -93,22 +94,13 @@ MoxStatus complexRootsScaled(const Mox16sc* src, Mox16sc* dst, int len, int scal
   return moxOk;
 }
 
-MoxStatus complexRootsScaledInPlace(Mox16sc* srcDst, int len, int scaleFactor) {
-  return complexRootsScaled(srcDst, srcDst, len, scaleFactor);
-}
-
-template <class E>
-MoxStatus complexRootsInPlace(E* srcDst, int len) {
-  return complexRoots<E>(srcDst, srcDst, len);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsSqrt_32fc, complexRoots<Mox32fc>);
 MOX_EXPORT(moxsSqrt_64fc, complexRoots<Mox64fc>);
 MOX_EXPORT(moxsSqrt_16sc_Sfs, complexRootsScaled);
-MOX_EXPORT(moxsSqrt_16sc_ISfs, complexRootsScaledInPlace);
-MOX_EXPORT(moxsSqrt_32fc_I, complexRootsInPlace<Mox32fc>);
-MOX_EXPORT(moxsSqrt_64fc_I, complexRootsInPlace<Mox64fc>);
+MOX_EXPORT(moxsSqrt_16sc_ISfs, inPlace<complexRootsScaled>);
+MOX_EXPORT(moxsSqrt_32fc_I, inPlace<complexRoots<Mox32fc>>);
+MOX_EXPORT(moxsSqrt_64fc_I, inPlace<complexRoots<Mox64fc>>);
 
 }  // namespace mox

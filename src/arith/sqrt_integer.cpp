@@ -6,13 +6,14 @@
 #include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
 
 // For sources up to 32 bits doubles suffice: a scaled root below 2^16 that isn't half an odd number
 // keeps more than 2^-36 of itself away from one.
-template <class S, class D>
+template <class S, class D = S>
 MoxStatus rootsScaled(const S* src, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   const ByPowerOfTwo scale(scaleFactor);
@@ -76,25 +77,17 @@ MoxStatus rootsOfLong(const Mox64s* src, D* dst, int len, int scaleFactor) {
   return negative ? moxWarnSqrtNegArg : moxOk;
 }
 
-template <class E>
-MoxStatus rootsScaledInPlace(E* srcDst, int len, int scaleFactor) {
-  return rootsScaled<E, E>(srcDst, srcDst, len, scaleFactor);
-}
-MoxStatus rootsOfLongInPlace(Mox64s* srcDst, int len, int scaleFactor) {
-  return rootsOfLong(srcDst, srcDst, len, scaleFactor);
-}
-
 }  // namespace
 
-MOX_EXPORT(moxsSqrt_8u_Sfs, rootsScaled<Mox8u, Mox8u>);
-MOX_EXPORT(moxsSqrt_16s_Sfs, rootsScaled<Mox16s, Mox16s>);
-MOX_EXPORT(moxsSqrt_16u_Sfs, rootsScaled<Mox16u, Mox16u>);
+MOX_EXPORT(moxsSqrt_8u_Sfs, rootsScaled<Mox8u>);
+MOX_EXPORT(moxsSqrt_16s_Sfs, rootsScaled<Mox16s>);
+MOX_EXPORT(moxsSqrt_16u_Sfs, rootsScaled<Mox16u>);
 MOX_EXPORT(moxsSqrt_32s16s_Sfs, rootsScaled<Mox32s, Mox16s>);
 MOX_EXPORT(moxsSqrt_64s_Sfs, rootsOfLong<Mox64s>);
 MOX_EXPORT(moxsSqrt_64s16s_Sfs, rootsOfLong<Mox16s>);
-MOX_EXPORT(moxsSqrt_8u_ISfs, rootsScaledInPlace<Mox8u>);
-MOX_EXPORT(moxsSqrt_16s_ISfs, rootsScaledInPlace<Mox16s>);
-MOX_EXPORT(moxsSqrt_16u_ISfs, rootsScaledInPlace<Mox16u>);
-MOX_EXPORT(moxsSqrt_64s_ISfs, rootsOfLongInPlace);
+MOX_EXPORT(moxsSqrt_8u_ISfs, inPlace<rootsScaled<Mox8u>>);
+MOX_EXPORT(moxsSqrt_16s_ISfs, inPlace<rootsScaled<Mox16s>>);
+MOX_EXPORT(moxsSqrt_16u_ISfs, inPlace<rootsScaled<Mox16u>>);
+MOX_EXPORT(moxsSqrt_64s_ISfs, inPlace<rootsOfLong<Mox64s>>);
 
 }  // namespace mox

@@ -7,6 +7,7 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/flip.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -55,11 +56,6 @@ MoxStatus conj(const E* src, E* dst, int len) {
   return moxOk;
 }
 template <class E>
-MoxStatus conjInPlace(E* srcDst, int len) {
-  return conj<E>(srcDst, srcDst, len);
-}
-
-template <class E>
 MoxStatus conjFlip(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (src == dst)
@@ -74,9 +70,9 @@ MoxStatus conjFlip(const E* src, E* dst, int len) {
 MOX_EXPORT(moxsConj_16sc, conj<Mox16sc>);
 MOX_EXPORT(moxsConj_32fc, conj<Mox32fc>);
 MOX_EXPORT(moxsConj_64fc, conj<Mox64fc>);
-MOX_EXPORT(moxsConj_16sc_I, conjInPlace<Mox16sc>);
-MOX_EXPORT(moxsConj_32fc_I, conjInPlace<Mox32fc>);
-MOX_EXPORT(moxsConj_64fc_I, conjInPlace<Mox64fc>);
+MOX_EXPORT(moxsConj_16sc_I, inPlace<conj<Mox16sc>>);
+MOX_EXPORT(moxsConj_32fc_I, inPlace<conj<Mox32fc>>);
+MOX_EXPORT(moxsConj_64fc_I, inPlace<conj<Mox64fc>>);
 MOX_EXPORT(moxsConjFlip_16sc, conjFlip<Mox16sc>);
 MOX_EXPORT(moxsConjFlip_32fc, conjFlip<Mox32fc>);
 MOX_EXPORT(moxsConjFlip_64fc, conjFlip<Mox64fc>);

@@ -6,6 +6,7 @@
 #include "frame/copy.h"
 #include "frame/export.h"
 #include "frame/fill.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -81,33 +82,21 @@ MoxStatus magnitudeBy(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level, i
   return byOperator<NoNegativeLevel, magnitude<LT>, magnitude<GT>>(src, dst, len, level, relOp);
 }
 
-template <class Relation>
-MoxStatus magnitudeInPlace(Mox16sc* srcDst, int len, Mox16s level) {
-  return magnitude<Relation>(srcDst, srcDst, len, level);
-}
-template <class Relation>
-MoxStatus replaceInPlace(Mox16sc* srcDst, int len, Mox16s level, Mox16sc value) {
-  return replace<Relation>(srcDst, srcDst, len, level, value);
-}
-MoxStatus magnitudeByInPlace(Mox16sc* srcDst, int len, Mox16s level, int relOp) {
-  return magnitudeBy(srcDst, srcDst, len, level, relOp);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsThreshold_16sc, magnitudeBy);
-MOX_EXPORT(moxsThreshold_16sc_I, magnitudeByInPlace);
+MOX_EXPORT(moxsThreshold_16sc_I, inPlace<magnitudeBy>);
 
 MOX_EXPORT(moxsThreshold_LT_16sc, magnitude<LT>);
-MOX_EXPORT(moxsThreshold_LT_16sc_I, magnitudeInPlace<LT>);
+MOX_EXPORT(moxsThreshold_LT_16sc_I, inPlace<magnitude<LT>>);
 
 MOX_EXPORT(moxsThreshold_GT_16sc, magnitude<GT>);
-MOX_EXPORT(moxsThreshold_GT_16sc_I, magnitudeInPlace<GT>);
+MOX_EXPORT(moxsThreshold_GT_16sc_I, inPlace<magnitude<GT>>);
 
 MOX_EXPORT(moxsThreshold_LTVal_16sc, replace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_16sc_I, replaceInPlace<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_16sc_I, inPlace<replace<LTVal>>);
 
 MOX_EXPORT(moxsThreshold_GTVal_16sc, replace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_16sc_I, replaceInPlace<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_16sc_I, inPlace<replace<GTVal>>);
 
 }  // namespace mox

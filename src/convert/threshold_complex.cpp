@@ -6,6 +6,7 @@
 #include "frame/copy.h"
 #include "frame/export.h"
 #include "frame/fill.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -113,44 +114,31 @@ MoxStatus magnitudeBy(const E* src, E* dst, int len, Part<E> level, int relOp) {
                                                                          relOp);
 }
 
-template <class Relation, class E>
-MoxStatus magnitudeInPlace(E* srcDst, int len, Part<E> level) {
-  return magnitude<Relation>(srcDst, srcDst, len, level);
-}
-template <class Relation, class E>
-MoxStatus replaceInPlace(E* srcDst, int len, Part<E> level, E value) {
-  return replace<Relation>(srcDst, srcDst, len, level, value);
-}
-template <class E>
-MoxStatus magnitudeByInPlace(E* srcDst, int len, Part<E> level, int relOp) {
-  return magnitudeBy(srcDst, srcDst, len, level, relOp);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsThreshold_32fc, magnitudeBy);
 MOX_EXPORT(moxsThreshold_64fc, magnitudeBy);
-MOX_EXPORT(moxsThreshold_32fc_I, magnitudeByInPlace);
-MOX_EXPORT(moxsThreshold_64fc_I, magnitudeByInPlace);
+MOX_EXPORT(moxsThreshold_32fc_I, inPlace<magnitudeBy<Mox32fc>>);
+MOX_EXPORT(moxsThreshold_64fc_I, inPlace<magnitudeBy<Mox64fc>>);
 
 MOX_EXPORT(moxsThreshold_LT_32fc, magnitude<LT>);
 MOX_EXPORT(moxsThreshold_LT_64fc, magnitude<LT>);
-MOX_EXPORT(moxsThreshold_LT_32fc_I, magnitudeInPlace<LT>);
-MOX_EXPORT(moxsThreshold_LT_64fc_I, magnitudeInPlace<LT>);
+MOX_EXPORT(moxsThreshold_LT_32fc_I, inPlace<magnitude<LT, Mox32fc>>);
+MOX_EXPORT(moxsThreshold_LT_64fc_I, inPlace<magnitude<LT, Mox64fc>>);
 
 MOX_EXPORT(moxsThreshold_GT_32fc, magnitude<GT>);
 MOX_EXPORT(moxsThreshold_GT_64fc, magnitude<GT>);
-MOX_EXPORT(moxsThreshold_GT_32fc_I, magnitudeInPlace<GT>);
-MOX_EXPORT(moxsThreshold_GT_64fc_I, magnitudeInPlace<GT>);
+MOX_EXPORT(moxsThreshold_GT_32fc_I, inPlace<magnitude<GT, Mox32fc>>);
+MOX_EXPORT(moxsThreshold_GT_64fc_I, inPlace<magnitude<GT, Mox64fc>>);
 
 MOX_EXPORT(moxsThreshold_LTVal_32fc, replace<LTVal>);
 MOX_EXPORT(moxsThreshold_LTVal_64fc, replace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_32fc_I, replaceInPlace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_64fc_I, replaceInPlace<LTVal>);
+MOX_EXPORT(moxsThreshold_LTVal_32fc_I, inPlace<replace<LTVal, Mox32fc>>);
+MOX_EXPORT(moxsThreshold_LTVal_64fc_I, inPlace<replace<LTVal, Mox64fc>>);
 
 MOX_EXPORT(moxsThreshold_GTVal_32fc, replace<GTVal>);
 MOX_EXPORT(moxsThreshold_GTVal_64fc, replace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_32fc_I, replaceInPlace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_64fc_I, replaceInPlace<GTVal>);
+MOX_EXPORT(moxsThreshold_GTVal_32fc_I, inPlace<replace<GTVal, Mox32fc>>);
+MOX_EXPORT(moxsThreshold_GTVal_64fc_I, inPlace<replace<GTVal, Mox64fc>>);
 
 }  // namespace mox

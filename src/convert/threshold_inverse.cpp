@@ -6,6 +6,7 @@
 #include "convert/threshold_complex.h"
 #include "convert/threshold_relations.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/rounding_control.h"
 
 namespace mox {
@@ -98,20 +99,15 @@ MoxStatus reciprocal(const E* src, E* dst, int len, Part<E> level) {
   return mapReciprocals(src, dst, len, level) ? moxWarnInvZero : moxOk;
 }
 
-template <class E>
-MoxStatus reciprocalInPlace(E* srcDst, int len, Part<E> level) {
-  return reciprocal(srcDst, srcDst, len, level);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsThreshold_LTInv_32f, reciprocal);
 MOX_EXPORT(moxsThreshold_LTInv_64f, reciprocal);
 MOX_EXPORT(moxsThreshold_LTInv_32fc, reciprocal);
 MOX_EXPORT(moxsThreshold_LTInv_64fc, reciprocal);
-MOX_EXPORT(moxsThreshold_LTInv_32f_I, reciprocalInPlace);
-MOX_EXPORT(moxsThreshold_LTInv_64f_I, reciprocalInPlace);
-MOX_EXPORT(moxsThreshold_LTInv_32fc_I, reciprocalInPlace);
-MOX_EXPORT(moxsThreshold_LTInv_64fc_I, reciprocalInPlace);
+MOX_EXPORT(moxsThreshold_LTInv_32f_I, inPlace<reciprocal<Mox32f>>);
+MOX_EXPORT(moxsThreshold_LTInv_64f_I, inPlace<reciprocal<Mox64f>>);
+MOX_EXPORT(moxsThreshold_LTInv_32fc_I, inPlace<reciprocal<Mox32fc>>);
+MOX_EXPORT(moxsThreshold_LTInv_64fc_I, inPlace<reciprocal<Mox64fc>>);
 
 }  // namespace mox

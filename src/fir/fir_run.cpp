@@ -5,6 +5,7 @@
 #include "fir/fir_overlap_save.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -103,18 +104,8 @@ MoxStatus firScaled(const typename C::Data* src, typename C::Data* dst, int len,
 }
 
 template <class C>
-MoxStatus firScaledInPlace(typename C::Data* srcDst, int len, MoxsFIRState* state,
-                           int scaleFactor) {
-  return firScaled<C>(srcDst, srcDst, len, state, scaleFactor);
-}
-
-template <class C>
 MoxStatus fir(const typename C::Data* src, typename C::Data* dst, int len, MoxsFIRState* state) {
   return firScaled<C>(src, dst, len, state, 0);
-}
-template <class C>
-MoxStatus firInPlace(typename C::Data* srcDst, int len, MoxsFIRState* state) {
-  return fir<C>(srcDst, srcDst, len, state);
 }
 
 }  // namespace
@@ -123,11 +114,11 @@ MOX_EXPORT(moxsFIR_32f, fir<Fir32f>);
 MOX_EXPORT(moxsFIR_32fc, fir<Fir32fc>);
 MOX_EXPORT(moxsFIR_64f, fir<Fir64f>);
 MOX_EXPORT(moxsFIR_64fc, fir<Fir64fc>);
-MOX_EXPORT(moxsFIR_32f_I, firInPlace<Fir32f>);
-MOX_EXPORT(moxsFIR_32fc_I, firInPlace<Fir32fc>);
-MOX_EXPORT(moxsFIR_64f_I, firInPlace<Fir64f>);
-MOX_EXPORT(moxsFIR_64fc_I, firInPlace<Fir64fc>);
+MOX_EXPORT(moxsFIR_32f_I, inPlace<fir<Fir32f>>);
+MOX_EXPORT(moxsFIR_32fc_I, inPlace<fir<Fir32fc>>);
+MOX_EXPORT(moxsFIR_64f_I, inPlace<fir<Fir64f>>);
+MOX_EXPORT(moxsFIR_64fc_I, inPlace<fir<Fir64fc>>);
 MOX_EXPORT(moxsFIR32f_16s_Sfs, firScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIR32f_16s_ISfs, firScaledInPlace<Fir32f16s>);
+MOX_EXPORT(moxsFIR32f_16s_ISfs, inPlace<firScaled<Fir32f16s>>);
 
 }  // namespace mox

@@ -6,6 +6,7 @@
 #include "fir/fir_ring.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -34,25 +35,6 @@ MoxStatus firDirectScaled(const typename C::Data* src, typename C::Data* dst, in
   return moxOk;
 }
 
-template <class C>
-MoxStatus firDirectScaledInPlace(typename C::Data* srcDst, int len, const typename C::Tap* taps,
-                                 int tapsLen, typename C::Data* dlyLine, int* dlyLineIndex,
-                                 int scaleFactor) {
-  return firDirectScaled<C>(srcDst, srcDst, len, taps, tapsLen, dlyLine, dlyLineIndex, scaleFactor);
-}
-template <class C>
-MoxStatus firOneDirectScaled(typename C::Data src, typename C::Data* dst,
-                             const typename C::Tap* taps, int tapsLen, typename C::Data* dlyLine,
-                             int* dlyLineIndex, int scaleFactor) {
-  return firDirectScaled<C>(&src, dst, 1, taps, tapsLen, dlyLine, dlyLineIndex, scaleFactor);
-}
-template <class C>
-MoxStatus firOneDirectScaledInPlace(typename C::Data* srcDst, const typename C::Tap* taps,
-                                    int tapsLen, typename C::Data* dlyLine, int* dlyLineIndex,
-                                    int scaleFactor) {
-  return firDirectScaled<C>(srcDst, srcDst, 1, taps, tapsLen, dlyLine, dlyLineIndex, scaleFactor);
-}
-
 // Floats have no scale factor.
 template <class C>
 MoxStatus firDirect(const typename C::Data* src, typename C::Data* dst, int len,
@@ -60,21 +42,19 @@ MoxStatus firDirect(const typename C::Data* src, typename C::Data* dst, int len,
                     int* dlyLineIndex) {
   return firDirectScaled<C>(src, dst, len, taps, tapsLen, dlyLine, dlyLineIndex, 0);
 }
-template <class C>
-MoxStatus firDirectInPlace(typename C::Data* srcDst, int len, const typename C::Tap* taps,
-                           int tapsLen, typename C::Data* dlyLine, int* dlyLineIndex) {
-  return firDirectScaled<C>(srcDst, srcDst, len, taps, tapsLen, dlyLine, dlyLineIndex, 0);
-}
-template <class C>
-MoxStatus firOneDirect(typename C::Data src, typename C::Data* dst, const typename C::Tap* taps,
-                       int tapsLen, typename C::Data* dlyLine, int* dlyLineIndex) {
-  return firDirectScaled<C>(&src, dst, 1, taps, tapsLen, dlyLine, dlyLineIndex, 0);
-}
-template <class C>
-MoxStatus firOneDirectInPlace(typename C::Data* srcDst, const typename C::Tap* taps, int tapsLen,
-                              typename C::Data* dlyLine, int* dlyLineIndex) {
-  return firDirectScaled<C>(srcDst, srcDst, 1, taps, tapsLen, dlyLine, dlyLineIndex, 0);
-}
+
+// The forms of a body that take one sample.
+template <auto body, class = decltype(body)>
+struct OneSample;
+template <auto body, class E, class... Rest>
+struct OneSample<body, MoxStatus (*)(const E*, E*, int, Rest...)> {
+  static MoxStatus run(E src, E* dst, Rest... rest) { return body(&src, dst, 1, rest...); }
+  static MoxStatus runInPlace(E* srcDst, Rest... rest) { return body(srcDst, srcDst, 1, rest...); }
+};
+template <auto body>
+constexpr auto oneSample = OneSample<body>::run;
+template <auto body>
+constexpr auto oneSampleInPlace = OneSample<body>::runInPlace;
 
 }  // namespace
 
@@ -82,21 +62,21 @@ MOX_EXPORT(moxsFIR_Direct_32f, firDirect<Fir32f>);
 MOX_EXPORT(moxsFIR_Direct_32fc, firDirect<Fir32fc>);
 MOX_EXPORT(moxsFIR_Direct_64f, firDirect<Fir64f>);
 MOX_EXPORT(moxsFIR_Direct_64fc, firDirect<Fir64fc>);
-MOX_EXPORT(moxsFIR_Direct_32f_I, firDirectInPlace<Fir32f>);
-MOX_EXPORT(moxsFIR_Direct_32fc_I, firDirectInPlace<Fir32fc>);
-MOX_EXPORT(moxsFIR_Direct_64f_I, firDirectInPlace<Fir64f>);
-MOX_EXPORT(moxsFIR_Direct_64fc_I, firDirectInPlace<Fir64fc>);
-MOX_EXPORT(moxsFIROne_Direct_32f, firOneDirect<Fir32f>);
-MOX_EXPORT(moxsFIROne_Direct_32fc, firOneDirect<Fir32fc>);
-MOX_EXPORT(moxsFIROne_Direct_64f, firOneDirect<Fir64f>);
-MOX_EXPORT(moxsFIROne_Direct_64fc, firOneDirect<Fir64fc>);
-MOX_EXPORT(moxsFIROne_Direct_32f_I, firOneDirectInPlace<Fir32f>);
-MOX_EXPORT(moxsFIROne_Direct_32fc_I, firOneDirectInPlace<Fir32fc>);
-MOX_EXPORT(moxsFIROne_Direct_64f_I, firOneDirectInPlace<Fir64f>);
-MOX_EXPORT(moxsFIROne_Direct_64fc_I, firOneDirectInPlace<Fir64fc>);
+MOX_EXPORT(moxsFIR_Direct_32f_I, inPlace<firDirect<Fir32f>>);
+MOX_EXPORT(moxsFIR_Direct_32fc_I, inPlace<firDirect<Fir32fc>>);
+MOX_EXPORT(moxsFIR_Direct_64f_I, inPlace<firDirect<Fir64f>>);
+MOX_EXPORT(moxsFIR_Direct_64fc_I, inPlace<firDirect<Fir64fc>>);
+MOX_EXPORT(moxsFIROne_Direct_32f, oneSample<firDirect<Fir32f>>);
+MOX_EXPORT(moxsFIROne_Direct_32fc, oneSample<firDirect<Fir32fc>>);
+MOX_EXPORT(moxsFIROne_Direct_64f, oneSample<firDirect<Fir64f>>);
+MOX_EXPORT(moxsFIROne_Direct_64fc, oneSample<firDirect<Fir64fc>>);
+MOX_EXPORT(moxsFIROne_Direct_32f_I, oneSampleInPlace<firDirect<Fir32f>>);
+MOX_EXPORT(moxsFIROne_Direct_32fc_I, oneSampleInPlace<firDirect<Fir32fc>>);
+MOX_EXPORT(moxsFIROne_Direct_64f_I, oneSampleInPlace<firDirect<Fir64f>>);
+MOX_EXPORT(moxsFIROne_Direct_64fc_I, oneSampleInPlace<firDirect<Fir64fc>>);
 MOX_EXPORT(moxsFIR32f_Direct_16s_Sfs, firDirectScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIR32f_Direct_16s_ISfs, firDirectScaledInPlace<Fir32f16s>);
-MOX_EXPORT(moxsFIROne32f_Direct_16s_Sfs, firOneDirectScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIROne32f_Direct_16s_ISfs, firOneDirectScaledInPlace<Fir32f16s>);
+MOX_EXPORT(moxsFIR32f_Direct_16s_ISfs, inPlace<firDirectScaled<Fir32f16s>>);
+MOX_EXPORT(moxsFIROne32f_Direct_16s_Sfs, oneSample<firDirectScaled<Fir32f16s>>);
+MOX_EXPORT(moxsFIROne32f_Direct_16s_ISfs, oneSampleInPlace<firDirectScaled<Fir32f16s>>);
 
 }  // namespace mox

@@ -3,6 +3,7 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/flip.h"
+#include "frame/forms.h"
 
 namespace mox {
 namespace {
@@ -10,17 +11,12 @@ namespace {
 constexpr auto unchanged = [](auto carrier) { return carrier; };
 
 template <class E>
-MoxStatus flipInPlace(E* srcDst, int len) {
-  if (MoxStatus s = checkArrays(len, srcDst)) return s;
-  reverseInPlace(srcDst, len, unchanged);
-  return moxOk;
-}
-
-template <class E>
 MoxStatus flip(const E* src, E* dst, int len) {
-  if (src == dst) return flipInPlace(dst, len);
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  reverseCopy(src, dst, len, unchanged);
+  if (src == dst)
+    reverseInPlace(dst, len, unchanged);
+  else
+    reverseCopy(src, dst, len, unchanged);
   return moxOk;
 }
 
@@ -32,11 +28,11 @@ MOX_EXPORT(moxsFlip_32f, flip<Mox32f>);
 MOX_EXPORT(moxsFlip_32fc, flip<Mox32fc>);
 MOX_EXPORT(moxsFlip_64f, flip<Mox64f>);
 MOX_EXPORT(moxsFlip_64fc, flip<Mox64fc>);
-MOX_EXPORT(moxsFlip_8u_I, flipInPlace<Mox8u>);
-MOX_EXPORT(moxsFlip_16u_I, flipInPlace<Mox16u>);
-MOX_EXPORT(moxsFlip_32f_I, flipInPlace<Mox32f>);
-MOX_EXPORT(moxsFlip_32fc_I, flipInPlace<Mox32fc>);
-MOX_EXPORT(moxsFlip_64f_I, flipInPlace<Mox64f>);
-MOX_EXPORT(moxsFlip_64fc_I, flipInPlace<Mox64fc>);
+MOX_EXPORT(moxsFlip_8u_I, inPlace<flip<Mox8u>>);
+MOX_EXPORT(moxsFlip_16u_I, inPlace<flip<Mox16u>>);
+MOX_EXPORT(moxsFlip_32f_I, inPlace<flip<Mox32f>>);
+MOX_EXPORT(moxsFlip_32fc_I, inPlace<flip<Mox32fc>>);
+MOX_EXPORT(moxsFlip_64f_I, inPlace<flip<Mox64f>>);
+MOX_EXPORT(moxsFlip_64fc_I, inPlace<flip<Mox64fc>>);
 
 }  // namespace mox

@@ -4,6 +4,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 #include "frame/packed24.h"
 
@@ -68,20 +69,15 @@ MoxStatus swapBytes(const Public<E>* src, Public<E>* dst, int len) {
   return moxOk;
 }
 
-template <class E>
-MoxStatus swapBytesInPlace(Public<E>* srcDst, int len) {
-  return swapBytes<E>(srcDst, srcDst, len);
-}
-
 }  // namespace
 
 MOX_EXPORT(moxsSwapBytes_16u, swapBytes<Mox16u>);
 MOX_EXPORT(moxsSwapBytes_24u, swapBytes<Packed24u>);
 MOX_EXPORT(moxsSwapBytes_32u, swapBytes<Mox32u>);
 MOX_EXPORT(moxsSwapBytes_64u, swapBytes<Mox64u>);
-MOX_EXPORT(moxsSwapBytes_16u_I, swapBytesInPlace<Mox16u>);
-MOX_EXPORT(moxsSwapBytes_24u_I, swapBytesInPlace<Packed24u>);
-MOX_EXPORT(moxsSwapBytes_32u_I, swapBytesInPlace<Mox32u>);
-MOX_EXPORT(moxsSwapBytes_64u_I, swapBytesInPlace<Mox64u>);
+MOX_EXPORT(moxsSwapBytes_16u_I, inPlace<swapBytes<Mox16u>>);
+MOX_EXPORT(moxsSwapBytes_24u_I, inPlace<swapBytes<Packed24u>>);
+MOX_EXPORT(moxsSwapBytes_32u_I, inPlace<swapBytes<Mox32u>>);
+MOX_EXPORT(moxsSwapBytes_64u_I, inPlace<swapBytes<Mox64u>>);
 
 }  // namespace mox

@@ -3,6 +3,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/map.h"
 
 namespace mox {
@@ -20,33 +21,29 @@ MoxStatus every(const E* src1, const E* src2, E* dst, int len) {
   mapElements<Stores::bypassing, registerBytes>(op, dst, len, src1, src2);
   return moxOk;
 }
-template <auto op, class E>
-MoxStatus everyInPlace(const E* src, E* srcDst, int len) {
-  return every<op>(src, srcDst, srcDst, len);
-}
 
 }  // namespace
 
-MOX_EXPORT(moxsMaxEvery_16s_I, everyInPlace<larger, Mox16s>);
+MOX_EXPORT(moxsMaxEvery_16s_I, inPlace<every<larger, Mox16s>>);
 MOX_EXPORT(moxsMaxEvery_16u, every<larger, Mox16u>);
-MOX_EXPORT(moxsMaxEvery_16u_I, everyInPlace<larger, Mox16u>);
+MOX_EXPORT(moxsMaxEvery_16u_I, inPlace<every<larger, Mox16u>>);
 MOX_EXPORT(moxsMaxEvery_32f, every<larger, Mox32f>);
-MOX_EXPORT(moxsMaxEvery_32f_I, everyInPlace<larger, Mox32f>);
-MOX_EXPORT(moxsMaxEvery_32s_I, everyInPlace<larger, Mox32s>);
+MOX_EXPORT(moxsMaxEvery_32f_I, inPlace<every<larger, Mox32f>>);
+MOX_EXPORT(moxsMaxEvery_32s_I, inPlace<every<larger, Mox32s>>);
 MOX_EXPORT(moxsMaxEvery_64f, every<larger, Mox64f>);
-MOX_EXPORT(moxsMaxEvery_64f_I, everyInPlace<larger, Mox64f>);
+MOX_EXPORT(moxsMaxEvery_64f_I, inPlace<every<larger, Mox64f>>);
 MOX_EXPORT(moxsMaxEvery_8u, every<larger, Mox8u>);
-MOX_EXPORT(moxsMaxEvery_8u_I, everyInPlace<larger, Mox8u>);
+MOX_EXPORT(moxsMaxEvery_8u_I, inPlace<every<larger, Mox8u>>);
 
-MOX_EXPORT(moxsMinEvery_16s_I, everyInPlace<smaller, Mox16s>);
+MOX_EXPORT(moxsMinEvery_16s_I, inPlace<every<smaller, Mox16s>>);
 MOX_EXPORT(moxsMinEvery_16u, every<smaller, Mox16u>);
-MOX_EXPORT(moxsMinEvery_16u_I, everyInPlace<smaller, Mox16u>);
+MOX_EXPORT(moxsMinEvery_16u_I, inPlace<every<smaller, Mox16u>>);
 MOX_EXPORT(moxsMinEvery_32f, every<smaller, Mox32f>);
-MOX_EXPORT(moxsMinEvery_32f_I, everyInPlace<smaller, Mox32f>);
-MOX_EXPORT(moxsMinEvery_32s_I, everyInPlace<smaller, Mox32s>);
+MOX_EXPORT(moxsMinEvery_32f_I, inPlace<every<smaller, Mox32f>>);
+MOX_EXPORT(moxsMinEvery_32s_I, inPlace<every<smaller, Mox32s>>);
 MOX_EXPORT(moxsMinEvery_64f, every<smaller, Mox64f>);
-MOX_EXPORT(moxsMinEvery_64f_I, everyInPlace<smaller, Mox64f>);
+MOX_EXPORT(moxsMinEvery_64f_I, inPlace<every<smaller, Mox64f>>);
 MOX_EXPORT(moxsMinEvery_8u, every<smaller, Mox8u>);
-MOX_EXPORT(moxsMinEvery_8u_I, everyInPlace<smaller, Mox8u>);
+MOX_EXPORT(moxsMinEvery_8u_I, inPlace<every<smaller, Mox8u>>);
 
 }  // namespace mox

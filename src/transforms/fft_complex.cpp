@@ -5,6 +5,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/object.h"
 #include "frame/work_buffer.h"
 
@@ -30,11 +31,6 @@ MoxStatus transform(const C* src, C* dst, const MoxsFFTSpec* spec, Mox8u* buffer
   using F = Part<C>;
   return run<d, fftComplexId<C>, F>(Interleaved<const F>{parts(src)}, Interleaved<F>{parts(dst)},
                                     spec, buffer, src, dst);
-}
-
-template <Direction d, class C>
-MoxStatus transformInPlace(C* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return transform<d, C>(srcDst, srcDst, spec, buffer);
 }
 
 template <Direction d, class F>
@@ -67,10 +63,10 @@ MOX_EXPORT(moxsFFTFwd_CToC_32fc, transform<fwd, Mox32fc>);
 MOX_EXPORT(moxsFFTInv_CToC_32fc, transform<inv, Mox32fc>);
 MOX_EXPORT(moxsFFTFwd_CToC_64fc, transform<fwd, Mox64fc>);
 MOX_EXPORT(moxsFFTInv_CToC_64fc, transform<inv, Mox64fc>);
-MOX_EXPORT(moxsFFTFwd_CToC_32fc_I, transformInPlace<fwd, Mox32fc>);
-MOX_EXPORT(moxsFFTInv_CToC_32fc_I, transformInPlace<inv, Mox32fc>);
-MOX_EXPORT(moxsFFTFwd_CToC_64fc_I, transformInPlace<fwd, Mox64fc>);
-MOX_EXPORT(moxsFFTInv_CToC_64fc_I, transformInPlace<inv, Mox64fc>);
+MOX_EXPORT(moxsFFTFwd_CToC_32fc_I, inPlace<transform<fwd, Mox32fc>>);
+MOX_EXPORT(moxsFFTInv_CToC_32fc_I, inPlace<transform<inv, Mox32fc>>);
+MOX_EXPORT(moxsFFTFwd_CToC_64fc_I, inPlace<transform<fwd, Mox64fc>>);
+MOX_EXPORT(moxsFFTInv_CToC_64fc_I, inPlace<transform<inv, Mox64fc>>);
 MOX_EXPORT(moxsFFTFwd_CToC_32f, transformSplit<fwd, Mox32f>);
 MOX_EXPORT(moxsFFTInv_CToC_32f, transformSplit<inv, Mox32f>);
 MOX_EXPORT(moxsFFTFwd_CToC_64f, transformSplit<fwd, Mox64f>);

@@ -6,6 +6,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_complex.h"
@@ -83,15 +84,6 @@ MoxStatus inverse(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer
   return moxOk;
 }
 
-template <class Layout, class F>
-MoxStatus forwardInPlace(F* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return forward<Layout>(srcDst, srcDst, spec, buffer);
-}
-template <class Layout, class F>
-MoxStatus inverseInPlace(F* srcDst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return inverse<Layout>(srcDst, srcDst, spec, buffer);
-}
-
 }  // namespace
 
 template <class F>
@@ -108,28 +100,28 @@ template MoxStatus ownFftInvPermToR(const Mox32f*, Mox32f*, const MoxsFFTSpec*, 
 template MoxStatus ownFftInvPermToR(const Mox64f*, Mox64f*, const MoxsFFTSpec*, Mox8u*);
 
 MOX_EXPORT(moxsFFTFwd_RToPerm_32f, forward<PermLayout, Mox32f>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_32f_I, forwardInPlace<PermLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToPerm_32f_I, inPlace<forward<PermLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTFwd_RToPerm_64f, forward<PermLayout, Mox64f>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_64f_I, forwardInPlace<PermLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToPerm_64f_I, inPlace<forward<PermLayout, Mox64f>>);
 MOX_EXPORT(moxsFFTFwd_RToPack_32f, forward<PackLayout, Mox32f>);
-MOX_EXPORT(moxsFFTFwd_RToPack_32f_I, forwardInPlace<PackLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToPack_32f_I, inPlace<forward<PackLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTFwd_RToPack_64f, forward<PackLayout, Mox64f>);
-MOX_EXPORT(moxsFFTFwd_RToPack_64f_I, forwardInPlace<PackLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToPack_64f_I, inPlace<forward<PackLayout, Mox64f>>);
 MOX_EXPORT(moxsFFTFwd_RToCCS_32f, forward<CcsLayout, Mox32f>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_32f_I, forwardInPlace<CcsLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToCCS_32f_I, inPlace<forward<CcsLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTFwd_RToCCS_64f, forward<CcsLayout, Mox64f>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_64f_I, forwardInPlace<CcsLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToCCS_64f_I, inPlace<forward<CcsLayout, Mox64f>>);
 MOX_EXPORT(moxsFFTInv_PermToR_32f, inverse<PermLayout, Mox32f>);
-MOX_EXPORT(moxsFFTInv_PermToR_32f_I, inverseInPlace<PermLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_PermToR_32f_I, inPlace<inverse<PermLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTInv_PermToR_64f, inverse<PermLayout, Mox64f>);
-MOX_EXPORT(moxsFFTInv_PermToR_64f_I, inverseInPlace<PermLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_PermToR_64f_I, inPlace<inverse<PermLayout, Mox64f>>);
 MOX_EXPORT(moxsFFTInv_PackToR_32f, inverse<PackLayout, Mox32f>);
-MOX_EXPORT(moxsFFTInv_PackToR_32f_I, inverseInPlace<PackLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_PackToR_32f_I, inPlace<inverse<PackLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTInv_PackToR_64f, inverse<PackLayout, Mox64f>);
-MOX_EXPORT(moxsFFTInv_PackToR_64f_I, inverseInPlace<PackLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_PackToR_64f_I, inPlace<inverse<PackLayout, Mox64f>>);
 MOX_EXPORT(moxsFFTInv_CCSToR_32f, inverse<CcsLayout, Mox32f>);
-MOX_EXPORT(moxsFFTInv_CCSToR_32f_I, inverseInPlace<CcsLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_CCSToR_32f_I, inPlace<inverse<CcsLayout, Mox32f>>);
 MOX_EXPORT(moxsFFTInv_CCSToR_64f, inverse<CcsLayout, Mox64f>);
-MOX_EXPORT(moxsFFTInv_CCSToR_64f_I, inverseInPlace<CcsLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_CCSToR_64f_I, inPlace<inverse<CcsLayout, Mox64f>>);
 
 }  // namespace mox

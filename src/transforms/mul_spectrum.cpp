@@ -6,6 +6,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/forms.h"
 #include "frame/rounding.h"
 #include "transforms/fft_real.h"
 #include "transforms/packed_layouts.h"
@@ -29,8 +30,8 @@ struct ConjugateProduct {
   }
 };
 
-template <class Layout, class Op, class E>
-MoxStatus multiply(const E* src1, const E* src2, E* dst, int len) {
+template <class Layout, class E, class Op = Product>
+MoxStatus mul(const E* src1, const E* src2, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   const auto real = [=](long place) {
     store(dst + place, load<E>(src1 + place) * load<E>(src2 + place));
@@ -41,19 +42,6 @@ MoxStatus multiply(const E* src1, const E* src2, E* dst, int len) {
   mapPairs<V<E>, V<E, lanesOf<E> / 2>, E>(Op(), dst + first, interiorPairs(len), src1 + first,
                                           src2 + first);
   return moxOk;
-}
-
-template <class Layout, class E>
-MoxStatus mul(const E* src1, const E* src2, E* dst, int len) {
-  return multiply<Layout, Product>(src1, src2, dst, len);
-}
-template <class Layout, class E>
-MoxStatus mulInPlace(const E* src, E* srcDst, int len) {
-  return multiply<Layout, Product>(src, srcDst, srcDst, len);
-}
-template <class Layout, class E>
-MoxStatus mulConjInPlace(const E* src, E* srcDst, int len) {
-  return multiply<Layout, ConjugateProduct>(src, srcDst, srcDst, len);
 }
 
 // In 32 bits the imaginary part can be 2^31, and that alone; it is taken as 2^31 - 1, which every
@@ -91,33 +79,29 @@ MoxStatus mulScaled(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len
   });
   return moxOk;
 }
-template <class Layout>
-MoxStatus mulScaledInPlace(const Mox16s* src, Mox16s* srcDst, int len, int scaleFactor) {
-  return mulScaled<Layout>(src, srcDst, srcDst, len, scaleFactor);
-}
 
 }  // namespace
 
 template <class F>
 MoxStatus ownMulPerm_I(const F* src, F* srcDst, int len) {
-  return mulInPlace<PermLayout>(src, srcDst, len);
+  return mul<PermLayout>(src, srcDst, srcDst, len);
 }
 template MoxStatus ownMulPerm_I(const Mox32f*, Mox32f*, int);
 template MoxStatus ownMulPerm_I(const Mox64f*, Mox64f*, int);
 
 MOX_EXPORT(moxsMulPack_32f, mul<PackLayout, Mox32f>);
 MOX_EXPORT(moxsMulPack_64f, mul<PackLayout, Mox64f>);
-MOX_EXPORT(moxsMulPack_32f_I, mulInPlace<PackLayout, Mox32f>);
-MOX_EXPORT(moxsMulPack_64f_I, mulInPlace<PackLayout, Mox64f>);
+MOX_EXPORT(moxsMulPack_32f_I, inPlace<mul<PackLayout, Mox32f>>);
+MOX_EXPORT(moxsMulPack_64f_I, inPlace<mul<PackLayout, Mox64f>>);
 MOX_EXPORT(moxsMulPerm_32f, mul<PermLayout, Mox32f>);
 MOX_EXPORT(moxsMulPerm_64f, mul<PermLayout, Mox64f>);
-MOX_EXPORT(moxsMulPerm_32f_I, mulInPlace<PermLayout, Mox32f>);
-MOX_EXPORT(moxsMulPerm_64f_I, mulInPlace<PermLayout, Mox64f>);
+MOX_EXPORT(moxsMulPerm_32f_I, inPlace<mul<PermLayout, Mox32f>>);
+MOX_EXPORT(moxsMulPerm_64f_I, inPlace<mul<PermLayout, Mox64f>>);
 MOX_EXPORT(moxsMulPack_16s_Sfs, mulScaled<PackLayout>);
-MOX_EXPORT(moxsMulPack_16s_ISfs, mulScaledInPlace<PackLayout>);
+MOX_EXPORT(moxsMulPack_16s_ISfs, inPlace<mulScaled<PackLayout>>);
 MOX_EXPORT(moxsMulPerm_16s_Sfs, mulScaled<PermLayout>);
-MOX_EXPORT(moxsMulPerm_16s_ISfs, mulScaledInPlace<PermLayout>);
-MOX_EXPORT(moxsMulPackConj_32f_I, mulConjInPlace<PackLayout, Mox32f>);
-MOX_EXPORT(moxsMulPackConj_64f_I, mulConjInPlace<PackLayout, Mox64f>);
+MOX_EXPORT(moxsMulPerm_16s_ISfs, inPlace<mulScaled<PermLayout>>);
+MOX_EXPORT(moxsMulPackConj_32f_I, inPlace<mul<PackLayout, Mox32f, ConjugateProduct>>);
+MOX_EXPORT(moxsMulPackConj_64f_I, inPlace<mul<PackLayout, Mox64f, ConjugateProduct>>);
 
 }  // namespace mox
