@@ -48,12 +48,14 @@ double lnOfPositive(double x, int exponentOffset) {
   const double d = x - 1;
   if (std::abs(d) <= 0.009765625 && exponentOffset == 0) return (series(d) * d - 0.5) * (d * d) + d;
 
+  constexpr int fractionBits = 52, bias = 1023, rowBits = 7;
+  constexpr Mox64u fraction = (Mox64u(1) << fractionBits) - 1;
   const Mox64u bits = std::bit_cast<Mox64u>(x);
-  const double exponent = int(bits >> 52) - 1023 + exponentOffset;
-  const double m = std::bit_cast<double>((bits & ((Mox64u(1) << 52) - 1)) | Mox64u(1023) << 52);
-  const double rounded = (m + 2097152.0) - 2097152.0;
-  const Row& row = table[bits >> 45 & 127];
-  const double t = (row.reciprocal * rounded - 1) + row.reciprocal * (m - rounded);
+  const double exponent = int(bits >> fractionBits) - bias + exponentOffset;
+  const double m = std::bit_cast<double>((bits & fraction) | Mox64u(bias) << fractionBits);
+  const Row& row = table[(bits & fraction) >> (fractionBits - rowBits)];
+  const double high = (m + 0x1p21) - 0x1p21;  // so short that its product is exact
+  const double t = (row.reciprocal * high - 1) + row.reciprocal * (m - high);
   const double logOfRest = (series(t) * t - 0.5) * (t * t) + t;
   return (exponent * highPart(ln2) + row.logHigh) +
          (logOfRest + (exponent * double(ln2 - highPart(ln2)) + row.logLow));

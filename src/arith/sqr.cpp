@@ -13,7 +13,10 @@ namespace {
 template <class E>
 MoxStatus square(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapElements([](auto x) { return x * x; }, dst, len, src);
+  if constexpr (Complex<E>)
+    mulComplex(src, src, dst, len);
+  else
+    mapElements([](auto x) { return x * x; }, dst, len, src);
   return moxOk;
 }
 
@@ -25,13 +28,6 @@ V<Mox32s, 4> squarePairs(V<Mox32s, 4> v) {
   const V<Mox32s, 4> im =
       V<Mox32s, 4>(V<Mox32u, 4>(product) * 2 + V<Mox32u, 4>(product == (1 << 30)));
   return __builtin_shufflevector(re, im, 0, 5, 2, 7);
-}
-
-template <Complex E>
-MoxStatus square(const E* src, E* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mulComplex(src, src, dst, len);
-  return moxOk;
 }
 
 template <class E>

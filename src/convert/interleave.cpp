@@ -27,8 +27,9 @@ MoxStatus checkRows(const void* interleaved, Row* const* rows, int channels, int
 struct Stretch {
   static constexpr int size = 512;
 
-  int frame, frames, channel, channels;
-  long start, count;
+  int frame, frames;      // the first one and how many
+  int channel, channels;  // of each frame
+  long start, count;      // in the interleaved array
 
   // Calls move(row element, float of the piece) for each sample, row by row.
   template <class Row, class Move>

@@ -46,14 +46,10 @@ struct Combination {
   }
 
   // The first samples of a long block go through the delay store, for they need the history before
-  // them; the others are read where they are.
-  static constexpr long lanes = number == 1 ? 8 : 4;
+  // them; the others are read where they are. All of a short block go through it.
+  static constexpr long lanes = sizeof(Acc) == sizeof(Mox32f) ? 8 : 4;
   static long outputsFromStore(long tapsLen) { return (tapsLen + lanes - 1) & -lanes; }
-
-  // The most samples that are appended to the delay store in one go. Those that are converted
-  // enter piece by piece.
-  static long blockLimit(long tapsLen) {
-    if (converts) return firPiece;
+  static long shortBlock(long tapsLen) {
     return outputsFromStore(tapsLen) + (std::is_same_v<Data, Mox32fc> ? 0 : 1);
   }
 };

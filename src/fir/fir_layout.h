@@ -64,7 +64,7 @@ class FirLayout {
     const auto room = [&](std::size_t count) { return arena.place<A>(count, partsAlignment); };
     const std::size_t taps = s.tapsLen;
     s.revTaps = room(taps);
-    s.dlyLine = room(2 * taps + std::max(Fir32f::blockLimit(taps), long(firPiece)));
+    s.dlyLine = room(2 * taps + std::max(Fir32f::shortBlock(taps), long(firPiece)));
     s.staging = room(firChunk);
     if (s.fftLen < 1) return nullptr;
     s.fftTaps = room(s.fftLen);

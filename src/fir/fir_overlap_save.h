@@ -42,14 +42,14 @@ MoxStatus filterByOverlapSave(FirState<typename C::Acc>& s, const typename C::Da
   for (long done = outputs; done < len; done += outputs) {
     const auto* in = src + done - history;
     const long samples = std::min(len - done + history, size);
-    const A* whole = work;
-    if constexpr (!C::converts)
-      if (samples == size) whole = in;
-    if (whole == work) {
+    const auto stretch = [&]() -> const A* {
+      if constexpr (!C::converts)
+        if (samples == size) return in;
       C::enter(in, work, samples);
       std::fill(work + samples, work + size, A{});
-    }
-    if (MoxStatus e = filterCircularly(s, whole)) return e;
+      return work;
+    };
+    if (MoxStatus e = filterCircularly(s, stretch())) return e;
     C::leave(result, dst + done, std::min(len - done, outputs), scaleFactor);
   }
   return moxOk;

@@ -21,19 +21,18 @@ void filterInStore(FirState<typename C::Acc>& s, const typename C::Data* src,
   std::memmove(s.dlyLine, window + len, s.tapsLen * sizeof *window);
 }
 
-// The direct engine. Samples that need no conversion are read where they are, but for the first
-// ones of a block, which need the history before them.
+// The direct engine. Samples that are converted enter piece by piece; others are read where they
+// are, but for the first ones of a block, which need the history before them.
 template <class C>
 void filterDirectly(FirState<typename C::Acc>& s, const typename C::Data* src,
                     typename C::Data* dst, long len, int scaleFactor) {
-  const long limit = C::blockLimit(s.tapsLen);
   if constexpr (C::converts) {
-    for (long done = 0; done < len; done += limit) {
-      const long piece = std::min(limit, len - done);
+    for (long done = 0; done < len; done += firPiece) {
+      const long piece = std::min<long>(firPiece, len - done);
       filterInStore<C>(s, src + done, s.staging, piece);
       C::leave(s.staging, dst + done, piece, scaleFactor);
     }
-  } else if (len <= limit) {
+  } else if (len <= C::shortBlock(s.tapsLen)) {
     filterInStore<C>(s, src, dst, len);
   } else {
     const long taps = s.tapsLen, first = C::outputsFromStore(taps);

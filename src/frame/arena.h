@@ -3,7 +3,8 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
+
+#include "support/moxcore.h"
 
 namespace mox {
 
@@ -30,9 +31,8 @@ class Arena {
 
 // The next multiple of `alignment` at or after `p`.
 template <class T>
-T* alignUp(T* p, std::uintptr_t alignment) {
-  const std::uintptr_t step = -reinterpret_cast<std::uintptr_t>(p) & (alignment - 1);
-  return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(p) + step);
+T* alignUp(T* p, int alignment) {
+  return static_cast<T*>(moxAlignPtr(p, alignment));
 }
 
 }  // namespace mox

@@ -5,6 +5,14 @@
 
 namespace mox {
 
+// Magnitudes of numbers, or of their differences, as unsigned numbers of 16 bits.
+inline V<Mox16u, 8> magnitudes(V<Mox16s, 8> x) {
+  return V<Mox16u, 8>(greater(x, V<Mox16s, 8>(-V<Mox16u, 8>(x))));
+}
+inline V<Mox16u, 8> magnitudes(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  return V<Mox16u, 8>(greater(a, b)) - V<Mox16u, 8>(lesser(a, b));
+}
+
 namespace detail {
 
 using Words = V<Mox16s, 8>;
@@ -20,14 +28,6 @@ constexpr IntegerTerms unsignedProducts = {.step = 8, .block = 8, .bias = 0};
 // at most 2^31. The one value that wraps, 2^31, is right again with the bias.
 constexpr IntegerTerms products = {.step = 8, .block = 8, .bias = 0x7FFF8000};
 constexpr IntegerTerms complexProducts = {.step = 4, .block = 4, .bias = 0x7FFF8000};
-
-// Magnitudes of numbers, or of their differences, as unsigned numbers of 16 bits.
-inline V<Mox16u, 8> magnitudes(Words x) {
-  return V<Mox16u, 8>(greater(x, Words(-V<Mox16u, 8>(x))));
-}
-inline V<Mox16u, 8> magnitudes(Words a, Words b) {
-  return V<Mox16u, 8>(greater(a, b)) - V<Mox16u, 8>(lesser(a, b));
-}
 
 inline Lanes32 addPairs(Words a, Words b) { return Lanes32(multiplyAddPairs(a, b)); }
 inline Lanes32 addPairs(Words a) { return addPairs(a, Words{} + 1); }
@@ -62,7 +62,7 @@ inline Mox64s sumOf32s(const Mox32s* src, long len) {
 template <class... E>
 Mox64u sumOfMagnitudes16s(long len, const E*... src) {
   const auto terms = [](const E*... p) {
-    return std::array{detail::addUnsignedPairs(detail::magnitudes(load<detail::Words>(p)...))};
+    return std::array{detail::addUnsignedPairs(magnitudes(load<detail::Words>(p)...))};
   };
   return Mox64u(sumExactly<detail::unsignedNumbers>(terms, len, src...)[0].all());
 }
@@ -77,7 +77,7 @@ inline Mox64u sumOfSquares16s(long len, const Mox16s* src) {
 // Squares of 16 unsigned bits leave no room for another.
 inline Mox64u sumOfSquares16s(long len, const Mox16s* src1, const Mox16s* src2) {
   const auto terms = [](const Mox16s* a, const Mox16s* b) {
-    const auto d = detail::magnitudes(load<detail::Words>(a), load<detail::Words>(b));
+    const auto d = magnitudes(load<detail::Words>(a), load<detail::Words>(b));
     const auto squares = multiplyWide(d, d);
     return std::array{squares.low, squares.high};
   };

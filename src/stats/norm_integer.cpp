@@ -21,7 +21,7 @@ struct Inf {
       if constexpr (std::is_integral_v<T>)
         return std::array{T(std::abs(difference(int(load<Mox16s>(p + i))...)))};
       else
-        return std::array{detail::magnitudes(load<detail::Words>(p + i)...)};
+        return std::array{magnitudes(load<V<Mox16s, 8>>(p + i)...)};
     };
     return fold<anyOrder, Mox16u, 1, Max>(terms, len).of[0][0];
   }

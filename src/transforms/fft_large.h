@@ -56,11 +56,12 @@ class Tiles {
  private:
   static constexpr int blocks = side / Shape::runs;
 
-  // The first row of a block's transforms. Where two share it, its bits have the order of
-  // ownFftLeaf.
+  // The first row of a block's transforms: the bit-reversed number of the first one. Two that share
+  // a block are the same quarter of two neighbouring groups of 16.
   static constexpr int rowOf(int block, int part) {
     if constexpr (Shape::sharing == 1) return reversed(block, __builtin_ctz(blocks));
-    return (block & 1) << 3 | (block & 2) << 1 | part << 1 | block >> 2;
+    const int quarter = block & 3, group = block >> 2 << 1 | part;
+    return reversed(group << 2 | quarter, 4);
   }
 
   Source src_;

@@ -16,8 +16,11 @@ const F* ownFftStages(Area area, long len, long total, const F* twiddle) {
     ownFftRadix4Pass<direction>(area, twiddle, q, blocks);
   else
     ownFftStage16<direction>(area, twiddle, blocks);
-  while (twiddle += 6 * q, q *= 4, 4 * q <= len)
+  twiddle += 6 * q;
+  while (4 * (q *= 4) <= len) {
     ownFftRadix4Pass<direction>(area, twiddle, q, blocks >>= 2);
+    twiddle += 6 * q;
+  }
   return twiddle;
 }
 

@@ -63,23 +63,19 @@ MoxStatus inverse(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer
   const auto& spec = static_cast<const FftSpec<F>&>(*object);
   const long n = 1L << spec.order;
   if (spec.order <= fftMaxSmallRealOrder) {
-    if constexpr (!std::is_same_v<Layout, PermLayout>) {
-      toPerm<Layout>(src, dst, n);
-      src = dst;
-    }
-    runSmall(realKernelsInv<F>, spec, spec.invNorm, src, dst);
+    constexpr bool isPerm = std::is_same_v<Layout, PermLayout>;
+    if constexpr (!isPerm) toPerm<Layout>(src, dst, n);
+    runSmall(realKernelsInv<F>, spec, spec.invNorm, isPerm ? src : dst, dst);
     return moxOk;
   }
   const WorkBuffer work(buffer, spec.bufSize);
   if (work.failed()) return moxErrMemAlloc;
   const F first = load<F>(src), middle = load<F>(src + Layout::middle(n));
   // Pairs that lie where those of Perm do are read from where they are.
-  if (Layout::firstPair(n) != PermLayout::firstPair(n)) {
-    toPerm<Layout>(src, dst, n);
-    src = dst;
-  }
+  const bool pairsMove = Layout::firstPair(n) != PermLayout::firstPair(n);
+  if (pairsMove) toPerm<Layout>(src, dst, n);
   storeEnds(dst, first, middle);
-  ownFftRealPre(src, dst, n / 2, spec.realInvTwiddle);
+  ownFftRealPre(pairsMove ? dst : src, dst, n / 2, spec.realInvTwiddle);
   ownFftRun<F, Direction::inverse, Interleaved>(spec, {dst}, {dst}, spec.order - 1, work.as<F>());
   return moxOk;
 }

@@ -130,6 +130,8 @@ void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
     for (long i = 0; i < stride; i += Shape::columns)
       columns(i, 0, [](long reversed) { return reversed; });
   } else {
+    // Of a reversed index bits 2 and 3 are the quarter of its group of 16. The quarters of a group
+    // and its neighbour take turns, so that each is twice as far from the start of the two.
     const long partner = n / 32;
     for (long first = 0; first < stride; first += 2 * partner)
       for (long i = first; i < first + partner; i += Shape::columns)
