@@ -109,7 +109,8 @@ MOX_API MoxStatus moxsMagSquared_32sc32s_Sfs(const Mox32sc* src, Mox32s* dst, in
 /** @defgroup phase Phase
  * `dst[i] = atan2(im, re)`: the angle of the number in radians, from -pi to pi. Zeros count with
  * their sign: the phase of (0, 0) is 0, that of (-0, 0) is pi, and the sign of `im` is the sign of
- * the result. Infinite parts give multiples of pi / 4, a NaN part gives NaN.
+ * the result. An infinite part gives the angle of its axis, two that of the diagonal between; a NaN
+ * part gives NaN.
  *
  * @note `32f`, `32fc`: the rational function of moxsArctan_32f() on the smaller part's quotient by
  * the larger, both divisions by the processor's reciprocal estimate refined once; within 6.5 ulp.

@@ -19,7 +19,8 @@
  * may be the source.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, unless a group
- * says otherwise. Values beyond the destination's range saturate without a status.
+ * says otherwise. Values beyond the range of integers saturate, those beyond the range of floats
+ * become infinite or the largest float, as the rounding mode has it; no status tells.
  * @note Results are defined to the bit. The rounding mode in force is unchanged after each call.
  * @{ */
 
@@ -48,7 +49,8 @@ MOX_API MoxStatus moxsConvert_64f32f(const Mox64f* src, Mox32f* dst, int len);
  * `dst[i] = src[i] * 2^-scaleFactor`: the value converted as above, then multiplied once, in the
  * current rounding mode. The power of two stays finite with every source: a `scaleFactor` below
  * -112 counts as -112 (`16s32f`), below -96 as -96 (`32s32f`), below -1008 as -1008 (`16s64f`),
- * below -992 as -992 (`32s64f`).
+ * below -992 as -992 (`32s64f`). Large factors lead through the subnormal numbers to 0, rounded
+ * once.
  * @{ */
 MOX_API MoxStatus moxsConvert_16s32f_Sfs(const Mox16s* src, Mox32f* dst, int len, int scaleFactor);
 MOX_API MoxStatus moxsConvert_16s64f_Sfs(const Mox16s* src, Mox64f* dst, int len, int scaleFactor);

@@ -126,7 +126,8 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
  * is cut into blocks; `FIROne` adds in another order. By overlap-save errors are of the order of
  * log2(N) * u times the norm of the taps times that of the N samples of a transform, for every
  * output of it: small outputs beside large ones lose digits. Infinities and NaN reach only the
- * outputs that depend on them in direct sums, but all of a transform's.
+ * outputs that depend on them in direct sums, but all of a transform's. Where taps make the sum of
+ * 16-bit samples NaN, the output is 32767.
  * @{ */
 MOX_API MoxStatus moxsFIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsFIRState* state);
 MOX_API MoxStatus moxsFIR_32f_I(Mox32f* srcDst, int len, MoxsFIRState* state);

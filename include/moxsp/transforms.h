@@ -45,7 +45,8 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * ::moxErrNullPtr for `spec`, ::moxErrFftOrder, ::moxErrNullPtr for `specMem`, ::moxErrFftFlag,
  * ::moxErrNullPtr for an `initBuf` that is needed. `moxsFFTInitAlloc`: ::moxErrNullPtr, those of
  * `moxsFFTGetSize`, ::moxErrMemAlloc. `moxsFFTFree` and `moxsFFTGetBufSize`: ::moxErrNullPtr,
- * ::moxErrContext for an object of another kind or one that was freed.
+ * ::moxErrContext for an object of another kind or one that was freed. A `moxsFFTInit` that refuses
+ * the flag or a missing `initBuf` has cleared the head of `specMem`, and there is no object.
  * @{ */
 MOX_API MoxStatus moxsFFTGetSize_C_32fc(int order, int flag, int hint, int* specSize, int* initSize,
                                         int* workSize);
@@ -96,6 +97,8 @@ MOX_API MoxStatus moxsFFTGetBufSize_R_64f(const MoxsFFTSpec* spec, int* size);
  * same with `+2 pi i`. Where the object's flag asks for it, the result is multiplied by 1/N or
  * 1/sqrt(N); an inverse after a forward transform gives the input back with the flags 1, 2 and 4,
  * and N times the input with 8. Arrays hold N elements; the destination may be the source.
+ * Where parts have arrays of their own, `dstRe` may be `srcRe` and `dstIm` `srcIm`, but not
+ * crosswise.
  *
  * `buffer` has the size that moxsFFTGetBufSize tells and lies at any address. Without one, a null
  * pointer, a run takes memory and releases it, unless it needs none: up to order 6.
@@ -143,9 +146,9 @@ MOX_API MoxStatus moxsFFTInv_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, cons
  * that the packed one stands for. Each is scaled as the flag of the object says: without scaling a
  * forward and an inverse transform together give N * x.
  *
- * `dst` has N places, and N + 2 for the result of RToCCS, also in place; `dst` may be `src`, and
- * neither need be aligned. `buffer` has the bytes that the object asks for, or is null: then the
- * call takes the memory and releases it.
+ * Arrays have N places, those with a CCS spectrum N + 2; `dst` may be `src`, and neither need be
+ * aligned. `buffer` has the bytes that the object asks for, or is null: then the call takes the
+ * memory and releases it, unless it needs none: up to order 7.
  *
  * Method: a complex transform of half the length over pairs of samples, and a pass that separates
  * the spectra of the even and the odd samples (Cooley, Lewis, Welch, "The fast Fourier transform

@@ -52,7 +52,8 @@ typedef struct {
 
 /**
  * The result of a call: 0 is success; a negative value an error, after which nothing has been
- * written; a positive value a warning, after which every element has been processed.
+ * written; a positive value a warning, after which every element has been processed. The few
+ * functions that may fail half-way say so.
  */
 typedef int32_t MoxStatus;
 
