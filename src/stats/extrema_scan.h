@@ -10,7 +10,7 @@
 
 #include "frame/map.h"
 #include "frame/vec.h"
-#include "stats/page_ahead.h"
+#include "stats/pages_ahead.h"
 
 namespace mox {
 
@@ -136,7 +136,7 @@ template <int blockVectors, class Key, class... Relation, class E>
   using W = decltype(keys(0));
 
   detail::Scan<W, Relation...> scan(broadcast<W>(Key()(load<E>(src))));
-  const PageAhead ahead(src, len);
+  const PagesAhead ahead(src, len);
   const auto takeStep = [&](long i) {
     ahead.template ask<step>(i);
     for (int j = 0; j < stepVectors; ++j) scan.take(j, keys(i + j * lanes));

@@ -16,7 +16,7 @@
 
 #include "frame/elements.h"
 #include "frame/widen.h"
-#include "stats/page_ahead.h"
+#include "stats/pages_ahead.h"
 
 namespace mox {
 
@@ -204,7 +204,7 @@ class Folding {
   [[gnu::always_inline]] void addSteps(All& lanes, long end) {
     for (const long last = end - step; i_ <= last; i_ += step) {
       if constexpr (ofOneSource && step > order.step)
-        PageAhead(terms_.source, n_).template ask<step>(i_);
+        PagesAhead(terms_.source, n_).template ask<step>(i_);
       for (long j = 0; j < step; j += order.lanes) addTerms<Combine>(lanes, terms_, i_ + j);
     }
   }
