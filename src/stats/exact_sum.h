@@ -8,6 +8,7 @@
 
 #include "frame/elements.h"
 #include "frame/vec.h"
+#include "stats/pages_ahead.h"
 
 namespace mox {
 
@@ -36,6 +37,10 @@ class WideLanes {
     pairs_ += pairs;
     odd_ += pairs >> 32;
   }
+  void add(const WideLanes& other) {
+    pairs_ += other.pairs_;
+    odd_ += other.odd_;
+  }
   LaneTotals total(Mox64u bias) const {
     const Mox64u odd = odd_[0] + odd_[1], even = pairs_[0] + pairs_[1] - (odd << 32);
     return {Mox64s(even - 2 * bias), Mox64s(odd - 2 * bias)};
@@ -54,30 +59,42 @@ struct Rest {
 
 }  // namespace detail
 
-// The sum of each channel of terms(src...).
+// The sum of each channel of terms(src...). Chains of additions go side by side, each over blocks
+// of its own.
 template <IntegerTerms kind, class Terms, class... E>
 auto sumExactly(const Terms& terms, long len, const E*... src) {
   using detail::Lanes32;
-  constexpr long channels = std::tuple_size_v<decltype(terms(src...))>;
-  detail::WideLanes wide[channels];
+  constexpr int channels = std::tuple_size_v<decltype(terms(src...))>, chains = 4 / channels;
+  constexpr long stride = chains * kind.step;
+  using Lanes = std::array<Lanes32, channels>;
+
+  detail::WideLanes wide[chains][channels];
   Mox64u blocks = 0;
-  const auto widen = [&](const auto& lanes) {
-    for (int c = 0; c < channels; ++c) wide[c].add(Lanes32(lanes[c]) + kind.bias);
+  const auto widen = [&](int chain, const auto& lanes) {
+    for (int c = 0; c < channels; ++c) wide[chain][c].add(Lanes32(lanes[c]) + kind.bias);
     ++blocks;
   };
   long i = 0;
-  while (len - i >= kind.step) {
-    auto lanes = terms(src + i...);
-    const long end = i + std::min(kind.block, len - i);
-    for (i += kind.step; kind.block > kind.step && end - i >= kind.step; i += kind.step) {
-      const auto t = terms(src + i...);
-      for (int c = 0; c < channels; ++c) lanes[c] += t[c];
+  while (len - i >= stride) {
+    Lanes lanes[chains] = {};
+    const long end = i + std::min(chains * kind.block, (len - i) / stride * stride);
+    for (; i < end; i += stride) {
+      if constexpr (sizeof...(src) == 1) PagesAhead(src..., len).template ask<stride>(i);
+      for (int chain = 0; chain < chains; ++chain) {
+        const auto t = terms(src + i + chain * kind.step...);
+        for (int c = 0; c < channels; ++c) lanes[chain][c] += Lanes32(t[c]);
+      }
     }
-    widen(lanes);
+    for (int chain = 0; chain < chains; ++chain) widen(chain, lanes[chain]);
   }
-  if (i < len) widen(terms(detail::Rest<E, kind.step>(src + i, len - i).elements...));
+  for (; len - i >= kind.step; i += kind.step) widen(0, terms(src + i...));
+  if (i < len) widen(0, terms(detail::Rest<E, kind.step>(src + i, len - i).elements...));
+
   std::array<LaneTotals, channels> totals;
-  for (int c = 0; c < channels; ++c) totals[c] = wide[c].total(blocks * kind.bias);
+  for (int c = 0; c < channels; ++c) {
+    for (int chain = 1; chain < chains; ++chain) wide[0][c].add(wide[chain][c]);
+    totals[c] = wide[0][c].total(blocks * kind.bias);
+  }
   return totals;
 }
 

@@ -59,12 +59,19 @@ inline Mox64s sumOf32s(const Mox32s* src, long len) {
   return sumExactly<detail::wideNumbers>(terms, len, src)[0].all();
 }
 
-template <class... E>
-Mox64u sumOfMagnitudes16s(long len, const E*... src) {
-  const auto terms = [](const E*... p) {
-    return std::array{detail::addUnsignedPairs(magnitudes(load<detail::Words>(p)...))};
+inline Mox64u sumOfMagnitudes16s(long len, const Mox16s* src) {
+  const auto terms = [](const Mox16s* p) {
+    const auto x = load<detail::Words>(p);
+    return std::array{detail::addPairs(x, (x >> 15) | 1)};
   };
-  return Mox64u(sumExactly<detail::unsignedNumbers>(terms, len, src...)[0].all());
+  return Mox64u(sumExactly<detail::unsignedNumbers>(terms, len, src)[0].all());
+}
+inline Mox64u sumOfMagnitudes16s(long len, const Mox16s* src1, const Mox16s* src2) {
+  const auto terms = [](const Mox16s* a, const Mox16s* b) {
+    const auto d = magnitudes(load<detail::Words>(a), load<detail::Words>(b));
+    return std::array{detail::addUnsignedPairs(d)};
+  };
+  return Mox64u(sumExactly<detail::unsignedNumbers>(terms, len, src1, src2)[0].all());
 }
 
 inline Mox64u sumOfSquares16s(long len, const Mox16s* src) {
