@@ -3,6 +3,8 @@
 // An Area holds the data in between: Blocks, or the caller's own arrays where they are split.
 #pragma once
 
+#include <algorithm>
+
 #include "transforms/fft_butterflies.h"
 #include "transforms/fft_views.h"
 
@@ -114,29 +116,37 @@ template <Direction direction, int radix, class F, class Area, class Run, class 
   }
 }
 
+// Visits columns 0 to `count` - 1, some at a step. Those whose places are neighbours are far apart,
+// so a line of one row of columns is followed by a line of the next, lest every store be to another
+// page.
+template <long step>
+[[gnu::always_inline]] inline void eachColumn(long count, auto visit) {
+  constexpr long rows = 16, line = 8;
+  const long apart = std::max(count / rows, line);
+  for (long start = 0; start < apart; start += line)
+    for (long first = start; first < count; first += apart)
+      for (long i = first; i < first + line; i += step) visit(i);
+}
+
 // Transforms of `radix` numbers, each put where its bit-reversed index is; of those that share
 // blocks, the same quarters of two neighbouring groups of 16 are together.
 template <Direction direction, int radix, class Array, class Area>
 void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
   using F = typename Area::F;
   using Shape = LeafShape<F, radix>;
-  const long stride = n / radix;
-  const auto columns = [&](long i, long partner, auto place) {
+  constexpr bool shared = Shape::sharing > 1;
+  const long stride = n / radix, partner = n / 32;
+  eachColumn<Shape::columns>(stride / Shape::sharing, [&](long column) {
+    const long i = shared ? column + (column & -partner) : column;
     leafColumns<direction, radix, F>(
         area, [=](int k, int part) { return src.mixed(i + k * stride + part * partner); },
-        [=](int c) { return place(2L * bitRev[i + c]); });
-  };
-  if constexpr (Shape::sharing == 1) {
-    for (long i = 0; i < stride; i += Shape::columns)
-      columns(i, 0, [](long reversed) { return reversed; });
-  } else {
-    // Of a reversed index bits 2 and 3 are the quarter of its group of 16. The quarters of a group
-    // and its neighbour take turns, so that each is twice as far from the start of the two.
-    const long partner = n / 32;
-    for (long first = 0; first < stride; first += 2 * partner)
-      for (long i = first; i < first + partner; i += Shape::columns)
-        columns(i, partner, [](long reversed) { return (reversed & -32) + (reversed & 12) * 2; });
-  }
+        [=](int c) {
+          // Bits 2 and 3 are the quarter of a group of 16. The quarters of a group and its
+          // neighbour take turns, so that each is twice as far from the start of the two.
+          const long place = 2L * bitRev[i + c];
+          return shared ? (place & -32) + (place & 12) * 2 : place;
+        });
+  });
 }
 
 }  // namespace mox
