@@ -123,11 +123,12 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
  * a state of other types, for a stream state in `FIROne`, and for one in place.
  * @note Direct sums: an output's error is at most tapsLen * u * sum of |taps[k] * x[i - k]|, with
  * the unit roundoff u; twice that in `fc`. An output of `FIR` has the same bits however the signal
- * is cut into blocks; `FIROne` adds in another order. By overlap-save errors are of the order of
- * log2(N) * u times the norm of the taps times that of the N samples of a transform, for every
- * output of it: small outputs beside large ones lose digits. Infinities and NaN reach only the
- * outputs that depend on them in direct sums, but all of a transform's. Where taps make the sum of
- * 16-bit samples NaN, the output is 32767.
+ * is cut into blocks; `FIROne` adds in another order. By overlap-save the error is at most e * (3
+ * |taps| |x| + |y|), where e bounds the relative error of a transform of the length N (@ref
+ * fft_real, @ref fft_complex), x are its N samples, y is their circular convolution with the taps,
+ * and |.| is the L2 norm: small outputs beside large ones lose digits. Infinities and NaN reach
+ * only the outputs that depend on them in direct sums, but all of a transform's. Where taps make
+ * the sum of 16-bit samples NaN, the output is 32767.
  * @{ */
 MOX_API MoxStatus moxsFIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsFIRState* state);
 MOX_API MoxStatus moxsFIR_32f_I(Mox32f* srcDst, int len, MoxsFIRState* state);
