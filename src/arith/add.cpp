@@ -5,7 +5,7 @@
 #include "arith/operations.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

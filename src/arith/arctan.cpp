@@ -5,7 +5,7 @@
 #include "arith/arctan.h"
 #include "arith/vector_function.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

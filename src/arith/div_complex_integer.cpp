@@ -6,7 +6,7 @@
 #include "arith/div_quotient.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
 namespace mox {

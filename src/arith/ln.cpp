@@ -6,7 +6,7 @@
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

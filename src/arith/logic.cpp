@@ -3,7 +3,7 @@
 
 #include "arith/element_wise.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

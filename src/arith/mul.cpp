@@ -5,7 +5,7 @@
 #include "arith/mul_constant.h"
 #include "arith/operations.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 

@@ -5,7 +5,7 @@
 #include "arith/element_wise.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
 namespace mox {

@@ -4,7 +4,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/map_scaled.h"
 
 namespace mox {

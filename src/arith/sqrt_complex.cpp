@@ -10,7 +10,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

@@ -6,7 +6,7 @@
 #include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

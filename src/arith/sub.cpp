@@ -6,7 +6,7 @@
 #include "arith/operations.h"
 #include "arith/scaled.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 MOX_EXPORT(moxsSub_32f, mapPair<secondMinusFirst, Mox32f>);

@@ -3,7 +3,7 @@
 
 #include "convert/threshold_relations.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/map.h"
 
 namespace mox {

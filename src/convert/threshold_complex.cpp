@@ -6,7 +6,7 @@
 #include "frame/copy.h"
 #include "frame/export.h"
 #include "frame/fill.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

@@ -6,7 +6,7 @@
 #include "convert/threshold_complex.h"
 #include "convert/threshold_relations.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
 namespace mox {

@@ -5,7 +5,7 @@
 #include "fir/fir_overlap_save.h"
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 
 namespace mox {
 namespace {

@@ -22,12 +22,12 @@ constexpr CacheDescriptor descriptors[] = {
     {0xE3, 8},  {0xD8, 8},  {0x49, 8},  {0x46, 8}, {0x29, 8},             // 4 MiB
     {0xDD, 6},  {0x48, 6},                                                // 3 MiB
     {0xE2, 4},  {0xD7, 4},  {0xD2, 4},  {0x85, 4}, {0x7D, 4}, {0x45, 4},  // 2 MiB
-    {0x25, 4},                                                            //
+    {0x25, 4},                                                            // 2 MiB
     {0xDC, 3},                                                            // 1.5 MiB
     {0xD6, 2},  {0xD1, 2},  {0x87, 2},  {0x84, 2}, {0x7C, 2}, {0x78, 2},  // 1 MiB
-    {0x44, 2},  {0x24, 2},  {0x23, 2},                                    //
+    {0x44, 2},  {0x24, 2},  {0x23, 2},                                    // 1 MiB
     {0xD0, 1},  {0x86, 1},  {0x83, 1},  {0x80, 1}, {0x7F, 1}, {0x7B, 1},  // 512 KiB
-    {0x43, 1},  {0x22, 1},                                                //
+    {0x43, 1},  {0x22, 1},                                                // 512 KiB
 };
 static_assert(sizeof descriptors == 43 * sizeof(CacheDescriptor));
 static_assert(descriptors[42].units * unitBytes == leastListedCache);

@@ -4,7 +4,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/map.h"
 #include "frame/packed24.h"
 

@@ -17,7 +17,7 @@ class PagesAhead {
   // Asks for what lies two pages behind the `count` elements from i on.
   template <long count>
   [[gnu::always_inline]] void ask(long i) const {
-    if (i >= end_) return;
+    if (i > end_ - count) return;
     for (long j = 0; j < count; j += lineBytes / size) __builtin_prefetch(src_ + distance + i + j);
   }
 

@@ -5,7 +5,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
-#include "frame/forms.h"
+#include "frame/in_place.h"
 #include "frame/object.h"
 #include "frame/work_buffer.h"
 

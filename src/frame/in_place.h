@@ -1,5 +1,4 @@
-// The forms that functions of all families come in, each made from the body of the form with the
-// most arguments.
+// The forms that work in place, made from the bodies of those that don't.
 #pragma once
 
 #include <moxsp/types.h>
