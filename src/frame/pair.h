@@ -59,9 +59,12 @@ template <class T>
   } else if constexpr (sizeof(T) == 16) {
     return parted(load<T>(z), load<T>(z + lanes));
   } else {
+    // Parting takes the halves of two vectors across. One half is loaded once more where it goes,
+    // the other is shuffled there: so the processor's loads and its shuffles share the work.
     using Half = V<Lane<T>, lanes / 2>;
-    const auto half = [&](int i) { return load<Half>(z + i * (lanes / 2)); };
-    return parted(join<T>(half(0), half(2)), join<T>(half(1), half(3)));
+    const T low = inRegister(load<T>(z));
+    const auto lowest = shuffle<[](int i) { return i; }, lanes / 2>(low, low);
+    return parted(join<T>(lowest, load<Half>(z + lanes)), joinHigh(low, load<T>(z + lanes)));
   }
 }
 
