@@ -17,7 +17,7 @@ namespace mox {
 constexpr long longestUncut = 1 << 19;
 constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
-constexpr int fineBits = 12, fineParts = 1 << fineBits, mostInUse = 2 * cutParts;
+constexpr int fineBits = 11, fineParts = 1 << fineBits;
 
 // The digits that remain within a part after so many bits.
 template <class Bits, int bits>
@@ -28,7 +28,7 @@ struct Below<Mox32u, cutBits> {
 };
 template <>
 struct Below<Mox32u, fineBits> {
-  static constexpr Digit digits[] = {{0, 10}, {10, 10}};
+  static constexpr Digit digits[] = {{0, 11}, {11, 10}};
 };
 template <>
 struct Below<Mox64u, cutBits> {
@@ -36,7 +36,7 @@ struct Below<Mox64u, cutBits> {
 };
 template <>
 struct Below<Mox64u, fineBits> {
-  static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 10}, {32, 10}, {42, 10}};
+  static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 11}, {33, 10}, {43, 10}};
 };
 
 // All keys agree in the bits above so many. As a rule the first few already differ in all.
@@ -88,7 +88,7 @@ Parts cut(const T* from, T* to, long len, int bits) {
   eachKey(parts.shift, parts.count, [&](int s, Bits, auto part) { ++places[s][part]; });
   int inUse = 0;
   for (int p = 0; p < fineParts; ++p) inUse += (places[0][p] | places[1][p]) != 0;
-  if (inUse > mostInUse) {
+  if (inUse > cutParts) {
     constexpr int joined = fineBits - cutBits;
     parts.shift += joined;
     parts.count = cutParts;
