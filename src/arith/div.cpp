@@ -55,6 +55,7 @@ MoxStatus div(const E* src1, const E* src2, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   return divideNoting(dst, len, src1, src2);
 }
+
 template <class E>
 bool isZero(E val) {
   if constexpr (Complex<E>)

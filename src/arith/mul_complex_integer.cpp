@@ -64,6 +64,7 @@ MoxStatus mul(const E* src1, const E* src2, E* dst, int len, int scaleFactor) {
   multiply(scaleFactor, dst, len, src1, src2);
   return moxOk;
 }
+
 template <class E>
 MoxStatus mulConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;

@@ -55,6 +55,7 @@ MoxStatus conj(const E* src, E* dst, int len) {
   mapElements<Stores::bypassing, registerBytes>(Conjugate<E>(), dst, len, src);
   return moxOk;
 }
+
 template <class E>
 MoxStatus conjFlip(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;

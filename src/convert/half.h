@@ -16,8 +16,8 @@ constexpr int shift = 13;  // by which exponent and fraction stand higher in a f
 // The bits of floats. Their exponents are 112 above those of half floats.
 namespace single {
 constexpr Mox32u magnitude = 0x7FFFFFFF, infinity = 0x7F800000, quietBit = 0x400000;
-constexpr Mox32u leastNormalHalf = 0x38800000, oneHalf = 0x3F000000;
-constexpr Mox32u bias = 112u << 23;
+constexpr Mox32u oneHalf = 0x3F000000, bias = 112u << 23;
+constexpr Mox32u leastNormalHalf = bias + (half::leastNormal << half::shift);
 }  // namespace single
 
 inline V<Mox32f, 4> decodeHalf(V<Mox32u, 4> bits) {

@@ -192,8 +192,8 @@ class Folding {
   [[gnu::always_inline]] void addBlock(All lanes, long end) {
     // The fewer instructions stand between the loads, the further ahead of a chain of additions do
     // those reach that memory keeps waiting. Two channels of two sources lack the registers.
-    if constexpr (ofOneSource || channels == 1)
-      addSteps<(8 * All::width + order.step - 1) / order.step * order.step>(lanes, end);
+    constexpr long longStep = (8 * All::width + order.step - 1) / order.step * order.step;
+    if constexpr (ofOneSource || channels == 1) addSteps<longStep>(lanes, end);
     addSteps<order.step>(lanes, end);
     if constexpr (order.tail != Tail::folded && order.tail != Tail::serial)
       if (i_ < end) addRest(lanes, end);

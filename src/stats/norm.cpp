@@ -44,7 +44,7 @@ E normOf(long len, const E* src, const Second*... second) {
   using Combine = std::conditional_t<kind == Norm::Inf, Max, Plus>;
   const long peel = peelTo(peelAlignment, src, len);
   const E folded =
-      fold<realNorm<E>, E, 1, Combine>(from(terms, src, second...), len, peel).of[0][0];
+      fold<realNorm<E>, E, 1, Combine>(ofSources(terms, src, second...), len, peel).of[0][0];
   return kind == Norm::L2 ? squareRoot(folded) : folded;
 }
 
@@ -89,7 +89,7 @@ auto normOf(long len, const E* src, const Second*... second) {
       return std::array{x * x};
     };
     const auto sums =
-        fold<complexL2, F, 2>(from(squares, parts(src), parts(second)...), 2 * len, 2 * peel);
+        fold<complexL2, F, 2>(ofSources(squares, parts(src), parts(second)...), 2 * len, 2 * peel);
     return squareRoot(sums.of[0][0] + sums.of[0][1]);
   } else {
     const auto terms = [squared = squaredMagnitudes(numbers)]<class T>(std::type_identity<T> type,
@@ -98,7 +98,8 @@ auto normOf(long len, const E* src, const Second*... second) {
     };
     constexpr Order order = kind == Norm::L1 && sizeof(F) == 4 ? complexL1 : complexNorm<F>;
     using Combine = std::conditional_t<kind == Norm::Inf, Max, Plus>;
-    const auto folded = fold<order, F, 1, Combine>(from(terms, src, second...), len, peel).of[0][0];
+    const auto folded =
+        fold<order, F, 1, Combine>(ofSources(terms, src, second...), len, peel).of[0][0];
     return kind == Norm::L1 ? folded : squareRoot(folded);
   }
 }

@@ -23,7 +23,7 @@ struct Inf {
       else
         return std::array{magnitudes(load<V<Mox16s, 8>>(p + i)...)};
     };
-    return fold<anyOrder, Mox16u, 1, Max>(from(terms, src...), len).of[0][0];
+    return fold<anyOrder, Mox16u, 1, Max>(ofSources(terms, src...), len).of[0][0];
   }
 };
 

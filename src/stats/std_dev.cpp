@@ -30,7 +30,7 @@ Moments<Mox64f> momentsInOrder(const E* src, long len, long peel) {
     const T x = numberAt<T>(src + i);
     return std::array{x, x * x};
   };
-  const auto sums = fold<order, F>(from(terms, src), len, peel);
+  const auto sums = fold<order, F>(ofSources(terms, src), len, peel);
   return {Mox64f(len), sums.of[0][0], sums.of[1][0]};
 }
 

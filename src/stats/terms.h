@@ -35,13 +35,13 @@ T difference(T a, T b) {
   return a - b;
 }
 
-// Terms, and whether they are of one source.
+// The terms, with their source at hand where there is only one: see fold.h.
 template <class Terms, class E>
-auto from(const Terms& terms, const E* source) {
+auto ofSources(const Terms& terms, const E* source) {
   return OneSource<Terms, E>{terms, source};
 }
 template <class Terms, class A, class B>
-auto from(const Terms& terms, const A*, const B*) {
+auto ofSources(const Terms& terms, const A*, const B*) {
   return terms;
 }
 
@@ -59,7 +59,7 @@ auto termsOf(Op op, const E*... src) {
   const auto terms = [op, ... p = parts(src)]<class T>(std::type_identity<T>, long i) {
     return std::array{op(numberAt<T>(p + i)...)};
   };
-  return from(terms, parts(src)...);
+  return ofSources(terms, parts(src)...);
 }
 
 }  // namespace mox

@@ -137,6 +137,7 @@ void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
   constexpr bool shared = Shape::sharing > 1;
   const long stride = n / radix, partner = n / 32;
   eachColumn<Shape::columns>(stride / Shape::sharing, [&](long column) {
+    // Where blocks are shared, every other run of `partner` columns goes along with the one before.
     const long i = shared ? column + (column & -partner) : column;
     leafColumns<direction, radix, F>(
         area, [=](int k, int part) { return src.mixed(i + k * stride + part * partner); },
