@@ -6,7 +6,7 @@ execute_process(COMMAND git rev-list --count HEAD
 if(NOT MOXSP_REVISION)
   set(MOXSP_REVISION 0)
 endif()
-configure_file(cmake/version_numbers.h.in generated/frame/version_numbers.h)
+configure_file(cmake/version_numbers.h.in generated/move/version_numbers.h)
 
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp)
 add_library(moxsp_objects OBJECT ${sources})
@@ -20,12 +20,13 @@ target_compile_options(moxsp_objects PRIVATE
   $<$<CONFIG:>:-O3> -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
-# Sources that change the rounding mode (frame/rounding_control.h).
-set_source_files_properties(
-  src/arith/div_complex_integer.cpp src/arith/div_integer.cpp src/arith/mul_32s.cpp
-  src/convert/half.cpp src/convert/threshold_inverse.cpp src/convert/to_integer.cpp
-  src/convert/widen.cpp src/stats/dot_prod.cpp
-  PROPERTIES COMPILE_OPTIONS -frounding-math)
+# The compiler must not move arithmetic out of a scope that changes the rounding mode.
+foreach(source ${sources})
+  file(STRINGS ${source} uses_rounding_control REGEX "#include \"frame/rounding_control\\.h\"")
+  if(uses_rounding_control)
+    set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -frounding-math)
+  endif()
+endforeach()
 target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 
 add_library(moxsp SHARED $<TARGET_OBJECTS:moxsp_objects>)

@@ -13,7 +13,7 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/reductions.h>

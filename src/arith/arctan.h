@@ -1,7 +1,7 @@
 // The series behind the arctangent.
 #pragma once
 
-#include "arith/reciprocal.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

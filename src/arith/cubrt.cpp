@@ -2,9 +2,9 @@
 
 #include <moxsp/arith.h>
 
-#include "arith/map_rounded.h"
 #include "arith/vector_function.h"
 #include "frame/export.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "arith/reciprocal.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

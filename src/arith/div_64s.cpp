@@ -6,7 +6,7 @@
 #include "arith/div_long.h"
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 namespace {

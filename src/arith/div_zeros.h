@@ -3,7 +3,7 @@
 
 #include <moxsp/types.h>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

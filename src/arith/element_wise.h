@@ -3,10 +3,10 @@
 #pragma once
 
 #include "frame/checks.h"
-#include "frame/copy.h"
 #include "frame/elements.h"
-#include "frame/fill.h"
 #include "frame/map.h"
+#include "move/copy.h"
+#include "move/fill.h"
 
 namespace mox {
 

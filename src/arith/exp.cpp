@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <limits>
 
-#include "arith/map_rounded.h"
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 namespace {

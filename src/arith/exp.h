@@ -1,7 +1,7 @@
 // The exponential of doubles, in the parts that its families put together.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

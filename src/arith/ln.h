@@ -5,7 +5,7 @@
 #include <limits>
 #include <optional>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -2,10 +2,10 @@
 #include <moxsp/arith.h>
 
 #include "arith/ln_note.h"
-#include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 namespace {

@@ -3,7 +3,7 @@
 // own width, an operation has these forms too.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

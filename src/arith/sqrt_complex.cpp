@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 namespace {

@@ -3,10 +3,10 @@
 
 #include <bit>
 
-#include "arith/map_rounded.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 namespace {

@@ -1,9 +1,9 @@
-// Function bodies of the complex families: an operation of frame/complex_map.h, and where the
+// Function bodies of the complex families: an operation of frame/map_complex.h, and where the
 // numbers come from. With a scale factor the operation is made from it.
 #pragma once
 
 #include "frame/checks.h"
-#include "frame/complex_map.h"
+#include "frame/map_complex.h"
 
 namespace mox {
 

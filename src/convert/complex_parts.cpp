@@ -3,7 +3,7 @@
 
 #include "convert/complex_bodies.h"
 #include "frame/export.h"
-#include "frame/fill.h"
+#include "move/fill.h"
 
 namespace mox {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/flip.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
+#include "move/flip.h"
 
 namespace mox {
 namespace {

@@ -1,7 +1,7 @@
 // Half floats in software, on vectors: what the processor's instructions give, to the bit.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -1,7 +1,7 @@
-// Magnitudes and their squares, on the shapes of frame/complex_map.h.
+// Magnitudes and their squares, on the shapes of frame/map_complex.h.
 #pragma once
 
-#include "frame/complex_map.h"
+#include "frame/map_complex.h"
 
 namespace mox {
 

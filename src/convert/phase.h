@@ -7,7 +7,7 @@
 #include <cmath>
 
 #include "arith/arctan.h"
-#include "frame/complex_map.h"
+#include "frame/map_complex.h"
 
 namespace mox {
 

@@ -9,8 +9,8 @@
 #include "convert/exact_angle.h"
 #include "convert/round_once.h"
 #include "frame/checks.h"
-#include "frame/complex_map.h"
 #include "frame/export.h"
+#include "frame/map_complex.h"
 
 namespace mox {
 namespace {

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cmath>
 
-#include "arith/map_rounded.h"
+#include "frame/map_rounded.h"
 
 namespace mox {
 

@@ -3,10 +3,10 @@
 
 #include "convert/threshold.h"
 #include "convert/threshold_relations.h"
-#include "frame/copy.h"
 #include "frame/export.h"
-#include "frame/fill.h"
 #include "frame/in_place.h"
+#include "move/copy.h"
+#include "move/fill.h"
 
 namespace mox {
 namespace {

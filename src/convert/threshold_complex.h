@@ -6,7 +6,7 @@
 
 #include "frame/elements.h"
 #include "frame/map.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -1,13 +1,13 @@
 // Reciprocals of elements whose magnitude is raised to a level.
 #include <limits>
 
-#include "arith/reciprocal.h"
 #include "convert/threshold.h"
 #include "convert/threshold_complex.h"
 #include "convert/threshold_relations.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <concepts>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

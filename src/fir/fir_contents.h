@@ -6,7 +6,7 @@
 #include "fir/fir_combination.h"
 #include "fir/fir_state.h"
 #include "fir/fir_transform.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

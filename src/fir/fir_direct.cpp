@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 namespace {

@@ -2,7 +2,7 @@
 // samples always lie in one stretch.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

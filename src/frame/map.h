@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "frame/widen.h"
 
 namespace mox {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -1,7 +1,7 @@
 // Complex numbers in registers as real parts and imaginary parts: two vectors, or two scalars.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -14,7 +14,7 @@
 #include <type_traits>
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

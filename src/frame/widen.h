@@ -3,7 +3,7 @@
 #pragma once
 
 #include "frame/packed24.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -3,7 +3,7 @@
 
 #include <moxsp/types.h>
 
-#include "frame/fill.h"
+#include "move/fill.h"
 #include "stats/sort_order.h"
 
 namespace mox {

@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "stats/pages_ahead.h"
 
 namespace mox {

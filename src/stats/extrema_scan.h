@@ -9,7 +9,7 @@
 #include <type_traits>
 
 #include "frame/map.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "stats/pages_ahead.h"
 
 namespace mox {

@@ -3,7 +3,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 namespace {

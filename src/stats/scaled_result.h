@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "frame/rounding.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

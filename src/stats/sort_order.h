@@ -1,7 +1,7 @@
 // The directions of the sorts: what must stand before what. For scalars and, lane by lane, vectors.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

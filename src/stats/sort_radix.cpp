@@ -3,7 +3,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "stats/count_bytes.h"
 #include "stats/sort_radix_cut.h"
 #include "stats/sort_radix_passes.h"

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <bit>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "stats/sort_radix_passes.h"
 
 namespace mox {

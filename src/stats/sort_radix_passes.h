@@ -9,9 +9,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "frame/copy.h"
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
+#include "move/copy.h"
 #include "stats/sort_order.h"
 
 namespace mox {

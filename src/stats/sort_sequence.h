@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -3,7 +3,7 @@
 // parts of each number side by side. Butterflies are written once, for both.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -11,7 +11,7 @@
 // direction and on the downward front in the inverse, both run the same butterfly.
 #pragma once
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "transforms/fft_real_tables.h"
 
 namespace mox {

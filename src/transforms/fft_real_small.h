@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "transforms/fft_spec.h"
 #include "transforms/pairs.h"
 

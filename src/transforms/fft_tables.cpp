@@ -2,7 +2,7 @@
 
 #include "arith/vector_functions.h"
 #include "frame/arena.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 #include "transforms/turn.h"
 
 namespace mox {

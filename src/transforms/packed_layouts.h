@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 

@@ -1,7 +1,7 @@
 // Comparisons of lanes, and what is chosen by them.
 #pragma once
 
-#include "frame/vec_core.h"
+#include "frame/vec/core.h"
 
 namespace mox {
 

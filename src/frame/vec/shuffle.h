@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "frame/vec_core.h"
+#include "frame/vec/core.h"
 
 namespace mox {
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "frame/cache_descriptors.h"
+#include "move/cache_descriptors.h"
 #include "support/core_probe.h"
 #include "support/guarded_array.h"
 #include "support/random.h"

@@ -1,8 +1,8 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/fill.h"
+#include "move/fill.h"
 
 namespace mox {
 namespace {

@@ -4,9 +4,9 @@
 // names a register width except through V.
 #pragma once
 
-#include "frame/vec_complex.h"
-#include "frame/vec_core.h"
-#include "frame/vec_float.h"
-#include "frame/vec_integer.h"
-#include "frame/vec_mask.h"
-#include "frame/vec_shuffle.h"
+#include "frame/vec/complex.h"
+#include "frame/vec/core.h"
+#include "frame/vec/float.h"
+#include "frame/vec/integer.h"
+#include "frame/vec/mask.h"
+#include "frame/vec/shuffle.h"

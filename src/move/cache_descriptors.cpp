@@ -1,4 +1,4 @@
-#include "frame/cache_descriptors.h"
+#include "move/cache_descriptors.h"
 
 #include "support/moxcore.h"
 

@@ -4,8 +4,8 @@
 
 #include <moxsp/types.h>
 
-#include "frame/string_instructions.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
+#include "move/string_instructions.h"
 
 namespace mox {
 

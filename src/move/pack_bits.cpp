@@ -1,10 +1,10 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include <algorithm>
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 namespace {

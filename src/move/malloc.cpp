@@ -1,4 +1,4 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/export.h"
 #include "support/moxcore.h"

@@ -1,7 +1,7 @@
-#include "frame/fill.h"
+#include "move/fill.h"
 
-#include "frame/cache_descriptors.h"
-#include "frame/string_instructions.h"
+#include "move/cache_descriptors.h"
+#include "move/string_instructions.h"
 #include "support/moxcore.h"
 
 namespace mox {

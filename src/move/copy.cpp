@@ -1,10 +1,10 @@
-#include "frame/copy.h"
+#include "move/copy.h"
 
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/checks.h"
-#include "frame/copy_kernels.h"
 #include "frame/export.h"
+#include "move/copy_kernels.h"
 
 namespace mox {
 

@@ -1,7 +1,7 @@
 // Complex numbers in a register.
 #pragma once
 
-#include "frame/vec_shuffle.h"
+#include "frame/vec/shuffle.h"
 
 namespace mox {
 

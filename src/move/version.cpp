@@ -1,7 +1,7 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/export.h"
-#include "frame/version_numbers.h"
+#include "move/version_numbers.h"
 #include "support/moxcore.h"
 
 namespace mox {

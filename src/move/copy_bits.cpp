@@ -1,9 +1,9 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/checks.h"
-#include "frame/copy.h"
 #include "frame/export.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
+#include "move/copy.h"
 
 namespace mox {
 namespace {

@@ -1,7 +1,7 @@
 // Lanes of integers: saturation, whole products, shifts, tables.
 #pragma once
 
-#include "frame/vec_shuffle.h"
+#include "frame/vec/shuffle.h"
 
 namespace mox {
 

@@ -1,9 +1,9 @@
-#include <moxsp/frame.h>
+#include <moxsp/move.h>
 
 #include "frame/checks.h"
 #include "frame/export.h"
-#include "frame/flip.h"
 #include "frame/in_place.h"
+#include "move/flip.h"
 
 namespace mox {
 namespace {

@@ -6,7 +6,7 @@
 #include <bit>
 
 #include "frame/elements.h"
-#include "frame/vec.h"
+#include "frame/vec/vec.h"
 
 namespace mox {
 
