@@ -246,8 +246,8 @@ TEST(ComplexIntegers, TiesOfCoordinates) {
     for (const long offset : {-1, 0, 1}) {
       const long n = std::max(0L, mpfr_get_si(value, MPFR_RNDD) + offset);
       mpfr_set_si_2exp(tie, 2 * n + 1, -1, MPFR_RNDN);
-      const auto coordinate = i % 2 ? mox::Coordinate::im : mox::Coordinate::re;
-      ASSERT_EQ(mox::isCoordinateAboveTie(coordinate, m, p, factor, n),
+      const auto coordinate = i % 2 ? mox::convert::Coordinate::im : mox::convert::Coordinate::re;
+      ASSERT_EQ(mox::convert::isCoordinateAboveTie(coordinate, m, p, factor, n),
                 mpfr_greater_p(value, tie) != 0)
           << m << " at " << p << " with factor " << factor << ", from " << n;
     }

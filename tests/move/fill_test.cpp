@@ -185,7 +185,7 @@ TEST_F(Decision, WideSetsReadTheDescriptorsAboveOneMebibyte) {
 
 long listed(unsigned a, unsigned b = 0, unsigned c = 0, unsigned d = 0) {
   const unsigned leaf2[4] = {a, b, c, d};
-  return mox::listedCacheBytes(leaf2);
+  return mox::move::listedCacheBytes(leaf2);
 }
 
 TEST(CacheDescriptors, TheLargestOfAllRegistersCounts) {
