@@ -16,6 +16,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup scaling Scaled integers
+ * @ingroup topic_arithmetic
  * Names with `Sfs` scale their integer result: the exact value r of the operation becomes
  * r * 2^-scaleFactor, rounded to nearest with ties to even and saturated to the type of the result.
  * A positive factor divides: 2.5 gives 2, -1.5 gives -2. Every `scaleFactor` is valid: far above
@@ -25,6 +26,7 @@
 /** @} */
 
 /** @defgroup add Add
+ * @ingroup topic_arithmetic
  * Sums. Add: `dst[i] = src1[i] + src2[i]`, in place `srcDst[i] = src[i] + srcDst[i]`. AddC:
  * `dst[i] = src[i] + val`, in place `srcDst[i] = srcDst[i] + val`; for 0 <= i < len.
  * Complex elements are added part by part, and Add over them looks at the length before the
@@ -104,6 +106,7 @@ MOX_API MoxStatus moxsAddC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup sub Sub
+ * @ingroup topic_arithmetic
  * Differences. Sub subtracts its first source: `dst[i] = src2[i] - src1[i]`, in place
  * `srcDst[i] = srcDst[i] - src[i]`. SubC: `dst[i] = src[i] - val`; SubCRev: `dst[i] = val -
  * src[i]`. Complex elements part by part, and Sub over them looks at the length before the
@@ -202,6 +205,7 @@ MOX_API MoxStatus moxsSubCRev_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup mul Mul
+ * @ingroup topic_arithmetic
  * Products. Mul: `dst[i] = src1[i] * src2[i]`, in place `srcDst[i] = src[i] * srcDst[i]`. MulC:
  * `dst[i] = src[i] * val`. The complex product of (a, b) and (c, d) is (a*c - b*d, a*d + b*c); a
  * real element multiplies both parts of a complex one. Integers with `Sfs` follow @ref scaling;
@@ -295,6 +299,7 @@ MOX_API MoxStatus moxsMulC_Low_32f16s(const Mox16s* src, Mox32f val, Mox16s* dst
 /** @} */
 
 /** @defgroup addproduct AddProduct
+ * @ingroup topic_arithmetic
  * Products added to the destination: `srcDst[i] = srcDst[i] + src1[i] * src2[i]`, with a constant
  * `srcDst[i] = srcDst[i] + src[i] * val`. With `Sfs` the whole sum is scaled by @ref scaling,
  * but for `32s`, see below.

@@ -8,6 +8,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup companding Companding
+ * @ingroup topic_conversion
  * Between linear samples and the 8-bit codes of ITU-T G.711, and between its two laws. Codes are
  * those on the line: A-law with every other bit inverted, mu-law with all bits inverted; bit 7 is
  * set for samples that aren't negative. `len` counts samples, 0 <= i < len. Arrays must not

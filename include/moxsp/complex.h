@@ -19,6 +19,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup conj Conj and ConjFlip
+ * @ingroup topic_complex_numbers
  * Conjugates: `dst[i] = (re, -im)` of `src[i]`, in place of `srcDst[i]`; ConjFlip those of the
  * elements from the last to the first, `dst[i] = conj(src[len - 1 - i])`, where `dst` may be `src`.
  *
@@ -37,6 +38,7 @@ MOX_API MoxStatus moxsConjFlip_64fc(const Mox64fc* src, Mox64fc* dst, int len);
 /** @} */
 
 /** @defgroup complexparts Real, Imag, CplxToReal and RealToCplx
+ * @ingroup topic_complex_numbers
  * Real and imaginary parts moved apart and together, each bit as it was. Real: `dst[i] =
  * re(src[i])`. Imag: `dst[i] = im(src[i])`. CplxToReal: both at once. RealToCplx: `dst[i] =
  * (srcRe[i], srcIm[i])`, where a null source counts as an array of zeros, and only a null `dst` is
@@ -60,6 +62,7 @@ MOX_API MoxStatus moxsRealToCplx_64f(const Mox64f* srcRe, const Mox64f* srcIm, M
 /** @} */
 
 /** @defgroup magnitude Magnitude
+ * @ingroup topic_complex_numbers
  * `dst[i] = sqrt(re^2 + im^2)`.
  *
  * @note `32f`, `32fc`, `64f`, `64fc`: the square root of the sum of two squares, each of these four
@@ -82,6 +85,7 @@ MOX_API MoxStatus moxsMagnitude_64fc(const Mox64fc* src, Mox64f* dst, int len);
 /** @} */
 
 /** @defgroup powerspectr PowerSpectr and MagSquared
+ * @ingroup topic_complex_numbers
  * `dst[i] = re^2 + im^2`.
  *
  * @note `32f`, `32fc`, `64f`, `64fc`: two squares and a sum, each rounded to the element type in
@@ -107,6 +111,7 @@ MOX_API MoxStatus moxsMagSquared_32sc32s_Sfs(const Mox32sc* src, Mox32s* dst, in
 /** @} */
 
 /** @defgroup phase Phase
+ * @ingroup topic_complex_numbers
  * `dst[i] = atan2(im, re)`: the angle of the number in radians, from -pi to pi. Zeros count with
  * their sign: the phase of (0, 0) is 0, that of (-0, 0) is pi, and the sign of `im` is the sign of
  * the result. An infinite part gives the angle of its axis, two that of the diagonal between; a NaN
@@ -132,6 +137,7 @@ MOX_API MoxStatus moxsPhase_64fc(const Mox64fc* src, Mox64f* dst, int len);
 /** @} */
 
 /** @defgroup polar CartToPolar and PolarToCart
+ * @ingroup topic_complex_numbers
  * Both polar coordinates: `dstMagn[i] = sqrt(re^2 + im^2)` and `dstPhase[i] = atan2(im, re)`; and
  * back from them: `(srcMagn[i] * cos(srcPhase[i]), srcMagn[i] * sin(srcPhase[i]))`, to one complex
  * array or to `dstRe` and `dstIm`.

@@ -11,6 +11,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup convert Convert
+ * @ingroup topic_conversion
  * `dst[i]` is the value of `src[i]` in the destination's type, for 0 <= i < len. A name gives the
  * source type, then the destination type. Packed 24-bit samples are three bytes each, least
  * significant first, and `len` counts samples.
@@ -123,6 +124,7 @@ MOX_API MoxStatus moxsConvert_16f16s_Sfs(const Mox16f* src, Mox16s* dst, int len
 /** @} */
 
 /** @defgroup interleave JoinScaled and SplitScaled
+ * @ingroup topic_conversion
  * Samples between one row of floats a channel and one array of integers in which the channels
  * alternate: sample `j` of channel `c`, for 0 <= j < len and 0 <= c < channels, is element
  * `j * channels + c`.

@@ -13,6 +13,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup div Div
+ * @ingroup topic_arithmetic
  * Quotients. The first source is the divisor: `dst[i] = src2[i] / src1[i]`, in place `srcDst[i] =
  * srcDst[i] / src[i]`. In `moxsDiv_32s16s_Sfs` it is the 16-bit source.
  *
@@ -66,6 +67,7 @@ MOX_API MoxStatus moxsDiv_64fc_I(const Mox64fc* src, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup divround Div_Round
+ * @ingroup topic_arithmetic
  * Quotients as in @ref div, rounded by `rndMode`: ::moxRoundZero, ::moxRoundNearEven or
  * ::moxRoundHalfAway. Exact to the bit at every factor.
  * @return ::moxErrRoundMode for any other mode; ::moxWarnDivByZero if any divisor was zero.
@@ -85,6 +87,7 @@ MOX_API MoxStatus moxsDiv_Round_16u_ISfs(const Mox16u* src, Mox16u* srcDst, int 
 /** @} */
 
 /** @defgroup divc DivC
+ * @ingroup topic_arithmetic
  * Quotients by a constant: `dst[i] = src[i] / val`, in place `srcDst[i] = srcDst[i] / val`.
  * Integers and complex elements as in @ref div; integer results are exact to the bit at every
  * factor. Parts of complex integers are at the limit of their sign at factors below -16.
@@ -119,6 +122,7 @@ MOX_API MoxStatus moxsDivC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup divcrev DivCRev
+ * @ingroup topic_arithmetic
  * A constant over a vector: `dst[i] = val / src[i]`, in place `srcDst[i] = val / srcDst[i]`, with
  * results as in @ref div, at a factor of 0. A `val` of 0 is no error.
  * @return ::moxWarnDivByZero if any element was zero.

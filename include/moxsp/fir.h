@@ -19,6 +19,7 @@ typedef struct MoxsFIRState MoxsFIRState;
  */
 
 /** @defgroup fir_state States of FIR filters
+ * @ingroup topic_filters
  * `GetStateSize` tells the bytes that `Init` needs, at any address. `Init` sets the filter up there
  * and stores the address of its state, which is inside `buffer`; `InitAlloc` takes the memory
  * itself. `dlyLine` holds the samples before the first one; null stands for silence. Taps and
@@ -70,6 +71,7 @@ MOX_API MoxStatus moxsFIRStreamInitAlloc_32f(MoxsFIRState** state, const Mox32f*
 /** @} */
 
 /** @defgroup fir_taps Taps of a filter
+ * @ingroup topic_filters
  * Reads or replaces the `tapsLen` taps, tap 0 first. The delay line is left alone.
  * @return ::moxErrNullPtr for a null argument, ::moxErrContext for a stream state or one of other
  * types.
@@ -87,6 +89,7 @@ MOX_API MoxStatus moxsFIRSetTaps_64fc(const Mox64fc* taps, MoxsFIRState* state);
 /** @} */
 
 /** @defgroup fir_dlyline Delay line of a filter
+ * @ingroup topic_filters
  * Reads or replaces the last `tapsLen` samples, the newest first. A null `dlyLine` stands for
  * silence in `SetDlyLine`.
  * @return ::moxErrNullPtr for a null argument, but for that one; ::moxErrContext for a stream state
@@ -105,6 +108,7 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
 /** @} */
 
 /** @defgroup fir FIR
+ * @ingroup topic_filters
  * Filters a block of `len` samples (`FIR`) or a single one (`FIROne`), in any order on one state.
  * In place or not, the outputs are the same but for rounding; arrays may not overlap otherwise.
  * Integer outputs are the sums times 2^-scaleFactor, rounded to nearest with ties to even and
@@ -151,6 +155,7 @@ MOX_API MoxStatus moxsFIROne32f_16s_Sfs(Mox16s src, Mox16s* dst, MoxsFIRState* s
 /** @} */
 
 /** @defgroup fir_direct FIR without a state
+ * @ingroup topic_filters
  * The same sums sample by sample, with all memory the caller's: `dlyLine` is a ring of
  * `2 * tapsLen` samples that holds the last `tapsLen` twice, and `dlyLineIndex` its place, both 0
  * at first. Each sample is stored at that place and `tapsLen` behind it; then the place moves on,

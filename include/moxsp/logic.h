@@ -13,6 +13,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup logic Logic
+ * @ingroup topic_bits
  * Bitwise operations: `dst[i] = src1[i] op src2[i]`, in place `srcDst[i] = src[i] op srcDst[i]`;
  * with a constant `dst[i] = src[i] op val`, in place `srcDst[i] = srcDst[i] op val`; Not:
  * `dst[i] = ~src[i]`, in place `srcDst[i] = ~srcDst[i]`.
@@ -62,6 +63,7 @@ MOX_API MoxStatus moxsNot_32u_I(Mox32u* srcDst, int len);
 /** @} */
 
 /** @defgroup shift Shifts
+ * @ingroup topic_bits
  * Shifts by `val` bits: `dst[i] = src[i] << val` and `dst[i] = src[i] >> val`. A left shift drops
  * the high bits, without saturation; a right shift of signed elements brings in copies of the sign.
  * From the width of the element on, all bits are shifted out: the results are 0, or the sign (0 or

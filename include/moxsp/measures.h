@@ -8,6 +8,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup countinrange CountInRange
+ * @ingroup topic_measures
  * The number of elements with `lowerBound < src[i] < upperBound`, for 0 <= i < len.
  *
  * @return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1.
@@ -17,6 +18,7 @@ MOX_API MoxStatus moxsCountInRange_32s(const Mox32s* src, int len, int* counts, 
 /** @} */
 
 /** @defgroup findnearest FindNearest
+ * @ingroup topic_measures
  * The entry of an ascending table that is nearest to a value, and its index; of two at the same
  * distance the lower one. A value that is not above the first entry gives index 0, one not below
  * the last the last index. FindNearest does it for every element of `src`. With entries in another
@@ -31,6 +33,7 @@ MOX_API MoxStatus moxsFindNearest_16u(const Mox16u* src, Mox16u* outVals, int* o
 /** @} */
 
 /** @defgroup sumwindow SumWindow
+ * @ingroup topic_measures
  * Running sums: `dst[i]` is the sum of `src[i]` to `src[i + maskSize - 1]`, for 0 <= i < len; `src`
  * holds `len + maskSize - 1` elements.
  *
@@ -45,6 +48,7 @@ MOX_API MoxStatus moxsSumWindow_16s32f(const Mox16s* src, Mox32f* dst, int len, 
 /** @} */
 
 /** @defgroup normalize Normalize
+ * @ingroup topic_levels
  * `dst[i] = (src[i] - sub) / div` for 0 <= i < len; for complex elements `sub` is complex and `div`
  * real. The `Sfs` forms multiply the quotient by 2^-scaleFactor, round it to nearest with ties to
  * even and saturate; every factor is valid. `dst` may be `src`.
@@ -71,6 +75,7 @@ MOX_API MoxStatus moxsNormalize_16sc_Sfs(const Mox16sc* src, Mox16sc* dst, int l
 /** @} */
 
 /** @defgroup update UpdateLinear and UpdatePower
+ * @ingroup topic_measures
  * A recursive mean: `y = alpha * y + (1 - alpha) * x` for each element, in their order, where y is
  * the value at `srcDst`. Linear: `x = src[i] >> shift`, `shift` taken as 0 to 15. Power:
  * `x = (src[i] * src[i]) >> shift`, `shift` taken as 0 to 31. `hint` has no effect.
@@ -94,6 +99,7 @@ enum {
 };
 
 /** @defgroup zerocrossing ZeroCrossing
+ * @ingroup topic_measures
  * A count over the pairs of neighbouring elements, by the kind of crossing `zcType`. The products
  * are those of `Mox32f`, so that one of tiny numbers may be 0; sgn of NaN is 0. The count is exact
  * before it is rounded to `Mox32f`.

@@ -21,6 +21,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup sum Sum
+ * @ingroup topic_reductions
  * Sums: `sum = src[0] + ... + src[len - 1]`, complex elements by parts. Integers with `Sfs` give
  * sum * 2^-scaleFactor to nearest, ties to even, saturated to the type of the result.
  *
@@ -42,6 +43,7 @@ MOX_API MoxStatus moxsSum_64fc(const Mox64fc* src, int len, Mox64fc* sum);
 /** @} */
 
 /** @defgroup mean Mean
+ * @ingroup topic_reductions
  * Means: `mean = (src[0] + ... + src[len - 1]) / len`, complex elements by parts. Integers with
  * `Sfs` give mean * 2^-scaleFactor, saturated; `moxsMean_32s_Sfs` has a rule of its own.
  *
@@ -65,6 +67,7 @@ MOX_API MoxStatus moxsMean_64fc(const Mox64fc* src, int len, Mox64fc* mean);
 /** @} */
 
 /** @defgroup stddev StdDev
+ * @ingroup topic_reductions
  * Standard deviations with the divisor len - 1: the root of (n * Q - S^2) / (n * (n - 1)), where S
  * is the sum of the n elements, and Q that of their squares. Where rounding leaves n * Q - S^2 not
  * above 0, as it may with equal elements and does with NaN, the result is 0. Integers with `Sfs`
@@ -83,6 +86,7 @@ MOX_API MoxStatus moxsStdDev_64f(const Mox64f* src, int len, Mox64f* stdDev);
 /** @} */
 
 /** @defgroup meanstddev MeanStdDev
+ * @ingroup topic_reductions
  * Mean and standard deviation (@ref stddev) in one pass over the data. Integers with `Sfs` scale
  * both by 2^-scaleFactor, round in the current mode and saturate.
  *
@@ -99,6 +103,7 @@ MOX_API MoxStatus moxsMeanStdDev_64f(const Mox64f* src, int len, Mox64f* mean, M
 /** @} */
 
 /** @defgroup norm Norm
+ * @ingroup topic_reductions
  * Norms: Inf is the largest |src[i]|, L1 the sum of all |src[i]|, L2 the root of the sum of their
  * squares, L2Sqr that sum. The magnitude of a complex number is sqrt(re^2 + im^2).
  *
@@ -142,6 +147,7 @@ MOX_API MoxStatus moxsNorm_L2_64fc64f(const Mox64fc* src, int len, Mox64f* norm)
 /** @} */
 
 /** @defgroup normdiff NormDiff
+ * @ingroup topic_reductions
  * Norms of differences: @ref norm of src1[i] - src2[i], which is rounded in the type of floating
  * data, and exact for integers.
  * @{ */
@@ -188,6 +194,7 @@ MOX_API MoxStatus moxsNormDiff_L2_64fc64f(const Mox64fc* src1, const Mox64fc* sr
 /** @} */
 
 /** @defgroup dotprod DotProd
+ * @ingroup topic_reductions
  * Dot products: `dp = src1[0] * src2[0] + ... + src1[len - 1] * src2[len - 1]`, without
  * conjugation. A name gives the types of the sources, or of both, then that of the result; a real
  * `src1` multiplies both parts of a complex `src2`.

@@ -8,6 +8,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup sort Comparison sorts
+ * @ingroup topic_sorting
  * A vector sorted in place, without a work buffer: `srcDst[i] <= srcDst[i + 1]` after
  * SortAscend and SortIndexAscend, `srcDst[i] >= srcDst[i + 1]` after SortDescend and
  * SortIndexDescend. The Index forms also tell where every element came from: `dstIdx[i]` is the
@@ -53,6 +54,7 @@ MOX_API MoxStatus moxsSortIndexDescend_64f_I(Mox64f* srcDst, Mox32s* dstIdx, int
 /** @} */
 
 /** @defgroup radix Radix sorts
+ * @ingroup topic_sorting
  * Stable sorts by the digits of the keys, least significant first, in a time that grows with
  * `len` alone. SortRadixAscend and SortRadixDescend sort a vector in place; SortRadixIndexAscend
  * and SortRadixIndexDescend leave the keys as they are and give the permutation that sorts them:

@@ -8,6 +8,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup threshold Threshold
+ * @ingroup topic_levels
  * `dst[i]` is `src[i]`, or what the relation in the name puts in its place, for 0 <= i < len. Each
  * group gives the expression for a real element x, and it stands as written: it tells what becomes
  * of NaN, of an element equal to the level, and of zeros of either sign. Names ending in `_I`
