@@ -1,6 +1,21 @@
 /**
  * @file
  * A-law and mu-law companding (ITU-T G.711).
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s pcm[3] = {0, 1000, -32768};
+ *   Mox8u code[3];
+ *   Mox16s back[3];
+ *   moxsLinToALaw_16s8u(pcm, code, 3);
+ *   for (int i = 0; i < 3; ++i) printf("%02x ", code[i]);  // d5 fa 2a
+ *   moxsALawToLin_8u16s(code, back, 3);
+ *   for (int i = 0; i < 3; ++i) printf("%d ", back[i]);  // 8 1008 -32256
+ * }
+ * @endcode
  */
 #ifndef MOXSP_COMPANDING_H
 #define MOXSP_COMPANDING_H

@@ -6,6 +6,19 @@
  * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
  * of the sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`.
  * Integers with `Sfs` follow @ref scaling.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f power[3] = {1, 0.01f, 0};
+ *   MoxStatus status = moxsLn_32f_I(power, 3);  // a warning, for the zero
+ *   if (status < 0) return 1;
+ *   moxsMulC_32f_I(4.3429448f, power, 3);                 // 10 / ln(10): decibels
+ *   for (int i = 0; i < 3; ++i) printf("%g ", power[i]);  // 0 -20 -inf
+ * }
+ * @endcode
  */
 #ifndef MOXSP_ELEMENTARY_H
 #define MOXSP_ELEMENTARY_H
@@ -86,8 +99,9 @@ MOX_API MoxStatus moxsSqrt_64fc_I(Mox64fc* srcDst, int len);
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note `32f`: a rational function of degree 4 over the mantissa, divided by the processor's
- * reciprocal estimate and one step of Newton's method; within 7.74 ulps over all floats, the last
- * bit depending on the processor's estimate. `32s16s`: the exact value of the rule.
+ * reciprocal estimate and one step of Newton's method; within 7.74 ulps over all floats.
+ * Results depend on the estimate, and were seen to differ by 3 ulps between processors. `32s16s`:
+ * the exact value of the rule.
  * @{ */
 MOX_API MoxStatus moxsCubrt_32f(const Mox32f* src, Mox32f* dst, int len);
 MOX_API MoxStatus moxsCubrt_32s16s_Sfs(const Mox32s* src, Mox16s* dst, int len, int scaleFactor);
@@ -203,9 +217,10 @@ MOX_API MoxStatus moxsSumLn_16s32f(const Mox16s* src, int len, Mox32f* sum);
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note `32f`: a rational function of |x| or its reciprocal, in single precision, where reciprocals
- * are the processor's estimate and one step of Newton's method; within 5.62 ulps over all floats,
- * the last bit depending on the processor's estimate. `64f`: a polynomial after reduction to |t| <=
- * tan(pi/8); within 2 ulps. The bounds hold for rounding to nearest.
+ * are the processor's estimate and one step of Newton's method; within 5.62 ulps over all floats.
+ * Results depend on the estimate, and were seen to differ by 1 ulp between processors. `64f`: a
+ * polynomial after reduction to |t| <= tan(pi/8); within 2 ulps. The bounds hold for rounding to
+ * nearest.
  * @{ */
 MOX_API MoxStatus moxsArctan_32f(const Mox32f* src, Mox32f* dst, int len);
 MOX_API MoxStatus moxsArctan_32f_I(Mox32f* srcDst, int len);

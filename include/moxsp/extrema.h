@@ -1,6 +1,19 @@
 /**
  * @file
  * Extrema: the largest and smallest elements of vectors, and where they are.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s x[5] = {3, -7, 12, 0, 12};
+ *   Mox16s min, max;
+ *   int minAt, maxAt;
+ *   moxsMinMaxIndx_16s(x, 5, &min, &minAt, &max, &maxAt);
+ *   printf("%d at %d, %d at %d", min, minAt, max, maxAt);  // -7 at 1, 12 at 2
+ * }
+ * @endcode
  */
 #ifndef MOXSP_EXTREMA_H
 #define MOXSP_EXTREMA_H

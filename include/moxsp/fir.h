@@ -1,6 +1,22 @@
 /**
  * @file
  * FIR filters.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32f taps[3] = {0.25f, 0.5f, 0.25f};
+ *   Mox32f x[6] = {4, 0, 0, 8, 8, 8};
+ *   MoxsFIRState* filter;
+ *   if (moxsFIRInitAlloc_32f(&filter, taps, 3, NULL) != moxOk) return 1;
+ *   moxsFIR_32f_I(x, 3, filter);                      // a stream may come in blocks of any length
+ *   moxsFIR_32f_I(x + 3, 3, filter);                  // the state remembers the last samples
+ *   for (int i = 0; i < 6; ++i) printf("%g ", x[i]);  // 1 2 1 2 6 8
+ *   moxsFIRFree_32f(filter);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_FIR_H
 #define MOXSP_FIR_H
@@ -28,7 +44,10 @@ typedef struct MoxsFIRState MoxsFIRState;
  * A `Stream` state has no delay line: moxsFIR_32f() then reads `len + tapsLen - 1` samples.
  *
  * From 64 taps on (16 in `_32fc`, 32 in `_64fc`) a filter holds its taps' spectrum, too, for long
- * blocks of samples: 2^(s+1) points, where s is the least integer with 2^s > tapsLen.
+ * blocks of samples: 2^(s+1) points, where s is the least integer with 2^s > tapsLen. It does so as
+ * long as the whole state stays below 2^31 bytes: up to about 50 million taps of `32f` and
+ * `32f_16s`, 25 million of `32fc` and `64f`, 12.5 million of `64fc`. Longer filters are summed
+ * directly.
  *
  * @return ::moxErrNullPtr for a null argument other than `dlyLine`; ::moxErrFirLen for `tapsLen`
  * below 1 or a state of 2^31 bytes or more; `InitAlloc` ::moxErrMemAlloc without memory; `Free`

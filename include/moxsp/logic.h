@@ -6,6 +6,18 @@
  * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
  * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
  * writes its result over the source `srcDst`.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox16u word[3] = {0x1234, 0x8001, 0x00ff};
+ *   moxsRShiftC_16u_I(4, word, 3);
+ *   moxsAndC_16u_I(0xff, word, 3);                         // bits 4 to 11 of each
+ *   for (int i = 0; i < 3; ++i) printf("%02x ", word[i]);  // 23 00 0f
+ * }
+ * @endcode
  */
 #ifndef MOXSP_LOGIC_H
 #define MOXSP_LOGIC_H

@@ -1,6 +1,20 @@
 /**
  * @file
  * Measures of signals: counts, nearest entries of a table, running sums, normalisation.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s x[6] = {1, 2, 3, -4, 5, 6};
+ *   Mox32f sums[4], crossings;
+ *   moxsSumWindow_16s32f(x, sums, 4, 3);                 // 4 sums of 3 neighbours
+ *   for (int i = 0; i < 4; ++i) printf("%g ", sums[i]);  // 6 1 4 7
+ *   moxsZeroCrossing_16s32f(x, 6, &crossings, moxZeroCrossingXor);
+ *   printf("%g", crossings);  // 2
+ * }
+ * @endcode
  */
 #ifndef MOXSP_MEASURES_H
 #define MOXSP_MEASURES_H
@@ -40,8 +54,8 @@ MOX_API MoxStatus moxsFindNearest_16u(const Mox16u* src, Mox16u* outVals, int* o
  * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, ::moxErrSumWindowLen
  * for `maskSize` below 1.
  * @note To the bit: `dst[0]` is the exact sum, rounded once, and
- * `dst[i + 1] = dst[i] + Mox32f(src[i + maskSize] - src[i])`. So sums below 2^24 are exact, and the
- * roundings of larger ones run on.
+ * `dst[i + 1] = dst[i] + Mox32f(src[i + maskSize] - src[i])`. So sums below 2^24 are exact; in
+ * larger ones the rounding errors accumulate.
  * @{ */
 MOX_API MoxStatus moxsSumWindow_8u32f(const Mox8u* src, Mox32f* dst, int len, int maskSize);
 MOX_API MoxStatus moxsSumWindow_16s32f(const Mox16s* src, Mox32f* dst, int len, int maskSize);
@@ -49,9 +63,10 @@ MOX_API MoxStatus moxsSumWindow_16s32f(const Mox16s* src, Mox32f* dst, int len, 
 
 /** @defgroup normalize Normalize
  * @ingroup topic_levels
- * `dst[i] = (src[i] - sub) / div` for 0 <= i < len; for complex elements `sub` is complex and `div`
- * real. The `Sfs` forms multiply the quotient by 2^-scaleFactor, round it to nearest with ties to
- * even and saturate; every factor is valid. `dst` may be `src`.
+ * Vectors shifted and rescaled: `dst[i] = (src[i] - sub) / div` for 0 <= i < len; for complex
+ * elements `sub` is complex and `div` real. The `Sfs` forms multiply the quotient by
+ * 2^-scaleFactor, round it to nearest with ties to even and saturate; every factor is valid. `dst`
+ * may be `src`.
  *
  * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then ::moxErrDivByZero
  * for a `div` of 0 and, in the floating-point forms, of less than 1.1754944e-38 either way.

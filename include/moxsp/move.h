@@ -1,6 +1,23 @@
 /**
  * @file
  * Library version and memory; filling, copying, moving and reversing arrays and bit strings.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f* x = moxsMalloc_32f(6);  // aligned to 64 bytes
+ *   if (!x) return 1;
+ *   moxsSet_32f(1, x, 3);
+ *   moxsZero_32f(x + 3, 3);
+ *   moxsMove_32f(x, x + 1, 5);  // the arrays overlap
+ *   x[0] = 9;
+ *   moxsFlip_32f_I(x, 6);
+ *   for (int i = 0; i < 6; ++i) printf("%g ", x[i]);  // 0 0 1 1 1 9
+ *   moxsFree(x);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_FRAME_H
 #define MOXSP_FRAME_H
@@ -16,10 +33,13 @@ MOX_API const moxLibraryVersion* moxsGetLibVersion(void);
 
 /** @defgroup malloc Memory
  * @ingroup topic_memory
- * Each moxsMalloc function returns memory for `len` elements of its type, aligned to 64 bytes, or
- * null when `len` is below 1 or memory is short. The byte count, `len` times the element size, is
- * reckoned in 32 bits; keep it below 2^31. The memory is not cleared and is released with
+ * Memory aligned to 64 bytes. Each moxsMalloc function returns memory for `len` elements of its
+ * type, or null when `len` is below 1 or memory is short. The byte count, `len` times the element
+ * size, is computed in 32 bits; keep it below 2^31. The memory is not cleared and is released with
  * moxsFree(), which takes a null pointer as well.
+ *
+ * @warning A byte count of 2^32 and above wraps, and too little memory is returned without a sign
+ * of it: moxsMalloc_64fc(268435457) returns 16 bytes.
  * @{ */
 MOX_API Mox8u* moxsMalloc_8u(int len);
 MOX_API Mox8s* moxsMalloc_8s(int len);

@@ -1,6 +1,19 @@
 /**
  * @file
  * Sorting vectors of numbers, and the permutations that sort them.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f x[5] = {2.5f, -1, 7, 0, 3};
+ *   Mox32s from[5];
+ *   moxsSortIndexDescend_32f_I(x, from, 5);
+ *   for (int i = 0; i < 5; ++i)
+ *     printf("%g (%d) ", x[i], from[i]);  // 7 (2) 3 (4) 2.5 (0) 0 (3) -1 (1)
+ * }
+ * @endcode
  */
 #ifndef MOXSP_SORTING_H
 #define MOXSP_SORTING_H

@@ -1,6 +1,21 @@
 /**
  * @file
  * Fourier-family transforms and operations on packed spectra.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32f x[8] = {1, 0, -1, 0, 1, 0, -1, 0};  // two periods of a cosine
+ *   Mox32fc spectrum[5];                             // CCS: 8 / 2 + 1 complex numbers
+ *   MoxsFFTSpec* fft;
+ *   if (moxsFFTInitAlloc_R_32f(&fft, 3, 8, 0) != moxOk) return 1;  // 2^3 samples, no scaling
+ *   moxsFFTFwd_RToCCS_32f(x, &spectrum[0].re, fft, NULL);
+ *   for (int k = 0; k < 5; ++k) printf("%g ", spectrum[k].re);  // 0 0 4 0 0
+ *   moxsFFTFree_R_32f(fft);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_TRANSFORMS_H
 #define MOXSP_TRANSFORMS_H
@@ -33,9 +48,10 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
  * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.
  * `moxsFFTInit` sets the object up in `specMem` and stores its address, which is inside `specMem`,
- * in `spec`; `initBuf` may go when it returns and may be null below order 11. `moxsFFTInitAlloc`
- * takes the memory itself; end with `moxsFFTFree`, which only invalidates an object that lies in
- * the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer of a run once more.
+ * in `spec`; `initBuf` may be released when it returns, and may be null below order 11.
+ * `moxsFFTInitAlloc` takes the memory itself; end with `moxsFFTFree`, which only invalidates an
+ * object that lies in the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer
+ * of a run once more.
  *
  * `flag` says where results are scaled: 1 the forward transform by 1/N, 2 the inverse by 1/N,
  * 4 both by 1/sqrt(N), 8 neither. `hint` is stored and has no effect.
