@@ -44,10 +44,10 @@
 /** @defgroup add Add
  * @ingroup topic_arithmetic
  * Sums of two vectors, or of a vector and a constant. Add: `dst[i] = src1[i] + src2[i]`, in place
- * `srcDst[i] = src[i] + srcDst[i]`. AddC: `dst[i] = src[i] + val`, in place `srcDst[i] = srcDst[i]
- * + val`; for 0 <= i < len. Complex elements are added part by part. Integers with `Sfs` follow
- * @ref scaling; without, they saturate at the destination type, and `moxsAdd_8u16u` and
- * `moxsAdd_16s32f` are exact. `dst` may be one of the sources.
+ * `srcDst[i] = src[i] + srcDst[i]`. AddC: `dst[i] = src[i] + val`, and in place
+ * `srcDst[i] = srcDst[i] + val`; for 0 <= i < len. Complex elements are added part by part.
+ * Integers with `Sfs` follow @ref scaling; without, they saturate at the destination type, and
+ * `moxsAdd_8u16u` and `moxsAdd_16s32f` are exact. `dst` may be one of the sources.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1; in the other order
  * by Add of complex elements.
