@@ -128,30 +128,36 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
 
 /** @defgroup fir FIR
  * @ingroup topic_filters
- * Filters a block of `len` samples (`FIR`) or a single one (`FIROne`), in any order on one state.
- * In place or not, the outputs are the same but for rounding; arrays may not overlap otherwise.
- * Integer outputs are the sums times 2^-scaleFactor, rounded to nearest with ties to even and
- * saturated.
+ * Filters a block of `len` samples (`FIR`) or a single one (`FIROne`), in any order on one state:
+ * `dst[i] = sum of taps[k] * src[i - k]` over 0 <= k < tapsLen. Integer outputs are the sums times
+ * 2^-scaleFactor, rounded to nearest with ties to even and saturated. In place or not, the outputs
+ * are the same but for rounding; arrays may not overlap otherwise.
  *
- * Short blocks are summed directly. Blocks of at least 512 samples, 256 complex ones, are filtered
- * by overlap-save (Stockham, "High-speed convolution and correlation", 1966) when the state holds
- * a spectrum. In place that happens in chunks: floats go in chunks of 4224 samples, and a chunk is
- * transformed if as many samples as named above are left after it; 16-bit samples go in chunks of
- * 8448, all of them transformed if the block is long enough.
+ * Blocks of `FIR` on a state with a spectrum (@ref fir_state) are filtered by overlap-save:
  *
- * A stream state makes `dst[i] = sum of taps[k] * src[i + tapsLen - 1 - k]` directly and keeps
+ * | Block of n samples               | Method                                                  |
+ * |----------------------------------|---------------------------------------------------------|
+ * | n < m = 512, of complex ones 256 | direct sums                                             |
+ * | n >= m                           | overlap-save                                            |
+ * | floats in place                  | chunks of 4224, by overlap-save while m samples follow  |
+ * | 16-bit integers in place, n >= m | chunks of 8448, all by overlap-save                     |
+ *
+ * The method is that of Stockham, "High-speed convolution and correlation", 1966.
+ *
+ * A stream state computes `dst[i] = sum of taps[k] * src[i + tapsLen - 1 - k]` directly and keeps
  * nothing; it can't filter in place, and there is no `FIROne`.
  *
  * @return ::moxErrNullPtr for a null argument; ::moxErrSize for `len` below 1; ::moxErrContext for
  * a state of other types, for a stream state in `FIROne`, and for one in place.
- * @note Direct sums: an output's error is at most tapsLen * u * sum of |taps[k] * x[i - k]|, with
+ * @note Direct sums: an output is off by at most tapsLen * u * sum of |taps[k] * x[i - k]|, with
  * the unit roundoff u; twice that in `fc`. An output of `FIR` has the same bits however the signal
- * is cut into blocks; `FIROne` adds in another order. By overlap-save the error is at most e * (3
- * |taps| |x| + |y|), where e bounds the relative error of a transform of the length N (@ref
- * fft_real, @ref fft_complex), x are its N samples, y is their circular convolution with the taps,
- * and |.| is the L2 norm: small outputs beside large ones lose digits. Infinities and NaN reach
- * only the outputs that depend on them in direct sums, but all of a transform's. Where taps make
- * the sum of 16-bit samples NaN, the output is 32767.
+ * is cut into blocks; `FIROne` adds in another order.
+ * @note Overlap-save: an output is off by at most e * (3 |taps| |x| + |y|), where |.| is the L2
+ * norm, e bounds the relative error of a transform of the length N (@ref fft_real, @ref
+ * fft_complex), x are its N samples, and y is their circular convolution with the taps: small
+ * outputs beside large ones lose digits.
+ * @note Infinities and NaN reach only the outputs that depend on them in direct sums, but all of a
+ * transform's. Where taps make the sum of 16-bit samples NaN, the output is 32767.
  * @{ */
 MOX_API MoxStatus moxsFIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsFIRState* state);
 MOX_API MoxStatus moxsFIR_32f_I(Mox32f* srcDst, int len, MoxsFIRState* state);

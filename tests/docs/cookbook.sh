@@ -19,7 +19,8 @@ for page in "$source_dir"/docs/cookbook/*.md; do
   grep -q '^\$ ' block || fail "$(basename "$page") shows no command"
   grep -v '^\$ ' block > expected || true
   sed -n 's/^\$ //p' block > commands
-  bash -euo pipefail commands > printed || fail "a command of $(basename "$page") fails"
+  # No pipefail: `head` may end before what it reads from.
+  bash -eu commands > printed || fail "a command of $(basename "$page") fails"
   sed 's/ *$//' printed > found
   same "what $(basename "$page") shows" expected found
 done
