@@ -63,7 +63,7 @@ MOX_API void moxsFree(void* p);
  * @ingroup topic_memory
  * Clears a vector: `dst[i] = 0` for 0 <= i < len, all bytes zero.
  *
- * The byte count, `len` times the element size, is reckoned in 32 bits: where it reaches 2^31 only
+ * The byte count, `len` times the element size, is computed in 32 bits: where it reaches 2^31 only
  * the wrapped count of bytes is cleared, none for a negative one. A fill above 2 MiB that no cache
  * of the processor could hold bypasses the cache.
  *
@@ -87,7 +87,7 @@ MOX_API MoxStatus moxsZero_64sc(Mox64sc* dst, int len);
  * Fills a vector with one value: `dst[i] = val` for 0 <= i < len, copied bit by bit (a NaN keeps
  * its payload).
  *
- * For elements of 1, 2 and 4 bytes the byte count is reckoned in 32 bits: where it reaches 2^31
+ * For elements of 1, 2 and 4 bytes the byte count is computed in 32 bits: where it reaches 2^31
  * only the wrapped count of bytes is filled, none for a negative one. Wider elements are all
  * filled. A fill that no cache of the processor could hold bypasses the cache when `dst` is a
  * multiple of the element size, or the element has 8 or 16 bytes.
