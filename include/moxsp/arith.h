@@ -2,10 +2,8 @@
  * @file
  * Element-wise arithmetic.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
- * or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
+ * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
+ * ending in `_I` or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
  *
  * @code{.c}
  * #include <moxsp.h>

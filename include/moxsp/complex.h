@@ -2,12 +2,10 @@
  * @file
  * Complex vectors: their parts, conjugates, and polar form.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `len` counts
- * complex numbers, and i runs from 0 to len - 1. A name with a complex type, such as `32fc` or
- * `16sc32f`, takes one array of numbers, the real part of each first; one with a real type, such
- * as `32f` or `16s32f`, takes the real parts from `srcRe` and the imaginary ones from `srcIm`. A
- * destination whose elements have the size of a source's may be that source.
+ * `len` counts complex numbers, and i runs from 0 to len - 1. A name with a complex type, such as
+ * `32fc` or `16sc32f`, takes one array of numbers, the real part of each first; one with a real
+ * type, such as `32f` or `16s32f`, takes the real parts from `srcRe` and the imaginary ones from
+ * `srcIm`. A destination whose elements have the size of a source's may be that source.
  *
  * Names with `Sfs` follow @ref scaling. The exact value, irrational as it may be, is scaled and
  * then rounded once, so that integer results are defined to the bit. Bounds in ulps hold for

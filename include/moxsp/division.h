@@ -2,9 +2,8 @@
  * @file
  * Element-wise division.
  *
- * All functions return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then
- * the statuses of their group; a call with an error has written nothing. `dst` may be one of the
- * sources; where arrays overlap otherwise the results are undefined. A name ending in `_I` or
+ * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
+ * ending in `_I` or
  * `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
  *
  * @code{.c}

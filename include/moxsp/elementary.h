@@ -2,10 +2,8 @@
  * @file
  * Elementary functions: powers and roots, magnitudes, exponentials, logarithms, arctangent.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`.
- * Integers with `Sfs` follow @ref scaling.
+ * `dst` may be one of the sources. A name ending in `_I` or `_ISfs` writes its result over the
+ * source `srcDst`. Integers with `Sfs` follow @ref scaling.
  *
  * @code{.c}
  * #include <moxsp.h>

@@ -1,5 +1,5 @@
-# families.sh SOURCE: the families page names every group of functions, and its table of conversions is
-# that of the header, which `families.sh SOURCE --table` prints.
+# families.sh SOURCE: every group of functions tells its statuses and is named by the families page, whose
+# table of conversions is that of the header; `families.sh SOURCE --table` prints it.
 source "$(dirname "$0")/../install/common.sh"
 source_dir=$1
 page=$source_dir/docs/families.md
@@ -33,7 +33,13 @@ sed -n '/^| from/,/^$/{/^$/d;p}' "$page" > "$scratch/found"
 same "the table of conversions" "$scratch/expected" "$scratch/found"
 
 for header in "$source_dir"/include/moxsp/*.h; do
-  awk '/@defgroup/ { group = $3 } /^MOX_API/ { print group }' "$header" | sort -u | while read -r group; do
+  # Group by group: its name, and whether its block has told statuses when a function that has one comes.
+  awk '
+    /@defgroup/ { group = $3; told = 0 }
+    /@return/ { told = 1 }
+    /^MOX_API/ { print group, told || !/^MOX_API MoxStatus/ ? "told" : "untold" }' "$header" |
+    sort -u | while read -r group statuses; do
     grep -q "$(basename "$header")#$group)" "$page" || fail "families.md names no group $group of $(basename "$header")"
+    [[ $statuses == told ]] || fail "group $group of $(basename "$header") tells no statuses"
   done
 done
