@@ -6,10 +6,11 @@
   const shown = 100;
   const names = searchIndex.map(([name]) => name.toLowerCase());
 
-  // Where a word stands: at the start of a name, of one of its parts, or elsewhere.
+  // Where a word stands: 0 at the start of a name, 1 at that of one of its parts, 2 elsewhere.
   const place = (name, word) => {
-    const at = name.replace(/^moxs/, "").indexOf(word);
-    return at === 0 ? 0 : at > 0 && /[^a-z0-9]/.test(name.replace(/^moxs/, "")[at - 1]) ? 1 : 2;
+    const rest = name.replace(/^moxs/, "");
+    const at = rest.indexOf(word);
+    return at === 0 ? 0 : at > 0 && /[^a-z0-9]/.test(rest[at - 1]) ? 1 : 2;
   };
 
   const find = (text) => {

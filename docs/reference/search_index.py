@@ -28,8 +28,8 @@ def entries(root):
 def main():
     once = {}
     for name, page, of in entries(xml.parse(sys.argv[1]).getroot()):
-        # A member of a group is listed with its header, too, by the same page.
-        if (name, page) not in once or of.endswith(".h") is False:
+        # A member of a group stands in the list of its header, too, with the same page.
+        if (name, page) not in once or not of.endswith(".h"):
             once[name, page] = of
     rows = [[name, page, of] for (name, page), of in sorted(once.items())]
     print("const searchIndex =", json.dumps(rows, separators=(",", ":")) + ";")
