@@ -69,8 +69,10 @@ struct Product {
 };
 inline constexpr Product product;
 
+// The factors are used twice each: held in registers, they are loaded once.
 struct ComplexProduct {
   auto operator()(auto x, auto y) const {
+    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
     return addSubtract(x * realParts(y), swapParts(x) * imaginaryParts(y));
   }
 };
@@ -78,6 +80,7 @@ inline constexpr ComplexProduct complexProduct;
 
 struct ComplexConjugateProduct {
   auto operator()(auto x, auto y) const {
+    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
     return addSubtract(x * realParts(y), -(swapParts(x) * imaginaryParts(y)));
   }
 };

@@ -23,8 +23,10 @@ template <class Integers>
   return {re, unwrapped(multiplyAddPairs(x, swapParts(y)))};
 }
 
+// No square but the one that has wrapped is negative.
 [[gnu::always_inline]] inline I<Mox32s> exactSquaredMagnitude(I<Mox16s> z) {
-  return unwrapped(multiplyAddPairs(z, z));
+  const auto squares = multiplyAddPairs(z, z);
+  return squares ^ (squares >> 31);
 }
 
 // The parts saturated and interleaved.

@@ -86,8 +86,13 @@ struct Array {
   }
   [[gnu::always_inline]] V<F> interleaved(long i) const { return mox::load<V<F>>(p + i); }
   [[gnu::always_inline]] void putInterleaved(long i, V<F> z) const { mox::store(p + i, z); }
-  Pair<F> number(long i) const { return mox::load<Pair<F>>(p + i); }
-  void putNumber(long i, Pair<F> z) const { mox::store(p + i, z); }
+  Pair<F> number(long i) const {
+    return {mox::load<F>(parts(p + i)), mox::load<F>(parts(p + i) + 1)};
+  }
+  void putNumber(long i, Pair<F> z) const {
+    mox::store(parts(p + i), z.re);
+    mox::store(parts(p + i) + 1, z.im);
+  }
 };
 
 // Two arrays of the parts of complex elements.
