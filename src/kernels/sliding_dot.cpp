@@ -1,8 +1,12 @@
 // A block of outputs stays in registers while the taps run by: a tap costs one load for the block,
-// a sample one load for each product. Nearly half of the latter would cross a cache line and take
-// twice the time. So a window of real samples is copied once, to where its lines begin half a line
-// later, and each load goes to the one of the two that has its vector within a line. They change
-// places whenever the taps have moved on by a vector.
+// a sample one load for each product. Nearly half of these would cross a cache line and take twice
+// the time. So a window of real samples is copied once, to where its lines begin half a line later:
+//
+//   window   |  0  1  2  3  4  5  6  7 |  8  9 10 11 ...       | marks the start of a line
+//   copy      0  1  2  3 |  4  5  6  7  8  9 10 11 | ...
+//
+// Loads at even places of a block go to one of the two and those at odd places to the other, each
+// within a line. The two change places whenever the taps have moved on by a vector.
 #include "kernels/sliding_dot.h"
 
 #include <algorithm>

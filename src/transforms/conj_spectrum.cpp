@@ -57,7 +57,7 @@ void expandPairs(const P* pair, P* dst, long count, long len) {
   }
 }
 
-template <class Layout, Complex C>
+template <PackedLayout Layout, Complex C>
 MoxStatus expand(const Part<C>* src, C* dst, int len) {
   using P = Part<C>;
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
@@ -73,7 +73,7 @@ MoxStatus expand(const Part<C>* src, C* dst, int len) {
   return moxOk;
 }
 
-template <class Layout, Complex C>
+template <PackedLayout Layout, Complex C>
 MoxStatus expandInPlace(C* srcDst, int len) {
   return expand<Layout>(parts(srcDst), srcDst, len);
 }

@@ -17,9 +17,9 @@ constexpr int reversed(int i, int bits) {
 
 // Numbers whose index is [row, tile, column] go to [column reversed, tile reversed, row reversed]:
 // a tile is read in whole rows and written in whole rows, with the first butterflies on the way.
-template <Direction direction, int radix, class Source, class Area>
+template <Direction direction, int radix, class Source, Area A>
 class Tiles {
-  using F = typename Area::F;
+  using F = typename A::F;
   using Shape = LeafShape<F, radix>;
   static constexpr int bits = FftLimits<F>::tileBits, side = 1 << bits;
   // Rows that are a power of two apart fall onto the same lines of the cache.
@@ -28,8 +28,7 @@ class Tiles {
  public:
   static constexpr long bufferNumbers = rowStride * side;
 
-  Tiles(Source src, Area area, int order)
-      : src_(src), area_(area), rowLength_(1L << (order - bits)) {}
+  Tiles(Source src, A area, int order) : src_(src), area_(area), rowLength_(1L << (order - bits)) {}
 
   void fetch(long tile, F* buffer) const {
     for (int row = 0; row < side; ++row)
@@ -39,7 +38,7 @@ class Tiles {
   }
 
   void put(const F* buffer, long tile) const {
-    const Area to = area_.from(tile * side);
+    const A to = area_.from(tile * side);
     for (int column = 0; column < side; column += Shape::columns)
       for (int block = 0; block < blocks; ++block)
         leafColumns<direction, radix, F>(
@@ -65,14 +64,13 @@ class Tiles {
   }
 
   Source src_;
-  Area area_;
+  A area_;
   long rowLength_;
 };
 
-template <Direction direction, int radix, class Source, class Area, class F>
-void reorderTiles(Source src, Area area, bool inPlace, int order, const int* reversedTiles,
-                  F* work) {
-  const Tiles<direction, radix, Source, Area> tiles(src, area, order);
+template <Direction direction, int radix, class Source, Area A, class F>
+void reorderTiles(Source src, A area, bool inPlace, int order, const int* reversedTiles, F* work) {
+  const Tiles<direction, radix, Source, A> tiles(src, area, order);
   F* const other = work + 2 * tiles.bufferNumbers;
   const long count = 1L << (order - 2 * FftLimits<F>::tileBits);
   for (long i = 0; i < count; ++i) {
@@ -109,8 +107,8 @@ void lastOuterStage(const F* block, const F* twiddle, long q, Place place) {
 }
 
 // The outer stages of 2^order numbers in rows, from `area` to `dst`, which may be the same memory.
-template <Direction direction, class Area, class Target, class F>
-void joinRows(Area area, Target dst, int order, const F* twiddle, F* work) {
+template <Direction direction, Area A, class Target, class F>
+void joinRows(A area, Target dst, int order, const F* twiddle, F* work) {
   const FftRows<F> rows(order);
   const Blocks<F> block = {work};
   for (long column = 0; column < rows.length; column += rows.columns) {
@@ -131,11 +129,11 @@ void joinRows(Area area, Target dst, int order, const F* twiddle, F* work) {
 }
 
 // Rows that went through the first pass: transformed, scaled while they are in cache, and joined.
-template <Direction direction, int depth = 0, class Area, class Target, class F>
-void transformRows(const FftSpec<F>& spec, Area area, Target dst, int order, bool scaled, F* work) {
+template <Direction direction, int depth = 0, Area A, class Target, class F>
+void transformRows(const FftSpec<F>& spec, A area, Target dst, int order, bool scaled, F* work) {
   const FftRows<F> rows(order);
   for (long row = 0; row < rows.count; ++row) {
-    const Area one = area.from(row * rows.length);
+    const A one = area.from(row * rows.length);
     if (rows.order < FftLimits<F>::largeOrder) {
       ownFftRec<direction>(one, rows.length, static_cast<const F*>(spec.twiddle));
       if (scaled) scale(one, spec.normFactor, rows.length);

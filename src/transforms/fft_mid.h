@@ -8,8 +8,8 @@ namespace mox::transforms {
 
 // The stages behind the leaves up to transforms of `len` numbers, over `total` numbers that hold
 // several of them. The result is the twiddle pointer behind the last stage.
-template <Direction direction, class Area, class F>
-const F* ownFftStages(Area area, long len, long total, const F* twiddle) {
+template <Direction direction, Area A, class F>
+const F* ownFftStages(A area, long len, long total, const F* twiddle) {
   const bool odd = __builtin_ctzl(len) % 2;
   long q = odd ? 8 : 4, blocks = total >> (odd ? 5 : 4);
   if (odd)
@@ -25,8 +25,8 @@ const F* ownFftStages(Area area, long len, long total, const F* twiddle) {
 }
 
 // A block that fits the first-level cache is finished before the next one is touched.
-template <Direction direction, class Area, class F>
-const F* ownFftRec(Area area, long len, const F* twiddle) {
+template <Direction direction, Area A, class F>
+const F* ownFftRec(A area, long len, const F* twiddle) {
   if (len <= FftLimits<F>::inCache) return ownFftStages<direction>(area, len, len, twiddle);
   const long q = len / 4;
   const F* behind = twiddle;

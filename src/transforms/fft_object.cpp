@@ -15,7 +15,7 @@ using C64f = ComplexKind<Mox64f, fftComplex64f>;
 using R32f = RealKind<Mox32f>;
 using R64f = RealKind<Mox64f>;
 
-template <class Kind>
+template <FftObject Kind>
 constexpr bool figuresSuffice() {
   for (int order = 0; order <= Kind::maxOrder; ++order)
     if (objectBytes<Kind>({order}) > std::size_t(specFigure<Kind>(order))) return false;

@@ -10,8 +10,7 @@
 
 namespace mox::transforms {
 
-// What all kinds on data of type F have in common. A kind adds its orders, and the layout, contents
-// and figures of its tables.
+// What all kinds on data of type F have in common.
 template <class F>
 struct FloatKind {
   using Float = F;
@@ -73,6 +72,17 @@ struct RealKind : FloatKind<F> {
   }
 };
 
+template <class K>
+concept FftObject = ObjectKind<K> &&
+    requires(typename K::Record& spec, int order, QuarterSine<typename K::Float> sine) {
+  K::id;
+  K::maxOrder;
+  K::maxSmallOrder;  // up to there kernels need no tables
+  { K::tablesFigure(order) } -> std::same_as<long>;
+  { K::workBytes(order) } -> std::same_as<long>;
+  K::fill(spec, order, sine);
+};
+
 // Whether each direction multiplies by the factor, from the caller's flag.
 struct FftNorm {
   bool known, fwd, inv;
@@ -89,7 +99,7 @@ F fftNormFactor(int flag, int order) {
 }
 
 // The contents of a record that has its tables; `initBuf` has fftInitSize() bytes.
-template <class Kind>
+template <FftObject Kind>
 void fillSpec(typename Kind::Record& spec, int order, int flag, int hint, Mox8u* initBuf) {
   using F = typename Kind::Float;
   const FftNorm norm = fftNorm(flag);
@@ -103,13 +113,13 @@ void fillSpec(typename Kind::Record& spec, int order, int flag, int hint, Mox8u*
   Kind::fill(spec, order, quarterSine<F>(order, initBuf));
 }
 
-template <class Kind>
+template <FftObject Kind>
 constexpr bool orderIsGood(int order) {
   return unsigned(order) <= unsigned(Kind::maxOrder);
 }
 
 // A record and its tables, at any address.
-template <class Kind>
+template <FftObject Kind>
 constexpr long specFigure(int order) {
   return order <= Kind::maxSmallOrder ? fftRecordFigure<typename Kind::Float>
                                       : Kind::tablesFigure(order) + fftTablesSlack;
@@ -118,7 +128,7 @@ constexpr long specFigure(int order) {
 // A work buffer's bytes with the slack for any address.
 constexpr int bufferFigure(long bytes) { return bytes > 0 ? int(bytes) + fftAlignment : 0; }
 
-template <class Kind>
+template <FftObject Kind>
 MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSize, int* workSize) {
   using F = typename Kind::Float;
   if (unsigned(order) > 30) return moxErrFftOrder;
@@ -132,7 +142,7 @@ MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSiz
   return moxOk;
 }
 
-template <class Kind>
+template <FftObject Kind>
 MoxStatus init(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* specMem, Mox8u* initBuf) {
   if (anyNull(spec)) return moxErrNullPtr;
   if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
@@ -145,7 +155,7 @@ MoxStatus init(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* specMem
   });
 }
 
-template <class Kind>
+template <FftObject Kind>
 MoxStatus initAlloc(MoxsFFTSpec** spec, int order, int flag, int hint) {
   if (anyNull(spec)) return moxErrNullPtr;
   int specSize, initSize, workSize;
@@ -158,12 +168,12 @@ MoxStatus initAlloc(MoxsFFTSpec** spec, int order, int flag, int hint) {
   });
 }
 
-template <class Kind>
+template <FftObject Kind>
 MoxStatus free(MoxsFFTSpec* spec) {
   return release<Kind>(spec, Kind::id);
 }
 
-template <class Kind>
+template <FftObject Kind>
 MoxStatus getBufSize(const MoxsFFTSpec* spec, int* size) {
   if (anyNull(spec, size)) return moxErrNullPtr;
   if (MoxStatus s = requireId(spec, Kind::id)) return s;

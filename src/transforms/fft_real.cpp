@@ -39,7 +39,7 @@ void storeEnds(F* dst, F a, F b) {
   store(dst + 1, a - b);
 }
 
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 void runForward(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   const long n = 1L << spec.order;
   if (spec.order <= fftMaxSmallRealOrder) {
@@ -52,7 +52,7 @@ void runForward(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   if constexpr (!std::is_same_v<Layout, PermLayout>) fromPerm<Layout>(dst, n);
 }
 
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 void runInverse(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   const long n = 1L << spec.order;
   if (spec.order <= fftMaxSmallRealOrder) {
@@ -82,11 +82,11 @@ MoxStatus checked(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer
   return moxOk;
 }
 
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 MoxStatus forward(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
   return checked(src, dst, spec, buffer, runForward<Layout, F>);
 }
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 MoxStatus inverse(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
   return checked(src, dst, spec, buffer, runInverse<Layout, F>);
 }

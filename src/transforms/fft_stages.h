@@ -53,16 +53,16 @@ template <Direction direction, class Source, class Target, class F>
 }
 
 // Each of `blocks` blocks of 4 q numbers: four transforms become one.
-template <Direction direction, class Area, class F>
-void ownFftRadix4Pass(Area area, const F* twiddle, long q, long blocks) {
+template <Direction direction, Area A, class F>
+void ownFftRadix4Pass(A area, const F* twiddle, long q, long blocks) {
   for (long b = 0; b < blocks; ++b)
     joinFour<direction>(area.from(4 * q * b), q, area.from(4 * q * b), twiddle, q);
 }
 
 // The four numbers of a transform fill half a vector only. So the first pass has put those of two
 // groups into one, and this stage takes them apart.
-template <Direction direction, class Area>
-void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
+template <Direction direction, Area A>
+void ownFftStage16(A area, const Mox32f* twiddle, long blocks) {
   using T = V<Mox32f>;
   const auto run = [twiddle](int i) {
     const auto half = load<V<Mox32f, 4>>(twiddle + 4 * i);
@@ -80,8 +80,8 @@ void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
     }
   }
 }
-template <Direction direction, class Area>
-void ownFftStage16(Area area, const Mox64f* twiddle, long blocks) {
+template <Direction direction, Area A>
+void ownFftStage16(A area, const Mox64f* twiddle, long blocks) {
   ownFftRadix4Pass<direction>(area, twiddle, 4, blocks);
 }
 
@@ -96,8 +96,8 @@ struct LeafShape {
 
 // run(k, part) gives number k of the transforms in that part of a block, for all columns; place(c)
 // is where the block of column c goes.
-template <Direction direction, int radix, class F, class Area, class Run, class Place>
-[[gnu::always_inline]] inline void leafColumns(Area area, Run run, Place place) {
+template <Direction direction, int radix, class F, Area A, class Run, class Place>
+[[gnu::always_inline]] inline void leafColumns(A area, Run run, Place place) {
   using Shape = LeafShape<F, radix>;
   constexpr int l = lanesOf<F>;
   V<F> rows[Shape::runs];
@@ -116,9 +116,9 @@ template <Direction direction, int radix, class F, class Area, class Run, class 
   }
 }
 
-// Visits columns 0 to `count` - 1, some at a step. Those whose places are neighbours are far apart,
-// so a line of one row of columns is followed by a line of the next, lest every store be to another
-// page.
+// Visits columns 0 to `count` - 1, some at a step. Bit reversal sends columns that are count / 16
+// apart to neighbouring places: it takes a cache line of columns from each of 16 rows in turn, so
+// that stores stay on few pages.
 template <long step>
 [[gnu::always_inline]] inline void eachColumn(long count, auto visit) {
   constexpr long rows = 16, line = 8;
@@ -130,9 +130,9 @@ template <long step>
 
 // Transforms of `radix` numbers, each put where its bit-reversed index is; of those that share
 // blocks, the same quarters of two neighbouring groups of 16 are together.
-template <Direction direction, int radix, class Array, class Area>
-void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
-  using F = typename Area::F;
+template <Direction direction, int radix, class Source, Area A>
+void ownFftLeaf(Source src, A area, const int* bitRev, long n) {
+  using F = typename A::F;
   using Shape = LeafShape<F, radix>;
   constexpr bool shared = Shape::sharing > 1;
   const long stride = n / radix, partner = n / 32;
@@ -142,8 +142,8 @@ void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
     leafColumns<direction, radix, F>(
         area, [=](int k, int part) { return src.interleaved(i + k * stride + part * partner); },
         [=](int c) {
-          // Bits 2 and 3 are the quarter of a group of 16. The quarters of a group and its
-          // neighbour take turns, so that each is twice as far from the start of the two.
+          // Place i holds quarter i / 4 % 4 of a group of 16. Where two groups share blocks, their
+          // quarters take turns: those of the first go to 32 (i / 32) + 8 (i / 4 % 4).
           const long place = 2L * bitRev[i + c];
           return shared ? (place & -32) + (place & 12) * 2 : place;
         });

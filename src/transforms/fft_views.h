@@ -2,10 +2,20 @@
 // vectors, at an index that counts numbers.
 #pragma once
 
+#include <concepts>
+
 #include "arith/mul_constant.h"
 #include "frame/complex_views.h"
 
 namespace mox::transforms {
+
+// What the passes work on: Blocks, or the caller's own arrays where they are split.
+template <class A>
+concept Area = requires(A area, long i, Pair<V<typename A::F>> numbers) {
+  { area.from(i) } -> std::same_as<A>;
+  { area.pair(i) } -> std::same_as<Pair<V<typename A::F>>>;
+  area.putPair(i, numbers);
+};
 
 // A vector of real parts, one of their imaginary parts, and so on.
 template <class F_>

@@ -10,21 +10,21 @@
 namespace mox::transforms {
 namespace {
 
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 MoxStatus mul(const F* src1, const F* src2, F* dst, int len) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   mulPacked<Layout>(src1, src2, dst, len);
   return moxOk;
 }
 
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 MoxStatus mulConjugate(const F* src, F* srcDst, int len) {
   if (MoxStatus s = checkArrays(len, src, srcDst)) return s;
   mulPackedConjugate<Layout>(src, srcDst, srcDst, len);
   return moxOk;
 }
 
-template <class Layout>
+template <PackedLayout Layout>
 MoxStatus mulScaled(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   const Scale<Mox16s, 31> scale(scaleFactor);

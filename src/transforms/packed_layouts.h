@@ -3,6 +3,7 @@
 // where the pairs begin and where R[n/2] is.
 #pragma once
 
+#include <concepts>
 #include <cstring>
 
 #include "frame/vec/vec.h"
@@ -27,18 +28,25 @@ struct CcsLayout {
   static constexpr bool imaginaryEnds = true;  // a place behind R[0] and behind R[n/2], holding 0
 };
 
+template <class L>
+concept PackedLayout = requires(long n) {
+  { L::firstPair(n) } -> std::same_as<long>;
+  { L::middle(n) } -> std::same_as<long>;
+  { L::imaginaryEnds } -> std::convertible_to<bool>;
+};
+
 constexpr bool hasMiddle(long n) { return n % 2 == 0; }
 constexpr long interiorPairs(long n) { return (n - 1) / 2; }
 
 // The interior pairs from one layout's places to another's; the arrays may be one.
-template <class From, class To, class E>
+template <PackedLayout From, PackedLayout To, class E>
 void movePairs(const E* src, E* dst, long n) {
   src += From::firstPair(n), dst += To::firstPair(n);
   if (src != dst) std::memmove(dst, src, 2 * interiorPairs(n) * sizeof(E));
 }
 
 // Turns a Perm spectrum into another layout in place.
-template <class Layout, class E>
+template <PackedLayout Layout, class E>
 void fromPerm(E* p, long n) {
   const E middle = hasMiddle(n) ? load<E>(p + PermLayout::middle(n)) : E(0);
   movePairs<PermLayout, Layout>(p, p, n);
@@ -50,7 +58,7 @@ void fromPerm(E* p, long n) {
 }
 
 // Copies a spectrum of any layout to its Perm form; `dst` may be `src`.
-template <class Layout, class E>
+template <PackedLayout Layout, class E>
 void toPerm(const E* src, E* dst, long n) {
   const E first = load<E>(src), middle = hasMiddle(n) ? load<E>(src + Layout::middle(n)) : E(0);
   movePairs<Layout, PermLayout>(src, dst, n);

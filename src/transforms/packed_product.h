@@ -7,7 +7,7 @@
 namespace mox::transforms {
 
 // The interior pairs of a spectrum as complex numbers.
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 auto* interior(F* spectrum, long n) {
   using C = std::conditional_t<std::is_const_v<F>, const ComplexOf<std::remove_const_t<F>>,
                                ComplexOf<std::remove_const_t<F>>>;
@@ -15,14 +15,14 @@ auto* interior(F* spectrum, long n) {
 }
 
 // real(place) for R[0] and R[n/2], where both factors are real.
-template <class Layout>
+template <PackedLayout Layout>
 void forEnds(long n, auto real) {
   real(0);
   if (hasMiddle(n)) real(Layout::middle(n));
 }
 
 // dst = src1 src2, where dst may be one of the sources.
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 void mulPacked(const F* src1, const F* src2, F* dst, long n) {
   forEnds<Layout>(
       n, [=](long place) { store(dst + place, load<F>(src1 + place) * load<F>(src2 + place)); });
@@ -31,7 +31,7 @@ void mulPacked(const F* src1, const F* src2, F* dst, long n) {
 }
 
 // dst = src1 times the conjugate of src2.
-template <class Layout, class F>
+template <PackedLayout Layout, class F>
 void mulPackedConjugate(const F* src1, const F* src2, F* dst, long n) {
   forEnds<Layout>(
       n, [=](long place) { store(dst + place, load<F>(src1 + place) * load<F>(src2 + place)); });
