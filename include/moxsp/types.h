@@ -13,7 +13,7 @@
 #define MOX_API extern __attribute__((visibility("default")))
 #endif
 
-/** @defgroup version Version of the headers
+/** @defgroup headerversion Version of the headers
  * What a program is compiled against; moxsGetLibVersion() tells what it runs with. The library's
  * build reads its own version here.
  * @{ */
