@@ -20,6 +20,9 @@ target_compile_options(moxsp_objects PRIVATE
   $<$<CONFIG:>:-O3> -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
   -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+# These run before it is known that the processor has AVX.
+set_source_files_properties(src/support/attach.cpp src/support/processor.cpp
+  PROPERTIES COMPILE_OPTIONS -mno-avx)
 # The compiler must not move arithmetic out of a scope that changes the rounding mode.
 foreach(source ${sources})
   file(STRINGS ${source} uses_rounding_control REGEX "#include \"frame/rounding_control\\.h\"")

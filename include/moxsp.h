@@ -37,6 +37,7 @@
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 #include <moxsp/stats.h>
+#include <moxsp/status.h>
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>

@@ -1,7 +1,10 @@
 #include "band.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+
+#include "support/program.h"
 
 namespace {
 
@@ -21,6 +24,20 @@ bool Band::passes(double hz) const {
   return aboveLow && (high >= rate / 2 || hz < high - halfTransition());
 }
 
+std::vector<double> Band::edges() const {
+  std::vector<double> all;
+  for (double hz : {low, high})
+    if (hz > 0 && hz < rate / 2) all.push_back(hz);
+  return all;
+}
+
+std::string Band::name() const {
+  const std::string from = shortNumber(low), to = shortNumber(high);
+  if (low == 0) return "lowpass-" + to + "Hz";
+  if (high >= rate / 2) return "highpass-" + from + "Hz";
+  return "bandpass-" + from + "-" + to + "Hz";
+}
+
 std::vector<float> windowedSinc(const Band& band) {
   const int middle = band.taps / 2;
   std::vector<float> taps(band.taps);
@@ -32,4 +49,15 @@ std::vector<float> windowedSinc(const Band& band) {
     taps[i] = float(window * ideal);
   }
   return taps;
+}
+
+BandLevels levelsOf(const Spectrogram& s, int channel, const Band& band) {
+  double stop = 0, pass = 0;
+  for (int bin = 0; bin < s.bins; ++bin) {
+    const double power = s.channelPower[channel][bin] / s.spread;
+    if (band.stops(s.hz(bin))) stop += power;
+    if (band.passes(s.hz(bin))) pass += power;
+  }
+  const auto dB = [](double power) { return 10 * std::log10(std::max(power, 1e-20)); };
+  return {dB(stop), dB(pass)};
 }

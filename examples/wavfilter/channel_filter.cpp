@@ -1,12 +1,6 @@
 #include "channel_filter.h"
 
-#include <stdexcept>
-#include <string>
-
-void require(MoxStatus status, const char* what) {
-  if (status != moxOk)
-    throw std::runtime_error(std::string(what) + " failed with status " + std::to_string(status));
-}
+#include "support/require.h"
 
 template <>
 ChannelFilter<Mox32f>::ChannelFilter(const std::vector<float>& taps) {

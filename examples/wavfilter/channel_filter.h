@@ -19,6 +19,3 @@ class ChannelFilter {
   std::vector<Mox8u> memory_;
   MoxsFIRState* state_ = nullptr;
 };
-
-// Throws std::runtime_error for a status other than moxOk.
-void require(MoxStatus status, const char* what);

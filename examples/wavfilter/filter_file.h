@@ -19,6 +19,3 @@ struct FilterJob {
 // The output has the length of the input: the filter's delay is taken out. 16-bit files run on
 // 16-bit samples, others on floats. Throws std::runtime_error with a text for the user.
 void filterFile(const FilterJob& job);
-
-// Sample rate, after checking that the file can be read.
-double sampleRate(const std::filesystem::path& file);

@@ -1,6 +1,6 @@
 /**
  * @file
- * Element types, the status of a call, rounding modes and the version record.
+ * Version, element types, the status of a call, and the small numbers that calls take.
  */
 #ifndef MOXSP_TYPES_H
 #define MOXSP_TYPES_H
@@ -12,6 +12,20 @@
 #else
 #define MOX_API extern __attribute__((visibility("default")))
 #endif
+
+/** @defgroup headerversion Version of the headers
+ * What a program is compiled against; moxsGetLibVersion() tells what it runs with. The library's
+ * build reads its own version here.
+ * @{ */
+#define MOXSP_VERSION_MAJOR 1
+#define MOXSP_VERSION_MINOR 0
+#define MOXSP_VERSION_PATCH 0
+/** A version as one number to compare: `#if MOXSP_VERSION >= MOXSP_MAKE_VERSION(1, 2, 0)`. */
+#define MOXSP_MAKE_VERSION(major, minor, patch) ((major)*1000000 + (minor)*1000 + (patch))
+/** The version of these headers as one number. */
+#define MOXSP_VERSION \
+  MOXSP_MAKE_VERSION(MOXSP_VERSION_MAJOR, MOXSP_VERSION_MINOR, MOXSP_VERSION_PATCH)
+/** @} */
 
 /** @defgroup elements Element types
  * Arrays are plain contiguous arrays of these; lengths count elements, a complex one as one. No
@@ -57,9 +71,9 @@ typedef struct {
  */
 typedef int32_t MoxStatus;
 
-/** The values of ::MoxStatus. */
+/** The values of ::MoxStatus; moxsStatusText() gives each as a text. */
 enum {
-  moxOk = 0,
+  moxOk = 0, /**< success */
 
   moxWarnSqrtNegArg = 3,     /**< square root of a negative element */
   moxWarnInvZero = 4,        /**< reciprocal of a zero element with level 0 */
@@ -106,9 +120,7 @@ enum {
   moxErrToneMagn = -46,        /**< tone magnitude not positive */
   moxErrChannelCount = -47,    /**< channel count below 1 (`moxsIIR64f_32s_PSfs`) */
   moxErrChannel = -53,         /**< channel count below 1 (`moxsIIR_32f_P`) */
-  moxErrMatrixStride = -182,   /**< never returned to a caller */
   moxErrSparseTapPos = -194,   /**< sparse tap positions not strictly increasing */
-  moxErrSingular = -195,       /**< never returned to a caller */
   moxErrIirGenOrder = -206,    /**< IIR design order outside 1 to 12 */
   moxErrIirGenFreq = -208,     /**< IIR design cut-off outside 0 to 0.5 */
   moxErrIirGenRipple = -209,   /**< IIR design ripple out of range */
@@ -121,6 +133,21 @@ enum {
   moxRoundZero = 0,     /**< toward zero */
   moxRoundNearEven = 1, /**< to nearest, ties to the even integer */
   moxRoundHalfAway = 2  /**< to nearest, ties away from zero */
+};
+
+/** Normalisation of a pair of transforms of length N: the argument `flag`. */
+enum {
+  moxNormForward = 1, /**< forward by 1/N */
+  moxNormInverse = 2, /**< inverse by 1/N: it then undoes the forward transform */
+  moxNormBoth = 4,    /**< both by 1/sqrt(N): energy is kept */
+  moxNormNone = 8     /**< neither: inverse after forward gives N times the input */
+};
+
+/** What the argument `hint` asks of a function that has a fast and an accurate path. */
+enum {
+  moxHintNone = 0,    /**< no wish, which gives the accurate path */
+  moxHintFast = 1,    /**< the fast path */
+  moxHintAccurate = 2 /**< the accurate path */
 };
 
 /** What moxsGetLibVersion() returns. */

@@ -2,7 +2,8 @@
 // function's slot of the entry-point table and makes the public name a jump through that slot.
 // The slot has the type of the public declaration, so a body with another signature does not
 // compile. Bodies call bodies, never public names: whoever replaces a slot redirects outside
-// callers only. entry_table.ld gathers the slots in alphabetical order.
+// callers only. entry_table.ld gathers the slots in alphabetical order. The relocation of no bytes
+// makes a static link take support/attach.cpp along.
 #pragma once
 
 #define MOX_EXPORT(name, ...)                                                                 \
@@ -12,7 +13,8 @@
   asm(".pushsection .text.moxsp_jump." #name                                                  \
       ",\"ax\",@progbits\n"                                                                   \
       ".p2align 4\n.globl " #name "\n.type " #name ",@function\n" #name                       \
-      ":\n\tendbr64\n\tjmp *moxSlot_" #name "(%rip)\n.size " #name ",.-" #name "\n.popsection")
+      ":\n\t.reloc ., R_X86_64_NONE, moxAttach\n\tendbr64\n\tjmp *moxSlot_" #name             \
+      "(%rip)\n.size " #name ",.-" #name "\n.popsection")
 
 // For exports that share one body although their element types have different names.
 #define MOX_EXPORT_SHARED(name, ...) \

@@ -2,23 +2,15 @@
 
 #include "frame/export.h"
 #include "move/version_numbers.h"
-#include "support/moxcore.h"
 
 namespace mox::move {
 namespace {
 
-constexpr moxLibraryVersion record = {versionMajor, versionMinor,     versionUpdate, revision,
-                                      {'v', '7'},   "moxSP AVX (v7)", versionText,   buildDate};
+constexpr moxLibraryVersion record = {
+    MOXSP_VERSION_MAJOR, MOXSP_VERSION_MINOR, MOXSP_VERSION_PATCH, revision,
+    {'v', '7'},          "moxSP AVX (v7)",    versionText,         buildDate};
 
 const moxLibraryVersion* getLibVersion() { return &record; }
-
-// Set once, before any call; kept for debuggers.
-[[gnu::used]] bool wideVectorsEnabled = false;
-
-[[gnu::constructor]] void attach() {
-  constexpr std::uint64_t needed = cpuAvx | cpuWideState;
-  wideVectorsEnabled = (moxGetEnabledCpuFeatures() & needed) == needed;
-}
 
 }  // namespace
 

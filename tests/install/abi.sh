@@ -1,10 +1,15 @@
-# abi.sh LIBRARY FUNCTION-LIST SOURCE-DIR BUILD-DIR: the shared library's binary interface.
+# abi.sh LIBRARY SOURCE-DIR BUILD-DIR CC: the shared library's binary interface.
 source "$(dirname "$0")/common.sh"
-library=$1 list=$2 source_dir=$3 build_dir=$4
+library=$1 source_dir=$2 build_dir=$3 cc=$4
+here=$source_dir/tests/install include=$source_dir/include
 
-sed -E 's/.*\((moxs[A-Za-z0-9_]+),.*/\1/' "$list" | sort > "$scratch/declared"
+# The headers declare the functions of the checked-in list with its prototypes. Whoever changes
+# one runs `./run exports`.
+bash "$here/from_headers.sh" exports "$include" "$cc" > "$scratch/prototypes"
+same "exports.txt and the headers" "$here/exports.txt" "$scratch/prototypes"
+sed -E 's/\(.*//; s/.* //' "$here/exports.txt" > "$scratch/declared"
 count=$(wc -l < "$scratch/declared")
-[[ $count -gt 0 ]] || fail "no declarations in $list"
+[[ $count -gt 0 ]] || fail "exports.txt is empty"
 
 # Exported are the declared functions, all under one version node, and nothing else.
 sed 's/$/@@MOXSP_1 T/; $a MOXSP_1@@MOXSP_1 A' "$scratch/declared" | sort > "$scratch/expected"

@@ -1,6 +1,8 @@
 # Shared by the scripts of this folder: a scratch directory, and failure with a reason.
 set -euo pipefail
 export LC_ALL=C
+CMAKE_BUILD_PARALLEL_LEVEL=$(nproc)
+export CMAKE_BUILD_PARALLEL_LEVEL
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 

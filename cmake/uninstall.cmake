@@ -1,0 +1,17 @@
+# cmake -DMANIFEST=<install_manifest.txt> -P uninstall.cmake: removes the files of the last
+# installation, and the directories that are empty then and carry the library's name.
+if(NOT EXISTS ${MANIFEST})
+  message(FATAL_ERROR "Nothing has been installed from this build: there is no ${MANIFEST}.")
+endif()
+file(STRINGS ${MANIFEST} files)
+foreach(file IN LISTS files)
+  set(place $ENV{DESTDIR}${file})
+  message(STATUS "Removing ${place}")
+  file(REMOVE ${place})
+  cmake_path(GET place PARENT_PATH directory)
+  file(GLOB left ${directory}/*)
+  if(directory MATCHES "/moxsp$" AND NOT left)
+    file(REMOVE_RECURSE ${directory})
+  endif()
+endforeach()
+file(REMOVE ${MANIFEST})
