@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "frame/every/call.h"
+#include "frame/every/checks.h"
 #include "frame/every/contract.h"
-#include "frame/every/own_checks.h"
 #include "frame/every/sweep.h"
 #include "support/core_probe.h"
 
@@ -103,8 +103,7 @@ void checkScaleFactors(const Function& f, Position& at) {
         if (status < moxOk && status != moxErrRoundMode)
           throw Misbehaved("answers " + std::to_string(status));
         if (misaligned.run() != status) throw Misbehaved("gives another status when misaligned");
-        misaligned.requireSameOutputs(aligned,
-                                      deviation(f.name, Deviation::alignedSums) ? 1e-4 : 0);
+        misaligned.requireSameOutputs(aligned, roundingsOfSums(f, length));
       }
   });
 }

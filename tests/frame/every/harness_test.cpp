@@ -8,7 +8,8 @@
 #include <cstdint>
 
 #include "frame/every/call.h"
-#include "frame/every/own_checks.h"
+#include "frame/every/checks.h"
+#include "frame/every/tables.h"
 #include "support/moxcore.h"
 
 namespace {
@@ -89,15 +90,15 @@ std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*,
 
 TEST(Harness, FindsNothingInAGoodFunction) {
   for (CheckFunction* check :
-       {checkNullPointers, checkLengths, checkEveryLengthAndAlignment, checkShorterCalls,
-        checkOntoSource, checkControlWords, checkAllocations})
+       {checkRefusals, checkEveryLengthAndAlignment, checkShorterCalls, checkOntoSource,
+        checkControlWords, checkAllocations})
     EXPECT_EQ(verdict(check, copy<nothing>), "fine");
 }
 
 TEST(Harness, FindsTheFaultOfABadFunction) {
   using testing::HasSubstr;
-  EXPECT_THAT(verdict(checkNullPointers, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
-  EXPECT_THAT(verdict(checkLengths, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
+  EXPECT_THAT(verdict(checkRefusals, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
+  EXPECT_THAT(verdict(checkRefusals, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<dependsOnAlignment>),
               HasSubstr("another result at element 0 of 'dst'"));
   EXPECT_THAT(verdict(checkShorterCalls, copy<dependsOnLength>),
@@ -127,7 +128,7 @@ TEST(Harness, NamesWhatItDoesNotKnow) {
                          signatureOf<decltype(f)>,
                          reinterpret_cast<AnyFunction*>(f)};
   Position at;
-  EXPECT_THAT([&] { checkNullPointers(strange, at); },
+  EXPECT_THAT([&] { checkRefusals(strange, at); },
               testing::ThrowsMessage<Unknown>(testing::HasSubstr("'mood' of moxsStrange_32f")));
 }
 
