@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cstdint>
 
 #include "fir/fir_api.h"
-#include "frame/arena.h"
 #include "support/alloc_failures.h"
 #include "support/guarded_array.h"
 
@@ -22,7 +21,7 @@ TYPED_TEST(FirState, LivesInTheBytesThatItAsksFor) {
   using F = TypeParam;
   using D = typename F::Data;
   test::Random random;
-  for (const int n : {1, 2, 9, 63, 64, 130, 700}) {
+  for (const int n : {1, 9, 63, 64, 130, 700}) {
     int size = 0;
     ASSERT_EQ(F::getStateSize(n, &size), moxOk);
     for (int slack = 0; slack < 64; slack += slack < 20 ? 1 : 11) {
@@ -32,7 +31,7 @@ TYPED_TEST(FirState, LivesInTheBytesThatItAsksFor) {
       MoxsFIRState* s = nullptr;
       Mox8u* const buffer = memory.data() + slack;
       ASSERT_EQ(F::init(&s, taps.data(), n, nullptr, buffer), moxOk);
-      ASSERT_EQ(reinterpret_cast<Mox8u*>(s), mox::alignUp(buffer, 16));
+      ASSERT_EQ(reinterpret_cast<Mox8u*>(s), buffer + (-std::uintptr_t(buffer) & 15));
       ASSERT_EQ(*reinterpret_cast<Mox32s*>(s), F::id);
       const auto twin = makeFir<F>(taps);
       for (const int len : {4800, 600}) {
@@ -74,29 +73,16 @@ TYPED_TEST(FirState, GivesBackTapsAndDelayLine) {
   }
 }
 
-TYPED_TEST(FirState, RefusesMoreTapsThanAnObjectHolds) {
-  using F = TypeParam;
-  const auto tap = test::number<typename F::Tap>(1);
-  constexpr int most = std::numeric_limits<int>::max();
-  Mox8u buffer[1];
-  MoxsFIRState* s = nullptr;
-  int size = 77;
-  EXPECT_EQ(F::getStateSize(most, &size), moxErrFirLen);
-  EXPECT_EQ(F::init(&s, &tap, most, nullptr, buffer), moxErrFirLen);
-  EXPECT_EQ(F::initAlloc(&s, &tap, most, nullptr), moxErrFirLen);
-  EXPECT_EQ(F::initAlloc(nullptr, &tap, 0, nullptr), moxErrNullPtr);
-  EXPECT_EQ(size, 77);
-  EXPECT_EQ(s, nullptr);
-}
-
 TYPED_TEST(FirState, TakesMemoryWhenItIsMadeAndNotAgain) {
   using F = TypeParam;
   const std::vector<typename F::Tap> taps(100, test::number<typename F::Tap>(1));
   std::vector<typename F::Data> x(5000, test::number<typename F::Data>(1));
-  CoreProbe probe;
   MoxsFIRState* s = nullptr;
   const auto make = [&] { return F::initAlloc(&s, taps.data(), 100, nullptr); };
   EXPECT_GT(test::failEachAllocation(make, [&] { EXPECT_EQ(s, nullptr); }), 0);
+  EXPECT_EQ(F::free(s), moxOk);
+  CoreProbe probe;
+  EXPECT_EQ(make(), moxOk);
   const int taken = probe.allocations();
   EXPECT_EQ(F::runInPlace(x.data(), 5000, s, 0), moxOk);
   EXPECT_EQ(F::setTaps(taps.data(), s), moxOk);
@@ -114,21 +100,6 @@ TEST(FirState32f, OneSizeServesAllStatesThatHoldFloats) {
     EXPECT_EQ(plain, mixed);
     EXPECT_EQ(plain, stream);
   }
-}
-
-TEST(FirState32f, AStreamTakesNoPartInWhatKeepsADelayLine) {
-  const Mox32f tap = 1;
-  MoxsFIRState* s = nullptr;
-  ASSERT_EQ(moxsFIRStreamInitAlloc_32f(&s, &tap, 1), moxOk);
-  Mox32f x;
-  EXPECT_EQ(moxsFIR_32f_I(&x, 1, s), moxErrContext);
-  EXPECT_EQ(moxsFIROne_32f(1, &x, s), moxErrContext);
-  EXPECT_EQ(moxsFIRFree_64f(s), moxErrContext);
-  EXPECT_EQ(moxsFIRGetTaps_32f(s, &x), moxErrContext);
-  EXPECT_EQ(moxsFIRSetTaps_32f(&tap, s), moxErrContext);
-  EXPECT_EQ(moxsFIRGetDlyLine_32f(s, &x), moxErrContext);
-  EXPECT_EQ(moxsFIRSetDlyLine_32f(s, &tap), moxErrContext);
-  EXPECT_EQ(moxsFIRFree_32f(s), moxOk);
 }
 
 }  // namespace

@@ -89,9 +89,8 @@ std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*,
 }
 
 TEST(Harness, FindsNothingInAGoodFunction) {
-  for (CheckFunction* check :
-       {checkRefusals, checkEveryLengthAndAlignment, checkShorterCalls, checkOntoSource,
-        checkControlWords, checkAllocations})
+  for (CheckFunction* check : {checkRefusals, checkEveryLengthAndAlignment, checkShorterCalls,
+                               checkOntoSource, checkControlWords, checkAllocations})
     EXPECT_EQ(verdict(check, copy<nothing>), "fine");
 }
 

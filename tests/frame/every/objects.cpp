@@ -11,9 +11,9 @@ namespace {
 
 // A family of objects is registered here by regular expressions: the names of its Init functions,
 // and those of the functions that take the objects, with what the first expression has captured for
-// $1, $2 and without the ends _I, _Sfs and _ISfs. The rest follows from names. InitAlloc goes before
-// Init where there is one of that name, sizes come from the query called GetStateSize or GetSize
-// in its place, and the function with Free in its name releases what InitAlloc made. Then
+// $1, $2 and without the ends _I, _Sfs and _ISfs. The rest follows from names. InitAlloc goes
+// before Init where there is one of that name, sizes come from the query called GetStateSize or
+// GetSize in its place, and the function with Free in its name releases what InitAlloc made. Then
 //  - shapes.cpp tells numbers and array lengths that no row for all functions tells already,
 //  - refusals.cpp tells which values are refused, with which status, and in which order.
 struct Row {
@@ -21,8 +21,7 @@ struct Row {
   const char* users;
 };
 const Row rows[] = {
-    {"FFTInit_([CR])_(.*)",
-     "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
+    {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
     {"FIRInit(.*)", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1"},
     {"FIRStreamInit(.*)", "FIR(Free)?$1"},
 };

@@ -37,7 +37,8 @@ const Table<Row> refusals = {
     {row("*", "len tableLen channels", belowOne, moxErrSize, length),
      row("@(StdDev|MeanStdDev)_*", "len", {1, 0, -1, INT_MIN}, moxErrSize, length),
      // A complex sum is the real one of twice the length, which is reckoned first.
-     row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize, first),
+     row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
+         first),
      // A length of 64 bits without a sign, no pairs, and no element at all.
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
 

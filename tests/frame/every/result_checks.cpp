@@ -169,9 +169,7 @@ void checkShorterCalls(const Function& f, Position& at) {
   }
 }
 
-bool hasPlainForm(const Function& f) {
-  return plainForm(f);
-}
+bool hasPlainForm(const Function& f) { return plainForm(f); }
 
 void checkInPlaceForm(const Function& f, Position& at) {
   const Function& plain = *plainForm(f);

@@ -65,10 +65,9 @@ const Table<NumberRow> numberRows = {
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
-     {{"@(StdDev|MeanStdDev)_*", "hint"}, fixed(0)},  // with 1 differences cancel what rounding left
-     {{"Threshold_*", "relOp"},
-      fixed(moxThresholdLess),
-      {moxThresholdGreater}},
+     {{"@(StdDev|MeanStdDev)_*", "hint"},
+      fixed(0)},  // with 1 differences cancel what rounding left
+     {{"Threshold_*", "relOp"}, fixed(moxThresholdLess), {moxThresholdGreater}},
      {{"Threshold_LTInv_*", "level"}, fixed(3), {0}},
      {{"Threshold_LTValGTVal_*", "levelGT"}, fixed(5)},
      {{"DivC* Normalize_*", "val div"}, fixed(3), {1}},
@@ -131,8 +130,7 @@ const Table<CountRow> countRows = {
      {{"*", "table"}, argument("tableLen")},
      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer"},
-      argument("len")}}};
+     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer"}, argument("len")}}};
 
 }  // namespace
 
