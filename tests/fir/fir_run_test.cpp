@@ -231,7 +231,9 @@ TYPED_TEST(FirRun, EnginesChangeAtTheirThresholds) {
     EXPECT_GT(spoilt(n, 4224 + len, true, 100), n);
     EXPECT_EQ(spoilt(n, 4224 + len, true, 4224 + 100), n);
     // The last 50 outputs are what steps of 193 leave over, and are filtered directly.
-    if (n == 64) EXPECT_EQ(spoilt(n, 629, false, 400), 193);
+    if (n == 64) {
+      EXPECT_EQ(spoilt(n, 629, false, 400), 193);
+    }
   }
 }
 
