@@ -1,7 +1,7 @@
 // What holds for all exported functions is tested here on all of them, driven by the names and
 // types in the public headers. A new function is found by itself; where its shape is new as well,
-// the test fails and says which table wants a row: every/objects.cpp for a family of objects, and how
-// it is registered, every/shapes.cpp for arrays and numbers, every/refusals.cpp for statuses,
+// the test fails and says which table wants a row: every/objects.cpp for a family of objects, and
+// how it is registered, every/shapes.cpp for arrays and numbers, every/refusals.cpp for statuses,
 // every/contract.cpp for deviations.
 #include <gtest/gtest.h>
 

@@ -51,7 +51,8 @@ const Table<Row> refusals = {
 
      row("CartToPolar_*", "dstPhase", {null}, moxErrNullPtr, behindLength),
 
-     row("DivC_* Normalize_*", "val div", {0}, moxErrDivByZero, number),
+     row("DivC_* Normalize_*", "val div", {0, -0.0}, moxErrDivByZero, number),
+     row("Normalize_@(32|64)f*", "div", {1e-39, -1e-39}, moxErrDivByZero, last),
      row("Div_Round_*", "rndMode", {3, -1}, moxErrRoundMode, number),
      row("Convert_32f16f Convert_16s16f Convert_16f16s_Sfs", "roundMode", {2}, moxErrRoundMode,
          number),
@@ -118,6 +119,22 @@ std::string text(const Function& f, const Refusal& refusal, double value) {
   return (value == null ? "a null '" : "cleared memory as '") + name + "'";
 }
 
+std::string text(const Numbers& numbers) {
+  std::string all;
+  for (const auto& [name, value] : numbers) all += ", " + name + " = " + std::to_string(value);
+  return all;
+}
+
+// What is refused with one number is refused with all others, scale factors among them.
+std::vector<Numbers> numbersToRefuseWith(const Function& f) {
+  auto all = otherNumbers(f);
+  all.insert(all.begin(), Numbers());
+  if (hasScaleFactor(f))
+    for (const int factor : {0, 17, 100, INT_MAX, -6, -16, -31, INT_MIN})
+      all.push_back({{"scaleFactor", factor}});
+  return all;
+}
+
 void requireRefusal(Call& call, MoxStatus status) {
   if (const MoxStatus got = call.run(); got != status)
     throw Misbehaved("answers " + std::to_string(got) + " instead of " + std::to_string(status));
@@ -142,20 +159,24 @@ bool canBeRefused(const Function& f) { return !refusalsOf(f).empty(); }
 void checkRefusals(const Function& f, Position& at) {
   const auto all = refusalsOf(f);
   at.length = Setting().length;
-  for (const Refusal& one : all) {
-    for (const double value : one.values) {
-      at.detail = "with " + text(f, one, value);
-      Call call(f, {});
-      spoil(call, one, value);
-      requireRefusal(call, one.status);
-    }
-    for (const Refusal& other : all) {
-      if (other.rank <= one.rank || other.parameter == one.parameter) continue;
-      at.detail = "with " + text(f, one, one.values[0]) + " and " + text(f, other, other.values[0]);
-      Call call(f, {});
-      spoil(call, one, one.values[0]);
-      spoil(call, other, other.values[0]);
-      requireRefusal(call, one.status);
+  for (const Numbers& numbers : numbersToRefuseWith(f)) {
+    const Setting setting{.numbers = numbers};
+    for (const Refusal& one : all) {
+      for (const double value : one.values) {
+        at.detail = "with " + text(f, one, value) + text(numbers);
+        Call call(f, setting);
+        spoil(call, one, value);
+        requireRefusal(call, one.status);
+      }
+      for (const Refusal& other : all) {
+        if (other.rank <= one.rank || other.parameter == one.parameter) continue;
+        at.detail = "with " + text(f, one, one.values[0]) + " and " +
+                    text(f, other, other.values[0]) + text(numbers);
+        Call call(f, setting);
+        spoil(call, one, one.values[0]);
+        spoil(call, other, other.values[0]);
+        requireRefusal(call, one.status);
+      }
     }
   }
   for (int i = 0; i < f.count(); ++i) {
