@@ -132,6 +132,8 @@ std::vector<Mox32sc> nearHalves() {
   }
   for (long k = 20000; k < 21000; ++k)
     add(k * k - k, k), add(k * k, k), add(k * k + k, k), add(k, k * k + 1);
+  // With factors -1 and -2.
+  for (long k = 10000; k < 10100; ++k) add(8 * k * k, 2 * k), add(-k, 4 * k * k);
   return z;
 }
 

@@ -3,7 +3,6 @@
 
 #include <ostream>
 
-#include "support/alloc_failures.h"
 #include "support/guarded_array.h"
 #include "transforms/fft_api.h"
 
@@ -112,14 +111,6 @@ TEST_P(FftObject, AFailedRecordIsCleared) {
   EXPECT_EQ(headAfter(8, scratch, moxOk), kind.id);
   EXPECT_EQ(kind.free(spec), moxOk);
   EXPECT_EQ(kind.free(spec), moxErrContext);
-}
-
-TEST_P(FftObject, SurvivesFailedAllocations) {
-  const Kind& kind = GetParam();
-  MoxsFFTSpec* spec = nullptr;
-  const auto make = [&] { return kind.initAlloc(&spec, 11, 8, 0); };
-  EXPECT_GT(test::failEachAllocation(make, [&] { EXPECT_EQ(spec, nullptr); }), 1);
-  EXPECT_EQ(kind.free(spec), moxOk);
 }
 
 template <class T>

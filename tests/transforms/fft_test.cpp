@@ -5,7 +5,6 @@
 #include <numbers>
 
 #include "support/accuracy.h"
-#include "support/core_probe.h"
 #include "support/guarded_array.h"
 #include "transforms/fft_api.h"
 
@@ -223,31 +222,6 @@ TYPED_TEST(FftForm, KeepsThePropertiesOfASpectrum) {
     ASSERT_EQ(T::run(false, spectrum.data(), ofEcho.data(), n, fft, nullptr), moxOk);
     const long double back = std::pow((long double)n, 1 + flag.forward + flag.inverse);
     EXPECT_LE(signalError(ofEcho.data(), x, back), 2 * bound<F>(order));
-  }
-}
-
-TYPED_TEST(FftForm, TakesWorkMemoryOnlyWhenItNeedsSomeAndGotNone) {
-  using T = TypeParam;
-  using F = typename T::F;
-  for (const int order : {0, 6, 8, largeOrder<F> + 1}) {
-    SCOPED_TRACE(testing::Message() << "order " << order);
-    const long n = 1L << order;
-    Fft fft(T::kind, order, 8);
-    const std::vector<F> x(T::numbers(n), 1);
-    std::vector<F> y = x;
-    CoreProbe probe;
-    EXPECT_EQ(T::run(true, x.data(), y.data(), n, fft, fft.buffer()), moxOk);
-    EXPECT_EQ(probe.allocations(), 0);
-    EXPECT_EQ(T::run(true, x.data(), y.data(), n, fft, nullptr), moxOk);
-    EXPECT_EQ(probe.allocations(), order > 6 ? 1 : 0);
-    EXPECT_EQ(probe.live(), 0);
-    if (order <= 6) continue;
-    for (const bool forward : {true, false}) {
-      y = x;
-      probe.failAllocation(1);
-      EXPECT_EQ(T::run(forward, x.data(), y.data(), n, fft, nullptr), moxErrMemAlloc);
-      EXPECT_EQ(y, x);
-    }
   }
 }
 

@@ -46,20 +46,10 @@ void storeElement(std::byte* at, const ElementType& element, double value) {
 
 template <class F>
 std::vector<std::byte> floatPool(std::size_t count, bool anyFloats) {
-  constexpr F specials[] = {F(0.0),
-                            -F(0.0),
-                            std::numeric_limits<F>::infinity(),
-                            -std::numeric_limits<F>::infinity(),
-                            std::numeric_limits<F>::quiet_NaN(),
-                            std::numeric_limits<F>::denorm_min(),
-                            std::numeric_limits<F>::min(),
-                            std::numeric_limits<F>::max(),
-                            std::numeric_limits<F>::lowest()};
   test::Random random(sizeof(F));
   std::vector<std::byte> pool(count * sizeof(F));
   for (std::size_t i = 0; i < count; ++i) {
-    F value = random.value<F>();
-    if (anyFloats && random.below(5) == 0) value = specials[random.below(std::size(specials))];
+    const F value = anyFloats ? random.special<F>() : random.value<F>();
     std::memcpy(&pool[i * sizeof(F)], &value, sizeof value);
   }
   return pool;
@@ -153,7 +143,9 @@ void Call::prepareObject(int i) {
   Setting setting;
   setting.length = setting_.length;
   setting.numbers = setting_.numbers;
-  setting.destination = setting.source = {Edge::end, -1};
+  // What the object lies in walks through the same places as the arrays.
+  setting.destination = setting_.destination;
+  setting.source = {Edge::end, -1};
   auto& call = *makers_.emplace_back(
       std::make_unique<Call>(frees && kind->initAlloc ? *kind->initAlloc : *kind->init, setting));
   if (const MoxStatus status = call.run(); status != moxOk)
