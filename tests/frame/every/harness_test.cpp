@@ -40,6 +40,10 @@ MoxStatus acceptsNegativeLength(const Mox32f* src, Mox32f* dst, int len) {
   return len == 0 ? moxErrSize : moxOk;
 }
 
+MoxStatus checksLengthFirst(const Mox32f* src, Mox32f* dst, int len) {
+  return len < 1 ? moxErrSize : checked(src, dst, len);
+}
+
 constexpr auto nothing = [](const Mox32f*, Mox32f*, int) {};
 constexpr auto readsBehind = [](const Mox32f* src, Mox32f*, int len) {
   [[maybe_unused]] static volatile char seen;
@@ -83,7 +87,7 @@ std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*,
   try {
     check(faulty, at);
   } catch (const Misbehaved& fault) {
-    return fault.what();
+    return fault.what() + (", " + at.detail);
   }
   return "fine";
 }
@@ -98,6 +102,8 @@ TEST(Harness, FindsTheFaultOfABadFunction) {
   using testing::HasSubstr;
   EXPECT_THAT(verdict(checkRefusals, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
   EXPECT_THAT(verdict(checkRefusals, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
+  EXPECT_THAT(verdict(checkRefusals, checksLengthFirst),
+              HasSubstr("answers -6 instead of -8, with a null 'src' and len = 0"));
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<dependsOnAlignment>),
               HasSubstr("another result at element 0 of 'dst'"));
   EXPECT_THAT(verdict(checkShorterCalls, copy<dependsOnLength>),
@@ -119,6 +125,15 @@ TEST(Harness, FindsStrayReadsAndWrites) {
               HasSubstr("near 'src': byte -1 of 132"));
 }
 #endif
+
+TEST(Harness, FindsIdleRowsAndDoubleClaims) {
+  using testing::ElementsAre, testing::HasSubstr;
+  EXPECT_THAT(faultsOf("t", {{"Add_32f", "len"}, {"Add_*", "src1"}, {"*", "len"}}), ElementsAre());
+  EXPECT_THAT(faultsOf("t", {{"Add_32f", "len"}, {"Add_32f?(_I)", "len"}}),
+              ElementsAre(HasSubstr("two rows claim 'len' of moxsAdd_32f")));
+  EXPECT_THAT(faultsOf("t", {{"Add_32f Wave_*", "len mood"}}),
+              ElementsAre(HasSubstr("'Wave_*' serves no"), HasSubstr("'mood' serves no")));
+}
 
 TEST(Harness, NamesWhatItDoesNotKnow) {
   auto* f = +[](const Mox32f*, int, Mox32f) { return MoxStatus(moxOk); };
