@@ -2,10 +2,24 @@
  * @file
  * Element-wise arithmetic.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
- * or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
+ * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
+ * ending in `_I` or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32f a[3] = {1, 2, 3}, b[3] = {10, 20, 30};
+ *   Mox32f c[3];
+ *   moxsSub_32f(a, b, c, 3);                          // the first source is subtracted: b - a
+ *   for (int i = 0; i < 3; ++i) printf("%g ", c[i]);  // 9 18 27
+ *
+ *   Mox16s x[3] = {30000, -5, 7};
+ *   moxsAddC_16s_ISfs(30000, x, 3, 1);                // (x + 30000) / 2, no overflow
+ *   for (int i = 0; i < 3; ++i) printf("%d ", x[i]);  // 30000 14998 15004
+ * }
+ * @endcode
  */
 #ifndef MOXSP_ARITH_H
 #define MOXSP_ARITH_H
@@ -16,6 +30,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup scaling Scaled integers
+ * @ingroup topic_arithmetic
  * Names with `Sfs` scale their integer result: the exact value r of the operation becomes
  * r * 2^-scaleFactor, rounded to nearest with ties to even and saturated to the type of the result.
  * A positive factor divides: 2.5 gives 2, -1.5 gives -2. Every `scaleFactor` is valid: far above
@@ -25,12 +40,15 @@
 /** @} */
 
 /** @defgroup add Add
- * Sums. Add: `dst[i] = src1[i] + src2[i]`, in place `srcDst[i] = src[i] + srcDst[i]`. AddC:
- * `dst[i] = src[i] + val`, in place `srcDst[i] = srcDst[i] + val`; for 0 <= i < len.
- * Complex elements are added part by part, and Add over them looks at the length before the
- * pointers. Integers with `Sfs` follow @ref scaling; without, they saturate at the destination
- * type, and `moxsAdd_8u16u` and `moxsAdd_16s32f` are exact.
+ * @ingroup topic_arithmetic
+ * Sums of two vectors, or of a vector and a constant. Add: `dst[i] = src1[i] + src2[i]`, in place
+ * `srcDst[i] = src[i] + srcDst[i]`. AddC: `dst[i] = src[i] + val`, and in place
+ * `srcDst[i] = srcDst[i] + val`; for 0 <= i < len. Complex elements are added part by part.
+ * Integers with `Sfs` follow @ref scaling; without, they saturate at the destination type, and
+ * `moxsAdd_8u16u` and `moxsAdd_16s32f` are exact. `dst` may be one of the sources.
  *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1; in the other order
+ * by Add of complex elements.
  * @note Floats: each element is one IEEE 754 addition in the current rounding mode, to the bit. A
  * `val` of 0 in `moxsAddC_32f` and `moxsAddC_64f` leaves every element as it is, -0 too.
  * @note `moxsAdd_64s_Sfs` saturates the sum to 64 bits before it scales it.
@@ -104,12 +122,15 @@ MOX_API MoxStatus moxsAddC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup sub Sub
- * Differences. Sub subtracts its first source: `dst[i] = src2[i] - src1[i]`, in place
- * `srcDst[i] = srcDst[i] - src[i]`. SubC: `dst[i] = src[i] - val`; SubCRev: `dst[i] = val -
- * src[i]`. Complex elements part by part, and Sub over them looks at the length before the
- * pointers. Integers with `Sfs` follow @ref scaling; without, they saturate at the destination
- * type, and `moxsSub_16s32f` is exact.
+ * @ingroup topic_arithmetic
+ * Differences of two vectors, or of a vector and a constant. Sub subtracts its first source:
+ * `dst[i] = src2[i] - src1[i]`, in place `srcDst[i] = srcDst[i] - src[i]`. SubC: `dst[i] = src[i] -
+ * val`; SubCRev: `dst[i] = val - src[i]`; for 0 <= i < len. Complex elements are subtracted part by
+ * part. Integers with `Sfs` follow @ref scaling; without, they saturate at the destination type,
+ * and `moxsSub_16s32f` is exact. `dst` may be one of the sources.
  *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1; in the other order
+ * by Sub of complex elements.
  * @note Floats: each element is one IEEE 754 subtraction in the current rounding mode, to the bit.
  * A `val` of 0 in `moxsSubC_32f` leaves every element as it is.
  * @{ */
@@ -202,11 +223,14 @@ MOX_API MoxStatus moxsSubCRev_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup mul Mul
- * Products. Mul: `dst[i] = src1[i] * src2[i]`, in place `srcDst[i] = src[i] * srcDst[i]`. MulC:
- * `dst[i] = src[i] * val`. The complex product of (a, b) and (c, d) is (a*c - b*d, a*d + b*c); a
- * real element multiplies both parts of a complex one. Integers with `Sfs` follow @ref scaling;
- * without, they saturate at the destination type, and `moxsMul_8u16u` is exact.
+ * @ingroup topic_arithmetic
+ * Products of two vectors, or of a vector and a constant. Mul: `dst[i] = src1[i] * src2[i]`, in
+ * place `srcDst[i] = src[i] * srcDst[i]`. MulC: `dst[i] = src[i] * val`; for 0 <= i < len. The
+ * complex product of (a, b) and (c, d) is (a*c - b*d, a*d + b*c); a real element multiplies both
+ * parts of a complex one. Integers with `Sfs` follow @ref scaling; without, they saturate at the
+ * destination type, and `moxsMul_8u16u` is exact. `dst` may be one of the sources.
  *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note Floats: each operation of the formula is rounded by itself in the current rounding mode,
  * and nothing is fused. In `moxsMulC_32f` a `val` of 1 copies the elements to the bit, and one of 0
  * gives +0 for every element, infinities and NaN too.
@@ -295,10 +319,12 @@ MOX_API MoxStatus moxsMulC_Low_32f16s(const Mox16s* src, Mox32f val, Mox16s* dst
 /** @} */
 
 /** @defgroup addproduct AddProduct
+ * @ingroup topic_arithmetic
  * Products added to the destination: `srcDst[i] = srcDst[i] + src1[i] * src2[i]`, with a constant
  * `srcDst[i] = srcDst[i] + src[i] * val`. With `Sfs` the whole sum is scaled by @ref scaling,
  * but for `32s`, see below.
  *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note Floats: the product, and then the sum, are each rounded in the current rounding mode.
  * @note `moxsAddProduct_32s_Sfs` is exact with a factor of 0. With a factor of 1 to 62 and of -1 to
  * -30 it scales the product alone, in double precision, to nearest in each step:

@@ -1,6 +1,21 @@
 /**
  * @file
  * A-law and mu-law companding (ITU-T G.711).
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s pcm[3] = {0, 1000, -32768};
+ *   Mox8u code[3];
+ *   Mox16s back[3];
+ *   moxsLinToALaw_16s8u(pcm, code, 3);
+ *   for (int i = 0; i < 3; ++i) printf("%02x ", code[i]);  // d5 fa 2a
+ *   moxsALawToLin_8u16s(code, back, 3);
+ *   for (int i = 0; i < 3; ++i) printf("%d ", back[i]);  // 8 1008 -32256
+ * }
+ * @endcode
  */
 #ifndef MOXSP_COMPANDING_H
 #define MOXSP_COMPANDING_H
@@ -8,6 +23,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup companding Companding
+ * @ingroup topic_conversion
  * Between linear samples and the 8-bit codes of ITU-T G.711, and between its two laws. Codes are
  * those on the line: A-law with every other bit inverted, mu-law with all bits inverted; bit 7 is
  * set for samples that aren't negative. `len` counts samples, 0 <= i < len. Arrays must not

@@ -1,6 +1,21 @@
 /**
  * @file
  * Conversions between element types.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s pcm[3] = {16384, -32768, 100};
+ *   Mox32f sample[3];
+ *   Mox8u packed[9];
+ *   moxsConvert_16s32f_Sfs(pcm, sample, 3, 15);                        // / 2^15
+ *   for (int i = 0; i < 3; ++i) printf("%g ", sample[i]);              // 0.5 -1 0.00305176
+ *   moxsConvert_32f24s_Sfs(sample, packed, 3, moxRoundNearEven, -23);  // * 2^23
+ *   printf("%02x %02x %02x", packed[0], packed[1], packed[2]);         // 00 00 40
+ * }
+ * @endcode
  */
 #ifndef MOXSP_CONVERT_H
 #define MOXSP_CONVERT_H
@@ -11,16 +26,17 @@
 #include <moxsp/types.h>
 
 /** @defgroup convert Convert
- * `dst[i]` is the value of `src[i]` in the destination's type, for 0 <= i < len. A name gives the
- * source type, then the destination type. Packed 24-bit samples are three bytes each, least
+ * @ingroup topic_conversion
+ * Each element in another type: `dst[i]` is the value of `src[i]`, for 0 <= i < len. A name gives
+ * the source type, then the destination type. Packed 24-bit samples are three bytes each, least
  * significant first, and `len` counts samples.
  *
  * Arrays must not overlap, except that a destination whose elements have the size of the source's
  * may be the source.
  *
- * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, unless a group
- * says otherwise. Values beyond the range of integers saturate, those beyond the range of floats
- * become infinite or the largest float, as the rounding mode has it; no status tells.
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1. Values beyond the
+ * range of integers saturate, those beyond the range of floats become infinite or the largest
+ * float, as the rounding mode has it; no status tells.
  * @note Results are defined to the bit. The rounding mode in force is unchanged after each call.
  * @{ */
 
@@ -123,6 +139,7 @@ MOX_API MoxStatus moxsConvert_16f16s_Sfs(const Mox16f* src, Mox16s* dst, int len
 /** @} */
 
 /** @defgroup interleave JoinScaled and SplitScaled
+ * @ingroup topic_conversion
  * Samples between one row of floats a channel and one array of integers in which the channels
  * alternate: sample `j` of channel `c`, for 0 <= j < len and 0 <= c < channels, is element
  * `j * channels + c`.

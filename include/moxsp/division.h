@@ -2,10 +2,23 @@
  * @file
  * Element-wise division.
  *
- * All functions return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then
- * the statuses of their group; a call with an error has written nothing. `dst` may be one of the
- * sources; where arrays overlap otherwise the results are undefined. A name ending in `_I` or
+ * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
+ * ending in `_I` or
  * `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32s rate[3] = {44100, 0, 0}, frames[3] = {88200, -1, 0};
+ *   Mox32s seconds[3];
+ *   MoxStatus status = moxsDiv_32s_Sfs(rate, frames, seconds, 3, 0);  // frames / rate
+ *   if (status < 0) return 1;                                         // nothing was written
+ *   if (status == moxWarnDivByZero) printf("a rate is zero: ");       // a rate is zero:
+ *   for (int i = 0; i < 3; ++i) printf("%d ", seconds[i]);            // 2 -2147483648 0
+ * }
+ * @endcode
  */
 #ifndef MOXSP_DIVISION_H
 #define MOXSP_DIVISION_H
@@ -13,8 +26,9 @@
 #include <moxsp/types.h>
 
 /** @defgroup div Div
- * Quotients. The first source is the divisor: `dst[i] = src2[i] / src1[i]`, in place `srcDst[i] =
- * srcDst[i] / src[i]`. In `moxsDiv_32s16s_Sfs` it is the 16-bit source.
+ * @ingroup topic_arithmetic
+ * Quotients of two vectors. The first source is the divisor: `dst[i] = src2[i] / src1[i]`, in place
+ * `srcDst[i] = srcDst[i] / src[i]`. In `moxsDiv_32s16s_Sfs` it is the 16-bit source.
  *
  * Integers follow @ref scaling. The quotient times 2^-scaleFactor is rounded to nearest with ties
  * to even and saturated; `scaleFactor` may have any value. A dividend over a divisor of zero gives
@@ -26,8 +40,8 @@
  * each part of the dividend then gives its own limit or 0. At factors below -32 every part that
  * isn't 0 is at the limit of its sign.
  *
- * @return ::moxWarnDivByZero if any divisor was zero; all elements have been processed.
- *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
+ * ::moxWarnDivByZero if any divisor was zero; all elements have been processed.
  * @note Integer results are exact to the bit, with one exception: `moxsDiv_16s_Sfs` and
  * `moxsDiv_16s_ISfs` at factors of -6 and below round the scaled quotient to single precision and
  * clear its two lowest bits before they round it to an integer. Within 2^-20 of itself from a tie
@@ -66,9 +80,11 @@ MOX_API MoxStatus moxsDiv_64fc_I(const Mox64fc* src, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup divround Div_Round
+ * @ingroup topic_arithmetic
  * Quotients as in @ref div, rounded by `rndMode`: ::moxRoundZero, ::moxRoundNearEven or
  * ::moxRoundHalfAway. Exact to the bit at every factor.
- * @return ::moxErrRoundMode for any other mode; ::moxWarnDivByZero if any divisor was zero.
+ * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then ::moxErrRoundMode
+ * for any other mode; ::moxWarnDivByZero if any divisor was zero.
  * @{ */
 MOX_API MoxStatus moxsDiv_Round_8u_Sfs(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len,
                                        int rndMode, int scaleFactor);
@@ -85,11 +101,12 @@ MOX_API MoxStatus moxsDiv_Round_16u_ISfs(const Mox16u* src, Mox16u* srcDst, int 
 /** @} */
 
 /** @defgroup divc DivC
+ * @ingroup topic_arithmetic
  * Quotients by a constant: `dst[i] = src[i] / val`, in place `srcDst[i] = srcDst[i] / val`.
  * Integers and complex elements as in @ref div; integer results are exact to the bit at every
  * factor. Parts of complex integers are at the limit of their sign at factors below -16.
- * @return ::moxErrDivByZero for a `val` of zero, in both parts if it is complex.
- *
+ * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then ::moxErrDivByZero
+ * for a `val` of zero, in both parts if it is complex.
  * @note `moxsDivC_32f` multiplies by 1 / `val`, rounded to single precision, as `moxsMulC_32f`
  * does: a result can be off by about one unit in the last place from the quotient, a `val` of 1
  * copies the elements to the bit, and an infinite one gives +0 for every element. `moxsDivC_64f`
@@ -119,9 +136,11 @@ MOX_API MoxStatus moxsDivC_64fc_I(Mox64fc val, Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup divcrev DivCRev
+ * @ingroup topic_arithmetic
  * A constant over a vector: `dst[i] = val / src[i]`, in place `srcDst[i] = val / srcDst[i]`, with
  * results as in @ref div, at a factor of 0. A `val` of 0 is no error.
- * @return ::moxWarnDivByZero if any element was zero.
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
+ * ::moxWarnDivByZero if any element was zero.
  * @{ */
 MOX_API MoxStatus moxsDivCRev_16u(const Mox16u* src, Mox16u val, Mox16u* dst, int len);
 MOX_API MoxStatus moxsDivCRev_16u_I(Mox16u val, Mox16u* srcDst, int len);

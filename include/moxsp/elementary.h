@@ -2,10 +2,21 @@
  * @file
  * Elementary functions: powers and roots, magnitudes, exponentials, logarithms, arctangent.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources. A name ending in `_I` or `_ISfs` writes its result over the source `srcDst`.
- * Integers with `Sfs` follow @ref scaling.
+ * `dst` may be one of the sources. A name ending in `_I` or `_ISfs` writes its result over the
+ * source `srcDst`. Integers with `Sfs` follow @ref scaling.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f power[3] = {1, 0.01f, 0};
+ *   MoxStatus status = moxsLn_32f_I(power, 3);  // a warning, for the zero
+ *   if (status < 0) return 1;
+ *   moxsMulC_32f_I(4.3429448f, power, 3);                 // 10 / ln(10): decibels
+ *   for (int i = 0; i < 3; ++i) printf("%g ", power[i]);  // 0 -20 -inf
+ * }
+ * @endcode
  */
 #ifndef MOXSP_ELEMENTARY_H
 #define MOXSP_ELEMENTARY_H
@@ -13,6 +24,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup sqr Sqr
+ * @ingroup topic_elementary
  * Square: `dst[i] = src[i] * src[i]` for 0 <= i < len; complex elements as numbers, (a, b) gives
  * (a * a - b * b, 2 * a * b). The `Sfs` forms give the exact square times 2 to the power
  * `-scaleFactor`, rounded to nearest with ties to even and saturated; every factor is valid.
@@ -40,6 +52,7 @@ MOX_API MoxStatus moxsSqr_64fc_I(Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup sqrt Sqrt
+ * @ingroup topic_elementary
  * Square root: `dst[i] = sqrt(src[i])` for 0 <= i < len. Complex forms give the principal root,
  * whose real part isn't negative, with the special values of C's `csqrt`. The `Sfs` forms give the
  * root times 2 to the power `-scaleFactor`, rounded to nearest with ties to even and saturated;
@@ -77,20 +90,23 @@ MOX_API MoxStatus moxsSqrt_64fc_I(Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup cubrt Cubrt
+ * @ingroup topic_elementary
  * Cube root: `dst[i] = cbrt(src[i])` for 0 <= i < len, with the sign of the element. Zeros,
  * infinities and NaN are their own roots. The `Sfs` form gives the root times 2 to the power
  * `-scaleFactor`, rounded to nearest with ties to even and saturated; every factor is valid.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note `32f`: a rational function of degree 4 over the mantissa, divided by the processor's
- * reciprocal estimate and one step of Newton's method; within 7.74 ulps over all floats, the last
- * bit depending on the processor's estimate. `32s16s`: the exact value of the rule.
+ * reciprocal estimate and one step of Newton's method; within 7.74 ulps over all floats.
+ * Results depend on the estimate, and were seen to differ by 3 ulps between processors. `32s16s`:
+ * the exact value of the rule.
  * @{ */
 MOX_API MoxStatus moxsCubrt_32f(const Mox32f* src, Mox32f* dst, int len);
 MOX_API MoxStatus moxsCubrt_32s16s_Sfs(const Mox32s* src, Mox16s* dst, int len, int scaleFactor);
 /** @} */
 
 /** @defgroup abs Abs
+ * @ingroup topic_elementary
  * Absolute value: `dst[i] = |src[i]|` for 0 <= i < len. The least integer, whose opposite doesn't
  * exist, gives the greatest: -32768 gives 32767. Of a float the sign bit is cleared, of NaN too.
  *
@@ -107,6 +123,7 @@ MOX_API MoxStatus moxsAbs_64f_I(Mox64f* srcDst, int len);
 /** @} */
 
 /** @defgroup exp Exp
+ * @ingroup topic_elementary
  * Exponential: `dst[i] = exp(src[i])` for 0 <= i < len. Overflow gives infinity, underflow
  * subnormals and zero, NaN gives NaN. The `Sfs` forms give the exponential times 2 to the power
  * `-scaleFactor`, rounded to nearest with ties to even and saturated; every factor is valid, also
@@ -133,6 +150,7 @@ MOX_API MoxStatus moxsExp_64f_I(Mox64f* srcDst, int len);
 /** @} */
 
 /** @defgroup ln Ln
+ * @ingroup topic_elementary
  * Natural logarithm: `dst[i] = ln(src[i])` for 0 <= i < len. Infinity gives infinity, NaN gives
  * NaN. The `Sfs` forms give the logarithm times 2 to the power `-scaleFactor`, rounded to nearest
  * with ties to even and saturated; every factor is valid.
@@ -161,6 +179,7 @@ MOX_API MoxStatus moxsLn_64f_I(Mox64f* srcDst, int len);
 /** @} */
 
 /** @defgroup log10 10Log10
+ * @ingroup topic_elementary
  * Decibels of a power: `dst[i] = 10 * log10(src[i])` times 2 to the power `-scaleFactor` for
  * 0 <= i < len, rounded to nearest with ties to even and saturated; every factor is valid.
  *
@@ -174,6 +193,7 @@ MOX_API MoxStatus moxs10Log10_32s_ISfs(Mox32s* srcDst, int len, int scaleFactor)
 /** @} */
 
 /** @defgroup sumln SumLn
+ * @ingroup topic_elementary
  * Sum of natural logarithms: `*sum` = the sum of ln(src[i]) over 0 <= i < len.
  *
  * @return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1.
@@ -189,14 +209,16 @@ MOX_API MoxStatus moxsSumLn_16s32f(const Mox16s* src, int len, Mox32f* sum);
 /** @} */
 
 /** @defgroup arctan Arctan
+ * @ingroup topic_elementary
  * Arctangent: `dst[i] = atan(src[i])` for 0 <= i < len, from -pi/2 to pi/2. Zero keeps its sign,
  * infinities give plus or minus pi/2, NaN gives NaN.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @note `32f`: a rational function of |x| or its reciprocal, in single precision, where reciprocals
- * are the processor's estimate and one step of Newton's method; within 5.62 ulps over all floats,
- * the last bit depending on the processor's estimate. `64f`: a polynomial after reduction to |t| <=
- * tan(pi/8); within 2 ulps. The bounds hold for rounding to nearest.
+ * are the processor's estimate and one step of Newton's method; within 5.62 ulps over all floats.
+ * Results depend on the estimate, and were seen to differ by 1 ulp between processors. `64f`: a
+ * polynomial after reduction to |t| <= tan(pi/8); within 2 ulps. The bounds hold for rounding to
+ * nearest.
  * @{ */
 MOX_API MoxStatus moxsArctan_32f(const Mox32f* src, Mox32f* dst, int len);
 MOX_API MoxStatus moxsArctan_32f_I(Mox32f* srcDst, int len);

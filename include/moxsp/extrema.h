@@ -1,6 +1,19 @@
 /**
  * @file
  * Extrema: the largest and smallest elements of vectors, and where they are.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox16s x[5] = {3, -7, 12, 0, 12};
+ *   Mox16s min, max;
+ *   int minAt, maxAt;
+ *   moxsMinMaxIndx_16s(x, 5, &min, &minAt, &max, &maxAt);
+ *   printf("%d at %d, %d at %d", min, minAt, max, maxAt);  // -7 at 1, 12 at 2
+ * }
+ * @endcode
  */
 #ifndef MOXSP_EXTREMA_H
 #define MOXSP_EXTREMA_H
@@ -8,6 +21,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup max Max and Min
+ * @ingroup topic_extrema
  * Extrema: the largest or smallest element, or the largest or smallest of the magnitudes.
  * Magnitudes that the type can't hold count as its maximum: of -32768, 32767.
  *
@@ -31,6 +45,7 @@ MOX_API MoxStatus moxsMinAbs_32s(const Mox32s* src, int len, Mox32s* result);
 /** @} */
 
 /** @defgroup maxindx MaxIndx and MinIndx
+ * @ingroup topic_extrema
  * Extrema as in @ref max, with the index of the first element that has the value; 0 for a NaN.
  * `index` may be null.
  *
@@ -51,6 +66,7 @@ MOX_API MoxStatus moxsMinAbsIndx_32s(const Mox32s* src, int len, Mox32s* result,
 /** @} */
 
 /** @defgroup minmax MinMax
+ * @ingroup topic_extrema
  * Both extrema as in @ref max in one pass. MinMaxIndx adds the index of the first element that has
  * either value; 0 for a NaN.
  *
@@ -80,6 +96,7 @@ MOX_API MoxStatus moxsMinMaxIndx_8u(const Mox8u* src, int len, Mox8u* min, int* 
 /** @} */
 
 /** @defgroup maxevery MaxEvery and MinEvery
+ * @ingroup topic_extrema
  * The larger or smaller of two elements: in MaxEvery `dst[i] = src1[i] > src2[i] ? src1[i] :
  * src2[i]`, in place `srcDst[i] = src[i] > srcDst[i] ? src[i] : srcDst[i]`; in MinEvery with `<`;
  * for 0 <= i < len. `dst` may be one of the sources.
@@ -112,6 +129,7 @@ MOX_API MoxStatus moxsMinEvery_8u_I(const Mox8u* src, Mox8u* srcDst, int len);
 /** @} */
 
 /** @defgroup maxorder MaxOrder
+ * @ingroup topic_extrema
  * Order of magnitude: the least k such that all |src[i]| < 2^k, for an integer to the bit the
  * length of the largest magnitude. 1 gives 1, 3 gives 2, 4 gives 3, 0.5 gives 0, 0.25 gives -1, and
  * -32768 gives 16. When all elements are zero the order is 0; subnormal floats count as of order

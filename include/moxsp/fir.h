@@ -1,6 +1,22 @@
 /**
  * @file
  * FIR filters.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32f taps[3] = {0.25f, 0.5f, 0.25f};
+ *   Mox32f x[6] = {4, 0, 0, 8, 8, 8};
+ *   MoxsFIRState* filter;
+ *   if (moxsFIRInitAlloc_32f(&filter, taps, 3, NULL) != moxOk) return 1;
+ *   moxsFIR_32f_I(x, 3, filter);                      // a stream may come in blocks of any length
+ *   moxsFIR_32f_I(x + 3, 3, filter);                  // the state remembers the last samples
+ *   for (int i = 0; i < 6; ++i) printf("%g ", x[i]);  // 1 2 1 2 6 8
+ *   moxsFIRFree_32f(filter);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_FIR_H
 #define MOXSP_FIR_H
@@ -19,6 +35,7 @@ typedef struct MoxsFIRState MoxsFIRState;
  */
 
 /** @defgroup fir_state States of FIR filters
+ * @ingroup topic_filters
  * `GetStateSize` tells the bytes that `Init` needs, at any address. `Init` sets the filter up there
  * and stores the address of its state, which is inside `buffer`; `InitAlloc` takes the memory
  * itself. `dlyLine` holds the samples before the first one; null stands for silence. Taps and
@@ -27,7 +44,10 @@ typedef struct MoxsFIRState MoxsFIRState;
  * A `Stream` state has no delay line: moxsFIR_32f() then reads `len + tapsLen - 1` samples.
  *
  * From 64 taps on (16 in `_32fc`, 32 in `_64fc`) a filter holds its taps' spectrum, too, for long
- * blocks of samples: 2^(s+1) points, where s is the least integer with 2^s > tapsLen.
+ * blocks of samples: 2^(s+1) points, where s is the least integer with 2^s > tapsLen. It does so as
+ * long as the whole state stays below 2^31 bytes: up to about 50 million taps of `32f` and
+ * `32f_16s`, 25 million of `32fc` and `64f`, 12.5 million of `64fc`. Longer filters are summed
+ * directly.
  *
  * @return ::moxErrNullPtr for a null argument other than `dlyLine`; ::moxErrFirLen for `tapsLen`
  * below 1 or a state of 2^31 bytes or more; `InitAlloc` ::moxErrMemAlloc without memory; `Free`
@@ -70,6 +90,7 @@ MOX_API MoxStatus moxsFIRStreamInitAlloc_32f(MoxsFIRState** state, const Mox32f*
 /** @} */
 
 /** @defgroup fir_taps Taps of a filter
+ * @ingroup topic_filters
  * Reads or replaces the `tapsLen` taps, tap 0 first. The delay line is left alone.
  * @return ::moxErrNullPtr for a null argument, ::moxErrContext for a stream state or one of other
  * types.
@@ -87,6 +108,7 @@ MOX_API MoxStatus moxsFIRSetTaps_64fc(const Mox64fc* taps, MoxsFIRState* state);
 /** @} */
 
 /** @defgroup fir_dlyline Delay line of a filter
+ * @ingroup topic_filters
  * Reads or replaces the last `tapsLen` samples, the newest first. A null `dlyLine` stands for
  * silence in `SetDlyLine`.
  * @return ::moxErrNullPtr for a null argument, but for that one; ::moxErrContext for a stream state
@@ -105,30 +127,37 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
 /** @} */
 
 /** @defgroup fir FIR
- * Filters a block of `len` samples (`FIR`) or a single one (`FIROne`), in any order on one state.
- * In place or not, the outputs are the same but for rounding; arrays may not overlap otherwise.
- * Integer outputs are the sums times 2^-scaleFactor, rounded to nearest with ties to even and
- * saturated.
+ * @ingroup topic_filters
+ * Filters a block of `len` samples (`FIR`) or a single one (`FIROne`), in any order on one state:
+ * `dst[i] = sum of taps[k] * src[i - k]` over 0 <= k < tapsLen. Integer outputs are the sums times
+ * 2^-scaleFactor, rounded to nearest with ties to even and saturated. In place or not, the outputs
+ * are the same but for rounding; arrays may not overlap otherwise.
  *
- * Short blocks are summed directly. Blocks of at least 512 samples, 256 complex ones, are filtered
- * by overlap-save (Stockham, "High-speed convolution and correlation", 1966) when the state holds
- * a spectrum. In place that happens in chunks: floats go in chunks of 4224 samples, and a chunk is
- * transformed if as many samples as named above are left after it; 16-bit samples go in chunks of
- * 8448, all of them transformed if the block is long enough.
+ * Blocks of `FIR` on a state with a spectrum (@ref fir_state) are filtered by overlap-save:
  *
- * A stream state makes `dst[i] = sum of taps[k] * src[i + tapsLen - 1 - k]` directly and keeps
+ * | Block of n samples               | Method                                                  |
+ * |----------------------------------|---------------------------------------------------------|
+ * | n < m = 512, of complex ones 256 | direct sums                                             |
+ * | n >= m                           | overlap-save                                            |
+ * | floats in place                  | chunks of 4224, by overlap-save while m samples follow  |
+ * | 16-bit integers in place, n >= m | chunks of 8448, all by overlap-save                     |
+ *
+ * The method is that of Stockham, "High-speed convolution and correlation", 1966.
+ *
+ * A stream state computes `dst[i] = sum of taps[k] * src[i + tapsLen - 1 - k]` directly and keeps
  * nothing; it can't filter in place, and there is no `FIROne`.
  *
  * @return ::moxErrNullPtr for a null argument; ::moxErrSize for `len` below 1; ::moxErrContext for
  * a state of other types, for a stream state in `FIROne`, and for one in place.
- * @note Direct sums: an output's error is at most tapsLen * u * sum of |taps[k] * x[i - k]|, with
+ * @note Direct sums: an output is off by at most tapsLen * u * sum of |taps[k] * x[i - k]|, with
  * the unit roundoff u; twice that in `fc`. An output of `FIR` has the same bits however the signal
- * is cut into blocks; `FIROne` adds in another order. By overlap-save the error is at most e * (3
- * |taps| |x| + |y|), where e bounds the relative error of a transform of the length N (@ref
- * fft_real, @ref fft_complex), x are its N samples, y is their circular convolution with the taps,
- * and |.| is the L2 norm: small outputs beside large ones lose digits. Infinities and NaN reach
- * only the outputs that depend on them in direct sums, but all of a transform's. Where taps make
- * the sum of 16-bit samples NaN, the output is 32767.
+ * is cut into blocks; `FIROne` adds in another order.
+ * @note Overlap-save: an output is off by at most e * (3 |taps| |x| + |y|), where |.| is the L2
+ * norm, e bounds the relative error of a transform of the length N (@ref fft_real, @ref
+ * fft_complex), x are its N samples, and y is their circular convolution with the taps: small
+ * outputs beside large ones lose digits.
+ * @note Infinities and NaN reach only the outputs that depend on them in direct sums, but all of a
+ * transform's. Where taps make the sum of 16-bit samples NaN, the output is 32767.
  * @{ */
 MOX_API MoxStatus moxsFIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsFIRState* state);
 MOX_API MoxStatus moxsFIR_32f_I(Mox32f* srcDst, int len, MoxsFIRState* state);
@@ -151,6 +180,7 @@ MOX_API MoxStatus moxsFIROne32f_16s_Sfs(Mox16s src, Mox16s* dst, MoxsFIRState* s
 /** @} */
 
 /** @defgroup fir_direct FIR without a state
+ * @ingroup topic_filters
  * The same sums sample by sample, with all memory the caller's: `dlyLine` is a ring of
  * `2 * tapsLen` samples that holds the last `tapsLen` twice, and `dlyLineIndex` its place, both 0
  * at first. Each sample is stored at that place and `tapsLen` behind it; then the place moves on,

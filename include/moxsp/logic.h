@@ -2,10 +2,20 @@
  * @file
  * Bitwise logic and shifts.
  *
- * Unless a group tells otherwise, its functions return ::moxErrNullPtr for a null array, then
- * ::moxErrSize for `len` below 1; a call with such a status has written nothing. `dst` may be one
- * of the sources; where arrays overlap otherwise the results are undefined. A name ending in `_I`
- * writes its result over the source `srcDst`.
+ * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
+ * ending in `_I` writes its result over the source `srcDst`.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox16u word[3] = {0x1234, 0x8001, 0x00ff};
+ *   moxsRShiftC_16u_I(4, word, 3);
+ *   moxsAndC_16u_I(0xff, word, 3);                         // bits 4 to 11 of each
+ *   for (int i = 0; i < 3; ++i) printf("%02x ", word[i]);  // 23 00 0f
+ * }
+ * @endcode
  */
 #ifndef MOXSP_LOGIC_H
 #define MOXSP_LOGIC_H
@@ -13,9 +23,12 @@
 #include <moxsp/types.h>
 
 /** @defgroup logic Logic
+ * @ingroup topic_bits
  * Bitwise operations: `dst[i] = src1[i] op src2[i]`, in place `srcDst[i] = src[i] op srcDst[i]`;
  * with a constant `dst[i] = src[i] op val`, in place `srcDst[i] = srcDst[i] op val`; Not:
  * `dst[i] = ~src[i]`, in place `srcDst[i] = ~srcDst[i]`.
+ *
+ * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1.
  * @{ */
 MOX_API MoxStatus moxsAnd_8u(const Mox8u* src1, const Mox8u* src2, Mox8u* dst, int len);
 MOX_API MoxStatus moxsAnd_8u_I(const Mox8u* src, Mox8u* srcDst, int len);
@@ -62,12 +75,14 @@ MOX_API MoxStatus moxsNot_32u_I(Mox32u* srcDst, int len);
 /** @} */
 
 /** @defgroup shift Shifts
+ * @ingroup topic_bits
  * Shifts by `val` bits: `dst[i] = src[i] << val` and `dst[i] = src[i] >> val`. A left shift drops
  * the high bits, without saturation; a right shift of signed elements brings in copies of the sign.
  * From the width of the element on, all bits are shifted out: the results are 0, or the sign (0 or
  * -1) where signed elements move right.
  *
- * @return ::moxErrShift for a negative `val`, behind the tests of pointers and length.
+ * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then ::moxErrShift for
+ * a negative `val`.
  * @{ */
 MOX_API MoxStatus moxsLShiftC_8u(const Mox8u* src, int val, Mox8u* dst, int len);
 MOX_API MoxStatus moxsLShiftC_8u_I(int val, Mox8u* srcDst, int len);

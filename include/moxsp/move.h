@@ -1,6 +1,23 @@
 /**
  * @file
  * Library version and memory; filling, copying, moving and reversing arrays and bit strings.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f* x = moxsMalloc_32f(6);  // aligned to 64 bytes
+ *   if (!x) return 1;
+ *   moxsSet_32f(1, x, 3);
+ *   moxsZero_32f(x + 3, 3);
+ *   moxsMove_32f(x, x + 1, 5);  // the arrays overlap
+ *   x[0] = 9;
+ *   moxsFlip_32f_I(x, 6);
+ *   for (int i = 0; i < 6; ++i) printf("%g ", x[i]);  // 0 0 1 1 1 9
+ *   moxsFree(x);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_FRAME_H
 #define MOXSP_FRAME_H
@@ -8,16 +25,21 @@
 #include <moxsp/types.h>
 
 /** @defgroup version Version
+ * @ingroup topic_memory
  * The record is constant: every call returns the same pointer, and nothing is to be released.
  * @{ */
 MOX_API const moxLibraryVersion* moxsGetLibVersion(void);
 /** @} */
 
 /** @defgroup malloc Memory
- * Each moxsMalloc function returns memory for `len` elements of its type, aligned to 64 bytes, or
- * null when `len` is below 1 or memory is short. The byte count, `len` times the element size, is
- * reckoned in 32 bits; keep it below 2^31. The memory is not cleared and is released with
+ * @ingroup topic_memory
+ * Memory aligned to 64 bytes. Each moxsMalloc function returns memory for `len` elements of its
+ * type, or null when `len` is below 1 or memory is short. The byte count, `len` times the element
+ * size, is computed in 32 bits; keep it below 2^31. The memory is not cleared and is released with
  * moxsFree(), which takes a null pointer as well.
+ *
+ * @warning A byte count of 2^32 and above wraps, and too little memory is returned without a sign
+ * of it: moxsMalloc_64fc(268435457) returns 16 bytes.
  * @{ */
 MOX_API Mox8u* moxsMalloc_8u(int len);
 MOX_API Mox8s* moxsMalloc_8s(int len);
@@ -38,9 +60,10 @@ MOX_API void moxsFree(void* p);
 /** @} */
 
 /** @defgroup zero Zero
+ * @ingroup topic_memory
  * Clears a vector: `dst[i] = 0` for 0 <= i < len, all bytes zero.
  *
- * The byte count, `len` times the element size, is reckoned in 32 bits: where it reaches 2^31 only
+ * The byte count, `len` times the element size, is computed in 32 bits: where it reaches 2^31 only
  * the wrapped count of bytes is cleared, none for a negative one. A fill above 2 MiB that no cache
  * of the processor could hold bypasses the cache.
  *
@@ -60,10 +83,11 @@ MOX_API MoxStatus moxsZero_64sc(Mox64sc* dst, int len);
 /** @} */
 
 /** @defgroup set Set
+ * @ingroup topic_memory
  * Fills a vector with one value: `dst[i] = val` for 0 <= i < len, copied bit by bit (a NaN keeps
  * its payload).
  *
- * For elements of 1, 2 and 4 bytes the byte count is reckoned in 32 bits: where it reaches 2^31
+ * For elements of 1, 2 and 4 bytes the byte count is computed in 32 bits: where it reaches 2^31
  * only the wrapped count of bytes is filled, none for a negative one. Wider elements are all
  * filled. A fill that no cache of the processor could hold bypasses the cache when `dst` is a
  * multiple of the element size, or the element has 8 or 16 bytes.
@@ -84,6 +108,7 @@ MOX_API MoxStatus moxsSet_64sc(Mox64sc val, Mox64sc* dst, int len);
 /** @} */
 
 /** @defgroup copy Copy
+ * @ingroup topic_memory
  * Copies a vector: `dst[i] = src[i]` for 0 <= i < len, for any number of bytes. The arrays must not
  * overlap; see moxsMove_8u() and its family for those that may.
  *
@@ -103,6 +128,7 @@ MOX_API MoxStatus moxsCopy_64sc(const Mox64sc* src, Mox64sc* dst, int len);
 /** @} */
 
 /** @defgroup move Move
+ * @ingroup topic_memory
  * Copies a vector as if through a third one: `dst[i]` becomes the former `src[i]` for 0 <= i < len,
  * whichever way the arrays overlap.
  *
@@ -122,6 +148,7 @@ MOX_API MoxStatus moxsMove_64sc(const Mox64sc* src, Mox64sc* dst, int len);
 /** @} */
 
 /** @defgroup flip Flip
+ * @ingroup topic_memory
  * Reverses a vector: `dst[i] = src[len - 1 - i]` for 0 <= i < len; the in-place forms do the same
  * with srcDst, and so does the plain form where `src` equals `dst`. Otherwise the arrays must not
  * overlap. Complex elements are kept whole.
@@ -143,6 +170,7 @@ MOX_API MoxStatus moxsFlip_64fc_I(Mox64fc* srcDst, int len);
 /** @} */
 
 /** @defgroup swapbytes SwapBytes
+ * @ingroup topic_memory
  * Reverses the bytes within each element, so that big-endian samples become little-endian ones and
  * the other way round. A 24-bit element is three bytes, and `len` counts such elements. `src` may
  * equal `dst`.
@@ -160,6 +188,7 @@ MOX_API MoxStatus moxsSwapBytes_64u_I(Mox64u* srcDst, int len);
 /** @} */
 
 /** @defgroup bitcopy Bit copy
+ * @ingroup topic_bits
  * Copies `len` bits from `src` to `dst`. Of an offset the low three bits count: the string begins
  * in the very byte that `src` or `dst` points at. Bits of the first and last byte outside the
  * string keep their values, and bytes outside it are neither read nor written. The strings must not
@@ -180,6 +209,7 @@ MOX_API MoxStatus moxsCopyBE_1u(const Mox8u* src, int srcBitOffset, Mox8u* dst, 
 /** @} */
 
 /** @defgroup packbits PackBits
+ * @ingroup topic_bits
  * Writes the low `bitWidths[i]` bits of `src[i]` for 0 <= i < len one after the other into a bit
  * string, the most significant bit first. The string begins in `dst[0]` after the top
  * `dstBitOffset mod 8` bits, which keep their values, as do the bits behind its end in its last

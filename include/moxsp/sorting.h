@@ -1,6 +1,19 @@
 /**
  * @file
  * Sorting vectors of numbers, and the permutations that sort them.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f x[5] = {2.5f, -1, 7, 0, 3};
+ *   Mox32s from[5];
+ *   moxsSortIndexDescend_32f_I(x, from, 5);
+ *   for (int i = 0; i < 5; ++i)
+ *     printf("%g (%d) ", x[i], from[i]);  // 7 (2) 3 (4) 2.5 (0) 0 (3) -1 (1)
+ * }
+ * @endcode
  */
 #ifndef MOXSP_SORTING_H
 #define MOXSP_SORTING_H
@@ -8,6 +21,7 @@
 #include <moxsp/types.h>
 
 /** @defgroup sort Comparison sorts
+ * @ingroup topic_sorting
  * A vector sorted in place, without a work buffer: `srcDst[i] <= srcDst[i + 1]` after
  * SortAscend and SortIndexAscend, `srcDst[i] >= srcDst[i + 1]` after SortDescend and
  * SortIndexDescend. The Index forms also tell where every element came from: `dstIdx[i]` is the
@@ -53,6 +67,7 @@ MOX_API MoxStatus moxsSortIndexDescend_64f_I(Mox64f* srcDst, Mox32s* dstIdx, int
 /** @} */
 
 /** @defgroup radix Radix sorts
+ * @ingroup topic_sorting
  * Stable sorts by the digits of the keys, least significant first, in a time that grows with
  * `len` alone. SortRadixAscend and SortRadixDescend sort a vector in place; SortRadixIndexAscend
  * and SortRadixIndexDescend leave the keys as they are and give the permutation that sorts them:

@@ -1,6 +1,19 @@
 /**
  * @file
  * Thresholds: elements compared with a level, and replaced where the comparison holds.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   Mox32f x[5] = {-3, -0.2f, 0, 0.4f, 9};
+ *   moxsThreshold_GTAbs_32f_I(x, 5, 1);               // limited to the range from -1 to 1
+ *   for (int i = 0; i < 5; ++i) printf("%g ", x[i]);  // -1 -0.2 0 0.4 1
+ *   moxsThreshold_LTVal_32f_I(x, 5, 0.3f, 0);         // what is below 0.3 becomes 0
+ *   for (int i = 0; i < 5; ++i) printf("%g ", x[i]);  // 0 0 0 0.4 1
+ * }
+ * @endcode
  */
 #ifndef MOXSP_THRESHOLD_H
 #define MOXSP_THRESHOLD_H
@@ -8,19 +21,20 @@
 #include <moxsp/types.h>
 
 /** @defgroup threshold Threshold
- * `dst[i]` is `src[i]`, or what the relation in the name puts in its place, for 0 <= i < len. Each
- * group gives the expression for a real element x, and it stands as written: it tells what becomes
- * of NaN, of an element equal to the level, and of zeros of either sign. Names ending in `_I`
- * replace the elements of `srcDst`; in the others `dst` may be `src`.
+ * @ingroup topic_levels
+ * Elements compared with a level, and replaced where the comparison holds, for 0 <= i < len. Each
+ * relation is given as an expression of a real element x, and it stands as written: it tells what
+ * becomes of NaN, of an element equal to the level, and of zeros of either sign. Names ending in
+ * `_I` replace the elements of `srcDst`; in the others `dst` may be `src`.
  *
  * Complex elements are compared by magnitude. A real `level` stands against re^2 + im^2 as
  * level^2; both are formed in the precision of the parts, in a wider one where they would leave its
  * range, and without error for `16sc`. A magnitude that is NaN compares false with all levels.
  *
- * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then what the
- * group says of its parameters. On all complex elements, and in LTAbs, GTAbs and LTInv, that begins
- * with ::moxErrThreshLevel for a `level` below 0.
- * @note Results are defined to the bit, except where a group allows an error.
+ * @return ::moxErrNullPtr for a null array, ::moxErrSize for `len` below 1, then, on complex
+ * elements and in LTAbs, GTAbs and LTInv, ::moxErrThreshLevel for a `level` below 0; last what the
+ * relation refuses by itself.
+ * @note Results are defined to the bit, except where a relation allows an error.
  * @{ */
 
 /** The relations that `relOp` selects. */
@@ -38,7 +52,8 @@ enum {
  *
  * @note The parts of a complex element that changes are within 8 units in the last place (`32fc`),
  * 4 units (`64fc`) of the exact ones; for `16sc` they are the nearest integers, where a part less
- * than 2^-36 from the middle between two may become either.
+ * than 2^-36 from the middle between two may become either. Those of `32fc` depend on the
+ * processor's estimate of 1 / sqrt(x), and were seen to differ by 4 ulps between processors.
  * @{ */
 MOX_API MoxStatus moxsThreshold_LT_16s(const Mox16s* src, Mox16s* dst, int len, Mox16s level);
 MOX_API MoxStatus moxsThreshold_LT_16sc(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level);
@@ -215,7 +230,8 @@ MOX_API MoxStatus moxsThreshold_GTAbs_64f_I(Mox64f* srcDst, int len, Mox64f leve
  * @return ::moxWarnInvZero where `level` is 0 and an element is zero; all elements are done.
  * @note To nearest, whatever the rounding mode in force: in `64f` one IEEE 754 division to the bit;
  * within 5 units in the last place of the exact value in `32f`, where a magnitude of 2^126 or more
- * may give 0; within 3 units in the parts of `32fc` and `64fc`.
+ * may give 0; within 3 units in the parts of `32fc` and `64fc`. Those of `32f` depend on the
+ * processor's estimate of 1 / x, and were seen to differ by 2 ulps between processors.
  * @{ */
 MOX_API MoxStatus moxsThreshold_LTInv_32f(const Mox32f* src, Mox32f* dst, int len, Mox32f level);
 MOX_API MoxStatus moxsThreshold_LTInv_32fc(const Mox32fc* src, Mox32fc* dst, int len, Mox32f level);

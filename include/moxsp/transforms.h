@@ -1,6 +1,21 @@
 /**
  * @file
  * Fourier-family transforms and operations on packed spectra.
+ *
+ * @code{.c}
+ * #include <moxsp.h>
+ * #include <stdio.h>
+ *
+ * int main(void) {
+ *   const Mox32f x[8] = {1, 0, -1, 0, 1, 0, -1, 0};  // two periods of a cosine
+ *   Mox32fc spectrum[5];                             // CCS: 8 / 2 + 1 complex numbers
+ *   MoxsFFTSpec* fft;
+ *   if (moxsFFTInitAlloc_R_32f(&fft, 3, 8, 0) != moxOk) return 1;  // 2^3 samples, no scaling
+ *   moxsFFTFwd_RToCCS_32f(x, &spectrum[0].re, fft, NULL);
+ *   for (int k = 0; k < 5; ++k) printf("%g ", spectrum[k].re);  // 0 0 4 0 0
+ *   moxsFFTFree_R_32f(fft);
+ * }
+ * @endcode
  */
 #ifndef MOXSP_TRANSFORMS_H
 #define MOXSP_TRANSFORMS_H
@@ -11,6 +26,7 @@
 typedef struct MoxsFFTSpec MoxsFFTSpec;
 
 /** @defgroup packed_spectra Packed spectra
+ * @ingroup topic_transforms
  * How the transforms of real signals keep their result. The spectrum X[k] = R[k] + i I[k] of n real
  * samples is conjugate-symmetric, X[n - k] = conj(X[k]), so half of it tells it all; X[0] is real
  * and so is X[n/2] for even n. With pairs R[k], I[k] for 0 < k < n/2:
@@ -23,6 +39,7 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  */
 
 /** @defgroup fft_objects Objects of the FFT
+ * @ingroup topic_transforms
  * A transform of N = 2^order samples. The kind behind `C_` tells how complex data lie, interleaved
  * (`32fc`, `64fc`) or in an array of real and one of imaginary parts (`32f`, `64f`); `R_` is for
  * real data. Orders go from 0 to 28 (`C_32fc`, `C_32f`), 27 (`C_64fc`, `C_64f`), 29 (`R_32f`) and
@@ -31,9 +48,10 @@ typedef struct MoxsFFTSpec MoxsFFTSpec;
  * `moxsFFTGetSize` tells the bytes of the object, of the scratch memory that its initialisation
  * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes.
  * `moxsFFTInit` sets the object up in `specMem` and stores its address, which is inside `specMem`,
- * in `spec`; `initBuf` may go when it returns and may be null below order 11. `moxsFFTInitAlloc`
- * takes the memory itself; end with `moxsFFTFree`, which only invalidates an object that lies in
- * the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer of a run once more.
+ * in `spec`; `initBuf` may be released when it returns, and may be null below order 11.
+ * `moxsFFTInitAlloc` takes the memory itself; end with `moxsFFTFree`, which only invalidates an
+ * object that lies in the caller's memory. `moxsFFTGetBufSize` tells the bytes of the work buffer
+ * of a run once more.
  *
  * `flag` says where results are scaled: 1 the forward transform by 1/N, 2 the inverse by 1/N,
  * 4 both by 1/sqrt(N), 8 neither. `hint` is stored and has no effect.
@@ -93,6 +111,7 @@ MOX_API MoxStatus moxsFFTGetBufSize_R_64f(const MoxsFFTSpec* spec, int* size);
 /** @} */
 
 /** @defgroup fft_complex Complex FFT
+ * @ingroup topic_transforms
  * Forward: `X[k] = sum of x[n] exp(-2 pi i n k / N)` over 0 <= n < N, for 0 <= k < N; inverse: the
  * same with `+2 pi i`. Where the object's flag asks for it, the result is multiplied by 1/N or
  * 1/sqrt(N); an inverse after a forward transform gives the input back with the flags 1, 2 and 4,
@@ -141,6 +160,7 @@ MOX_API MoxStatus moxsFFTInv_CToC_64f_I(Mox64f* srcDstRe, Mox64f* srcDstIm, cons
 /** @} */
 
 /** @defgroup fft_real Real FFT
+ * @ingroup topic_transforms
  * Forward: X[k] = sum of x[n] * exp(-2 pi i n k / N) over 0 <= n < N, as a packed spectrum
  * (@ref packed_spectra). Inverse: x[n] = sum of X[k] * exp(2 pi i n k / N) over the whole spectrum
  * that the packed one stands for. Each is scaled as the flag of the object says: without scaling a
@@ -200,6 +220,7 @@ MOX_API MoxStatus moxsFFTInv_CCSToR_64f_I(Mox64f* srcDst, const MoxsFFTSpec* spe
 /** @} */
 
 /** @defgroup conj_spectrum Conj of packed spectra
+ * @ingroup topic_transforms
  * Writes a packed spectrum of `len` real samples (@ref packed_spectra) out as all `len` complex
  * values: `dst[k]` = X[k] for 0 <= k <= len/2 and `dst[len - k]` = conj(X[k]) above. The imaginary
  * parts of X[0] and X[len/2] become 0, while those that a CCS spectrum holds are copied. In place
@@ -229,6 +250,7 @@ MOX_API MoxStatus moxsConjCcs_16sc_I(Mox16sc* srcDst, int len);
 /** @} */
 
 /** @defgroup mul_spectrum MulPack, MulPerm, MulPackConj
+ * @ingroup topic_transforms
  * Product of two packed spectra of `len` real samples in the layout that the name tells
  * (@ref packed_spectra), in that layout: the spectrum of their circular convolution.
  * `dst` = `src1` * `src2`, in place `srcDst` = `src` * `srcDst`. The real ends are plain products;

@@ -8,7 +8,7 @@
 #include "frame/in_place.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 template <class E>
@@ -49,4 +49,4 @@ MOX_EXPORT(moxsAbs_32s_I, inPlace<abs<Mox32s>>);
 MOX_EXPORT(moxsAbs_32f_I, inPlace<abs<Mox32f>>);
 MOX_EXPORT(moxsAbs_64f_I, inPlace<abs<Mox64f>>);
 
-}  // namespace mox
+}  // namespace mox::arith

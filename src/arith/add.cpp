@@ -7,7 +7,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // A factor works on the sum that 64 bits hold.
@@ -70,4 +70,4 @@ MOX_EXPORT(moxsAddC_16s_I, inPlace<saturateConstant<sum, Mox16s>>);
 MOX_EXPORT(moxsAddC_64s_Sfs, scaleConstant64<sum, Mox64s>);
 MOX_EXPORT(moxsAddC_64u_Sfs, scaleConstant64<sum, Mox64u>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -6,7 +6,7 @@
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // srcDst = srcDst + op(src1, src2)
@@ -45,4 +45,4 @@ MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled<31, Mox16s>);
 MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled<32, Mox32s>);
 MOX_EXPORT(moxsAddProductC_32f, addProductConstant);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -7,7 +7,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // A rational function of |x| up to 1, and of 1 / |x| above.
@@ -57,4 +57,4 @@ MOX_EXPORT(moxsArctan_32f_I, inPlace<arctan<Arctan32f, Mox32f>>);
 MOX_EXPORT(moxsArctan_64f, arctan<Arctan64f, Mox64f>);
 MOX_EXPORT(moxsArctan_64f_I, inPlace<arctan<Arctan64f, Mox64f>>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -3,7 +3,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 // The arctangent of t in 0 to 1 as a rational function.
 [[gnu::always_inline]] inline V<Mox32f> arctanOfFraction(V<Mox32f> t) {
@@ -31,4 +31,4 @@ constexpr Mox64f tangentOfEighthPi = 0x1.a827999fcef32p-2;
   return p * z * t;
 }
 
-}  // namespace mox
+}  // namespace mox::arith

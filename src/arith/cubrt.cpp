@@ -6,7 +6,7 @@
 #include "frame/export.h"
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 MoxStatus cubrt(const Mox32f* src, Mox32f* dst, int len) {
@@ -41,4 +41,4 @@ MoxStatus cubrtScaled(const Mox32s* src, Mox16s* dst, int len, int scaleFactor) 
 MOX_EXPORT(moxsCubrt_32f, cubrt);
 MOX_EXPORT(moxsCubrt_32s16s_Sfs, cubrtScaled);
 
-}  // namespace mox
+}  // namespace mox::arith

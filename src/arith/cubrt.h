@@ -5,7 +5,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 // A rational function of the mantissa; the exponent is divided by 3.
 struct Cubrt32f {
@@ -13,12 +13,12 @@ struct Cubrt32f {
 
   [[gnu::always_inline]] static V<Mox32f> lanes(V<Mox32f> x) {
     const V<Mox32f> a = absolute(x);
-    const V<Mox32f> e = floatsOf((V<Mox32s, 8>(a) - 0x3F800000) >> 23) + 1.0f;
+    const V<Mox32f> e = floatsOf((V<Mox32s>(a) - 0x3F800000) >> 23) + 1.0f;
     const V<Mox32f> k = truncated(e * 0.3333333432674408f);
     // The third of the multiple of 3 at or above e, and exponent fields that stand for both.
     const V<Mox32f> third = select(notAtMost(e - k * 3.0f, 0.0f), k + 1.0f, k);
     const auto down = integersOf(third * 0x1.8p24f), up = integersOf(third * 0x1p23f);
-    const V<Mox32f> m = V<Mox32f>(V<Mox32s, 8>(a) - down);
+    const V<Mox32f> m = V<Mox32f>(V<Mox32s>(a) - down);
     const V<Mox32f> p =
         (((m * 45.25483322143555f + 192.2798309326172f) * m + 119.16548156738281f) * m +
          13.432501792907715f) *
@@ -30,7 +30,7 @@ struct Cubrt32f {
             m +
         1.0f;
     const V<Mox32f> root = p * refinedReciprocal(q);
-    return withSignOf(x, V<Mox32f>(V<Mox32s, 8>(root) + up));
+    return withSignOf(x, V<Mox32f>(V<Mox32s>(root) + up));
   }
 
   static V<Mox32f> special(V<Mox32f> x) {
@@ -47,4 +47,4 @@ struct Cubrt32f {
   }
 };
 
-}  // namespace mox
+}  // namespace mox::arith

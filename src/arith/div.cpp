@@ -8,7 +8,7 @@
 #include "frame/in_place.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // dividend / divisor; complex elements are vectors of interleaved parts.
@@ -103,4 +103,4 @@ MOX_EXPORT(moxsDivC_64fc_I, inPlace<divConstant<Mox64fc>>);
 MOX_EXPORT(moxsDivCRev_32f, divConstantReversed);
 MOX_EXPORT(moxsDivCRev_32f_I, inPlace<divConstantReversed>);
 
-}  // namespace mox
+}  // namespace mox::arith

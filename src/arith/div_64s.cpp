@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 __extension__ typedef unsigned __int128 Wide;
@@ -96,4 +96,4 @@ MoxStatus divConstant64InPlace(Mox64s val, Mox64s* srcDst, int len, int scaleFac
 
 MOX_EXPORT(moxsDivC_64s_ISfs, divConstant64InPlace);
 
-}  // namespace mox
+}  // namespace mox::arith

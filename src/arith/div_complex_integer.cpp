@@ -5,15 +5,16 @@
 
 #include "arith/div_quotient.h"
 #include "arith/scaled.h"
+#include "frame/complex16.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
-using Words = V<Mox16s, 8>;  // four elements
-using Sums = V<Mox32s, 4>;
+using Words = I<Mox16s>;  // four elements
+using Sums = I<Mox32s>;
 using Doubles = V<Mox64f>;
 
 // Four divisors, ready for any number of dividends.
@@ -40,17 +41,12 @@ class Kernel : public ByReciprocal<Doubles> {
     const Sums re = Sums(dividend) << 16 >> 16, im = Sums(dividend) >> 16;
     const Sums reSum = multiplyAddPairs(dividend, divisor.value);
     const Sums imSum = addWrapping(multiplyAddPairs(swapParts(dividend), divisor.conjugate), re);
-    return shuffle<[](int k) { return k % 2 * 4 + k / 2; }>(
-        packSaturated<Mox16s>(rounded(held(reSum) | (re & divisor.zero), divisor),
-                              rounded(imSum | (im & divisor.zero), divisor)));
+    return packParts({rounded(unwrapped(reSum) | (re & divisor.zero), divisor),
+                      rounded(imSum | (im & divisor.zero), divisor)});
   }
 
  private:
   static Doubles asDoubles(Sums v) { return __builtin_convertvector(v, Doubles); }
-
-  // 2^31, which comes out as -2^31, is the square of (-2^15, -2^15): as one less it gives the same
-  // results.
-  static Sums held(Sums v) { return v ^ (v == INT_MIN); }
 
   Sums rounded(Sums numerator, const Divisor& divisor) const {
     return roundedTo<moxRoundNearEven, Mox16s>(quotient(asDoubles(numerator), divisor.reciprocal));
@@ -107,4 +103,4 @@ MOX_EXPORT(moxsDiv_16sc_ISfs, inPlace<div>);
 MOX_EXPORT(moxsDivC_16sc_Sfs, divConstant);
 MOX_EXPORT(moxsDivC_16sc_ISfs, inPlace<divConstant>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -11,7 +11,7 @@
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // dst[i] = dividend / divisor, either of them an array or `Same`. A call of its own, so that what
@@ -160,4 +160,4 @@ MOX_EXPORT(moxsDivC_16u_ISfs, inPlace<divConstant<Mox16u>>);
 MOX_EXPORT(moxsDivCRev_16u, divConstantReversed);
 MOX_EXPORT(moxsDivCRev_16u_I, inPlace<divConstantReversed>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -5,7 +5,7 @@
 
 #include "frame/elements.h"
 
-namespace mox {
+namespace mox::arith {
 
 // The absolute value; that of the minimum is no Mox64s.
 inline Mox64u absoluteValue(Mox64s v) { return v < 0 ? 0 - Mox64u(v) : Mox64u(v); }
@@ -23,4 +23,4 @@ T saturatedTo(Mox64u magnitude, bool negative) {
   return negative ? T(0 - std::min(magnitude, max + 1)) : T(std::min(magnitude, max));
 }
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -9,7 +9,7 @@
 #include "arith/div_zeros.h"
 #include "frame/rounding.h"
 
-namespace mox {
+namespace mox::arith {
 
 // A divisor of zero is noted, and counts as one so small that any dividend but 0 reaches the limits
 // of its type.
@@ -88,4 +88,4 @@ template <int rounding, class T, class W>
   }
 }
 
-}  // namespace mox
+}  // namespace mox::arith

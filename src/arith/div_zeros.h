@@ -5,7 +5,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 // Remembers whether a divisor was zero.
 template <class F>
@@ -26,4 +26,4 @@ class ZeroDivisors {
   bool one_ = false;
 };
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -8,7 +8,7 @@
 #include "move/copy.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::arith {
 
 // dst = op(src1, src2)
 template <auto op, class A, class B = A, class D = A>
@@ -42,8 +42,8 @@ template <auto op, class E>
 MoxStatus mapUnlessZero(const E* src, E val, E* dst, int len) {
   if (val != 0) return mapConstant<op>(src, val, dst, len);
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  if (src != dst) copyElements(src, dst, len);
+  if (src != dst) move::copyElements(src, dst, len);
   return moxOk;
 }
 
-}  // namespace mox
+}  // namespace mox::arith

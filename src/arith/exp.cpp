@@ -11,7 +11,7 @@
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // In double precision.
@@ -126,4 +126,4 @@ MOX_EXPORT(moxsExp_32s_ISfs, inPlace<expScaled<Mox32s>>);
 MOX_EXPORT(moxsExp_64s_Sfs, expScaled<Mox64s>);
 MOX_EXPORT(moxsExp_64s_ISfs, inPlace<expScaled<Mox64s>>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -3,7 +3,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 // x = exponent * ln(2) + rest with an integer exponent and |rest| about ln(2) / 2 at the most, in
 // every rounding mode. For |x| up to 2^31 the products with the first two parts of ln(2) are exact,
@@ -35,4 +35,4 @@ struct ExpArgument {
   return (tail * r2 + r) + 1.0;
 }
 
-}  // namespace mox
+}  // namespace mox::arith

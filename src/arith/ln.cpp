@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // In single precision: x = 2^e * m with m from 2/3 to 4/3, and a polynomial in m - 1.
@@ -18,7 +18,7 @@ struct Ln32f {
   static V<Mox32f> lanes(V<Mox32f> x) {
     constexpr Mox32u least = 0x3F2AAAAB;  // two thirds
     const auto above = Bits<V<Mox32f>>(x) - least;
-    const V<Mox32f> e = floatsOf(V<Mox32s, 8>(above) >> 23);
+    const V<Mox32f> e = floatsOf(V<Mox32s>(above) >> 23);
     const V<Mox32f> m = V<Mox32f>((above & 0x7FFFFF) + least);
     const V<Mox32f> r = m - 1.0f;
     V<Mox32f> q = r * -0.15177205204963684f + 0.16964881122112274f;
@@ -59,4 +59,4 @@ MOX_EXPORT(moxsLn_64f, lnDouble<Mox64f>);
 MOX_EXPORT(moxsLn_64f_I, inPlace<lnDouble<Mox64f>>);
 MOX_EXPORT(moxsLn_64f32f, lnDouble<Mox32f>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -7,7 +7,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 // Codes of the elements that a logarithm warns of.
 enum LnCode { lnOfZero = 18, lnOfNegative = 19 };
@@ -83,4 +83,4 @@ struct Ln64f {
 // The logarithm of one float, whatever its value.
 Mox32f lnOfFloat(Mox32f x, int& code);
 
-}  // namespace mox
+}  // namespace mox::arith

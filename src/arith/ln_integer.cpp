@@ -7,7 +7,7 @@
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 struct Natural {
@@ -36,7 +36,7 @@ MoxStatus scaled(const S* src, D* dst, int len, int scaleFactor) {
 // Without a factor: the number of bounds that the element passes, each the last integer below
 // e^(k + 1/2).
 MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
-  using Lanes = V<Mox16s, 8>;
+  using Lanes = I<Mox16s>;
   LnNote note;
   const auto rounded = [&](Lanes x) {
     Lanes passed = {};
@@ -70,4 +70,4 @@ MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural, Mox32s, Mox16s>);
 MOX_EXPORT(moxs10Log10_32s_Sfs, scaled<Decibels, Mox32s, Mox32s>);
 MOX_EXPORT(moxs10Log10_32s_ISfs, inPlace<scaled<Decibels, Mox32s, Mox32s>>);
 
-}  // namespace mox
+}  // namespace mox::arith

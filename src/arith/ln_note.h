@@ -5,7 +5,7 @@
 
 #include "arith/ln.h"
 
-namespace mox {
+namespace mox::arith {
 
 // Remembers the kind of the first element at or below 0, and gives all of them the lowest result.
 class LnNote {
@@ -19,11 +19,11 @@ class LnNote {
     }
     return result;
   }
-  [[gnu::always_inline]] V<Mox16s, 8> lowestWithout(V<Mox16s, 8> x, V<Mox16s, 8> result) {
+  [[gnu::always_inline]] I<Mox16s> lowestWithout(I<Mox16s> x, I<Mox16s> result) {
     const auto bad = x < Mox16s(1);
     if (_mm_movemask_epi8(__m128i(bad))) [[unlikely]] {
       for (int i = 0; i < 8; ++i) note(x[i]);
-      return bad ? broadcast<V<Mox16s, 8>>(std::numeric_limits<Mox16s>::min()) : result;
+      return bad ? broadcast<I<Mox16s>>(std::numeric_limits<Mox16s>::min()) : result;
     }
     return result;
   }
@@ -39,4 +39,4 @@ class LnNote {
   int code_ = 0;
 };
 
-}  // namespace mox
+}  // namespace mox::arith

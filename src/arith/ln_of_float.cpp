@@ -3,7 +3,7 @@
 
 #include "arith/ln.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 struct Row {
@@ -69,4 +69,4 @@ Mox32f lnOfFloat(Mox32f x, int& code) {
   return Mox32f(lnOfPositive(subnormal ? x * 0x1p60 : x, subnormal ? -60 : 0));
 }
 
-}  // namespace mox
+}  // namespace mox::arith

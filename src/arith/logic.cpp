@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 constexpr auto bitAnd = [](auto a, auto b) { return a & b; };
@@ -70,4 +70,4 @@ MOX_EXPORT(moxsNot_8u_I, inPlace<bitNot<Mox8u>>);
 MOX_EXPORT(moxsNot_16u_I, inPlace<bitNot<Mox16u>>);
 MOX_EXPORT(moxsNot_32u_I, inPlace<bitNot<Mox32u>>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -7,16 +7,16 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 
 template <class F>
 void ownsMulC(const F* src, F factor, F* dst, long count) {
   if (factor == 0)
-    zeroElements(dst, count);
+    move::zeroElements(dst, count);
   else if (factor != 1)
     mapElements<Stores::bypassing>(product, dst, count, src, Same<F>{factor});
   else if (src != dst)
-    copyElements(src, dst, count);
+    move::copyElements(src, dst, count);
 }
 template void ownsMulC(const Mox32f*, Mox32f, Mox32f*, long);
 template void ownsMulC(const Mox64f*, Mox64f, Mox64f*, long);
@@ -52,4 +52,4 @@ MOX_EXPORT(moxsMulC_64fc, mapConstant<complexProduct, Mox64fc>);
 MOX_EXPORT(moxsMulC_32fc_I, inPlace<mapConstant<complexProduct, Mox32fc>>);
 MOX_EXPORT(moxsMulC_64fc_I, inPlace<mapConstant<complexProduct, Mox64fc>>);
 
-}  // namespace mox
+}  // namespace mox::arith

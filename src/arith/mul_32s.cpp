@@ -8,12 +8,12 @@
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 using Doubles = V<Mox64f>;
 
-V<Mox32s, 4> toNearest(Doubles t) {
+I<Mox32s> toNearest(Doubles t) {
   const auto high = broadcast<Doubles>(2147483647.0), low = broadcast<Doubles>(-2147483648.0);
   return toInteger(greater(lesser(t, high), low));
 }
@@ -36,7 +36,7 @@ MoxStatus addProduct(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst, int
                      int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
   if (scaleFactor > 62) {
-    zeroElements(srcDst, len);
+    move::zeroElements(srcDst, len);
   } else if (scaleFactor == 0 || scaleFactor <= -31) {
     // Doubles round sums above 2^53, which saturate all the same.
     mapScaled<53>(
@@ -57,4 +57,4 @@ MOX_EXPORT(moxsMul_32s_Sfs, mul);
 MOX_EXPORT(moxsMul_32s_ISfs, inPlace<mul>);
 MOX_EXPORT(moxsAddProduct_32s_Sfs, addProduct);
 
-}  // namespace mox
+}  // namespace mox::arith

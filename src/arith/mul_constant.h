@@ -3,7 +3,7 @@
 
 #include <moxsp/types.h>
 
-namespace mox {
+namespace mox::arith {
 
 // dst[i] = src[i] * factor, where dst may be src. A factor of 1 copies the elements to the bit, a
 // factor of 0 clears dst, whatever the elements are.
@@ -16,4 +16,4 @@ void ownsMulC_I(F factor, F* data, long count) {
   ownsMulC(data, factor, data, count);
 }
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -7,7 +7,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 MoxStatus mulConstant64(Mox64s val, Mox64s* srcDst, int len, int scaleFactor) {
@@ -56,7 +56,7 @@ MoxStatus mulFloatConstant(const Mox16s* src, Mox32f val, Mox16s* dst, int len, 
   mapWidened<V<Mox32f>>(
       [=](auto v) {
         const auto r = halves(toInteger(greater(lesser(v * constant, high), low)));
-        return packSaturated<Mox16s>(r.low, r.high);
+        return packInOrder<Mox16s>(r.low, r.high);
       },
       dst, len, src);
   return moxOk;
@@ -97,4 +97,4 @@ MOX_EXPORT(moxsMulC_64f64s_ISfs, mulDoubleConstant64);
 MOX_EXPORT(moxsMulC_32f16s_Sfs, mulFloatConstant);
 MOX_EXPORT(moxsMulC_Low_32f16s, mulFloatConstantUnscaled);
 
-}  // namespace mox
+}  // namespace mox::arith

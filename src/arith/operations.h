@@ -5,12 +5,12 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::arith {
 
 namespace detail {
 
 // (x & 1) is what halving lost: a tie, which moves an odd floor up to the even integer above it.
-inline V<Mox16s, 8> halfToEven(V<Mox16s, 8> floor, V<Mox16s, 8> x) {
+inline I<Mox16s> halfToEven(I<Mox16s> floor, I<Mox16s> x) {
   return addSaturated(floor, floor & x & 1);
 }
 
@@ -24,7 +24,7 @@ struct Sum {
     return addSaturated(a, b);
   }
   // (a + b) / 2 to nearest, ties to even.
-  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) {
     const auto x = a ^ b;
     return detail::halfToEven((a & b) + (x >> 1), x);
   }
@@ -38,7 +38,7 @@ struct Difference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(a, b)) {
     return subtractSaturated(a, b);
   }
-  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) {
+  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) {
     const auto x = a ^ b;
     return detail::halfToEven((x >> 1) - (~a & b), x);
   }
@@ -52,34 +52,43 @@ struct ReverseDifference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(b, a)) {
     return subtractSaturated(b, a);
   }
-  static V<Mox16s, 8> halved(V<Mox16s, 8> a, V<Mox16s, 8> b) { return Difference::halved(b, a); }
+  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) { return Difference::halved(b, a); }
 };
 inline constexpr ReverseDifference secondMinusFirst;
 
 struct Product {
   constexpr auto operator()(auto a, auto b) const { return a * b; }
 
-  static V<Mox16s, 8> saturated(V<Mox16s, 8> a, V<Mox16s, 8> b) {
-    const auto r = multiplyWide(a, b);
-    return packSaturated<Mox16s>(r.low, r.high);
+  static I<Mox16s> saturated(I<Mox16s> a, I<Mox16s> b) {
+    return packBlocks<Mox16s>(multiplyWide(a, b));
   }
-  static V<Mox16u, 8> saturated(V<Mox16u, 8> a, V<Mox16u, 8> b) {
-    return a * b | V<Mox16u, 8>(multiplyHigh(a, b) != 0);
+  static I<Mox16u> saturated(I<Mox16u> a, I<Mox16u> b) {
+    return a * b | I<Mox16u>(multiplyHigh(a, b) != 0);
   }
-  static Halves<Mox32s> wide(V<Mox16s, 8> a, V<Mox16s, 8> b) { return multiplyWide(a, b); }
+  static BlockHalves<I<Mox32s>> wide(I<Mox16s> a, I<Mox16s> b) { return multiplyWide(a, b); }
 };
 inline constexpr Product product;
 
+// The factors are used twice each: held in registers, they are loaded once.
 struct ComplexProduct {
   auto operator()(auto x, auto y) const {
+    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
     return addSubtract(x * realParts(y), swapParts(x) * imaginaryParts(y));
   }
 };
 inline constexpr ComplexProduct complexProduct;
+
+struct ComplexConjugateProduct {
+  auto operator()(auto x, auto y) const {
+    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
+    return addSubtract(x * realParts(y), -(swapParts(x) * imaginaryParts(y)));
+  }
+};
+inline constexpr ComplexConjugateProduct complexConjugateProduct;
 
 struct RealByComplex {
   auto operator()(auto a, auto z) const { return doubled(a) * z; }
 };
 inline constexpr RealByComplex realByComplex;
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -9,7 +9,7 @@
 #include "frame/checks.h"
 #include "frame/map_scaled.h"
 
-namespace mox {
+namespace mox::arith {
 
 // |x| <= 2^bits<E> for the parts of E.
 template <class E>
@@ -99,9 +99,9 @@ class Arithmetic {
       const auto scaled = rule.template forLanes<Words>();
       const auto words = [&](long i) {
         const Words r = scaled(Words(op(lanesFrom<Words>(a_, i), lanesFrom<Words>(b_, i))));
-        return V<Mox16s, 8>(magnitude > 14 ? lesser(r, high) : r);
+        return I<Mox16s>(magnitude > 14 ? lesser(r, high) : r);
       };
-      map(rule, [&](long i) { return packSaturated<Mox8u>(words(i), words(i + 8)); });
+      map(rule, [&](long i) { return packInOrder<Mox8u>(words(i), words(i + 8)); });
     });
   }
 
@@ -110,7 +110,7 @@ class Arithmetic {
     scale_.withRule([&](auto rule) __attribute__((always_inline)) {
       map(rule, [&](long i) {
         const auto r = op.wide(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
-        return packSaturated<Mox16s>(rule(r.low), rule(r.high));
+        return packBlocks<Mox16s>(BlockHalves{rule(r.low), rule(r.high)});
       });
     });
   }
@@ -193,4 +193,4 @@ MoxStatus scaleConstant64(const E* src, E val, E* dst, int len, int scaleFactor)
   return moxOk;
 }
 
-}  // namespace mox
+}  // namespace mox::arith

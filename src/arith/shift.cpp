@@ -9,15 +9,15 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 template <class E>
 constexpr int width = 8 * sizeof(E);
 
 // AVX has no shifts of bytes: they move in pairs, and the bits that came from the neighbour go.
-using Bytes = V<Mox8u, 16>;
-using BytePairs = V<Mox16u, 8>;
+using Bytes = I<Mox8u>;
+using BytePairs = I<Mox16u>;
 
 struct LeftShift {
   int count;
@@ -43,7 +43,7 @@ MoxStatus shift(const E* src, int val, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (val < 0) return moxErrShift;
   if (val >= width<E> && !keepsSign<Shift, E>)
-    zeroElements(dst, len);
+    move::zeroElements(dst, len);
   else
     mapElements<Stores::bypassing, 16>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
   return moxOk;
@@ -69,4 +69,4 @@ MOX_EXPORT(moxsRShiftC_16u_I, inPlace<shift<RightShift, Mox16u>>);
 MOX_EXPORT(moxsRShiftC_16s_I, inPlace<shift<RightShift, Mox16s>>);
 MOX_EXPORT(moxsRShiftC_32s_I, inPlace<shift<RightShift, Mox32s>>);
 
-}  // namespace mox
+}  // namespace mox::arith

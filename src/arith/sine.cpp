@@ -6,7 +6,7 @@
 #include "arith/vector_functions.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 using D = V<Mox64f>;
@@ -59,4 +59,4 @@ const VectorFunction<Mox32f> ownsCos_32f(runToNearest<Sine32f<1>>, 3.53f, 6.24f,
 const VectorFunction<Mox64f> ownsSin_64f(runToNearest<Sine64f<0>>, 9.20f, 16.04f, 6.26f);
 const VectorFunction<Mox64f> ownsCos_64f(runToNearest<Sine64f<1>>, 8.99f, 16.23f, 6.42f);
 
-}  // namespace mox
+}  // namespace mox::arith

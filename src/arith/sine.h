@@ -5,7 +5,7 @@
 
 #include "frame/pair.h"
 
-namespace mox {
+namespace mox::arith {
 
 // The first two parts have 33 bits each, so that their products with n below 2^20 are exact.
 constexpr Mox64f halfPi1 = 0x1.921fb544p+0, halfPi2 = 0x1.0b4611a6p-34,
@@ -65,4 +65,4 @@ constexpr Mox64f cosineTerms[] = {
           Lanes(Bits<Lanes>(select(odd, c, s)) ^ (quadrant & 2) << 62)};
 }
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -9,7 +9,7 @@
 #include "frame/in_place.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // Remembers whether any element has its sign set.
@@ -57,4 +57,4 @@ MOX_EXPORT(moxsSqrt_64f, squareRoots<Mox64f>);
 MOX_EXPORT(moxsSqrt_32f_I, inPlace<squareRoots<Mox32f>>);
 MOX_EXPORT(moxsSqrt_64f_I, inPlace<squareRoots<Mox64f>>);
 
-}  // namespace mox
+}  // namespace mox::arith

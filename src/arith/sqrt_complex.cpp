@@ -12,7 +12,7 @@
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 ComplexLanes broadcastPair(Mox64f re, Mox64f im) {
@@ -103,4 +103,4 @@ MOX_EXPORT(moxsSqrt_16sc_ISfs, inPlace<complexRootsScaled>);
 MOX_EXPORT(moxsSqrt_32fc_I, inPlace<complexRoots<Mox32fc>>);
 MOX_EXPORT(moxsSqrt_64fc_I, inPlace<complexRoots<Mox64fc>>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -5,7 +5,7 @@
 
 #include "frame/pair.h"
 
-namespace mox {
+namespace mox::arith {
 
 using ComplexLanes = Pair<V<Mox64f>>;
 
@@ -22,4 +22,4 @@ using ComplexLanes = Pair<V<Mox64f>>;
           withSignOf(z.im, select(left, larger, absolute(other)))};
 }
 
-}  // namespace mox
+}  // namespace mox::arith

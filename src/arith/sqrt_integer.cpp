@@ -8,7 +8,7 @@
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 // For sources up to 32 bits doubles suffice: a scaled root below 2^16 that isn't half an odd number
@@ -90,4 +90,4 @@ MOX_EXPORT(moxsSqrt_16s_ISfs, inPlace<rootsScaled<Mox16s>>);
 MOX_EXPORT(moxsSqrt_16u_ISfs, inPlace<rootsScaled<Mox16u>>);
 MOX_EXPORT(moxsSqrt_64s_ISfs, inPlace<rootsOfLong<Mox64s>>);
 
-}  // namespace mox
+}  // namespace mox::arith

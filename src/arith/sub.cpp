@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/in_place.h"
 
-namespace mox {
+namespace mox::arith {
 MOX_EXPORT(moxsSub_32f, mapPair<secondMinusFirst, Mox32f>);
 MOX_EXPORT(moxsSub_64f, mapPair<secondMinusFirst, Mox64f>);
 MOX_EXPORT(moxsSub_32f_I, inPlace<mapPair<secondMinusFirst, Mox32f>>);
@@ -82,4 +82,4 @@ MOX_EXPORT(moxsSubCRev_32sc_Sfs, scaleConstant<secondMinusFirst, Mox32sc>);
 MOX_EXPORT(moxsSubCRev_32sc_ISfs, inPlace<scaleConstant<secondMinusFirst, Mox32sc>>);
 MOX_EXPORT(moxsSubCRev_16s_I, inPlace<saturateConstant<secondMinusFirst, Mox16s>>);
 
-}  // namespace mox
+}  // namespace mox::arith

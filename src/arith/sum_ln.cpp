@@ -9,7 +9,7 @@
 #include "frame/export.h"
 #include "frame/widen.h"
 
-namespace mox {
+namespace mox::arith {
 namespace {
 
 constexpr int vectorsPerStep = 4, elementsPerStep = 16;
@@ -104,4 +104,4 @@ MOX_EXPORT(moxsSumLn_64f, sumLn<Mox64f, Mox64f>);
 MOX_EXPORT(moxsSumLn_32f64f, sumLn<Mox32f, Mox64f>);
 MOX_EXPORT(moxsSumLn_16s32f, sumLn<Mox16s, Mox32f>);
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -13,7 +13,7 @@
 #include "frame/checks.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::arith {
 
 // Masks the floating-point exceptions for the length of a scope.
 class MaskedExceptions {
@@ -120,4 +120,4 @@ int runFunction(const S* src, D* dst, int len) {
   return code;
 }
 
-}  // namespace mox
+}  // namespace mox::arith

@@ -5,7 +5,7 @@
 
 #include <moxsp/types.h>
 
-namespace mox {
+namespace mox::arith {
 
 // A row has room for three kernels, and a figure for each. Calls go through the first slot; the
 // others stand for variants and hold the same kernel. A kernel returns a code of the first element
@@ -32,4 +32,4 @@ inline void ownsCos(const Mox32f* src, Mox32f* dst, int len) { ownsCos_32f(src, 
 inline void ownsSin(const Mox64f* src, Mox64f* dst, int len) { ownsSin_64f(src, dst, len); }
 inline void ownsCos(const Mox64f* src, Mox64f* dst, int len) { ownsCos_64f(src, dst, len); }
 
-}  // namespace mox
+}  // namespace mox::arith

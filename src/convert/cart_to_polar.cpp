@@ -6,7 +6,7 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 template <class MagnitudeOp, class PhaseOp>
@@ -25,7 +25,7 @@ MoxStatus mapPolar(MagnitudeOp magnitude, PhaseOp phase, Source src, D* dstMagn,
   const MoxStatus first = src.anyNull() ? MoxStatus(moxErrNullPtr) : checkArrays(len, dstMagn);
   const MoxStatus second = src.anyNull() ? MoxStatus(moxErrNullPtr) : checkArrays(len, dstPhase);
   if (!first && !second)
-    mapComplex(Polar<MagnitudeOp, PhaseOp>{magnitude, phase}, src, TwoArrays<D>{dstMagn, dstPhase},
+    mapComplex(Polar<MagnitudeOp, PhaseOp>{magnitude, phase}, src, Split<D>{dstMagn, dstPhase},
                len);
   else if (!first)
     mapComplex(magnitude, src, Array<D>{dstMagn}, len);
@@ -40,8 +40,7 @@ MoxStatus cartToPolar(const E* src, F* dstMagn, F* dstPhase, int len) {
 }
 template <class F>
 MoxStatus cartToPolarOfTwo(const F* srcRe, const F* srcIm, F* dstMagn, F* dstPhase, int len) {
-  return mapPolar(Magnitude<F>(), Phase<F>(), TwoArrays<const F>{srcRe, srcIm}, dstMagn, dstPhase,
-                  len);
+  return mapPolar(Magnitude<F>(), Phase<F>(), Split<const F>{srcRe, srcIm}, dstMagn, dstPhase, len);
 }
 MoxStatus cartToPolarScaled(const Mox16sc* src, Mox16s* dstMagn, Mox16s* dstPhase, int len,
                             int scaleFactor) {
@@ -57,4 +56,4 @@ MOX_EXPORT(moxsCartToPolar_32fc, cartToPolar<Mox32fc, Mox32f>);
 MOX_EXPORT(moxsCartToPolar_64fc, cartToPolar<Mox64fc, Mox64f>);
 MOX_EXPORT(moxsCartToPolar_16sc_Sfs, cartToPolarScaled);
 
-}  // namespace mox
+}  // namespace mox::convert

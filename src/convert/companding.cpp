@@ -6,11 +6,11 @@
 #include "frame/export.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
-using Codes = V<Mox8u, 16>;
-using Words = V<Mox16s, 8>;
+using Codes = I<Mox8u>;
+using Words = I<Mox16s>;
 
 constexpr long count = 16;
 constexpr Mox8u signOfCode = 0x80;
@@ -37,8 +37,8 @@ WordPair expand(Codes codes) {
                              firstLower = tableOfSegments([](int s) { return Law::first(s); }),
                              firstUpper = tableOfSegments([](int s) { return Law::first(s) >> 8; });
   codes ^= Law::inversion;
-  const Codes segment = Codes(V<Mox16u, 8>(codes) >> 4) & 7;
-  const Codes eightSteps = Codes(V<Mox16u, 8>(codes & 15) << 3);
+  const Codes segment = Codes(I<Mox16u>(codes) >> 4) & 7;
+  const Codes eightSteps = Codes(I<Mox16u>(codes & 15) << 3);
   const WordPair steps = wordsOf(eightSteps, Codes{});
   const WordPair step = wordsOf(entries(eighthOfStep, segment), Codes{});
   const WordPair first = wordsOf(entries(firstLower, segment), entries(firstUpper, segment));
@@ -51,11 +51,11 @@ WordPair expand(Codes codes) {
 // interval in a segment, at the top of the fraction: together they count intervals from 2^0 on.
 Words intervalsFromOne(Words x) {
   const auto intervals = [](Words extended) {
-    const auto number = __builtin_convertvector(V<Mox32s, 4>(extended), V<Mox32f, 4>);
-    return (V<Mox32s, 4>(number) >> 19) - (127 << 4);
+    const auto number = __builtin_convertvector(I<Mox32s>(extended), V<Mox32f, 4>);
+    return (I<Mox32s>(number) >> 19) - (127 << 4);
   };
-  return packSaturated<Mox16s>(intervals(unpackLow<Mox16s>(x, Words{})),
-                               intervals(unpackHigh<Mox16s>(x, Words{})));
+  return packInOrder<Mox16s>(intervals(unpackLow<Mox16s>(x, Words{})),
+                             intervals(unpackHigh<Mox16s>(x, Words{})));
 }
 
 // Of 4096 units. Segment 0 has the steps of the next one: moved up there, it is 16 intervals off.
@@ -73,8 +73,8 @@ Words intervalOf(MuLaw, Words magnitude) {
 template <class Law>
 Codes compress(WordPair samples) {
   const auto intervals = [](Words s) { return intervalOf(Law(), s ^ s >> 15); };
-  const Codes unsignedCodes = packSaturated<Mox8u>(intervals(samples.low), intervals(samples.high));
-  const Codes signs = Codes(packSaturated<Mox8s>(samples.low, samples.high));
+  const Codes unsignedCodes = packInOrder<Mox8u>(intervals(samples.low), intervals(samples.high));
+  const Codes signs = Codes(packInOrder<Mox8s>(samples.low, samples.high));
   return (unsignedCodes | (~signs & signOfCode)) ^ Law::inversion;
 }
 
@@ -85,20 +85,20 @@ Words rounded(V<Mox32f> x) {
   const auto ordered = V<Mox32f>(Bits<V<Mox32f>>(x) & Bits<V<Mox32f>>(x == x));
   const auto limit = [](Mox32f bound) { return broadcast<V<Mox32f>>(bound); };
   const V<Mox32f> y = lesser(greater(ordered * 32768.0f, limit(-32768)), limit(32767));
-  const V<Mox32s, 8> r = integersOf(y + withSignOf(y, limit(0.5f)));
+  const V<Mox32s> r = integersOf(y + withSignOf(y, limit(0.5f)));
   const auto parts = halves(r);
-  Words words = packSaturated<Mox16s>(parts.low, parts.high);
+  Words words = packInOrder<Mox16s>(parts.low, parts.high);
   if constexpr (Law::signOfUnrounded) {
-    const auto negative = halves(V<Mox32s, 8>(x < 0));
-    words += (words == 0) & packSaturated<Mox16s>(negative.low, negative.high);
+    const auto negative = halves(V<Mox32s>(x < 0));
+    words += (words == 0) & packInOrder<Mox16s>(negative.low, negative.high);
   }
   return words;
 }
 
 V<Mox32f> fullScaleOne(Words words) {
-  const auto low = V<Mox32s, 4>(unpackLow<Mox16s>(words, words)) >> 16;
-  const auto high = V<Mox32s, 4>(unpackHigh<Mox16s>(words, words)) >> 16;
-  return floatsOf(join<V<Mox32s, 8>>(low, high)) * 0x1p-15f;
+  const auto low = I<Mox32s>(unpackLow<Mox16s>(words, words)) >> 16;
+  const auto high = I<Mox32s>(unpackHigh<Mox16s>(words, words)) >> 16;
+  return floatsOf(join<V<Mox32s>>(low, high)) * 0x1p-15f;
 }
 
 template <class S, class D, class Block>
@@ -175,4 +175,4 @@ MOX_EXPORT(moxsLinToMuLaw_32f8u, fromFloats<MuLaw>);
 MOX_EXPORT(moxsALawToMuLaw_8u, translate<ALaw, MuLaw>);
 MOX_EXPORT(moxsMuLawToALaw_8u, translate<MuLaw, ALaw>);
 
-}  // namespace mox
+}  // namespace mox::convert

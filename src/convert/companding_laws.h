@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <array>
 
-namespace mox {
+namespace mox::convert {
 
 struct ALaw {
   static constexpr Mox8u inversion = 0x55;
@@ -70,4 +70,4 @@ constexpr std::array<Mox8u, 128> translation() {
   return table;
 }
 
-}  // namespace mox
+}  // namespace mox::convert

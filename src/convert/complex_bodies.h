@@ -5,7 +5,7 @@
 #include "frame/checks.h"
 #include "frame/map_complex.h"
 
-namespace mox {
+namespace mox::convert {
 
 template <class Op, class E, class D>
 MoxStatus mapInterleaved(const E* src, D* dst, int len) {
@@ -14,9 +14,9 @@ MoxStatus mapInterleaved(const E* src, D* dst, int len) {
   return moxOk;
 }
 template <class Op, class F, class D>
-MoxStatus mapTwoArrays(const F* srcRe, const F* srcIm, D* dst, int len) {
+MoxStatus mapSplit(const F* srcRe, const F* srcIm, D* dst, int len) {
   if (MoxStatus s = checkArrays(len, srcRe, srcIm, dst)) return s;
-  mapComplex<Stores::bypassing>(Op(), TwoArrays<const F>{srcRe, srcIm}, Array<D>{dst}, len);
+  mapComplex<Stores::bypassing>(Op(), Split<const F>{srcRe, srcIm}, Array<D>{dst}, len);
   return moxOk;
 }
 
@@ -27,10 +27,10 @@ MoxStatus mapInterleavedScaled(const E* src, D* dst, int len, int scaleFactor) {
   return moxOk;
 }
 template <class Op, class F, class D>
-MoxStatus mapTwoArraysScaled(const F* srcRe, const F* srcIm, D* dst, int len, int scaleFactor) {
+MoxStatus mapSplitScaled(const F* srcRe, const F* srcIm, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcRe, srcIm, dst)) return s;
-  mapComplex(Op(scaleFactor), TwoArrays<const F>{srcRe, srcIm}, Array<D>{dst}, len);
+  mapComplex(Op(scaleFactor), Split<const F>{srcRe, srcIm}, Array<D>{dst}, len);
   return moxOk;
 }
 
-}  // namespace mox
+}  // namespace mox::convert

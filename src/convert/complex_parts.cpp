@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 // Integers are shuffled 16 bytes at a time.
@@ -49,7 +49,7 @@ MoxStatus imaginaryParts(const E* src, F* dst, int len) {
 template <class E, class F>
 MoxStatus complexToReal(const E* src, F* dstRe, F* dstIm, int len) {
   if (MoxStatus s = checkArrays(len, src, dstRe, dstIm)) return s;
-  mapComplex<Stores::bypassing>(Both<F>(), Array<const E>{src}, TwoArrays<F>{dstRe, dstIm}, len);
+  mapComplex<Stores::bypassing>(Both<F>(), Array<const E>{src}, Split<F>{dstRe, dstIm}, len);
   return moxOk;
 }
 
@@ -60,13 +60,13 @@ MoxStatus realToComplex(const F* srcRe, const F* srcIm, E* dst, int len) {
     mapComplex<Stores::bypassing>(op, src, Array<E>{dst}, len);
   };
   if (srcRe && srcIm)
-    map(Both<F>(), TwoArrays<const F>{srcRe, srcIm});
+    map(Both<F>(), Split<const F>{srcRe, srcIm});
   else if (srcRe)
     map(OnlyReal<F>(), Array<const F>{srcRe});
   else if (srcIm)
     map(OnlyImaginary<F>(), Array<const F>{srcIm});
   else
-    zeroElements(dst, len);
+    move::zeroElements(dst, len);
   return moxOk;
 }
 
@@ -85,4 +85,4 @@ MOX_EXPORT(moxsRealToCplx_16s, realToComplex<Mox16s, Mox16sc>);
 MOX_EXPORT(moxsRealToCplx_32f, realToComplex<Mox32f, Mox32fc>);
 MOX_EXPORT(moxsRealToCplx_64f, realToComplex<Mox64f, Mox64fc>);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -10,7 +10,7 @@
 #include "frame/map.h"
 #include "move/flip.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 // `value` in the lanes of imaginary parts, 0 in the others.
@@ -38,7 +38,7 @@ struct Conjugate {
       z.im = z.im == std::numeric_limits<F>::min() ? std::numeric_limits<F>::max() : F(-z.im);
       return std::bit_cast<T>(z);
     } else if constexpr (sizeof(T) == vectorBytes) {
-      const auto [low, high] = halves(V<Mox32s, 8>(elements));
+      const auto [low, high] = halves(V<Mox32s>(elements));
       return join<T>((*this)(low), (*this)(high));
     } else {
       using Words = V<F, parts>;  // -x is ~x + 1
@@ -60,9 +60,9 @@ template <class E>
 MoxStatus conjFlip(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (src == dst)
-    reverseInPlace(dst, len, Conjugate<E>());
+    move::reverseInPlace(dst, len, Conjugate<E>());
   else
-    reverseCopy(src, dst, len, Conjugate<E>());
+    move::reverseCopy(src, dst, len, Conjugate<E>());
   return moxOk;
 }
 
@@ -78,4 +78,4 @@ MOX_EXPORT(moxsConjFlip_16sc, conjFlip<Mox16sc>);
 MOX_EXPORT(moxsConjFlip_32fc, conjFlip<Mox32fc>);
 MOX_EXPORT(moxsConjFlip_64fc, conjFlip<Mox64fc>);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -3,7 +3,7 @@
 
 #include <moxsp/types.h>
 
-namespace mox {
+namespace mox::convert {
 
 // Each value as D: exact where D holds it, else rounded in the current mode. For 16s32f, 32s64f,
 // 32f64f and 64f32f.
@@ -15,4 +15,4 @@ void convertValues(const S* src, D* dst, long len);
 template <class F, class T>
 void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor);
 
-}  // namespace mox
+}  // namespace mox::convert

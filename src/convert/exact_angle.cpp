@@ -4,7 +4,7 @@
 
 #include "frame/rounding.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 __extension__ typedef unsigned __int128 Wide;
@@ -80,4 +80,4 @@ bool isCoordinateAboveTie(Coordinate coordinate, Mox32s m, Mox32s p, int factor,
   return value > tie || (value == tie && n % 2 == 1);
 }
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -4,7 +4,7 @@
 
 #include "frame/elements.h"
 
-namespace mox {
+namespace mox::convert {
 
 // Whether |atan2(y, x)| * 2^-factor > n + 1/2, given that it is near to that.
 bool isPhaseAboveTie(Mox32s x, Mox32s y, int factor, Mox64s n);
@@ -15,4 +15,4 @@ enum class Coordinate { re, im };
 // p * 2^factor is above n + 1/2, or just that and n odd. The factor is from -20 to 16.
 bool isCoordinateAboveTie(Coordinate coordinate, Mox32s m, Mox32s p, int factor, Mox64s n);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -11,17 +11,17 @@
 #include "frame/rounding_control.h"
 #include "support/moxcore.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 bool hasInstructions() { return ownGetFeature(cpuHalfFloat) != 0; }
 
 void decode(const Mox16f* src, Mox32f* dst, long len) {
   if (hasInstructions())
-    mapWidened<V<Mox16u, 8>, Stores::bypassing>([](auto v) { return halfToFloat(v); }, dst, len,
-                                                src);
+    mapWidened<Beside<Mox16u, V<Mox32f>>, Stores::bypassing>([](auto v) { return halfToFloat(v); },
+                                                             dst, len, src);
   else
-    mapWidened<V<Mox32u, 4>>([](auto v) { return decodeHalf(v); }, dst, len, src);
+    mapWidened<I<Mox32u>>([](auto v) { return decodeHalf(v); }, dst, len, src);
 }
 
 template <HalfRounding rounding>
@@ -35,9 +35,9 @@ void encodeRounding(const Mox32f* src, Mox16f* dst, long len) {
       rounding == HalfRounding::nearEven ? Rounding::nearEven : Rounding::zero, Traps::masked);
   mapWidened<V<Mox32f>>(
       [](auto v) {
-        const auto [low, high] = halves<Mox32f>(v);
-        return packSaturated<Mox16u>(V<Mox32s, 4>(encodeHalf<rounding>(low)),
-                                     V<Mox32s, 4>(encodeHalf<rounding>(high)));
+        const auto [low, high] = halves(v);
+        return packInOrder<Mox16u>(I<Mox32s>(encodeHalf<rounding>(low)),
+                                   I<Mox32s>(encodeHalf<rounding>(high)));
       },
       dst, len, src);
 }
@@ -94,4 +94,4 @@ MOX_EXPORT(moxsConvert_32f16f, floatsToHalf);
 MOX_EXPORT(moxsConvert_16s16f, integersToHalf);
 MOX_EXPORT(moxsConvert_16f16s_Sfs, halfToIntegers);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -3,7 +3,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::convert {
 
 enum class HalfRounding { nearEven = 0, zero = 3 };  // as the instruction encodes them
 
@@ -20,25 +20,28 @@ constexpr Mox32u oneHalf = 0x3F000000, bias = 112u << 23;
 constexpr Mox32u leastNormalHalf = bias + (half::leastNormal << half::shift);
 }  // namespace single
 
-inline V<Mox32f, 4> decodeHalf(V<Mox32u, 4> bits) {
-  using U = V<Mox32u, 4>;
+// As many floats as a register has 32-bit integers.
+using Floats = Beside<Mox32f, I<Mox32u>>;
+
+inline Floats decodeHalf(I<Mox32u> bits) {
+  using U = I<Mox32u>;
   const auto u = [](Mox32u x) { return broadcast<U>(x); };
   const U magnitude = bits & half::magnitude, raised = magnitude << half::shift;
   const U quiet = magnitude > half::infinity ? u(single::quietBit) : u(0);
   const U special = (raised + 2 * single::bias) | quiet;
   const U normal = raised + single::bias;
-  const U tiny = U(__builtin_convertvector(V<Mox32s, 4>(magnitude), V<Mox32f, 4>) * 0x1p-24f);
+  const U tiny = U(__builtin_convertvector(I<Mox32s>(magnitude), Floats) * 0x1p-24f);
   const U value = magnitude >= half::infinity     ? special
                   : magnitude < half::leastNormal ? tiny
                                                   : normal;
-  return V<Mox32f, 4>(value | (bits & half::sign) << 16);
+  return Floats(value | (bits & half::sign) << 16);
 }
 
 // The rounding mode in force must be the one asked for: a result below the normal numbers is
 // rounded by an addition, after which its units are those of the sum.
 template <HalfRounding rounding>
-V<Mox32u, 4> encodeHalf(V<Mox32f, 4> x) {
-  using U = V<Mox32u, 4>;
+I<Mox32u> encodeHalf(Floats x) {
+  using U = I<Mox32u>;
   constexpr bool nearest = rounding == HalfRounding::nearEven;
   const auto u = [](Mox32u e) { return broadcast<U>(e); };
   constexpr Mox32u belowHalf = (1u << (half::shift - 1)) - 1;  // of the last place
@@ -46,7 +49,7 @@ V<Mox32u, 4> encodeHalf(V<Mox32f, 4> x) {
   const U rebiased = magnitude - single::bias;
   const U rounded = nearest ? rebiased + belowHalf + (rebiased >> half::shift & 1) : rebiased;
   const U normal = lesser(U(rounded >> half::shift), u(nearest ? half::infinity : half::largest));
-  const U tiny = U(V<Mox32f, 4>(magnitude) + 0.5f) - single::oneHalf;
+  const U tiny = U(Floats(magnitude) + 0.5f) - single::oneHalf;
   const U nan = (magnitude >> half::shift & (half::leastNormal - 1)) | half::quietNaN;
   const U special = magnitude > single::infinity ? nan : u(half::infinity);
   const U value = magnitude >= single::infinity         ? special
@@ -55,4 +58,4 @@ V<Mox32u, 4> encodeHalf(V<Mox32f, 4> x) {
   return value | (U(x) >> 16 & half::sign);
 }
 
-}  // namespace mox
+}  // namespace mox::convert

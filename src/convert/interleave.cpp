@@ -9,7 +9,7 @@
 #include "frame/packed24.h"
 #include "frame/rounding.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 template <class Row>
@@ -86,4 +86,4 @@ MOX_EXPORT(moxsJoinScaled_32f24s_D2L, join<Packed24s>);
 MOX_EXPORT(moxsSplitScaled_16s32f_D2L, split<Mox16s>);
 MOX_EXPORT(moxsSplitScaled_24s32f_D2L, split<Packed24s>);
 
-}  // namespace mox
+}  // namespace mox::convert

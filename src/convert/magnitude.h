@@ -3,12 +3,7 @@
 
 #include "frame/map_complex.h"
 
-namespace mox {
-
-template <class T>
-[[gnu::always_inline]] inline T squaredMagnitude(Pair<T> z) {
-  return z.re * z.re + z.im * z.im;
-}
+namespace mox::convert {
 
 template <class F>
 struct Magnitude {
@@ -19,18 +14,16 @@ struct Magnitude {
 };
 
 // Four numbers of 16-bit parts, interleaved.
-inline V<Mox16s, 8> interleavedWords(Array<const Mox16sc> src, long i) {
-  return load<V<Mox16s, 8>>(src.p + i);
+inline I<Mox16s> interleavedWords(Array<const Mox16sc> src, long i) {
+  return load<I<Mox16s>>(src.p + i);
 }
-inline V<Mox16s, 8> interleavedWords(TwoArrays<const Mox16s> src, long i) {
-  const auto half = [i](const Mox16s* p) {
-    return V<Mox16s, 8>(V<Mox64s, 2>{load<Mox64s>(p + i)});
-  };
+inline I<Mox16s> interleavedWords(Split<const Mox16s> src, long i) {
+  const auto half = [i](const Mox16s* p) { return I<Mox16s>(V<Mox64s, 2>{load<Mox64s>(p + i)}); };
   return unpackLow<Mox16s>(half(src.re), half(src.im));
 }
 
 // The squares of four magnitudes. The one that 32 bits don't hold, 2^31, is -2^31 here.
-[[gnu::always_inline]] inline V<Mox32s, 4> squaredMagnitudeOfWords(auto src, long i) {
+[[gnu::always_inline]] inline I<Mox32s> squaredMagnitudeOfWords(auto src, long i) {
   const auto words = interleavedWords(src, i);
   return multiplyAddPairs(words, words);
 }
@@ -38,7 +31,7 @@ inline V<Mox16s, 8> interleavedWords(TwoArrays<const Mox16s> src, long i) {
 // The same as floats, exact before their one rounding.
 [[gnu::always_inline]] inline V<Mox32f> squaredMagnitudeAsFloat(auto src, long i) {
   return absolute(floatsOf(
-      join<V<Mox32s, 8>>(squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + 4))));
+      join<V<Mox32s>>(squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + 4))));
 }
 
-}  // namespace mox
+}  // namespace mox::convert

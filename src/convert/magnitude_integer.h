@@ -4,7 +4,7 @@
 #include "convert/magnitude.h"
 #include "convert/round_once.h"
 
-namespace mox {
+namespace mox::convert {
 
 // Whether sqrt(square) * 2^-factor is above n + 1/2, or just that and n odd.
 inline bool isAboveTie(Mox64u square, int factor, Mox64s n) {
@@ -44,4 +44,4 @@ struct ScaledMagnitude {
   ByPowerOfTwo scale;
 };
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 template <class S, class T>
@@ -29,4 +29,4 @@ MOX_EXPORT(moxsConvert_32s24s_Sfs, narrowScaled<Mox32s, Packed24s>);
 MOX_EXPORT(moxsConvert_32u24u_Sfs, narrowScaled<Mox32u, Packed24u>);
 MOX_EXPORT(moxsConvert_64s32s_Sfs, narrowScaled<Mox64s, Mox32s>);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -9,7 +9,7 @@
 #include "arith/arctan.h"
 #include "frame/map_complex.h"
 
-namespace mox {
+namespace mox::convert {
 
 namespace detail {
 
@@ -43,7 +43,7 @@ struct Angle {
 // The divisions by way of the processor's estimate of a reciprocal.
 [[gnu::always_inline]] inline Angle<V<Mox32f>> phaseLanes(Pair<V<Mox32f>> z) {
   const detail::Octant o(z);
-  const V<Mox32f> angle = arctanOfFraction(o.smaller * refinedReciprocal(o.larger));
+  const V<Mox32f> angle = arith::arctanOfFraction(o.smaller * refinedReciprocal(o.larger));
   const V<Mox32f> upTo90 = select(o.isSteep, 1.5707963705062866f - angle, angle);
   return {withSignOf(z.im, select(z.re, 3.1415927410125732f - upTo90, upTo90)), o.isOut};
 }
@@ -67,7 +67,7 @@ struct Angle {
   const Lanes quarters = select(z.re, 2 - upTo90, upTo90);
   const Lanes from = quarters * halfPi + turn(whereFar(base));
   const Lanes rest = quarters * halfPiRest + turn(whereFar(baseRest));
-  return {withSignOf(z.im, absolute(from + (t + (arctanExcess(t) + rest)))), o.isOut};
+  return {withSignOf(z.im, absolute(from + (t + (arith::arctanExcess(t) + rest)))), o.isOut};
 }
 
 // Of any number; what the kernels leave out is brought into their reach.
@@ -110,4 +110,4 @@ struct Phase {
   }
 };
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -5,7 +5,7 @@
 #include "convert/phase.h"
 #include "convert/round_once.h"
 
-namespace mox {
+namespace mox::convert {
 
 template <class D>
 struct ScaledPhase {
@@ -26,4 +26,4 @@ struct ScaledPhase {
   ByPowerOfTwo scale;
 };
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace mox {
+namespace mox::convert {
 
 // Runs step(piece, start, count) over pieces of an array of `len` elements.
 template <class E, class Step>
@@ -13,4 +13,4 @@ void inPieces(long len, Step step) {
   for (long start = 0; start < len; start += size) step(piece, start, std::min(size, len - start));
 }
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -12,7 +12,7 @@
 #include "frame/export.h"
 #include "frame/map_complex.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 using Lanes = V<Mox64f>;
@@ -28,8 +28,8 @@ using Lanes = V<Mox64f>;
 
 // cos(x) and sin(x) for any x.
 [[gnu::always_inline]] inline Pair<Lanes> anyPhasor(Lanes x) {
-  const Pair<Lanes> z = phasor(x);
-  if (const int lanes = signBits(notAtMost(absolute(x), largestAngle))) [[unlikely]]
+  const Pair<Lanes> z = arith::phasor(x);
+  if (const int lanes = signBits(notAtMost(absolute(x), arith::largestAngle))) [[unlikely]]
     return repairPhasors(x, z, lanes);
   return z;
 }
@@ -104,20 +104,19 @@ class ScaledCartesian {
 template <class F, class E>
 MoxStatus polarToCart(const F* srcMagn, const F* srcPhase, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
-  mapComplex(Cartesian<F>(), TwoArrays<const F>{srcMagn, srcPhase}, Array<E>{dst}, len);
+  mapComplex(Cartesian<F>(), Split<const F>{srcMagn, srcPhase}, Array<E>{dst}, len);
   return moxOk;
 }
 template <class F>
 MoxStatus polarToTwo(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, int len) {
   if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dstRe, dstIm)) return s;
-  mapComplex(Cartesian<F>(), TwoArrays<const F>{srcMagn, srcPhase}, TwoArrays<F>{dstRe, dstIm},
-             len);
+  mapComplex(Cartesian<F>(), Split<const F>{srcMagn, srcPhase}, Split<F>{dstRe, dstIm}, len);
   return moxOk;
 }
 template <class F, class E>
 MoxStatus polarToCartScaled(const F* srcMagn, const F* srcPhase, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
-  mapComplex(ScaledCartesian<F>(scaleFactor), TwoArrays<const F>{srcMagn, srcPhase}, Array<E>{dst},
+  mapComplex(ScaledCartesian<F>(scaleFactor), Split<const F>{srcMagn, srcPhase}, Array<E>{dst},
              len);
   return moxOk;
 }
@@ -136,4 +135,4 @@ MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled<Mox16s, Mox16sc>);
 MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled<Mox32s, Mox32sc>);
 MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled<Mox16s, Mox16sc>);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -3,10 +3,11 @@
 
 #include "convert/complex_bodies.h"
 #include "convert/magnitude.h"
+#include "frame/complex16.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 template <class F>
@@ -20,8 +21,7 @@ struct PowerOfWords {
   auto operator()(auto src, long i) const { return squaredMagnitudeAsFloat(src, i); }
 };
 
-// By the scale rule. What 32 bits don't hold, 2^31, is taken as one less: 16-bit results are the
-// same.
+// By the scale rule.
 template <class Rule>
 struct ScaledPower {
   static constexpr int lanes = 8;
@@ -29,9 +29,9 @@ struct ScaledPower {
   auto operator()(auto src, long i) const {
     const auto four = [&](long at) {
       const auto squares = squaredMagnitudeOfWords(src, at);
-      return rule(squares ^ (squares < 0));
+      return rule(unwrapped(squares));
     };
-    return packSaturated<Mox16s>(four(i), four(i + 4));
+    return packInOrder<Mox16s>(four(i), four(i + 4));
   }
 
   Rule rule;
@@ -51,7 +51,7 @@ MoxStatus powerScaled(const Mox16sc* src, Mox16s* dst, int len, int scaleFactor)
 MoxStatus powerScaledOfTwo(const Mox16s* srcRe, const Mox16s* srcIm, Mox16s* dst, int len,
                            int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcRe, srcIm, dst)) return s;
-  mapPower(scaleFactor, TwoArrays<const Mox16s>{srcRe, srcIm}, dst, len);
+  mapPower(scaleFactor, Split<const Mox16s>{srcRe, srcIm}, dst, len);
   return moxOk;
 }
 
@@ -71,15 +71,15 @@ MoxStatus powerOfLong(const Mox32sc* src, Mox32s* dst, int len, int scaleFactor)
 
 }  // namespace
 
-MOX_EXPORT(moxsPowerSpectr_32f, mapTwoArrays<Power<Mox32f>, Mox32f, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_64f, mapTwoArrays<Power<Mox64f>, Mox64f, Mox64f>);
+MOX_EXPORT(moxsPowerSpectr_32f, mapSplit<Power<Mox32f>, Mox32f, Mox32f>);
+MOX_EXPORT(moxsPowerSpectr_64f, mapSplit<Power<Mox64f>, Mox64f, Mox64f>);
 MOX_EXPORT(moxsPowerSpectr_32fc, mapInterleaved<Power<Mox32f>, Mox32fc, Mox32f>);
 MOX_EXPORT(moxsPowerSpectr_64fc, mapInterleaved<Power<Mox64f>, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsPowerSpectr_16s32f, mapTwoArrays<PowerOfWords, Mox16s, Mox32f>);
+MOX_EXPORT(moxsPowerSpectr_16s32f, mapSplit<PowerOfWords, Mox16s, Mox32f>);
 MOX_EXPORT(moxsPowerSpectr_16sc32f, mapInterleaved<PowerOfWords, Mox16sc, Mox32f>);
 MOX_EXPORT(moxsPowerSpectr_16s_Sfs, powerScaledOfTwo);
 MOX_EXPORT(moxsPowerSpectr_16sc_Sfs, powerScaled);
 MOX_EXPORT(moxsMagSquared_32fc64f, mapInterleaved<Power<Mox64f>, Mox32fc, Mox64f>);
 MOX_EXPORT(moxsMagSquared_32sc32s_Sfs, powerOfLong);
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -6,7 +6,7 @@
 
 #include "frame/map_rounded.h"
 
-namespace mox {
+namespace mox::convert {
 
 namespace detail {
 
@@ -43,11 +43,11 @@ template <class IsAboveTie>
 template <class D, class Make>
 [[gnu::always_inline]] inline auto integersFrom(Make make) {
   if constexpr (sizeof(D) == 2)
-    return packSaturated<D>(saturate<D>(make(0L)), saturate<D>(make(4L)));
+    return packInOrder<D>(saturate<D>(make(0L)), saturate<D>(make(4L)));
   else
     return saturate<D>(make(0L));
 }
 template <class D>
 constexpr int integerLanes = 16 / int(sizeof(D));
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -6,7 +6,7 @@
 #include "frame/in_place.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 template <class E>
@@ -98,4 +98,4 @@ MOX_EXPORT(moxsThreshold_GTAbs_32s_I, inPlace<threshold<GTAbs, Mox32s>>);
 MOX_EXPORT(moxsThreshold_GTAbs_32f_I, inPlace<threshold<GTAbs, Mox32f>>);
 MOX_EXPORT(moxsThreshold_GTAbs_64f_I, inPlace<threshold<GTAbs, Mox64f>>);
 
-}  // namespace mox
+}  // namespace mox::convert

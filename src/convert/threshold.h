@@ -6,7 +6,7 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 
-namespace mox {
+namespace mox::convert {
 
 // LT or GT by an operator, which is looked at after all else. `Levels` checks the level.
 template <class Levels, auto less, auto greater, class E>
@@ -18,4 +18,4 @@ MoxStatus byOperator(const E* src, E* dst, int len, Part<E> level, int relOp) {
   return moxErrBadArg;
 }
 
-}  // namespace mox
+}  // namespace mox::convert

@@ -3,22 +3,20 @@
 
 #include "convert/threshold.h"
 #include "convert/threshold_relations.h"
+#include "frame/complex16.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "move/copy.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
-using Elements = V<Mox32s, 4>;
+using Elements = I<Mox32s>;
 
-// The largest square, 2^31, comes out as the next number below: no level tells the two apart.
-Elements squaredMagnitudes(Elements z) {
-  const auto m = multiplyAddPairs(V<Mox16s, 8>(z), V<Mox16s, 8>(z));
-  return Elements(V<Mox32u, 4>(m) + V<Mox32u, 4>(m >> 31));
-}
+// No level tells the largest square, 2^31, from the next number below.
+Elements squaredMagnitudes(Elements z) { return exactSquaredMagnitude(I<Mox16s>(z)); }
 
 // dst[i] = op(src[i]) with an operation on registers.
 template <class Op>
@@ -50,9 +48,9 @@ MoxStatus magnitude(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level) {
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
   if (level == 0) {
     if (Relation::changes(1, 0))
-      zeroElements(dst, len);
+      move::zeroElements(dst, len);
     else if (src != dst)
-      copyElements(src, dst, len);
+      move::copyElements(src, dst, len);
     return moxOk;
   }
   const auto square = broadcast<Elements>(Mox32s(level) * level);
@@ -99,4 +97,4 @@ MOX_EXPORT(moxsThreshold_LTVal_16sc_I, inPlace<replace<LTVal>>);
 MOX_EXPORT(moxsThreshold_GTVal_16sc, replace<GTVal>);
 MOX_EXPORT(moxsThreshold_GTVal_16sc_I, inPlace<replace<GTVal>>);
 
-}  // namespace mox
+}  // namespace mox::convert

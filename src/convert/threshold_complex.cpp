@@ -8,7 +8,7 @@
 #include "move/copy.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 // Elements with the magnitude `level` and their own phase, where the relation holds.
@@ -19,11 +19,10 @@ class ToLevel {
  public:
   explicit ToLevel(F level) : level_(level), square_(level * level) {}
 
-  ComplexPair<F> operator()(ComplexPair<F> z, V<F> m) const {
-    const auto factor = forParts<F>(factors(m));
-    const auto changes = forParts<F>(V<F>(Relation::changes(m, broadcast<V<F>>(square_))));
-    return {select(changes.first, z.first * factor.first, z.first),
-            select(changes.second, z.second * factor.second, z.second)};
+  Pair<V<F>> operator()(Pair<V<F>> z, V<F> m) const {
+    const Pair<V<F>> atLevel = z * factors(m);
+    const auto changes = V<F>(Relation::changes(m, broadcast<V<F>>(square_)));
+    return {select(changes, atLevel.re, z.re), select(changes, atLevel.im, z.im)};
   }
 
   // Magnitudes that change, and are too small or too large for the factor.
@@ -67,9 +66,9 @@ MoxStatus magnitude(const E* src, E* dst, int len, Part<E> level) {
   const ToLevel<Relation, E> op(level);
   if (level == 0) {
     if (Relation::changes(1, 0))
-      zeroElements(dst, len);
+      move::zeroElements(dst, len);
     else if (src != dst)
-      copyElements(src, dst, len);
+      move::copyElements(src, dst, len);
   } else if (squaresWell(level)) {
     mapMagnitudes(op, src, dst, len);
   } else {
@@ -141,4 +140,4 @@ MOX_EXPORT(moxsThreshold_GTVal_64fc, replace<GTVal>);
 MOX_EXPORT(moxsThreshold_GTVal_32fc_I, inPlace<replace<GTVal, Mox32fc>>);
 MOX_EXPORT(moxsThreshold_GTVal_64fc_I, inPlace<replace<GTVal, Mox64fc>>);
 
-}  // namespace mox
+}  // namespace mox::convert

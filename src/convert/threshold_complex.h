@@ -6,9 +6,10 @@
 
 #include "frame/elements.h"
 #include "frame/map.h"
+#include "frame/pair.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::convert {
 
 // A type in which the square of any number of type F is normal, and not rounded for floats.
 template <class F>
@@ -40,63 +41,33 @@ W squaredMagnitude(E z) {
   return re * re + im * im;
 }
 
-// Complex elements in two vectors, to go with one vector of a real number for each: within 16 bytes
-// those of the first vector come before those of the second.
-template <class F>
-struct ComplexPair {
-  static constexpr long count = lanesOf<F>;
-
-  static ComplexPair from(const auto* src) {
-    return {load<V<F>>(src), load<V<F>>(src + count / 2)};
-  }
-  void to(auto* dst, auto put) const { put(dst, first), put(dst + count / 2, second); }
-
-  // In every element the same arithmetic as in squaredMagnitude<F>().
-  V<F> squaredMagnitudes() const {
-    const V<F> a = first * first, b = second * second;
-    return alternate<0>(a, b) + alternate<1>(a, b);
-  }
-
-  V<F> first, second;
-
- private:
-  template <int from>
-  static V<F> alternate(V<F> a, V<F> b) {
-    return shuffle<[](int i) {
-      constexpr int block = 16 / int(sizeof(F)), half = block / 2;
-      const int lane = i % block;
-      return i - lane + from + 2 * (lane % half) + lane / half * int(count);
-    }>(a, b);
-  }
-};
-
-// The real numbers twice, for the parts of the first and of the second vector.
-template <class F>
-[[gnu::always_inline]] inline ComplexPair<F> forParts(V<F> v) {
-  return {unpackLow<F>(v, v), unpackHigh<F>(v, v)};
-}
-
-// dst[i] = op(src[i]) in pairs of vectors. Where op.strays() has a lane of squared magnitudes that
-// its arithmetic doesn't serve, the elements concerned are done again, one by one.
+// dst[i] = op(src[i]) by as many elements as a vector has lanes. Where op.strays() has a lane of
+// squared magnitudes that its arithmetic doesn't serve, these elements are done again, one by one.
 template <class E, class Op>
 void mapMagnitudes(Op& op, const E* src, E* dst, long len) {
   using F = Part<E>;
-  constexpr long count = ComplexPair<F>::count;
-  const auto block = [&](const E* from, E* to, auto put) {
-    const auto z = ComplexPair<F>::from(from);
-    const V<F> m = z.squaredMagnitudes();
-    auto result = op(z, m);
-    if (signBits(V<F>(op.strays(m)))) [[unlikely]] {
+  using T = V<F>;
+  constexpr long count = lanesOf<F>;
+  // The numbers of a block are out of order in between.
+  const auto from = [](const E* p) { return deinterleaved(load<T>(p), load<T>(p + count / 2)); };
+  const auto to = [](E* p, Pair<T> z, auto put) {
+    put(p, interleavedLow(z)), put(p + count / 2, interleavedHigh(z));
+  };
+  const auto block = [&](const E* source, E* target, auto put) {
+    const Pair<T> z = from(source);
+    const T m = squaredMagnitude(z);
+    Pair<T> result = op(z, m);
+    if (signBits(T(op.strays(m)))) [[unlikely]] {
       E in[count], out[count];
       const auto plain = [](void* p, auto v) { store(p, v); };
-      z.to(in, plain), result.to(out, plain);
+      to(in, z, plain), to(out, result, plain);
       for (long i = 0; i < count; ++i)
         if (op.strays(squaredMagnitude<F>(in[i]))) out[i] = op.one(in[i]);
-      result = ComplexPair<F>::from(out);
+      result = from(out);
     }
-    result.to(to, put);
+    to(target, result, put);
   };
   forWholeBlocks<count>(bypasses<Stores::bypassing>(dst, len, src), src, dst, len, block);
 }
 
-}  // namespace mox
+}  // namespace mox::convert

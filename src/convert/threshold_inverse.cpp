@@ -9,7 +9,7 @@
 #include "frame/rounding_control.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 V<Mox64f> reciprocals(V<Mox64f> y) { return 1 / y; }
@@ -44,10 +44,9 @@ class ComplexReciprocal {
  public:
   explicit ComplexReciprocal(F level) : level_(level), square_(level * level) {}
 
-  ComplexPair<F> operator()(ComplexPair<F> z, V<F> m) const {
+  Pair<V<F>> operator()(Pair<V<F>> z, V<F> m) const {
     const V<F> raised = level_ == 0 ? m : select(V<F>(m < square_), level_ * squareRoot(m), m);
-    const auto factor = forParts<F>(1 / raised);
-    return {conjugate(z.first) * factor.first, conjugate(z.second) * factor.second};
+    return Pair<V<F>>{z.re, -z.im} * (1 / raised);
   }
 
   auto strays(V<F> m) const {
@@ -71,12 +70,6 @@ class ComplexReciprocal {
   bool metZero() const { return zero_; }
 
  private:
-  static V<F> conjugate(V<F> z) {
-    const auto signs =
-        shuffle<[](int i) { return i % 2 ? lanesOf<F> + i : i; }>(V<F>{}, broadcast<V<F>>(F(-0.0)));
-    return V<F>(Bits<V<F>>(z) ^ Bits<V<F>>(signs));
-  }
-
   F level_, square_;
   bool zero_ = false;
 };
@@ -110,4 +103,4 @@ MOX_EXPORT(moxsThreshold_LTInv_64f_I, inPlace<reciprocal<Mox64f>>);
 MOX_EXPORT(moxsThreshold_LTInv_32fc_I, inPlace<reciprocal<Mox32fc>>);
 MOX_EXPORT(moxsThreshold_LTInv_64fc_I, inPlace<reciprocal<Mox64fc>>);
 
-}  // namespace mox
+}  // namespace mox::convert

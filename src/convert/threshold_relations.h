@@ -8,7 +8,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::convert {
 
 // `yes` where a comparison holds, `no` elsewhere.
 template <class Comparison, class T>
@@ -89,4 +89,4 @@ struct GTAbs : NoNegativeLevel {
   }
 };
 
-}  // namespace mox
+}  // namespace mox::convert

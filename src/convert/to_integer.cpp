@@ -8,7 +8,7 @@
 #include "frame/map_scaled.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 // All modes but to nearest run under truncation.
@@ -133,4 +133,4 @@ MOX_EXPORT(moxsConvert_64f16s_Sfs, convert<Mox64f, Mox16s>);
 MOX_EXPORT(moxsConvert_64f32s_Sfs, convert<Mox64f, Mox32s>);
 MOX_EXPORT(moxsConvert_64f64s_Sfs, convert64s);
 
-}  // namespace mox
+}  // namespace mox::convert

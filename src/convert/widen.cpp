@@ -9,7 +9,7 @@
 #include "frame/rounding.h"
 #include "frame/rounding_control.h"
 
-namespace mox {
+namespace mox::convert {
 namespace {
 
 // Float lanes fill a register; AVX has integer operations on half of one only.
@@ -26,10 +26,10 @@ requires(sizeof(S) == 2) bool wordsToFloats(const S* src, Mox32f* dst, long len,
   constexpr Mox16u lift = std::is_signed_v<S> ? 0x8000 : 0;  // makes a signed word unsigned
   const Mox32f base = powerOfTwo<Mox32f>(23 - scaleFactor);
   const Mox32f surplus = base + lift * powerOfTwo<Mox32f>(-scaleFactor);
-  const auto upperHalf = broadcast<V<Mox16u, 8>>(Mox16u(std::bit_cast<Mox32u>(base) >> 16));
+  const auto upperHalf = broadcast<I<Mox16u>>(Mox16u(std::bit_cast<Mox32u>(base) >> 16));
   mapWidened<V<S, 8>, Stores::bypassing>(
       [=](auto words) {
-        const auto w = V<Mox16u, 8>(words) ^ lift;
+        const auto w = I<Mox16u>(words) ^ lift;
         const auto low = __builtin_shufflevector(w, upperHalf, 0, 8, 1, 9, 2, 10, 3, 11);
         const auto high = __builtin_shufflevector(w, upperHalf, 4, 12, 5, 13, 6, 14, 7, 15);
         return join<V<Mox32f>>(low, high) - surplus;
@@ -114,4 +114,4 @@ MOX_EXPORT(moxsConvert_16s64f_Sfs, scaledToFloat<Mox16s, Mox64f>);
 MOX_EXPORT(moxsConvert_32s32f_Sfs, scaledToFloat<Mox32s, Mox32f>);
 MOX_EXPORT(moxsConvert_32s64f_Sfs, scaledToFloat<Mox32s, Mox64f>);
 
-}  // namespace mox
+}  // namespace mox::convert

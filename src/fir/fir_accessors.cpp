@@ -1,25 +1,24 @@
-#include <moxsp/fir.h>
-
-#include "fir/fir_contents.h"
+// What a caller may read and write of a FIR state.
+#include "fir/fir_state.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 
-namespace mox {
+namespace mox::fir {
 namespace {
 
 // Single-rate and multirate states answer alike.
 template <class C>
 MoxStatus requireState(const MoxsFIRState* state) {
-  return requireId(state, C::singleRate, C::multirate);
+  return requireId(state, C::ids.single, C::ids.multirate);
 }
 
 template <class C>
 MoxStatus getTaps(const MoxsFIRState* state, typename C::Tap* taps) {
   if (anyNull(state, taps)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  const auto& s = stateOf<typename C::Acc>(state);
+  const auto& s = stateOf<C>(state);
   for (int k = 0; k < s.tapsLen; ++k)
-    store(taps + k, converted<typename C::Tap>(s.revTaps[s.tapsLen - 1 - k]));
+    store(taps + k, convert::converted<typename C::Tap>(s.revTaps[s.tapsLen - 1 - k]));
   return moxOk;
 }
 
@@ -27,21 +26,18 @@ template <class C>
 MoxStatus setTaps(const typename C::Tap* taps, MoxsFIRState* state) {
   if (anyNull(taps, state)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  auto& s = stateOf<typename C::Acc>(state);
-  writeTaps<C>(s, taps);
-  if (!s.fftSpec) return moxOk;
-  const MoxStatus status = transformTaps(s);
-  if (status != moxOk) dropFftPath(s);
-  return status;
+  writeTaps<C>(stateOf<C>(state), taps);
+  return moxOk;
 }
 
 template <class C>
 MoxStatus getDlyLine(const MoxsFIRState* state, typename C::Data* dlyLine) {
   if (anyNull(state, dlyLine)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  const auto& s = stateOf<typename C::Acc>(state);
+  const auto& s = stateOf<C>(state);
   const auto* newest = s.dlyLine + s.dlyIndex + s.dlyLen - 1;
-  for (int i = 0; i < s.dlyLen; ++i) store(dlyLine + i, converted<typename C::Data>(newest[-i]));
+  for (int i = 0; i < s.dlyLen; ++i)
+    store(dlyLine + i, convert::converted<typename C::Data>(newest[-i]));
   return moxOk;
 }
 
@@ -49,7 +45,7 @@ template <class C>
 MoxStatus setDlyLine(MoxsFIRState* state, const typename C::Data* dlyLine) {
   if (anyNull(state)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  writeDelayLine<C>(stateOf<typename C::Acc>(state), dlyLine);
+  writeDelayLine<C>(stateOf<C>(state), dlyLine);
   return moxOk;
 }
 
@@ -79,4 +75,4 @@ MOX_EXPORT(moxsFIRSetDlyLine_64f, setDlyLine<Fir64f>);
 MOX_EXPORT(moxsFIRSetDlyLine_64fc, setDlyLine<Fir64fc>);
 MOX_EXPORT(moxsFIRSetDlyLine32f_16s, setDlyLine<Fir32f16s>);
 
-}  // namespace mox
+}  // namespace mox::fir

@@ -1,72 +1,59 @@
-// The combinations of element types that a FIR filter comes in.
+// The combinations of element types that a FIR filter comes in, as rows of types: the caller's taps
+// and data, what the state holds of both, and what sums are made in.
 #pragma once
 
-#include <cstring>
-#include <type_traits>
-
-#include "convert/convert.h"
-#include "fir/fir_state.h"
-#include "frame/elements.h"
 #include "frame/object.h"
 
-namespace mox {
+namespace mox::fir {
 
-// `Held` is the type of the taps and samples in the state and of the sums; `number` is that of the
-// single-rate state's identifier, `streamNumber` that of a state without delay line.
-template <class TapType, class DataType, class Held, int number, int streamNumber = 0>
-struct Combination {
-  using Tap = TapType;
-  using Data = DataType;
-  using Acc = Held;
+// The identifiers of a combination's states.
+struct Ids {
+  Mox32s single, multirate;
+  Mox32s stream = single, streamMultirate = multirate;  // of states without delay line
 
-  static constexpr Mox32s singleRate = objectWord("FI", number);
-  static constexpr Mox32s multirate = objectWord("FI", number + 2);
-  static constexpr bool hasStream = streamNumber != 0;
-  static constexpr Mox32s stream = objectWord("FI", streamNumber);
-  static constexpr Mox32s streamMultirate = objectWord("FI", streamNumber + 1);
-  static constexpr bool converts = !std::is_same_v<Data, Acc>;
+  constexpr bool hasStream() const { return stream != single; }
+};
+constexpr Mox32s id(int number) { return objectWord("FI", number); }
 
-  // Samples on their way in.
-  static void enter(const Data* src, Acc* dst, long len) {
-    if constexpr (converts)
-      convertValues(parts(src), parts(dst), len * partsPerElement<Data>);
-    else
-      std::memcpy(dst, src, len * sizeof(Acc));
-  }
-
-  // Results on their way out: integers times 2^-scaleFactor, to nearest.
-  static void leave(const Acc* src, Data* dst, long len, int scaleFactor) {
-    if constexpr (std::is_integral_v<Part<Data>>)
-      convertToInteger(parts(src), parts(dst), len * partsPerElement<Data>, moxRoundNearEven,
-                       scaleFactor);
-    else if constexpr (converts)
-      convertValues(parts(src), parts(dst), len * partsPerElement<Data>);
-    else
-      std::memcpy(dst, src, len * sizeof(Acc));
-  }
-
-  // The first samples of a long block go through the delay store, for they need the history before
-  // them; the others are read where they are. All of a short block go through it.
-  static constexpr long lanes = sizeof(Acc) == sizeof(Mox32f) ? 8 : 4;
-  static long outputsFromStore(long tapsLen) { return (tapsLen + lanes - 1) & -lanes; }
-  static long shortBlock(long tapsLen) {
-    return outputsFromStore(tapsLen) + (std::is_same_v<Data, Mox32fc> ? 0 : 1);
-  }
+struct Fir32f {
+  using Tap = Mox32f;
+  using Data = Mox32f;
+  using HeldTap = Mox32f;
+  using Held = Mox32f;
+  using Sum = Mox32f;
+  static constexpr Ids ids = {id(1), id(3), id(33), id(34)};
+};
+struct Fir32fc {
+  using Tap = Mox32fc;
+  using Data = Mox32fc;
+  using HeldTap = Mox32fc;
+  using Held = Mox32fc;
+  using Sum = Mox32fc;
+  static constexpr Ids ids = {id(2), id(4)};
+};
+struct Fir32f16s {
+  using Tap = Mox32f;
+  using Data = Mox16s;
+  using HeldTap = Mox32f;
+  using Held = Mox32f;
+  using Sum = Mox32f;
+  static constexpr Ids ids = {id(5), id(7)};
+};
+struct Fir64f {
+  using Tap = Mox64f;
+  using Data = Mox64f;
+  using HeldTap = Mox64f;
+  using Held = Mox64f;
+  using Sum = Mox64f;
+  static constexpr Ids ids = {id(13), id(15)};
+};
+struct Fir64fc {
+  using Tap = Mox64fc;
+  using Data = Mox64fc;
+  using HeldTap = Mox64fc;
+  using Held = Mox64fc;
+  using Sum = Mox64fc;
+  static constexpr Ids ids = {id(14), id(16)};
 };
 
-using Fir32f = Combination<Mox32f, Mox32f, Mox32f, 1, 33>;
-using Fir32fc = Combination<Mox32fc, Mox32fc, Mox32fc, 2>;
-using Fir32f16s = Combination<Mox32f, Mox16s, Mox32f, 5>;
-using Fir64f = Combination<Mox64f, Mox64f, Mox64f, 13>;
-using Fir64fc = Combination<Mox64fc, Mox64fc, Mox64fc, 14>;
-
-// A single element in another type, toward zero where that has no fraction.
-template <class To, class From>
-To converted(From e) {
-  if constexpr (Complex<From>)
-    return {Part<To>(e.re), Part<To>(e.im)};
-  else
-    return To(e);
-}
-
-}  // namespace mox
+}  // namespace mox::fir

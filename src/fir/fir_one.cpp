@@ -1,26 +1,25 @@
 // Single samples by way of a state.
-#include <moxsp/fir.h>
-
-#include "fir/fir_combination.h"
-#include "fir/fir_dot.h"
-#include "fir/fir_ring.h"
 #include "fir/fir_state.h"
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "kernels/dot.h"
+#include "kernels/ring.h"
 
-namespace mox {
+namespace mox::fir {
 namespace {
 
 template <class C>
 MoxStatus firOneScaled(typename C::Data src, typename C::Data* dst, MoxsFIRState* state,
                        int scaleFactor) {
-  using A = typename C::Acc;
+  using kernels::TapOrder;
+  using Sum = typename C::Sum;
   if (anyNull(state, dst)) return moxErrNullPtr;
-  if (MoxStatus e = requireId(state, C::singleRate)) return e;
-  auto& s = stateOf<A>(state);
-  const A* window = pushSample(s.dlyLine, s.dlyIndex, s.tapsLen, converted<A>(src));
-  const A sum = dotProduct<A, TapOrder::reversed>(window, s.revTaps, s.tapsLen);
-  C::leave(&sum, dst, 1, scaleFactor);
+  if (MoxStatus e = requireId(state, C::ids.single)) return e;
+  auto& s = stateOf<C>(state);
+  const auto* window = kernels::pushSample(s.dlyLine, s.dlyIndex, s.tapsLen,
+                                           convert::converted<typename C::Held>(src));
+  const Sum sum = kernels::dotProduct<Sum, TapOrder::reversed>(window, s.revTaps, s.tapsLen);
+  convert::giveOut(&sum, dst, 1, scaleFactor);
   return moxOk;
 }
 
@@ -37,4 +36,4 @@ MOX_EXPORT(moxsFIROne_64f, firOne<Fir64f>);
 MOX_EXPORT(moxsFIROne_64fc, firOne<Fir64fc>);
 MOX_EXPORT(moxsFIROne32f_16s_Sfs, firOneScaled<Fir32f16s>);
 
-}  // namespace mox
+}  // namespace mox::fir

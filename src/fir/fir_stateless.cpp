@@ -1,19 +1,20 @@
 // The forms without a state: sample by sample through a ring that the caller holds.
 #include <moxsp/fir.h>
 
+#include "convert/samples.h"
 #include "fir/fir_combination.h"
-#include "fir/fir_dot.h"
-#include "fir/fir_ring.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "kernels/dot.h"
+#include "kernels/ring.h"
 
-namespace mox {
+namespace mox::fir {
 namespace {
 
 // Single-precision data is summed in double precision here.
 template <class C>
-using Wide = std::conditional_t<std::is_same_v<typename C::Data, Mox32f>, Mox64f, typename C::Acc>;
+using Wide = std::conditional_t<std::is_same_v<typename C::Data, Mox32f>, Mox64f, typename C::Sum>;
 
 template <class C>
 MoxStatus firDirectScaled(const typename C::Data* src, typename C::Data* dst, int len,
@@ -27,9 +28,10 @@ MoxStatus firDirectScaled(const typename C::Data* src, typename C::Data* dst, in
   int index = load<int>(dlyLineIndex) % tapsLen;  // any index is a place of the ring
   if (index < 0) index += tapsLen;
   for (int i = 0; i < len; ++i) {
-    const D* window = pushSample(dlyLine, index, tapsLen, load<D>(src + i));
-    const auto sum = typename C::Acc(dotProduct<Wide<C>, TapOrder::forward>(window, taps, tapsLen));
-    C::leave(&sum, dst + i, 1, scaleFactor);
+    const D* window = kernels::pushSample(dlyLine, index, tapsLen, load<D>(src + i));
+    const auto sum = typename C::Sum(
+        kernels::dotProduct<Wide<C>, kernels::TapOrder::forward>(window, taps, tapsLen));
+    convert::giveOut(&sum, dst + i, 1, scaleFactor);
   }
   store(dlyLineIndex, index);
   return moxOk;
@@ -79,4 +81,4 @@ MOX_EXPORT(moxsFIR32f_Direct_16s_ISfs, inPlace<firDirectScaled<Fir32f16s>>);
 MOX_EXPORT(moxsFIROne32f_Direct_16s_Sfs, oneSample<firDirectScaled<Fir32f16s>>);
 MOX_EXPORT(moxsFIROne32f_Direct_16s_ISfs, oneSampleInPlace<firDirectScaled<Fir32f16s>>);
 
-}  // namespace mox
+}  // namespace mox::fir

@@ -1,5 +1,5 @@
-// Lays out the parts of an object in one block. An object has one layout function, run over a
-// measuring arena for its size and over a placing one for its set-up, so that the two agree.
+// Lays out the parts of an object one behind the other. An object has one layout function, run over
+// a measuring arena for its size and over a placing one for its set-up, so that the two agree.
 #pragma once
 
 #include <cstddef>
@@ -8,21 +8,25 @@
 
 namespace mox {
 
+constexpr std::size_t roundUp(std::size_t bytes, std::size_t alignment) {
+  return (bytes + alignment - 1) & -alignment;
+}
+
 class Arena {
  public:
-  Arena() = default;  // measures
+  constexpr Arena() = default;  // measures
   explicit Arena(void* memory) : memory_(static_cast<std::byte*>(memory)) {}
 
   // Room for `count` elements on a multiple of `alignment`; null while measuring. The block itself
   // must start on a multiple of the largest alignment in use.
   template <class T>
-  T* place(std::size_t count, std::size_t alignment = alignof(T)) {
-    const std::size_t start = (used_ + alignment - 1) & -alignment;
+  constexpr T* place(std::size_t count, std::size_t alignment = alignof(T)) {
+    const std::size_t start = roundUp(used_, alignment);
     used_ = start + count * sizeof(T);
     return memory_ ? reinterpret_cast<T*>(memory_ + start) : nullptr;
   }
 
-  std::size_t used() const { return used_; }
+  constexpr std::size_t used() const { return used_; }
 
  private:
   std::byte* memory_ = nullptr;

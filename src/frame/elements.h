@@ -25,6 +25,31 @@ struct PartOf<E> {
 };
 }  // namespace detail
 
+namespace detail {
+template <class F>
+struct ComplexOf;
+template <>
+struct ComplexOf<Mox16s> {
+  using type = Mox16sc;
+};
+template <>
+struct ComplexOf<Mox32s> {
+  using type = Mox32sc;
+};
+template <>
+struct ComplexOf<Mox32f> {
+  using type = Mox32fc;
+};
+template <>
+struct ComplexOf<Mox64f> {
+  using type = Mox64fc;
+};
+}  // namespace detail
+
+// The complex element that has parts F.
+template <class F>
+using ComplexOf = typename detail::ComplexOf<F>::type;
+
 // The type of one number: the real and imaginary part of a complex element, else the element.
 template <class E>
 using Part = typename detail::PartOf<E>::type;

@@ -173,15 +173,18 @@ template <Stores stores = Stores::cached, int registerBytes = vectorBytes, long 
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
     return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
   };
-  forBlocks<block>(
+  const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
+    return [&](long i, auto put) __attribute__((always_inline)) {
+      V<Part<D>, lanes * partsPerElement<D>> r[count];
+      for (int j = 0; j < count; ++j)
+        r[j] = op(atLanes(std::type_identity<ElementOf<Source>>(), src, i + j * lanes)...);
+      for (int j = 0; j < count; ++j) put(dst + i + j * lanes, r[j]);
+    };
+  };
+  forBlocks<block, vectorBytes, lanes>(
       bypasses<stores>(dst, len, src...), dst, len,
       [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); },
-      [&](long i, auto put) {
-        V<Part<D>, lanes * partsPerElement<D>> r[vecs];
-        for (int j = 0; j < vecs; ++j)
-          r[j] = op(atLanes(std::type_identity<ElementOf<Source>>(), src, i + j * lanes)...);
-        for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
-      });
+      vectors(std::integral_constant<int, vecs>()), vectors(std::integral_constant<int, 1>()));
 }
 
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element

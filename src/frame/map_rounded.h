@@ -22,8 +22,8 @@ class ByPowerOfTwo {
   Mox64f power_;
 };
 
-// dst[i] = op(src[i]), rounded and saturated; op takes and gives four doubles. A single element
-// fills all four lanes.
+// dst[i] = op(src[i]), rounded and saturated; op takes and gives a vector of doubles. A single
+// element fills all of its lanes.
 template <class D, class Op, class S>
 void mapRounded(Op op, D* dst, int len, const S* src) {
   const auto lanes = [&](V<Mox64f> x) { return nearestInteger(op(x)); };

@@ -54,7 +54,7 @@ template <class Value>
 
 // Sixteen samples, the low three bytes of each lane.
 template <class Value, class Put>
-[[gnu::always_inline]] inline void storeLanes(Packed24<Value>* p, const V<Mox32s, 4> (&lanes)[4],
+[[gnu::always_inline]] inline void storeLanes(Packed24<Value>* p, const I<Mox32s> (&lanes)[4],
                                               Put put) {
   __m128i v[4];
   for (int j = 0; j < 4; ++j)

@@ -8,15 +8,42 @@ namespace mox {
 template <class T>
 struct Pair {
   T re, im;
+
+  [[gnu::always_inline]] friend constexpr Pair operator+(Pair a, Pair b) {
+    return {a.re + b.re, a.im + b.im};
+  }
+  [[gnu::always_inline]] friend constexpr Pair operator-(Pair a, Pair b) {
+    return {a.re - b.re, a.im - b.im};
+  }
+  // A real factor: a number, or one for each lane.
+  template <class F>
+  [[gnu::always_inline]] friend constexpr Pair operator*(Pair a, F factor) {
+    return {a.re * factor, a.im * factor};
+  }
 };
 template <class T>
 Pair(T, T) -> Pair<T>;
 
+// z w, and z times the conjugate of w.
+template <class T>
+[[gnu::always_inline]] inline constexpr Pair<T> product(Pair<T> z, Pair<T> w) {
+  return {z.re * w.re - z.im * w.im, z.re * w.im + z.im * w.re};
+}
+template <class T>
+[[gnu::always_inline]] inline constexpr Pair<T> conjugateProduct(Pair<T> z, Pair<T> w) {
+  return {z.re * w.re + z.im * w.im, z.im * w.re - z.re * w.im};
+}
+
+template <class T>
+[[gnu::always_inline]] inline constexpr T squaredMagnitude(Pair<T> z) {
+  return z.re * z.re + z.im * z.im;
+}
+
 namespace detail {
 
-// The instructions that part and interleave two vectors stay within blocks of 16 bytes.
+// The instructions that deinterleave and interleave two vectors stay within blocks of 16 bytes.
 template <class T>
-struct PartingOrder {
+struct DeinterleavedOrder {
   static constexpr int lanes = laneCount<T>, block = 16 / sizeof(Lane<T>), half = block / 2;
   static constexpr int realPart(int i) {
     const int j = i % block;
@@ -31,12 +58,13 @@ struct PartingOrder {
 // in the same block of `b`. That is the order of the numbers if a vector is one block, or if `a`
 // has the blocks 0 and 2, and `b` 1 and 3.
 template <class T>
-[[gnu::always_inline]] inline Pair<T> parted(T a, T b) {
-  using Order = detail::PartingOrder<T>;
+[[gnu::always_inline]] inline Pair<T> deinterleaved(T a, T b) {
+  using Order = detail::DeinterleavedOrder<T>;
   return {shuffle<Order::realPart>(a, b), shuffle<Order::imaginaryPart>(a, b)};
 }
 
-// The numbers interleaved: those of the lower half of each block, and of the upper.
+// The numbers interleaved: those of the lower half of each block, and of the upper; undoes
+// deinterleaved().
 template <class T>
 [[gnu::always_inline]] inline T interleavedLow(Pair<T> z) {
   return unpackLow<Lane<T>>(z.re, z.im);
@@ -48,23 +76,23 @@ template <class T>
 
 // Consecutive numbers from `z` on, in order.
 template <class T>
-[[gnu::always_inline]] inline Pair<T> loadParted(const Lane<T>* z) {
+[[gnu::always_inline]] inline Pair<T> loadDeinterleaved(const Lane<T>* z) {
   constexpr int lanes = laneCount<T>;
-  if constexpr (std::is_same_v<T, V<Mox16s, 8>>) {
-    const auto a = load<V<Mox32u, 4>>(z), b = load<V<Mox32u, 4>>(z + lanes);
+  if constexpr (std::is_same_v<T, I<Mox16s>>) {
+    const auto a = load<I<Mox32u>>(z), b = load<I<Mox32u>>(z + lanes);
     const auto packed = [](auto low, auto high) {
-      return T(packSaturated<Mox16u>(V<Mox32s, 4>(low), V<Mox32s, 4>(high)));
+      return T(packInOrder<Mox16u>(I<Mox32s>(low), I<Mox32s>(high)));
     };
     return {packed(a & 0xFFFF, b & 0xFFFF), packed(a >> 16, b >> 16)};
   } else if constexpr (sizeof(T) == 16) {
-    return parted(load<T>(z), load<T>(z + lanes));
+    return deinterleaved(load<T>(z), load<T>(z + lanes));
   } else {
-    // Parting takes the halves of two vectors across. One half is loaded once more where it goes,
-    // the other is shuffled there: so the processor's loads and its shuffles share the work.
+    // Numbers in order cross the 16-byte blocks of the vectors. One half is loaded once more where
+    // it goes, the other is shuffled there: so the processor's loads and shuffles share the work.
     using Half = V<Lane<T>, lanes / 2>;
     const T low = inRegister(load<T>(z));
     const auto lowest = shuffle<[](int i) { return i; }, lanes / 2>(low, low);
-    return parted(join<T>(lowest, load<Half>(z + lanes)), joinHigh(low, load<T>(z + lanes)));
+    return deinterleaved(join<T>(lowest, load<Half>(z + lanes)), joinHigh(low, load<T>(z + lanes)));
   }
 }
 

@@ -25,7 +25,7 @@ using Exact = std::conditional_t<magnitude <= 30, Mox32s,
 // Doubles hold what 32 bits don't: the powers of two that the rule multiplies by leave their 53
 // bits as they are, and AVX has no 64-bit arithmetic shift.
 template <int magnitude>
-using ExactVector = std::conditional_t<magnitude <= 31, V<Mox32s, 4>, V<Mox64f, 4>>;
+using ExactVector = std::conditional_t<magnitude <= 31, I<Mox32s>, V<Mox64f>>;
 
 template <int magnitude>
 constexpr bool hasExactVector = magnitude <= 53;
@@ -99,14 +99,14 @@ template <int magnitude>
 class RoundedQuotient {
  public:
   explicit RoundedQuotient(int n)
-      : factor_(broadcast<V<Mox64f, 4>>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)))) {}
+      : factor_(broadcast<V<Mox64f>>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)))) {}
 
-  [[gnu::always_inline]] V<Mox64f, 4> operator()(V<Mox64f, 4> r) const {
+  [[gnu::always_inline]] V<Mox64f> operator()(V<Mox64f> r) const {
     return nearestInteger(r * factor_);
   }
 
  private:
-  V<Mox64f, 4> factor_;
+  V<Mox64f> factor_;
 };
 
 // A factor above 0: division by 2^n.
@@ -185,24 +185,24 @@ class ScaledUp {
  private:
   int n_;
   Scalar high_, low_;
-  V<Mox32s, 4> highLanes_, lowLanes_, ones_;
-  V<Mox64f, 4> factor_;
+  I<Mox32s> highLanes_, lowLanes_, ones_;
+  V<Mox64f> factor_;
 };
 
 // The nearest value of T. Four doubles, which are integers by now, come out as 32-bit integers, and
-// vectors of those stand for packSaturated() to narrow; for 24 bits there is no such pack.
+// vectors of those stand for packInOrder() to narrow; for 24 bits there is no such pack.
 template <class T, class R>
 auto saturate(R r) {
-  if constexpr (std::is_same_v<R, V<Mox32s, 4>> && std::is_integral_v<T>) {
+  if constexpr (std::is_same_v<R, I<Mox32s>> && std::is_integral_v<T>) {
     return r;
-  } else if constexpr (std::is_same_v<R, V<Mox32s, 4>>) {
+  } else if constexpr (std::is_same_v<R, I<Mox32s>>) {
     return greater(lesser(r, broadcast<R>(Mox32s(Limits<T>::max))),
                    broadcast<R>(Mox32s(Limits<T>::min)));
-  } else if constexpr (std::is_same_v<R, V<Mox64f, 4>>) {
+  } else if constexpr (std::is_same_v<R, V<Mox64f>>) {
     static_assert(Limits<T>::max < Int128(1) << 31, "no lanes for this type");
     const auto high = broadcast<R>(Mox64f(Limits<T>::max)),
                low = broadcast<R>(Mox64f(Limits<T>::min));
-    return __builtin_convertvector(greater(lesser(r, high), low), V<Mox32s, 4>);
+    return __builtin_convertvector(greater(lesser(r, high), low), I<Mox32s>);
   } else {
     return T(std::clamp<Int128>(r, Limits<T>::min, Limits<T>::max));
   }

@@ -14,17 +14,16 @@ template <class Wide, class E>
     return load<Wide>(p);
   } else if constexpr (std::is_same_v<Wide, V<Mox32f>>) {
     // The two halves of an integer register are joined for one conversion.
-    using Half = V<Mox32s, 4>;
+    using Half = I<Mox32s>;
     return Wide(_mm256_cvtepi32_ps(join<__m256i>(loadWidened<Half>(p), loadWidened<Half>(p + 4))));
   } else if constexpr (std::is_same_v<Wide, V<Mox64f>>) {
     if constexpr (std::is_same_v<E, Mox32f>)
       return Wide(_mm256_cvtps_pd(load<__m128>(p)));
     else if constexpr (std::is_same_v<E, Mox32u>)  // less 2^31 while it is an integer
-      return Wide(_mm256_cvtepi32_pd(load<__m128i>(p) ^
-                                     __m128i(broadcast<V<Mox32u, 4>>(1u << 31)))) +
+      return Wide(_mm256_cvtepi32_pd(load<__m128i>(p) ^ __m128i(broadcast<I<Mox32u>>(1u << 31)))) +
              0x1p31;
     else
-      return Wide(_mm256_cvtepi32_pd(__m128i(loadWidened<V<Mox32s, 4>>(p))));
+      return Wide(_mm256_cvtepi32_pd(__m128i(loadWidened<I<Mox32s>>(p))));
   } else if constexpr (sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 2) {
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));

@@ -2,7 +2,7 @@
 
 #include "support/moxcore.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 constexpr long unitBytes = 512 << 10;
@@ -64,4 +64,4 @@ long listedCacheBytes() {
   return listedCacheBytes(leaf2);
 }
 
-}  // namespace mox
+}  // namespace mox::move

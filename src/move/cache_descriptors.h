@@ -1,7 +1,7 @@
 // The cache sizes that processors of one vendor state as descriptor bytes in CPUID leaf 2.
 #pragma once
 
-namespace mox {
+namespace mox::move {
 
 // The least cache that the descriptors are searched for.
 constexpr long leastListedCache = 512 << 10;
@@ -13,4 +13,4 @@ long listedCacheBytes(const unsigned (&leaf2)[4]);
 // The same for the processor at hand; 0 as well on one of another vendor.
 long listedCacheBytes();
 
-}  // namespace mox
+}  // namespace mox::move

@@ -6,7 +6,7 @@
 #include "frame/export.h"
 #include "move/copy_kernels.h"
 
-namespace mox {
+namespace mox::move {
 
 void copyBytes(const void* from, void* to, long bytes) {
   const auto* src = static_cast<const Mox8u*>(from);
@@ -39,4 +39,4 @@ MOX_EXPORT_SHARED(moxsCopy_32sc, copy<8>);
 MOX_EXPORT_SHARED(moxsCopy_64fc, copy<16>);
 MOX_EXPORT_SHARED(moxsCopy_64sc, copy<16>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -3,7 +3,7 @@
 
 #include <moxsp/types.h>
 
-namespace mox {
+namespace mox::move {
 
 // The arrays must not overlap.
 void copyBytes(const void* src, void* dst, long bytes);
@@ -20,4 +20,4 @@ void moveElements(const E* src, E* dst, long len) {
   moveBytes(src, dst, len * long(sizeof(E)));
 }
 
-}  // namespace mox
+}  // namespace mox::move

@@ -5,7 +5,7 @@
 #include "frame/vec/vec.h"
 #include "move/copy.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 // The two ways to number the bits of a byte. Each tells how a shift by n places toward the first
@@ -47,7 +47,7 @@ void copyShifted(const Mox8u* src, int offset, Mox8u* dst, long count) {
       store(dst + i, Pairs((first & mask) | (second & ~mask)));
     }
   };
-  join(V<Mox16u, 8>());
+  join(I<Mox16u>());
   join(V<Mox16u, 4>());
   for (; i < count; ++i)
     dst[i] = Order::towardFirst(src[i], offset) | Order::towardLast(src[i + 1], 8 - offset);
@@ -89,4 +89,4 @@ MOX_EXPORT(moxsCopy_1u, copyBits<HighestFirst>);
 MOX_EXPORT(moxsCopyLE_1u, copyBits<HighestFirst>);
 MOX_EXPORT(moxsCopyBE_1u, copyBits<LowestFirst>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -7,7 +7,7 @@
 #include "frame/vec/vec.h"
 #include "move/string_instructions.h"
 
-namespace mox {
+namespace mox::move {
 
 constexpr long shortCopyBytes = 256;
 constexpr long stringMoveBytes = 32768;  // from here on the string move wins
@@ -28,7 +28,7 @@ inline void copyShort(const Mox8u* src, Mox8u* dst, long bytes) {
   if (bytes > 128) return copyEnds<V<Mox8u>, 4>(src, dst, bytes);
   if (bytes > 64) return copyEnds<V<Mox8u>, 2>(src, dst, bytes);
   if (bytes >= 32) return copyEnds<V<Mox8u>>(src, dst, bytes);
-  if (bytes >= 16) return copyEnds<V<Mox8u, 16>>(src, dst, bytes);
+  if (bytes >= 16) return copyEnds<I<Mox8u>>(src, dst, bytes);
   if (bytes >= 8) return copyEnds<Mox64u>(src, dst, bytes);
   if (bytes >= 4) return copyEnds<Mox32u>(src, dst, bytes);
   if (bytes >= 2) return copyEnds<Mox16u>(src, dst, bytes);
@@ -98,4 +98,4 @@ inline void copyUpwards(const Mox8u* src, Mox8u* dst, long bytes) {
   stringMove(src, dst, bytes);
 }
 
-}  // namespace mox
+}  // namespace mox::move

@@ -4,7 +4,7 @@
 #include "move/string_instructions.h"
 #include "support/moxcore.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 constexpr long lineBytes = 64;
@@ -97,4 +97,4 @@ void setBytes(const Pattern& pattern, void* dst, long bytes) {
   bypass ? fillBypassingCache(pattern, dst, bytes) : fill(pattern, dst, bytes);
 }
 
-}  // namespace mox
+}  // namespace mox::move

@@ -8,7 +8,7 @@
 #include "frame/elements.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::move {
 
 // A value of 1, 2, 4, 8 or 16 bytes, repeated all over a vector.
 struct Pattern {
@@ -47,4 +47,4 @@ void setElements(E val, E* dst, long len) {
   setBytes(patternOf(val), dst, len * long(sizeof(E)));
 }
 
-}  // namespace mox
+}  // namespace mox::move

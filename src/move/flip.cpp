@@ -5,7 +5,7 @@
 #include "frame/in_place.h"
 #include "move/flip.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 constexpr auto unchanged = [](auto carrier) { return carrier; };
@@ -35,4 +35,4 @@ MOX_EXPORT(moxsFlip_32fc_I, inPlace<flip<Mox32fc>>);
 MOX_EXPORT(moxsFlip_64f_I, inPlace<flip<Mox64f>>);
 MOX_EXPORT(moxsFlip_64fc_I, inPlace<flip<Mox64fc>>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -6,7 +6,7 @@
 #include "frame/elements.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::move {
 
 // What carries elements from place to place, several or a single one, with no regard to what their
 // bits mean. Under AVX integers are shuffled 16 bytes at a time, while the lanes of float vectors
@@ -82,4 +82,4 @@ void reverseInPlace(E* srcDst, long len, Op op) {
   }
 }
 
-}  // namespace mox
+}  // namespace mox::move

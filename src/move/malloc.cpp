@@ -3,7 +3,7 @@
 #include "frame/export.h"
 #include "support/moxcore.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 template <unsigned elementBytes>
@@ -31,4 +31,4 @@ MOX_EXPORT_SHARED(moxsMalloc_64fc, mallocElements<16>);
 
 MOX_EXPORT(moxsFree, [](void* p) { moxFree(p); });
 
-}  // namespace mox
+}  // namespace mox::move

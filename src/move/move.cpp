@@ -5,7 +5,7 @@
 #include "move/copy.h"
 #include "move/copy_kernels.h"
 
-namespace mox {
+namespace mox::move {
 
 void moveBytes(const void* from, void* to, long bytes) {
   const auto* src = static_cast<const Mox8u*>(from);
@@ -38,4 +38,4 @@ MOX_EXPORT_SHARED(moxsMove_32sc, move<8>);
 MOX_EXPORT_SHARED(moxsMove_64fc, move<16>);
 MOX_EXPORT_SHARED(moxsMove_64sc, move<16>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -6,7 +6,7 @@
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 // Gathers a bit string, the most significant bit first, and writes it out by words of 32 bits as
@@ -65,4 +65,4 @@ MoxStatus packBits(const Mox32u* src, const int* bitWidths, int len, Mox8u* dst,
 
 MOX_EXPORT(moxsPackBits_32u8u, packBits);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -4,7 +4,7 @@
 #include "frame/export.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 // Elements of one size share the fill, not the body: `val` arrives in different registers.
@@ -31,4 +31,4 @@ MOX_EXPORT(moxsSet_32sc, set<Mox32sc>);
 MOX_EXPORT(moxsSet_64fc, set<Mox64fc>);
 MOX_EXPORT(moxsSet_64sc, set<Mox64sc>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -4,7 +4,7 @@
 
 #include <moxsp/types.h>
 
-namespace mox {
+namespace mox::move {
 
 // While it lives, string instructions go upwards; the direction flag is put back at the end.
 class StringsUpwards {
@@ -40,4 +40,4 @@ inline void repeatStore(Mox64u val, Mox8u* dst, long count) {
   asm volatile("rep stosq" : "+D"(dst), "+c"(count) : "a"(val) : "memory");
 }
 
-}  // namespace mox
+}  // namespace mox::move

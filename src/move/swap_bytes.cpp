@@ -8,7 +8,7 @@
 #include "frame/map.h"
 #include "frame/packed24.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 Mox16u swapped(Mox16u e) { return __builtin_bswap16(e); }
@@ -19,7 +19,7 @@ Packed24u swapped(Packed24u e) {
   return e;
 }
 
-using Bytes = V<Mox8u, 16>;
+using Bytes = I<Mox8u>;
 
 // Where the byte that belongs at place i stands: mirrored within its element.
 template <int size>
@@ -80,4 +80,4 @@ MOX_EXPORT(moxsSwapBytes_24u_I, inPlace<swapBytes<Packed24u>>);
 MOX_EXPORT(moxsSwapBytes_32u_I, inPlace<swapBytes<Mox32u>>);
 MOX_EXPORT(moxsSwapBytes_64u_I, inPlace<swapBytes<Mox64u>>);
 
-}  // namespace mox
+}  // namespace mox::move

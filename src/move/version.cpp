@@ -4,7 +4,7 @@
 #include "move/version_numbers.h"
 #include "support/moxcore.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 constexpr moxLibraryVersion record = {versionMajor, versionMinor,     versionUpdate, revision,
@@ -24,4 +24,4 @@ const moxLibraryVersion* getLibVersion() { return &record; }
 
 MOX_EXPORT(moxsGetLibVersion, getLibVersion);
 
-}  // namespace mox
+}  // namespace mox::move

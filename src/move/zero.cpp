@@ -4,7 +4,7 @@
 #include "frame/export.h"
 #include "move/fill.h"
 
-namespace mox {
+namespace mox::move {
 namespace {
 
 // One body for each element size.
@@ -29,4 +29,4 @@ MOX_EXPORT_SHARED(moxsZero_32sc, zero<8>);
 MOX_EXPORT_SHARED(moxsZero_64fc, zero<16>);
 MOX_EXPORT_SHARED(moxsZero_64sc, zero<16>);
 
-}  // namespace mox
+}  // namespace mox::move

@@ -6,7 +6,7 @@
 #include "move/fill.h"
 #include "stats/sort_order.h"
 
-namespace mox {
+namespace mox::stats {
 
 constexpr int byteValues = 256;
 
@@ -30,9 +30,9 @@ void sortByCounting(Mox8u* srcDst, long len) {
   countBytes(srcDst, len, counts);
   for (int rank = 0; rank < byteValues; ++rank) {
     const int value = Order::before(0, 1) ? rank : byteValues - 1 - rank;
-    fill(patternOf(Mox8u(value)), srcDst, counts[value]);
+    move::fill(move::patternOf(Mox8u(value)), srcDst, counts[value]);
     srcDst += counts[value];
   }
 }
 
-}  // namespace mox
+}  // namespace mox::stats

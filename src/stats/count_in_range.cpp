@@ -5,13 +5,13 @@
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 MoxStatus countInRange(const Mox32s* src, int len, int* counts, Mox32s lowerBound,
                        Mox32s upperBound) {
   if (MoxStatus s = checkArrays(len, src, counts)) return s;
-  using T = V<Mox32s, 4>;
+  using T = I<Mox32s>;
   constexpr int vecs = 4, block = vecs * laneCount<T>;
   T found[vecs] = {};  // minus the numbers found
   long i = 0;
@@ -34,4 +34,4 @@ MoxStatus countInRange(const Mox32s* src, int len, int* counts, Mox32s lowerBoun
 
 MOX_EXPORT(moxsCountInRange_32s, countInRange);
 
-}  // namespace mox
+}  // namespace mox::stats

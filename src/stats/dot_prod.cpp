@@ -7,7 +7,7 @@
 #include "frame/rounding_control.h"
 #include "stats/terms.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 // Four accumulators of `group` lanes, which are added in pairs.
@@ -121,4 +121,4 @@ MOX_EXPORT(moxsDotProd_16s32s32s_Sfs, dotProdScaled<Mox16s, Mox32s, Mox32s>);
 MOX_EXPORT(moxsDotProd_32sc_Sfs, dotProdScaled<Mox32sc, Mox32sc, Mox32sc>);
 MOX_EXPORT(moxsDotProd_32s32sc_Sfs, dotProdScaled<Mox32s, Mox32sc, Mox32sc>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -8,7 +8,7 @@
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 // One sum, or that of either part.
@@ -62,4 +62,4 @@ MOX_EXPORT(moxsDotProd_16sc32fc, dotProd<Mox16sc, Mox16sc, Mox32fc>);
 MOX_EXPORT(moxsDotProd_16sc_Sfs, dotProdScaled<Mox16sc, Mox16sc, Mox16sc>);
 MOX_EXPORT(moxsDotProd_16sc32sc_Sfs, dotProdScaled<Mox16sc, Mox16sc, Mox32sc>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -10,7 +10,7 @@
 #include "frame/vec/vec.h"
 #include "stats/pages_ahead.h"
 
-namespace mox {
+namespace mox::stats {
 
 // A kind of term: from `step` elements of each source it makes four lanes for each channel, which
 // stay below 2^32 when `bias` is added to their sum over `block` elements.
@@ -27,13 +27,13 @@ struct LaneTotals {
 
 namespace detail {
 
-using Lanes32 = V<Mox32u, 4>;
+using Lanes32 = I<Mox32u>;
 
 class WideLanes {
  public:
   // The lanes as pairs hold 2^32 * odd + even.
   [[gnu::always_inline]] void add(Lanes32 lanes) {
-    const auto pairs = V<Mox64u, 2>(lanes);
+    const auto pairs = I<Mox64u>(lanes);
     pairs_ += pairs;
     odd_ += pairs >> 32;
   }
@@ -47,7 +47,7 @@ class WideLanes {
   }
 
  private:
-  V<Mox64u, 2> pairs_{}, odd_{};
+  I<Mox64u> pairs_{}, odd_{};
 };
 
 // What is left of a source, followed by zeros.
@@ -98,4 +98,4 @@ auto sumExactly(const Terms& terms, long len, const E*... src) {
   return totals;
 }
 
-}  // namespace mox
+}  // namespace mox::stats

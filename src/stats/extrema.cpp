@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "stats/extrema_scan.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 // No magnitude exceeds the maximum of the type.
@@ -116,4 +116,4 @@ MOX_EXPORT(moxsMinMaxIndx_32u, minMaxWithIndex<Mox32u>);
 MOX_EXPORT(moxsMinMaxIndx_64f, minMaxWithIndex<Mox64f>);
 MOX_EXPORT(moxsMinMaxIndx_8u, minMaxWithIndex<Mox8u>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -6,7 +6,7 @@
 #include "frame/in_place.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 constexpr auto larger = [](auto a, auto b) { return greater(a, b); };
@@ -46,4 +46,4 @@ MOX_EXPORT(moxsMinEvery_64f_I, inPlace<every<smaller, Mox64f>>);
 MOX_EXPORT(moxsMinEvery_8u, every<smaller, Mox8u>);
 MOX_EXPORT(moxsMinEvery_8u_I, inPlace<every<smaller, Mox8u>>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -9,7 +9,7 @@
 #include "frame/export.h"
 #include "stats/extrema_scan.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 struct Magnitude {
@@ -79,4 +79,4 @@ MOX_EXPORT(moxsMaxOrder_32f, maxOrder<Mox32f>);
 MOX_EXPORT(moxsMaxOrder_32s, maxOrder<Mox32s>);
 MOX_EXPORT(moxsMaxOrder_64f, maxOrder<Mox64f>);
 
-}  // namespace mox
+}  // namespace mox::stats

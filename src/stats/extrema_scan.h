@@ -12,7 +12,7 @@
 #include "frame/vec/vec.h"
 #include "stats/pages_ahead.h"
 
-namespace mox {
+namespace mox::stats {
 
 // Relations: does a beat b, and which of the two stays when b was there first?
 struct Larger {
@@ -180,4 +180,4 @@ template <class Key, class E, class K>
   return 0;
 }
 
-}  // namespace mox
+}  // namespace mox::stats

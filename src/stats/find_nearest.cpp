@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 int nearestIndex(Mox16u value, const Mox16u* table, int tableLen) {
@@ -50,4 +50,4 @@ MoxStatus findNearest(const Mox16u* src, Mox16u* outVals, int* outIndices, int l
 MOX_EXPORT(moxsFindNearestOne_16u, findNearestOne);
 MOX_EXPORT(moxsFindNearest_16u, findNearest);
 
-}  // namespace mox
+}  // namespace mox::stats

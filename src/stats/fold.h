@@ -18,7 +18,7 @@
 #include "frame/widen.h"
 #include "stats/pages_ahead.h"
 
-namespace mox {
+namespace mox::stats {
 
 enum class Tail {
   halves,  // lanes/2 terms to the lanes from 0 on, then lanes/4, and so on down to 1, as they fit
@@ -268,4 +268,4 @@ template <Order order, class F, int parts = 1, class Combine = Plus, class Terms
   return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(peel);
 }
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -3,19 +3,17 @@
 
 #include "stats/exact_sum.h"
 
-namespace mox {
+namespace mox::stats {
 
 // Magnitudes of numbers, or of their differences, as unsigned numbers of 16 bits.
-inline V<Mox16u, 8> magnitudes(V<Mox16s, 8> x) {
-  return V<Mox16u, 8>(greater(x, V<Mox16s, 8>(-V<Mox16u, 8>(x))));
-}
-inline V<Mox16u, 8> magnitudes(V<Mox16s, 8> a, V<Mox16s, 8> b) {
-  return V<Mox16u, 8>(greater(a, b)) - V<Mox16u, 8>(lesser(a, b));
+inline I<Mox16u> magnitudes(I<Mox16s> x) { return I<Mox16u>(greater(x, I<Mox16s>(-I<Mox16u>(x)))); }
+inline I<Mox16u> magnitudes(I<Mox16s> a, I<Mox16s> b) {
+  return I<Mox16u>(greater(a, b)) - I<Mox16u>(lesser(a, b));
 }
 
 namespace detail {
 
-using Words = V<Mox16s, 8>;
+using Words = I<Mox16s>;
 
 constexpr long blockElements = 65536;
 constexpr Mox32u signedBias = 1u << 31;
@@ -31,9 +29,7 @@ constexpr IntegerTerms complexProducts = {.step = 4, .block = 4, .bias = 0x7FFF8
 
 inline Lanes32 addPairs(Words a, Words b) { return Lanes32(multiplyAddPairs(a, b)); }
 inline Lanes32 addPairs(Words a) { return addPairs(a, Words{} + 1); }
-inline Lanes32 addUnsignedPairs(V<Mox16u, 8> x) {
-  return (Lanes32(x) & 0xFFFF) + (Lanes32(x) >> 16);
-}
+inline Lanes32 addUnsignedPairs(I<Mox16u> x) { return (Lanes32(x) & 0xFFFF) + (Lanes32(x) >> 16); }
 
 }  // namespace detail
 
@@ -113,7 +109,7 @@ inline std::array<Mox64s, 2> dotOf16s16sc(const Mox16s* a, const Mox16sc* b, lon
   using detail::Words;
   const auto terms = [](const Mox16s* p, const Mox16sc* q) {
     // x0 x1 x0 x1 x2 x3 x2 x3 beside r0 r1 i0 i1 r2 r3 i2 i3
-    const auto pairs = V<Mox32u, 4>(V<Mox64u, 2>{load<Mox64u>(p)});
+    const auto pairs = I<Mox32u>(I<Mox64u>{load<Mox64u>(p)});
     const auto x = Words(shuffle<[](int i) { return i / 2; }>(pairs));
     const auto z = shuffle<[](int i) { return i / 4 * 4 + i % 2 * 2 + i / 2 % 2; }>(load<Words>(q));
     return std::array{detail::addPairs(x, z)};
@@ -133,4 +129,4 @@ inline std::array<Mox64s, 2> dotOf16sc(const Mox16sc* a, const Mox16sc* b, long 
   return {sums[0].all(), sums[1].all()};
 }
 
-}  // namespace mox
+}  // namespace mox::stats

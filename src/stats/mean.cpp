@@ -8,7 +8,7 @@
 #include "stats/scaled_result.h"
 #include "stats/sum.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 template <class E>
@@ -92,4 +92,4 @@ MOX_EXPORT(moxsMean_16s_Sfs, mean16s);
 MOX_EXPORT(moxsMean_16sc_Sfs, mean16sc);
 MOX_EXPORT(moxsMean_32s_Sfs, mean32s);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -7,7 +7,7 @@
 #include "frame/export.h"
 #include "stats/terms.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 enum class Norm { Inf, L1, L2 };
@@ -69,7 +69,7 @@ auto squaredMagnitudes(const Numbers& numbers) {
 template <class T>
 [[gnu::always_inline]] inline T quickRoot(T squared) {
   if constexpr (std::is_same_v<T, V<Mox32f, 4>>) {
-    if (anyLane(V<Mox32s, 4>(squared) == 0)) return squareRoot(squared);
+    if (anyLane(I<Mox32s>(squared) == 0)) return squareRoot(squared);
     const T estimate = reciprocalRootEstimate(squared);
     const T root = squared * estimate, one = root * estimate;
     return 0.5f * (3.0f - one) * root;
@@ -146,4 +146,4 @@ MOX_EXPORT(moxsNormDiff_L2_64f, normDiff<Norm::L2, Mox64f, Mox64f>);
 MOX_EXPORT(moxsNormDiff_L2_32fc64f, normDiff<Norm::L2, Mox32fc, Mox64f>);
 MOX_EXPORT(moxsNormDiff_L2_64fc64f, normDiff<Norm::L2, Mox64fc, Mox64f>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -10,7 +10,7 @@
 #include "stats/integer_sums.h"
 #include "stats/terms.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 struct Inf {
@@ -21,7 +21,7 @@ struct Inf {
       if constexpr (std::is_integral_v<T>)
         return std::array{T(std::abs(difference(int(load<Mox16s>(p + i))...)))};
       else
-        return std::array{magnitudes(load<V<Mox16s, 8>>(p + i)...)};
+        return std::array{magnitudes(load<I<Mox16s>>(p + i)...)};
     };
     return fold<anyOrder, Mox16u, 1, Max>(ofSources(terms, src...), len).of[0][0];
   }
@@ -132,4 +132,4 @@ MOX_EXPORT(moxsNormDiff_L1_16s64s_Sfs, scaledNormDiff<L1, shiftedWide, Mox64s>);
 MOX_EXPORT(moxsNormDiff_L2Sqr_16s64s_Sfs, scaledNormDiff<L2Sqr, shiftedWide, Mox64s>);
 MOX_EXPORT(moxsNormDiff_L2_16s32s_Sfs, scaledNormDiff<L2Sqr, scaledRoot, Mox32s>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 template <class E>
@@ -58,4 +58,4 @@ MOX_EXPORT(moxsNormalize_64fc, normalize<Mox64fc>);
 MOX_EXPORT(moxsNormalize_16s_Sfs, normalizeScaled<Mox16s>);
 MOX_EXPORT(moxsNormalize_16sc_Sfs, normalizeScaled<Mox16sc>);
 
-}  // namespace mox
+}  // namespace mox::stats

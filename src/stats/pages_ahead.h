@@ -2,7 +2,7 @@
 // ends with the page at hand.
 #pragma once
 
-namespace mox {
+namespace mox::stats {
 
 // What one pass through a vector asks for. Short vectors are in a cache, where asking is a waste.
 template <class E>
@@ -26,4 +26,4 @@ class PagesAhead {
   long end_;
 };
 
-}  // namespace mox
+}  // namespace mox::stats

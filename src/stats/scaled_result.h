@@ -6,7 +6,7 @@
 #include "frame/rounding.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 
 // 2^-factor; from 2^-1023 on it is 0.
 inline Mox64f scaleMultiplier(int factor) {
@@ -25,4 +25,4 @@ T heldInteger(Mox64f x) {
   return T(toInteger(std::clamp(x, Mox64f(Limits<T>::min), Mox64f(Limits<T>::max))));
 }
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -9,7 +9,7 @@
 #include "stats/sort_order.h"
 #include "stats/sort_quick.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 constexpr int leastCounted = 128;  // bytes
@@ -61,4 +61,4 @@ MOX_EXPORT(moxsSortIndexDescend_32s_I, sortIndex<Descending, Mox32s>);
 MOX_EXPORT(moxsSortIndexDescend_32f_I, sortIndex<Descending, Mox32f>);
 MOX_EXPORT(moxsSortIndexDescend_64f_I, sortIndex<Descending, Mox64f>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -3,7 +3,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 
 struct Ascending {
   static constexpr auto before(auto a, auto b) { return a < b; }
@@ -34,4 +34,4 @@ struct Descending {
   }
 };
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -10,7 +10,7 @@
 #include "stats/sort_order.h"
 #include "stats/sort_sequence.h"
 
-namespace mox {
+namespace mox::stats {
 
 // Inclusive bounds.
 struct Segment {
@@ -127,4 +127,4 @@ Cut partition(Sequence s, Segment segment) {
   return cut;
 }
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -10,7 +10,7 @@
 #include "stats/sort_partition.h"
 #include "stats/sort_sequence.h"
 
-namespace mox {
+namespace mox::stats {
 
 constexpr int leafLength = 9;
 
@@ -63,4 +63,4 @@ void quickSort(Sequence s, long len) {
   }
 }
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -8,7 +8,7 @@
 #include "stats/sort_radix_cut.h"
 #include "stats/sort_radix_passes.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 template <class Key, class T>
@@ -90,4 +90,4 @@ MOX_EXPORT(moxsSortRadixIndexDescend_32s, sortRadixIndex<Descending, Mox32s>);
 MOX_EXPORT(moxsSortRadixIndexDescend_32u, sortRadixIndex<Descending, Mox32u>);
 MOX_EXPORT(moxsSortRadixIndexDescend_32f, sortRadixIndex<Descending, Mox32f>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -12,7 +12,7 @@
 #include "frame/vec/vec.h"
 #include "stats/sort_radix_passes.h"
 
-namespace mox {
+namespace mox::stats {
 
 constexpr long longestUncut = 1 << 19;
 constexpr int lineBytes = 64;  // of a cache
@@ -129,4 +129,4 @@ void sortByParts(T* keys, T* other, long len, bool intoOther) {
   }
 }
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -14,7 +14,7 @@
 #include "move/copy.h"
 #include "stats/sort_order.h"
 
-namespace mox {
+namespace mox::stats {
 
 // Two's complement numbers are in order once the sign bit is turned; so are floats, but for the
 // negative ones, which run backwards. The descending map is the complement of the ascending one:
@@ -93,7 +93,7 @@ class DigitTables {
 
   // Turns counts into places: sums of the counts before, four at a time.
   void place() {
-    using Four = V<Mox32u, 4>;
+    using Four = I<Mox32u>;
     Mox32u* table = entries_;
     for (const Digit& digit : Digits::digits) {
       Four next = {};
@@ -176,8 +176,8 @@ template <class Key, class Digits, class T>
 void sortByDigits(T* keys, T* other, long len, bool intoOther) {
   sortByDigits<Key, Digits>(keys, other, len);
   constexpr bool inOther = digitCount<Digits> % 2;
-  if (inOther && !intoOther) copyElements(other, keys, len);
-  if (!inOther && intoOther) copyElements(keys, other, len);
+  if (inOther && !intoOther) move::copyElements(other, keys, len);
+  if (!inOther && intoOther) move::copyElements(keys, other, len);
 }
 
-}  // namespace mox
+}  // namespace mox::stats

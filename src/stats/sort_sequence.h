@@ -7,7 +7,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 
 template <class T>
 struct PlainKeys {
@@ -62,4 +62,4 @@ template <class Order, class Item>
   b.key = second;
 }
 
-}  // namespace mox
+}  // namespace mox::stats

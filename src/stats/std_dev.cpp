@@ -9,7 +9,7 @@
 #include "stats/scaled_result.h"
 #include "stats/sum.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 constexpr Order accurateMoments = {.lanes = 16, .tail = Tail::halves};
@@ -148,4 +148,4 @@ MOX_EXPORT(moxsMeanStdDev_64f, meanStdDev64f);
 MOX_EXPORT(moxsMeanStdDev_16s_Sfs, meanStdDev16s<Mox16s>);
 MOX_EXPORT(moxsMeanStdDev_16s32s_Sfs, meanStdDev16s<Mox32s>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -9,7 +9,7 @@
 #include "stats/integer_sums.h"
 #include "stats/scaled_result.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 template <class E>
@@ -65,4 +65,4 @@ MOX_EXPORT(moxsSum_16sc_Sfs, sum16sc<Mox16sc>);
 MOX_EXPORT(moxsSum_16sc32sc_Sfs, sum16sc<Mox32sc>);
 MOX_EXPORT(moxsSum_32s_Sfs, sum32s);
 
-}  // namespace mox
+}  // namespace mox::stats

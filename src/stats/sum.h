@@ -3,7 +3,7 @@
 
 #include "stats/terms.h"
 
-namespace mox {
+namespace mox::stats {
 
 // With this hint speed goes before accuracy; any other stands for the accurate path.
 constexpr int fastHint = 1;
@@ -59,4 +59,4 @@ PartSums<E> sumOf(const E* src, long len, int hint = 0) {
   }
 }
 
-}  // namespace mox
+}  // namespace mox::stats

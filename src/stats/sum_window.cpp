@@ -5,7 +5,7 @@
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 template <class E>
@@ -29,4 +29,4 @@ MoxStatus sumWindow(const E* src, Mox32f* dst, int len, int maskSize) {
 MOX_EXPORT(moxsSumWindow_8u32f, sumWindow<Mox8u>);
 MOX_EXPORT(moxsSumWindow_16s32f, sumWindow<Mox16s>);
 
-}  // namespace mox
+}  // namespace mox::stats

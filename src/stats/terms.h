@@ -8,7 +8,7 @@
 #include "frame/widen.h"
 #include "stats/fold.h"
 
-namespace mox {
+namespace mox::stats {
 
 // Elements before `p` reaches the alignment, `len` at the most; none when it never does.
 template <class E>
@@ -62,4 +62,4 @@ auto termsOf(Op op, const E*... src) {
   return ofSources(terms, parts(src)...);
 }
 
-}  // namespace mox
+}  // namespace mox::stats

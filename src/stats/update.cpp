@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/rounding.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 struct Linear {
@@ -63,4 +63,4 @@ MoxStatus update(const Mox16s* src, int len, Mox32s* srcDst, int shift, Mox16s a
 MOX_EXPORT(moxsUpdateLinear_16s32s_I, update<Linear>);
 MOX_EXPORT(moxsUpdatePower_16s32s_I, update<Power>);
 
-}  // namespace mox
+}  // namespace mox::stats

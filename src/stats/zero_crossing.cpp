@@ -8,7 +8,7 @@
 #include "frame/export.h"
 #include "frame/map.h"
 
-namespace mox {
+namespace mox::stats {
 namespace {
 
 using Lanes = V<Mox32f>;
@@ -58,4 +58,4 @@ MoxStatus zeroCrossing(const E* src, int len, Mox32f* result, int zcType) {
 MOX_EXPORT(moxsZeroCrossing_32f, zeroCrossing<Mox32f>);
 MOX_EXPORT(moxsZeroCrossing_16s32f, zeroCrossing<Mox16s>);
 
-}  // namespace mox
+}  // namespace mox::stats

@@ -7,10 +7,10 @@
 #include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
+#include "frame/pair.h"
 #include "transforms/packed_layouts.h"
-#include "transforms/pairs.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace {
 
 // -a; the one integer that has no negative saturates.
@@ -99,4 +99,4 @@ MOX_EXPORT(moxsConjCcs_32fc_I, expandInPlace<CcsLayout, Mox32fc>);
 MOX_EXPORT(moxsConjCcs_64fc_I, expandInPlace<CcsLayout, Mox64fc>);
 MOX_EXPORT(moxsConjCcs_16sc_I, expandInPlace<CcsLayout, Mox16sc>);
 
-}  // namespace mox
+}  // namespace mox::transforms

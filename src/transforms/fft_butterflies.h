@@ -3,7 +3,7 @@
 
 #include "transforms/complex_vector.h"
 
-namespace mox {
+namespace mox::transforms {
 
 template <Direction, class F, class Z>
 [[gnu::always_inline]] inline void butterfly(Z (&)[1]) {}
@@ -46,4 +46,4 @@ template <Direction direction, class F, class Z>
   a[7] = even[3] + turnedThree;
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

@@ -6,7 +6,7 @@
 #include "transforms/fft_mid.h"
 #include "transforms/fft_tables.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace detail {
 
 constexpr int reversed(int i, int bits) {
@@ -23,7 +23,7 @@ class Tiles {
   using Shape = LeafShape<F, radix>;
   static constexpr int bits = FftLimits<F>::tileBits, side = 1 << bits;
   // Rows that are a power of two apart fall onto the same lines of the cache.
-  static constexpr int rowStride = side + numbersInMixed<F> * 2;
+  static constexpr int rowStride = side + (lanesOf<F> / 2) * 2;
 
  public:
   static constexpr long bufferNumbers = rowStride * side;
@@ -33,9 +33,9 @@ class Tiles {
 
   void fetch(long tile, F* buffer) const {
     for (int row = 0; row < side; ++row)
-      for (int column = 0; column < side; column += numbersInMixed<F>)
+      for (int column = 0; column < side; column += (lanesOf<F> / 2))
         store(buffer + 2 * (row * rowStride + column),
-              src_.mixed(row * rowLength_ + tile * side + column).v);
+              src_.interleaved(row * rowLength_ + tile * side + column));
   }
 
   void put(const F* buffer, long tile) const {
@@ -46,7 +46,7 @@ class Tiles {
             to,
             [=](int k, int part) {
               const int row = k * (side / radix) + rowOf(block, part);
-              return Mixed<F>{load<V<F>>(buffer + 2 * (row * rowStride + column))};
+              return load<V<F>>(buffer + 2 * (row * rowStride + column));
             },
             [=, this](int c) {
               return reversed(column + c, bits) * rowLength_ + block * Shape::runs;
@@ -94,15 +94,15 @@ void lastOuterStage(const F* block, const F* twiddle, long q, Place place) {
   using T = V<F>;
   constexpr F diagonal = F(0.70710678118654752440L);
   const Blocks<F> area = {const_cast<F*>(block)};
-  const auto step = [&](long j, Lanes<T> w1, Lanes<T> w2) {
-    Lanes<T> a[4];
-    for (int k = 0; k < 4; ++k) a[k] = area.lanes(j + k * q);
+  const auto step = [&](long j, Pair<T> w1, Pair<T> w2) {
+    Pair<T> a[4];
+    for (int k = 0; k < 4; ++k) a[k] = area.pair(j + k * q);
     stageButterfly<direction>(a, w1, w2, rotated<Direction::forward>(w1, w2));
     for (int k = 0; k < 4; ++k) place(j + k * q, a[k]);
   };
   for (long j = 0; j < q / 2; j += lanesOf<F>, twiddle += 4 * lanesOf<F>) {
     const auto run = [=](int i) { return load<T>(twiddle + i * lanesOf<F>); };
-    const Lanes<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)};
+    const Pair<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)};
     step(j, w1, w2);
     step(j + q / 2, {(w1.re + w1.im) * diagonal, (w1.im - w1.re) * diagonal}, {w2.im, -w2.re});
   }
@@ -123,8 +123,8 @@ void joinRows(Area area, Target dst, int order, const F* twiddle, F* work) {
     for (; 4 * q < rows.count * c; twiddle += 6 * q, q *= 4)
       ownFftRadix4Pass<direction>(block, twiddle, q, rows.count * c / (4 * q));
     const Target to = dst.from(column);
-    lastOuterStage<direction>(work, twiddle, q, [&](long i, Lanes<V<F>> z) {
-      to.putLanes(i / c * rows.length + i % c, z);
+    lastOuterStage<direction>(work, twiddle, q, [&](long i, Pair<V<F>> z) {
+      to.putPair(i / c * rows.length + i % c, z);
     });
     twiddle += 2 * q;
   }
@@ -138,7 +138,7 @@ void transformRows(const FftSpec<F>& spec, Area area, Target dst, int order, boo
     const Area one = area.from(row * rows.length);
     if (rows.order < FftLimits<F>::largeOrder) {
       ownFftRec<direction>(one, rows.length, static_cast<const F*>(spec.twiddle));
-      if (scaled) one.scale(spec.normFactor, rows.length);
+      if (scaled) scale(one, spec.normFactor, rows.length);
     } else if constexpr (depth + 1 < fftMaxDepth) {
       transformRows<direction, depth + 1>(spec, one, one, rows.order, scaled, work);
     }
@@ -148,8 +148,8 @@ void transformRows(const FftSpec<F>& spec, Area area, Target dst, int order, boo
 
 }  // namespace detail
 
-template <Direction direction, class F, template <class> class Layout>
-void ownFftLarge(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int order, bool scaled,
+template <Direction direction, class View, class F>
+void ownFftLarge(const FftSpec<F>& spec, typename View::Const src, View dst, int order, bool scaled,
                  F* work) {
   const auto area = largeArea(dst);
   const bool inPlace = sameArrays(src, dst);
@@ -160,4 +160,4 @@ void ownFftLarge(const FftSpec<F>& spec, Layout<const F> src, Layout<F> dst, int
   detail::transformRows<direction>(spec, area, dst, order, scaled, work);
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

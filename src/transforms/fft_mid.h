@@ -4,7 +4,7 @@
 #include "transforms/fft_spec.h"
 #include "transforms/fft_stages.h"
 
-namespace mox {
+namespace mox::transforms {
 
 // The stages behind the leaves up to transforms of `len` numbers, over `total` numbers that hold
 // several of them. The result is the twiddle pointer behind the last stage.
@@ -35,8 +35,8 @@ const F* ownFftRec(Area area, long len, const F* twiddle) {
   return behind + 6 * q;
 }
 
-template <Direction direction, class F, template <class> class Layout>
-void ownFftMid(Layout<const F> src, Layout<F> dst, long n, const F* twiddle, const int* bitRev,
+template <Direction direction, class View, class F>
+void ownFftMid(typename View::Const src, View dst, long n, const F* twiddle, const int* bitRev,
                F* work) {
   const Blocks<F> area = midArea(src, dst, work);
   if (__builtin_ctzl(n) % 2)
@@ -52,4 +52,4 @@ void ownFftMid(Layout<const F> src, Layout<F> dst, long n, const F* twiddle, con
   joinFour<direction>(area, q, dst, last, q);
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

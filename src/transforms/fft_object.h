@@ -1,26 +1,77 @@
-// The life of a transform's record, for all kinds of floats. A Kind has
-//   Float, id, maxOrder, maxSmallOrder   (up to there kernels need no tables)
-//   sizes(order) -> FftSizes             (of orders above maxSmallOrder)
-//   buildTables(spec, order, sine, next) (likewise; sets bufSize too)
+// The kinds of transform objects on floats, and their life.
 #pragma once
 
 #include <cmath>
-#include <cstring>
 
-#include "frame/arena.h"
-#include "frame/checks.h"
-#include "frame/object.h"
-#include "support/moxcore.h"
+#include "frame/lifecycle.h"
+#include "frame/work_buffer.h"
+#include "transforms/fft_figures.h"
 #include "transforms/fft_tables.h"
 
-namespace mox {
+namespace mox::transforms {
 
-// Bytes, without slack: of the tables behind the record, and of the work buffer.
-struct FftSizes {
-  long tables, work;
+// What all kinds on data of type F have in common. A kind adds its orders, and the layout, contents
+// and figures of its tables.
+template <class F>
+struct FloatKind {
+  using Float = F;
+  using Head = MoxsFFTSpec;
+  using Record = FftSpec<F>;
+  static constexpr int alignment = fftAlignment;
+  static constexpr bool releaseClearsId = true;
 };
 
-constexpr int fftRecordSlack = 192;  // the record, rounded up, and the alignment of the block
+template <class F, FftKind kind>
+struct ComplexKind : FloatKind<F> {
+  static constexpr FftKind id = kind;
+  static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
+  static constexpr int maxSmallOrder = fftMaxSmallOrder;
+
+  struct Shape {
+    int order;
+    constexpr void layout(Arena& arena, FftSpec<F>& spec) const {
+      if (order > maxSmallOrder) placeComplexTables(arena, spec, order);
+    }
+  };
+
+  // Of orders above the small ones.
+  static constexpr long tablesFigure(int order) { return complexTablesFigure<F>(order); }
+  static constexpr long workBytes(int order) { return complexWorkBytes<F>(order); }
+  static void fill(FftSpec<F>& spec, int order, QuarterSine<F> sine) {
+    fillComplexTables(spec, order, sine);
+  }
+};
+
+// The complex transform of half the length, and what joins its spectrum and the real one.
+template <class F>
+struct RealKind : FloatKind<F> {
+  static constexpr FftKind id = sizeof(F) == 4 ? fftReal32f : fftReal64f;
+  static constexpr int maxOrder = FftLimits<F>::maxComplexOrder + 1;
+  static constexpr int maxSmallOrder = fftMaxSmallRealOrder;
+
+  static constexpr bool hasComplexTables(int order) { return order - 1 > fftMaxSmallOrder; }
+
+  struct Shape {
+    int order;
+    constexpr void layout(Arena& arena, FftSpec<F>& spec) const {
+      if (hasComplexTables(order)) placeComplexTables(arena, spec, order - 1);
+      if (order > maxSmallOrder) placeRealTables(arena, spec, order);
+    }
+  };
+
+  static constexpr long tablesFigure(int order) {
+    return (hasComplexTables(order) ? complexTablesFigure<F>(order - 1) : 0) +
+           realTablesFigure<F>(order);
+  }
+  static constexpr long workBytes(int order) {
+    return hasComplexTables(order) ? complexWorkBytes<F>(order - 1) : 0;
+  }
+  static void fill(FftSpec<F>& spec, int order, QuarterSine<F> sine) {
+    if (hasComplexTables(order)) fillComplexTables(spec, order - 1, sine);
+    ownFftRealTwiddleFwd(order, sine, spec.realFwdTwiddle);
+    ownFftRealTwiddleInv(order, sine, spec.realInvTwiddle);
+  }
+};
 
 // Whether each direction multiplies by the factor, from the caller's flag.
 struct FftNorm {
@@ -37,127 +88,87 @@ F fftNormFactor(int flag, int order) {
   return flag == 4 ? F(1 / std::sqrt(double(n))) : flag == 8 ? F(0) : F(1) / F(n);
 }
 
+// The contents of a record that has its tables; `initBuf` has fftInitSize() bytes.
 template <class Kind>
-constexpr bool fftOrderIsGood(int order) {
-  return unsigned(order) <= unsigned(Kind::maxOrder);
+void fillSpec(typename Kind::Record& spec, int order, int flag, int hint, Mox8u* initBuf) {
+  using F = typename Kind::Float;
+  const FftNorm norm = fftNorm(flag);
+  spec.order = order;
+  spec.fwdNorm = norm.fwd;
+  spec.invNorm = norm.inv;
+  spec.normFactor = fftNormFactor<F>(flag, order);
+  spec.hint = hint;
+  if (order <= Kind::maxSmallOrder) return;
+  spec.bufSize = Mox32s(Kind::workBytes(order));
+  Kind::fill(spec, order, quarterSine<F>(order, initBuf));
 }
 
 template <class Kind>
-MoxStatus fftGetSize(int order, int flag, int /*hint*/, int* specSize, int* initSize,
-                     int* workSize) {
+constexpr bool orderIsGood(int order) {
+  return unsigned(order) <= unsigned(Kind::maxOrder);
+}
+
+// A record and its tables, at any address.
+template <class Kind>
+constexpr long specFigure(int order) {
+  return order <= Kind::maxSmallOrder ? fftRecordFigure<typename Kind::Float>
+                                      : Kind::tablesFigure(order) + fftTablesSlack;
+}
+
+// A work buffer's bytes with the slack for any address.
+constexpr int bufferFigure(long bytes) { return bytes > 0 ? int(bytes) + fftAlignment : 0; }
+
+template <class Kind>
+MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSize, int* workSize) {
   using F = typename Kind::Float;
   if (unsigned(order) > 30) return moxErrFftOrder;
   if (anyNull(specSize, initSize, workSize)) return moxErrNullPtr;
   if (!fftNorm(flag).known) return moxErrFftFlag;
-  if (!fftOrderIsGood<Kind>(order)) return moxErrFftOrder;
-  if (order <= Kind::maxSmallOrder) {
-    *specSize = int(sizeof(FftSpec<F>)) + fftAlignment;
-    *initSize = *workSize = 0;
+  if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
+  const bool isSmall = order <= Kind::maxSmallOrder;
+  *specSize = int(specFigure<Kind>(order));
+  *initSize = isSmall ? 0 : fftInitSize<F>(order);
+  *workSize = isSmall ? 0 : bufferFigure(Kind::workBytes(order));
+  return moxOk;
+}
+
+template <class Kind>
+MoxStatus init(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* specMem, Mox8u* initBuf) {
+  if (anyNull(spec)) return moxErrNullPtr;
+  if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
+  if (anyNull(specMem)) return moxErrNullPtr;
+  return mox::init<Kind>(spec, Kind::id, {order}, specMem, [&](auto& record) -> MoxStatus {
+    if (!fftNorm(flag).known) return moxErrFftFlag;
+    if (fftInitSize<typename Kind::Float>(order) > 0 && anyNull(initBuf)) return moxErrNullPtr;
+    fillSpec<Kind>(record, order, flag, hint, initBuf);
     return moxOk;
-  }
-  const FftSizes sizes = Kind::sizes(order);
-  *specSize = int(sizes.tables + fftRecordSlack);
-  *initSize = fftInitSize<F>(order);
-  *workSize = sizes.work > 0 ? int(sizes.work) + fftAlignment : 0;
-  return moxOk;
+  });
 }
 
 template <class Kind>
-MoxStatus fftInit(MoxsFFTSpec** spec, int order, int flag, int hint, Mox8u* specMem,
-                  Mox8u* initBuf) {
-  using F = typename Kind::Float;
-  if (!spec) return moxErrNullPtr;
-  if (!fftOrderIsGood<Kind>(order)) return moxErrFftOrder;
-  if (!specMem) return moxErrNullPtr;
-  auto* record = reinterpret_cast<FftSpec<F>*>(alignUp(specMem, fftAlignment));
-  std::memset(static_cast<void*>(record), 0, sizeof *record);
-  const FftNorm norm = fftNorm(flag);
-  if (!norm.known) return moxErrFftFlag;
-  record->order = order;
-  record->fwdNorm = norm.fwd;
-  record->invNorm = norm.inv;
-  record->normFactor = fftNormFactor<F>(flag, order);
-  record->hint = hint;
-  if (order > Kind::maxSmallOrder) {
-    const bool ownSine = order > fftConstantSineOrder;
-    if (ownSine && !initBuf) return moxErrNullPtr;
-    const QuarterSine<F> sine =
-        ownSine ? ownFftSinTable<F>(order, initBuf) : ownFftConstantSine<F>();
-    Kind::buildTables(*record, order, sine,
-                      alignUp(reinterpret_cast<Mox8u*>(record + 1), fftAlignment));
-  }
-  record->id = Kind::id;  // at the end: no record that failed passes for one
-  *spec = record;
-  return moxOk;
-}
-
-template <class Kind>
-MoxStatus fftInitAlloc(MoxsFFTSpec** spec, int order, int flag, int hint) {
-  if (!spec) return moxErrNullPtr;
+MoxStatus initAlloc(MoxsFFTSpec** spec, int order, int flag, int hint) {
+  if (anyNull(spec)) return moxErrNullPtr;
   int specSize, initSize, workSize;
-  if (MoxStatus s = fftGetSize<Kind>(order, flag, hint, &specSize, &initSize, &workSize)) return s;
-  auto* specMem = static_cast<Mox8u*>(moxMalloc(specSize));
-  if (!specMem) return moxErrMemAlloc;
-  Mox8u* initBuf = nullptr;
-  if (initSize > 0 && !(initBuf = static_cast<Mox8u*>(moxMalloc(initSize)))) {
-    moxFree(specMem);
-    return moxErrMemAlloc;
-  }
-  const MoxStatus status = fftInit<Kind>(spec, order, flag, hint, specMem, initBuf);
-  if (initBuf) moxFree(initBuf);
-  if (status != moxOk) {
-    moxFree(specMem);
-    return status;
-  }
-  auto* record = static_cast<FftSpec<typename Kind::Float>*>(*spec);
-  record->allocated = 1;
-  record->specMem = specMem;
-  return moxOk;
+  if (MoxStatus s = getSize<Kind>(order, flag, hint, &specSize, &initSize, &workSize)) return s;
+  return mox::initAlloc<Kind>(spec, Kind::id, {order}, [&](auto& record) -> MoxStatus {
+    const WorkBuffer scratch(nullptr, initSize);
+    if (scratch.failed()) return moxErrMemAlloc;
+    fillSpec<Kind>(record, order, flag, hint, scratch.as<Mox8u>());
+    return moxOk;
+  });
 }
 
 template <class Kind>
-MoxStatus fftFree(MoxsFFTSpec* spec) {
-  if (!spec) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, Kind::id)) return s;
-  auto* record = static_cast<FftSpec<typename Kind::Float>*>(spec);
-  record->id = 0;
-  if (record->allocated == 1) moxFree(record->specMem);
-  return moxOk;
+MoxStatus free(MoxsFFTSpec* spec) {
+  return release<Kind>(spec, Kind::id);
 }
 
 template <class Kind>
-MoxStatus fftGetBufSize(const MoxsFFTSpec* spec, int* size) {
+MoxStatus getBufSize(const MoxsFFTSpec* spec, int* size) {
   if (anyNull(spec, size)) return moxErrNullPtr;
   if (MoxStatus s = requireId(spec, Kind::id)) return s;
-  const int bytes = static_cast<const FftSpec<typename Kind::Float>*>(spec)->bufSize;
-  *size = bytes > 0 ? bytes + fftAlignment : 0;
+  *size = bufferFigure(spec->bufSize);
   return moxOk;
 }
 
-// The complex tables of a transform above the small orders.
-template <class F>
-constexpr FftSizes fftComplexSizes(int order) {
-  if (order < FftLimits<F>::largeOrder) {
-    const long data = 2 * long(sizeof(F)) << order;
-    return {fftRoundUp(data + 2 * long(sizeof(F))) + fftRoundUp((1L << order) + long(sizeof(int))),
-            fftRoundUp(data)};
-  }
-  const FftLargeSizes sizes = ownFftLargeSizes<F>(order);
-  return {sizes.tables, sizes.work};
-}
-
-// A complex transform as a kind of object.
-template <class F, FftKind kind>
-struct ComplexKind {
-  using Float = F;
-  static constexpr FftKind id = kind;
-  static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
-  static constexpr int maxSmallOrder = fftMaxSmallOrder;
-
-  static constexpr FftSizes sizes(int order) { return fftComplexSizes<F>(order); }
-  static void buildTables(FftSpec<F>& spec, int order, QuarterSine<F> sine, Mox8u* next) {
-    fftBuildComplexTables(spec, order, sine, next);
-  }
-};
-
-}  // namespace mox
+}  // namespace mox::transforms

@@ -9,26 +9,26 @@
 #include "frame/in_place.h"
 #include "frame/object.h"
 #include "frame/work_buffer.h"
-#include "transforms/fft_complex.h"
-#include "transforms/fft_real.h"
 #include "transforms/fft_real_post.h"
 #include "transforms/fft_real_small.h"
+#include "transforms/fft_run.h"
 #include "transforms/packed_layouts.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace {
-
-template <class F>
-MoxStatus checkRun(const F* src, const F* dst, const MoxsFFTSpec* spec) {
-  if (anyNull(spec)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, fftRealId<F>)) return s;
-  return anyNull(src, dst) ? MoxStatus(moxErrNullPtr) : moxOk;
-}
 
 template <class F>
 void runSmall(const RealKernels<F>& kernels, const FftSpec<F>& spec, bool scaled, const F* src,
               F* dst) {
   (scaled ? kernels.scaled : kernels.plain)[spec.order](src, dst, spec.normFactor);
+}
+
+// Pairs of samples as complex numbers.
+template <Direction d, class F>
+void runOnPairs(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
+  using C = ComplexOf<F>;
+  ownFftRun<d, Array<C>>(spec, {reinterpret_cast<const C*>(src)}, {reinterpret_cast<C*>(dst)},
+                         spec.order - 1, work);
 }
 
 // dst[0] and dst[1] become the sum and the difference of two numbers: R[0] and R[N/2] from the
@@ -40,84 +40,95 @@ void storeEnds(F* dst, F a, F b) {
 }
 
 template <class Layout, class F>
-MoxStatus forward(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer) {
-  if (MoxStatus s = checkRun(src, dst, object)) return s;
-  const auto& spec = static_cast<const FftSpec<F>&>(*object);
+void runForward(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   const long n = 1L << spec.order;
   if (spec.order <= fftMaxSmallRealOrder) {
     runSmall(realKernelsFwd<F>, spec, spec.fwdNorm, src, dst);
   } else {
-    const WorkBuffer work(buffer, spec.bufSize);
-    if (work.failed()) return moxErrMemAlloc;
-    ownFftRun<F, Direction::forward, Interleaved>(spec, {src}, {dst}, spec.order - 1, work.as<F>());
+    runOnPairs<Direction::forward>(spec, src, dst, work);
     storeEnds(dst, load<F>(dst), load<F>(dst + 1));
     ownFftRealPost(dst, n / 2, spec.realFwdTwiddle);
   }
   if constexpr (!std::is_same_v<Layout, PermLayout>) fromPerm<Layout>(dst, n);
-  return moxOk;
 }
 
 template <class Layout, class F>
-MoxStatus inverse(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer) {
-  if (MoxStatus s = checkRun(src, dst, object)) return s;
-  const auto& spec = static_cast<const FftSpec<F>&>(*object);
+void runInverse(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   const long n = 1L << spec.order;
   if (spec.order <= fftMaxSmallRealOrder) {
     constexpr bool isPerm = std::is_same_v<Layout, PermLayout>;
     if constexpr (!isPerm) toPerm<Layout>(src, dst, n);
     runSmall(realKernelsInv<F>, spec, spec.invNorm, isPerm ? src : dst, dst);
-    return moxOk;
+    return;
   }
-  const WorkBuffer work(buffer, spec.bufSize);
-  if (work.failed()) return moxErrMemAlloc;
   const F first = load<F>(src), middle = load<F>(src + Layout::middle(n));
   // Pairs that lie where those of Perm do are read from where they are.
   const bool pairsMove = Layout::firstPair(n) != PermLayout::firstPair(n);
   if (pairsMove) toPerm<Layout>(src, dst, n);
   storeEnds(dst, first, middle);
   ownFftRealPre(pairsMove ? dst : src, dst, n / 2, spec.realInvTwiddle);
-  ownFftRun<F, Direction::inverse, Interleaved>(spec, {dst}, {dst}, spec.order - 1, work.as<F>());
+  runOnPairs<Direction::inverse>(spec, dst, dst, work);
+}
+
+template <class F, class Run>
+MoxStatus checked(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer, Run run) {
+  if (anyNull(object)) return moxErrNullPtr;
+  if (MoxStatus s = requireId(object, sizeof(F) == 4 ? fftReal32f : fftReal64f)) return s;
+  if (anyNull(src, dst)) return moxErrNullPtr;
+  const auto& spec = static_cast<const FftSpec<F>&>(*object);
+  const WorkBuffer work(buffer, spec.bufSize);
+  if (work.failed()) return moxErrMemAlloc;
+  run(spec, src, dst, work.as<F>());
   return moxOk;
+}
+
+template <class Layout, class F>
+MoxStatus forward(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+  return checked(src, dst, spec, buffer, runForward<Layout, F>);
+}
+template <class Layout, class F>
+MoxStatus inverse(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
+  return checked(src, dst, spec, buffer, runInverse<Layout, F>);
 }
 
 }  // namespace
 
 template <class F>
-MoxStatus ownFftFwdRToPerm(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return forward<PermLayout>(src, dst, spec, buffer);
+void runRealForward(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
+  runForward<PermLayout>(spec, src, dst, work);
 }
 template <class F>
-MoxStatus ownFftInvPermToR(const F* src, F* dst, const MoxsFFTSpec* spec, Mox8u* buffer) {
-  return inverse<PermLayout>(src, dst, spec, buffer);
+void runRealInverse(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
+  runInverse<PermLayout>(spec, src, dst, work);
 }
-template MoxStatus ownFftFwdRToPerm(const Mox32f*, Mox32f*, const MoxsFFTSpec*, Mox8u*);
-template MoxStatus ownFftFwdRToPerm(const Mox64f*, Mox64f*, const MoxsFFTSpec*, Mox8u*);
-template MoxStatus ownFftInvPermToR(const Mox32f*, Mox32f*, const MoxsFFTSpec*, Mox8u*);
-template MoxStatus ownFftInvPermToR(const Mox64f*, Mox64f*, const MoxsFFTSpec*, Mox8u*);
+template void runRealForward(const FftSpec<Mox32f>&, const Mox32f*, Mox32f*, Mox32f*);
+template void runRealForward(const FftSpec<Mox64f>&, const Mox64f*, Mox64f*, Mox64f*);
+template void runRealInverse(const FftSpec<Mox32f>&, const Mox32f*, Mox32f*, Mox32f*);
+template void runRealInverse(const FftSpec<Mox64f>&, const Mox64f*, Mox64f*, Mox64f*);
 
-MOX_EXPORT(moxsFFTFwd_RToPerm_32f, forward<PermLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToPerm_32f, forward<PermLayout>);
 MOX_EXPORT(moxsFFTFwd_RToPerm_32f_I, inPlace<forward<PermLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_64f, forward<PermLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToPerm_64f, forward<PermLayout>);
 MOX_EXPORT(moxsFFTFwd_RToPerm_64f_I, inPlace<forward<PermLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTFwd_RToPack_32f, forward<PackLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToPack_32f, forward<PackLayout>);
 MOX_EXPORT(moxsFFTFwd_RToPack_32f_I, inPlace<forward<PackLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToPack_64f, forward<PackLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToPack_64f, forward<PackLayout>);
 MOX_EXPORT(moxsFFTFwd_RToPack_64f_I, inPlace<forward<PackLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_32f, forward<CcsLayout, Mox32f>);
+MOX_EXPORT(moxsFFTFwd_RToCCS_32f, forward<CcsLayout>);
 MOX_EXPORT(moxsFFTFwd_RToCCS_32f_I, inPlace<forward<CcsLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_64f, forward<CcsLayout, Mox64f>);
+MOX_EXPORT(moxsFFTFwd_RToCCS_64f, forward<CcsLayout>);
 MOX_EXPORT(moxsFFTFwd_RToCCS_64f_I, inPlace<forward<CcsLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_PermToR_32f, inverse<PermLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_PermToR_32f, inverse<PermLayout>);
 MOX_EXPORT(moxsFFTInv_PermToR_32f_I, inPlace<inverse<PermLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_PermToR_64f, inverse<PermLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_PermToR_64f, inverse<PermLayout>);
 MOX_EXPORT(moxsFFTInv_PermToR_64f_I, inPlace<inverse<PermLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_PackToR_32f, inverse<PackLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_PackToR_32f, inverse<PackLayout>);
 MOX_EXPORT(moxsFFTInv_PackToR_32f_I, inPlace<inverse<PackLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_PackToR_64f, inverse<PackLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_PackToR_64f, inverse<PackLayout>);
 MOX_EXPORT(moxsFFTInv_PackToR_64f_I, inPlace<inverse<PackLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_CCSToR_32f, inverse<CcsLayout, Mox32f>);
+MOX_EXPORT(moxsFFTInv_CCSToR_32f, inverse<CcsLayout>);
 MOX_EXPORT(moxsFFTInv_CCSToR_32f_I, inPlace<inverse<CcsLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_CCSToR_64f, inverse<CcsLayout, Mox64f>);
+MOX_EXPORT(moxsFFTInv_CCSToR_64f, inverse<CcsLayout>);
 MOX_EXPORT(moxsFFTInv_CCSToR_64f_I, inPlace<inverse<CcsLayout, Mox64f>>);
 
-}  // namespace mox
+}  // namespace mox::transforms

@@ -12,9 +12,9 @@
 #pragma once
 
 #include "frame/vec/vec.h"
-#include "transforms/fft_real_tables.h"
+#include "transforms/fft_spec.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace detail {
 
 // Vectors of interleaved complex values, lanesOf<F> / 2 in each. With v = (z1, z2, z3, z4) going up
@@ -132,4 +132,4 @@ void ownFftRealPre(const F* src, F* dst, long m, const F* table) {
   });
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

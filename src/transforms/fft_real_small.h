@@ -4,11 +4,11 @@
 
 #include <utility>
 
+#include "frame/pair.h"
 #include "frame/vec/vec.h"
 #include "transforms/fft_spec.h"
-#include "transforms/pairs.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace detail {
 
 // X[0] to X[n/2]; no imaginary parts at the ends.
@@ -159,4 +159,4 @@ constexpr RealKernels<F> realKernelsInv = {
     {ownFftRealSmallInv<F, 0, true>, ownFftRealSmallInv<F, 1, true>, ownFftRealSmallInv<F, 2, true>,
      ownFftRealSmallInv<F, 3, true>, ownFftRealSmallInv<F, 4, true>}};
 
-}  // namespace mox
+}  // namespace mox::transforms

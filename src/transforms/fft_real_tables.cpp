@@ -1,8 +1,6 @@
-#include "transforms/fft_real_tables.h"
+#include "transforms/fft_tables.h"
 
-#include "frame/arena.h"
-
-namespace mox {
+namespace mox::transforms {
 namespace {
 
 // sin and cos of 2 pi i / N for 0 <= i <= N/4, from a quarter wave of at least as many points.
@@ -34,43 +32,39 @@ F* writeSwapped(F* table, long count, Entry entry) {
 
 // W = (cos, -sin), whole or in two levels.
 template <class F>
-F* writeTwiddles(int order, const QuarterWave<F>& wave, F* table) {
+void writeTwiddles(int order, const QuarterWave<F>& wave, F* table) {
   const auto twiddle = [&](F* p, long i) {
     p[0] = wave.cos(i);
     p[1] = -wave.sin(i);
   };
-  if (order < fftTwoLevelOrder) return writeSwapped(table, wave.quarter(), twiddle);
+  if (order < fftTwoLevelOrder) {
+    writeSwapped(table, wave.quarter(), twiddle);
+    return;
+  }
   table = writeSwapped(table, fineTwiddles<F>, twiddle);
   for (long i = 0; i < wave.quarter(); i += fineTwiddles<F>, table += 2) twiddle(table, i);
-  return table;
-}
-
-template <class F>
-Mox8u* placeBehind(F* table) {
-  return reinterpret_cast<Mox8u*>(alignUp(table, fftAlignment));
 }
 
 }  // namespace
 
 template <class F>
-Mox8u* ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
+void ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
   const QuarterWave<F> wave(order, sine);
-  if (order >= fftTwoLevelOrder) return placeBehind(writeTwiddles(order, wave, table));
-  const auto halved = [&](F* p, long i) {
+  if (order >= fftTwoLevelOrder) return writeTwiddles(order, wave, table);
+  writeSwapped(table, wave.quarter(), [&](F* p, long i) {
     p[0] = F(0.5) * wave.cos(i);
     p[1] = F(0.5 - 0.5 * Mox64f(wave.sin(i)));
-  };
-  return placeBehind(writeSwapped(table, wave.quarter(), halved));
+  });
 }
 
 template <class F>
-Mox8u* ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table) {
-  return placeBehind(writeTwiddles(order, QuarterWave<F>(order, sine), table));
+void ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table) {
+  writeTwiddles(order, QuarterWave<F>(order, sine), table);
 }
 
-template Mox8u* ownFftRealTwiddleFwd(int, QuarterSine<Mox32f>, Mox32f*);
-template Mox8u* ownFftRealTwiddleFwd(int, QuarterSine<Mox64f>, Mox64f*);
-template Mox8u* ownFftRealTwiddleInv(int, QuarterSine<Mox32f>, Mox32f*);
-template Mox8u* ownFftRealTwiddleInv(int, QuarterSine<Mox64f>, Mox64f*);
+template void ownFftRealTwiddleFwd(int, QuarterSine<Mox32f>, Mox32f*);
+template void ownFftRealTwiddleFwd(int, QuarterSine<Mox64f>, Mox64f*);
+template void ownFftRealTwiddleInv(int, QuarterSine<Mox32f>, Mox32f*);
+template void ownFftRealTwiddleInv(int, QuarterSine<Mox64f>, Mox64f*);
 
-}  // namespace mox
+}  // namespace mox::transforms

@@ -7,19 +7,19 @@
 #include "transforms/fft_views.h"
 #include "transforms/turn.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace detail {
 
 // Each row's numbers become columns.
-[[gnu::always_inline]] inline void transposeNumbers(Mixed<Mox32f> (&z)[4]) {
-  V<Mox64f> r[4] = {V<Mox64f>(z[0].v), V<Mox64f>(z[1].v), V<Mox64f>(z[2].v), V<Mox64f>(z[3].v)};
+[[gnu::always_inline]] inline void transposeNumbers(V<Mox32f> (&z)[4]) {
+  V<Mox64f> r[4] = {V<Mox64f>(z[0]), V<Mox64f>(z[1]), V<Mox64f>(z[2]), V<Mox64f>(z[3])};
   transpose(r);
-  for (int i = 0; i < 4; ++i) z[i].v = V<Mox32f>(r[i]);
+  for (int i = 0; i < 4; ++i) z[i] = V<Mox32f>(r[i]);
 }
-[[gnu::always_inline]] inline void transposeNumbers(Mixed<Mox64f> (&z)[2]) {
-  const V<Mox64f> first = joinLow(z[0].v, z[1].v);
-  z[1].v = joinHigh(z[0].v, z[1].v);
-  z[0].v = first;
+[[gnu::always_inline]] inline void transposeNumbers(V<Mox64f> (&z)[2]) {
+  const V<Mox64f> first = joinLow(z[0], z[1]);
+  z[1] = joinHigh(z[0], z[1]);
+  z[0] = first;
 }
 
 // exp(-2 pi i r c / n), or its conjugate, for the rows r from 1 on and the columns c: real parts
@@ -45,32 +45,32 @@ constexpr RowTwiddles<F, rows, columns, direction> rowTwiddles;
 template <Direction direction, bool scaled, int rows, int columns, class Source, class Target,
           class F>
 void smallInRows(Source src, Target dst, F factor) {
-  constexpr int width = numbersInMixed<F>;
+  constexpr int width = (lanesOf<F> / 2);
   constexpr const auto& twiddles = rowTwiddles<F, rows, columns, direction>;
-  Mixed<F> turned[columns][rows / width];
+  V<F> turned[columns][rows / width];
 // Rolled up, GCC loads the twiddles of each round in the one before, and keeps them on the stack.
 #pragma GCC unroll 8
   for (int v = 0; v < columns / width; ++v) {
-    Mixed<F> a[rows];
-    for (int r = 0; r < rows; ++r) a[r] = src.mixed(r * columns + v * width);
+    V<F> a[rows];
+    for (int r = 0; r < rows; ++r) a[r] = src.interleaved(r * columns + v * width);
     butterfly<direction, F>(a);
     for (int r = 1; r < rows; ++r)
-      a[r].v = addSubtract(a[r].v * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
-                           swapParts(a[r].v) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
+      a[r] = addSubtract(a[r] * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
+                         swapParts(a[r]) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
     for (int g = 0; g < rows / width; ++g) {
-      Mixed<F> square[width];
+      V<F> square[width];
       for (int i = 0; i < width; ++i) square[i] = a[g * width + i];
       transposeNumbers(square);
       for (int i = 0; i < width; ++i) turned[v * width + i][g] = square[i];
     }
   }
   for (int g = 0; g < rows / width; ++g) {
-    Mixed<F> a[columns];
+    V<F> a[columns];
     for (int c = 0; c < columns; ++c) a[c] = turned[c][g];
     butterfly<direction, F>(a);
     for (int c = 0; c < columns; ++c) {
       if constexpr (scaled) a[c] = a[c] * factor;
-      dst.putMixed(c * rows + g * width, a[c]);
+      dst.putInterleaved(c * rows + g * width, a[c]);
     }
   }
 }
@@ -79,7 +79,7 @@ template <Direction direction, bool scaled, int order, class Source, class Targe
 void smallTransform(Source src, Target dst, F factor) {
   if constexpr (order <= 3) {
     constexpr int n = 1 << order;
-    Lanes<F> a[n];
+    Pair<F> a[n];
     for (int i = 0; i < n; ++i) a[i] = src.number(i);
     butterfly<direction, F>(a);
     for (int i = 0; i < n; ++i) dst.putNumber(i, scaled ? a[i] * factor : a[i]);
@@ -92,9 +92,11 @@ void smallTransform(Source src, Target dst, F factor) {
 }  // namespace detail
 
 // Kernels by order; `factor` multiplies the result in the scaled ones only.
-template <class F, Direction direction, template <class> class Layout>
+template <Direction direction, class View>
 struct SmallTransforms {
-  using Kernel = void (*)(Layout<const F> src, Layout<F> dst, F factor);
+  using F = typename View::F;
+  using Source = typename View::Const;
+  using Kernel = void (*)(Source src, View dst, F factor);
   Kernel plain[fftMaxSmallOrder + 1], scaled[fftMaxSmallOrder + 1];
 
   constexpr SmallTransforms() : plain{}, scaled{} {
@@ -104,13 +106,11 @@ struct SmallTransforms {
  private:
   template <int... order>
   constexpr void fill(std::integer_sequence<int, order...>) {
-    using Source = Layout<const F>;
-    using Target = Layout<F>;
-    ((plain[order] = detail::smallTransform<direction, false, order, Source, Target, F>), ...);
-    ((scaled[order] = detail::smallTransform<direction, true, order, Source, Target, F>), ...);
+    ((plain[order] = detail::smallTransform<direction, false, order, Source, View, F>), ...);
+    ((scaled[order] = detail::smallTransform<direction, true, order, Source, View, F>), ...);
   }
 };
-template <class F, Direction direction, template <class> class Layout>
-constexpr SmallTransforms<F, direction, Layout> ownFftSmall;
+template <Direction direction, class View>
+constexpr SmallTransforms<direction, View> ownFftSmall;
 
-}  // namespace mox
+}  // namespace mox::transforms

@@ -1,5 +1,4 @@
-// The record that drives a power-of-two transform. The figures that the size queries report are
-// those of these fields with pointers: 88 and 96 bytes, and 64 for the alignment of the block.
+// The record that drives a power-of-two transform, and the orders at which the methods change.
 #pragma once
 
 #include <moxsp/types.h>
@@ -11,9 +10,12 @@ struct MoxsFFTSpec {
   Mox32s order;
   Mox32s fwdNorm;  // not 0: the direction multiplies by normFactor
   Mox32s invNorm;
+  Mox32s hint;     // the caller's, stored untouched
+  Mox32s bufSize;  // bytes of work buffer that a run needs, 0 for none
+  Mox32s owned;    // 1 when InitAlloc took the memory
 };
 
-namespace mox {
+namespace mox::transforms {
 
 enum FftKind : Mox32s {
   fftComplex32fc = 4,
@@ -30,18 +32,12 @@ constexpr int fftMaxDepth = 2;  // levels of rows on the large path
 template <class F>
 struct FftSpec : MoxsFFTSpec {
   F normFactor;
-  Mox32s hint;       // the caller's, stored untouched
-  Mox32s bufSize;    // bytes of work buffer that a run needs, 0 for none
-  Mox32s allocated;  // 1 when InitAlloc took the block at specMem
-  Mox8u* specMem;
   int* bitRev;                   // bit-reversal table
   F* twiddle;                    // stage twiddles, of the rows on the large path
   F* realFwdTwiddle;             // real kinds: post-processing of the forward transform
   F* realInvTwiddle;             // real kinds: pre-processing of the inverse one
   F* levelTwiddle[fftMaxDepth];  // large path: outer twiddles, by depth of recursion
 };
-
-static_assert(sizeof(FftSpec<Mox32f>) == 88 && sizeof(FftSpec<Mox64f>) == 96);
 
 // Orders at which the methods change.
 template <class F>
@@ -63,8 +59,33 @@ struct FftLimits<Mox64f> {
 constexpr int fftMaxSmallOrder = 6;      // straight-line complex kernels up to here
 constexpr int fftMaxSmallRealOrder = 4;  // straight-line real kernels up to here
 
-// The block of a record, and every table in it, starts on a multiple of this.
+// A record, its tables, and the work buffer of a run start on multiples of this.
 constexpr int fftAlignment = 64;
-constexpr long fftRoundUp(long bytes) { return (bytes + fftAlignment - 1) & -long(fftAlignment); }
 
-}  // namespace mox
+// The large path cuts 2^order numbers into rows, transformed one by one, and joins these in blocks
+// of columns over all rows.
+template <class F>
+struct FftRows {
+  int order;  // of a row
+  long count, length, columns;
+
+  constexpr explicit FftRows(int whole)
+      : order(whole - splitOrder(whole)),
+        count(1L << splitOrder(whole)),
+        length(1L << order),
+        columns(1L << FftLimits<F>::tileBits) {}
+
+ private:
+  static constexpr int splitOrder(int whole) {
+    return whole < FftLimits<F>::largeOrder + 4 ? 4 : 8;
+  }
+};
+
+// From this order on the tables of real transforms have two levels: W[b * fineTwiddles + i] is the
+// product of the coarse entry b and the fine entry i, for i = 1 to fineTwiddles. Both tables would
+// fill half the data's space in cache otherwise.
+constexpr int fftTwoLevelOrder = 18;
+template <class F>
+constexpr long fineTwiddles = 4096 / sizeof(F);
+
+}  // namespace mox::transforms

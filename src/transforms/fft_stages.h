@@ -8,12 +8,12 @@
 #include "transforms/fft_butterflies.h"
 #include "transforms/fft_views.h"
 
-namespace mox {
+namespace mox::transforms {
 
 // W^j, W^2j and W^3j of lanesOf<F> butterflies, stored as six runs.
 template <class F>
 struct StageTwiddles {
-  Lanes<V<F>> w1, w2, w3;
+  Pair<V<F>> w1, w2, w3;
 };
 template <class F>
 [[gnu::always_inline]] inline StageTwiddles<F> loadTwiddles(const F* p) {
@@ -24,11 +24,11 @@ template <class F>
 // The quarters of a transform lie in bit-reversed order: the second turns by W^2j, the third by
 // W^j.
 template <Direction direction, class T>
-[[gnu::always_inline]] inline void stageButterfly(Lanes<T> (&a)[4], Lanes<T> w1, Lanes<T> w2,
-                                                  Lanes<T> w3) {
-  const Lanes<T> b1 = rotated<direction>(a[1], w2), b2 = rotated<direction>(a[2], w1),
-                 b3 = rotated<direction>(a[3], w3);
-  const Lanes<T> s = a[0] + b1, d = a[0] - b1, t = b2 + b3, u = b2 - b3;
+[[gnu::always_inline]] inline void stageButterfly(Pair<T> (&a)[4], Pair<T> w1, Pair<T> w2,
+                                                  Pair<T> w3) {
+  const Pair<T> b1 = rotated<direction>(a[1], w2), b2 = rotated<direction>(a[2], w1),
+                b3 = rotated<direction>(a[3], w3);
+  const Pair<T> s = a[0] + b1, d = a[0] - b1, t = b2 + b3, u = b2 - b3;
   const auto [first, third] = quarterTurns<direction>(d, u);
   a[0] = s + t;
   a[1] = first;
@@ -41,14 +41,14 @@ template <Direction direction, class Source, class Target, class F>
 [[gnu::always_inline]] inline void joinFour(Source src, long stride, Target dst, const F* twiddle,
                                             long q) {
   for (long j = 0; j < q; j += lanesOf<F>, twiddle += 6 * lanesOf<F>) {
-    Lanes<V<F>> a[4];
+    Pair<V<F>> a[4];
     for (int k = 0; k < 4; ++k) {
-      a[k] = src.lanes(j + k * stride);
+      a[k] = src.pair(j + k * stride);
       a[k] = {inRegister(a[k].re), inRegister(a[k].im)};
     }
     const auto [w1, w2, w3] = loadTwiddles(twiddle);
     stageButterfly<direction>(a, w1, w2, w3);
-    for (int k = 0; k < 4; ++k) dst.putLanes(j + k * q, a[k]);
+    for (int k = 0; k < 4; ++k) dst.putPair(j + k * q, a[k]);
   }
 }
 
@@ -68,15 +68,15 @@ void ownFftStage16(Area area, const Mox32f* twiddle, long blocks) {
     const auto half = load<V<Mox32f, 4>>(twiddle + 4 * i);
     return shuffle<[](int k) { return k % 4; }, 8>(half, half);
   };
-  const Lanes<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)}, w3 = {run(4), run(5)};
+  const Pair<T> w1 = {run(0), run(1)}, w2 = {run(2), run(3)}, w3 = {run(4), run(5)};
   for (long i = 0; i < 16 * blocks; i += 32) {
-    Lanes<T> a[4];
-    for (int k = 0; k < 4; ++k) a[k] = area.lanes(i + 8 * k);
+    Pair<T> a[4];
+    for (int k = 0; k < 4; ++k) a[k] = area.pair(i + 8 * k);
     stageButterfly<direction>(a, w1, w2, w3);
     for (int k = 0; k < 2; ++k) {
-      const Lanes<T>&x = a[2 * k], &y = a[2 * k + 1];
-      area.putLanes(i + 8 * k, {joinLow(x.re, y.re), joinLow(x.im, y.im)});
-      area.putLanes(i + 16 + 8 * k, {joinHigh(x.re, y.re), joinHigh(x.im, y.im)});
+      const Pair<T>&x = a[2 * k], &y = a[2 * k + 1];
+      area.putPair(i + 8 * k, {joinLow(x.re, y.re), joinLow(x.im, y.im)});
+      area.putPair(i + 16 + 8 * k, {joinHigh(x.re, y.re), joinHigh(x.im, y.im)});
     }
   }
 }
@@ -91,7 +91,7 @@ template <class F, int radix>
 struct LeafShape {
   static constexpr int runs = radix < lanesOf<F> ? lanesOf<F> : radix;
   static constexpr int sharing = runs / radix;
-  static constexpr int columns = numbersInMixed<F>;
+  static constexpr int columns = (lanesOf<F> / 2);
 };
 
 // run(k, part) gives number k of the transforms in that part of a block, for all columns; place(c)
@@ -102,17 +102,17 @@ template <Direction direction, int radix, class F, class Area, class Run, class 
   constexpr int l = lanesOf<F>;
   V<F> rows[Shape::runs];
   for (int part = 0; part < Shape::sharing; ++part) {
-    Mixed<F> a[radix];
+    V<F> a[radix];
     for (int k = 0; k < radix; ++k) a[k] = run(k, part);
     butterfly<direction, F>(a);
-    for (int k = 0; k < radix; ++k) rows[part * radix + k] = a[k].v;
+    for (int k = 0; k < radix; ++k) rows[part * radix + k] = a[k];
   }
   for (int block = 0; block < Shape::runs; block += l) {
     V<F> square[l];
     for (int k = 0; k < l; ++k) square[k] = rows[block + k];
     transpose(square);
     for (int c = 0; c < Shape::columns; ++c)
-      area.putLanes(place(c) + block, {square[2 * c], square[2 * c + 1]});
+      area.putPair(place(c) + block, {square[2 * c], square[2 * c + 1]});
   }
 }
 
@@ -140,7 +140,7 @@ void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
     // Where blocks are shared, every other run of `partner` columns goes along with the one before.
     const long i = shared ? column + (column & -partner) : column;
     leafColumns<direction, radix, F>(
-        area, [=](int k, int part) { return src.mixed(i + k * stride + part * partner); },
+        area, [=](int k, int part) { return src.interleaved(i + k * stride + part * partner); },
         [=](int c) {
           // Bits 2 and 3 are the quarter of a group of 16. The quarters of a group and its
           // neighbour take turns, so that each is twice as far from the start of the two.
@@ -150,4 +150,4 @@ void ownFftLeaf(Array src, Area area, const int* bitRev, long n) {
   });
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

@@ -7,7 +7,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::transforms {
 
 struct PermLayout {
   static constexpr long firstPair(long n) { return n % 2 ? 1 : 2; }
@@ -58,4 +58,4 @@ void toPerm(const E* src, E* dst, long n) {
   if (hasMiddle(n)) store(dst + PermLayout::middle(n), middle);
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

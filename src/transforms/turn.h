@@ -4,7 +4,7 @@
 
 #include "frame/elements.h"
 
-namespace mox {
+namespace mox::transforms {
 namespace detail {
 
 __extension__ using Fixed = unsigned __int128;  // a number below 1 times 2^128
@@ -76,4 +76,4 @@ constexpr Twiddle<F> twiddleOf(long k, long n) {
   return {before.im, -before.re};
 }
 
-}  // namespace mox
+}  // namespace mox::transforms

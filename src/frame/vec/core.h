@@ -1,5 +1,5 @@
-// Registers: V<E, N> is N elements of E, 32 bytes unless N is given; how they come from memory and
-// go there; the smaller and the larger of two.
+// Registers: V<E> of floats and of elements that only move, I<E> of integers; how they come from
+// memory and go there; the smaller and the larger of two.
 #pragma once
 
 #include <immintrin.h>
@@ -11,7 +11,12 @@
 
 namespace mox {
 
+// The width of a register is a fact of the build.
 constexpr int vectorBytes = 32;
+constexpr int integerBytes = 16;  // AVX has no arithmetic on wider registers of integers
+
+// What results are defined by, whatever the registers: lanes of sums, and where sums start.
+constexpr int orderBytes = 32;
 
 namespace detail {
 template <class E, int N>
@@ -23,14 +28,23 @@ struct VectorOf {
 template <class E>
 constexpr int lanesOf = vectorBytes / int(sizeof(E));
 
+// N elements of E: as many as fill a register, unless an order or a layout asks for a number.
 template <class E, int N = lanesOf<E>>
 using V = typename detail::VectorOf<E, N>::type;
+
+// A register that takes part in arithmetic on integers.
+template <class E>
+using I = V<E, integerBytes / int(sizeof(E))>;
 
 template <class Vector>
 using Lane = std::remove_cvref_t<decltype(Vector{}[0])>;
 
 template <class Vector>
 constexpr int laneCount = int(sizeof(Vector) / sizeof(Lane<Vector>));
+
+// As many E as the vector has lanes.
+template <class E, class Vector>
+using Beside = V<E, laneCount<Vector>>;
 
 // Callers' arrays need not be aligned, not even to their element: kernels reach elements and
 // vectors alike through load and store, never by dereferencing a pointer.
@@ -62,7 +76,7 @@ template <class T>
 // Stores that bypass the cache; end a run of them with streamFence().
 template <class T>
 [[gnu::always_inline]] inline void storeStream(void* p, T v) {
-  static_assert(sizeof v == 32 || sizeof v == 16);
+  static_assert(sizeof v == vectorBytes || sizeof v == integerBytes);
   if constexpr (sizeof v == 32)
     _mm256_stream_si256(static_cast<__m256i*>(p), __m256i(v));
   else

@@ -15,24 +15,24 @@ namespace mox {
 }
 
 // To an integer in the rounding mode in force; the minimum for a value that has none.
-[[gnu::always_inline]] inline V<Mox32s, 8> toInteger(V<Mox32f> v) {
-  return V<Mox32s, 8>(_mm256_cvtps_epi32(v));
+[[gnu::always_inline]] inline V<Mox32s> toInteger(V<Mox32f> v) {
+  return V<Mox32s>(_mm256_cvtps_epi32(v));
 }
-[[gnu::always_inline]] inline V<Mox32s, 4> toInteger(V<Mox64f> v) {
-  return V<Mox32s, 4>(_mm256_cvtpd_epi32(v));
+[[gnu::always_inline]] inline Beside<Mox32s, V<Mox64f>> toInteger(V<Mox64f> v) {
+  return Beside<Mox32s, V<Mox64f>>(_mm256_cvtpd_epi32(v));
 }
 inline Mox64s toInteger(Mox64f x) { return _mm_cvtsd_si64(_mm_set_sd(x)); }
 
 // Half floats, for processors that have the instructions. They are spelled out here, for the
 // compiler must not use them of its own accord anywhere.
-[[gnu::always_inline]] inline V<Mox32f> halfToFloat(V<Mox16u, 8> v) {
+[[gnu::always_inline]] inline V<Mox32f> halfToFloat(Beside<Mox16u, V<Mox32f>> v) {
   V<Mox32f> r;
   asm("vcvtph2ps %1, %0" : "=x"(r) : "xm"(v));
   return r;
 }
 template <int rounding>
-[[gnu::always_inline]] inline V<Mox16u, 8> floatToHalf(V<Mox32f> v) {
-  V<Mox16u, 8> r;
+[[gnu::always_inline]] inline Beside<Mox16u, V<Mox32f>> floatToHalf(V<Mox32f> v) {
+  Beside<Mox16u, V<Mox32f>> r;
   asm("vcvtps2ph %2, %1, %0" : "=x"(r) : "x"(v), "i"(rounding));
   return r;
 }
@@ -89,10 +89,10 @@ template <class T>
 }
 
 // The integers that floats hold, in the low bits of a lane; any that fit there.
-[[gnu::always_inline]] inline V<Mox32s, 8> integersOf(V<Mox32f> v) {
-  return V<Mox32s, 8>(_mm256_cvttps_epi32(v));
+[[gnu::always_inline]] inline V<Mox32s> integersOf(V<Mox32f> v) {
+  return V<Mox32s>(_mm256_cvttps_epi32(v));
 }
-[[gnu::always_inline]] inline V<Mox32f> floatsOf(V<Mox32s, 8> v) {
+[[gnu::always_inline]] inline V<Mox32f> floatsOf(V<Mox32s> v) {
   return V<Mox32f>(_mm256_cvtepi32_ps(__m256i(v)));
 }
 

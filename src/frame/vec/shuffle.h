@@ -7,22 +7,30 @@
 
 namespace mox {
 
-// Eight lanes as two vectors of four.
-template <class E>
+// A vector of integers as two halves in the order of its lanes; join() undoes it.
+template <class T>
 struct Halves {
-  V<E, 4> low, high;
+  T low, high;
 };
-template <class E = Mox32s>
-[[gnu::always_inline]] inline Halves<E> halves(V<E, 8> v) {
-  return {V<E, 4>(_mm256_castsi256_si128(__m256i(v))),
-          V<E, 4>(_mm256_extractf128_si256(__m256i(v), 1))};
+template <class T>
+[[gnu::always_inline]] inline auto halves(T v) {
+  using Half = V<Lane<T>, laneCount<T> / 2>;
+  static_assert(sizeof v == 2 * integerBytes);
+  return Halves<Half>{Half(_mm256_castsi256_si128(__m256i(v))),
+                      Half(_mm256_extractf128_si256(__m256i(v), 1))};
 }
-
-// Two vectors of 16 bytes as one of 32.
 template <class Wide, class Half>
 [[gnu::always_inline]] inline Wide join(Half low, Half high) {
+  static_assert(sizeof low == 16);
   return Wide(_mm256_set_m128i(__m128i(high), __m128i(low)));
 }
+
+// The results of the lower halves of all 16-byte blocks, and those of the upper halves: the way in
+// which wide products leave a register, and in which packBlocks() takes them back.
+template <class T>
+struct BlockHalves {
+  T low, high;
+};
 
 namespace detail {
 template <class T, class E, int... lane>
@@ -56,8 +64,8 @@ template <auto index, class T>
   return shuffle<index>(a, a);
 }
 
-// Parts of two vectors within their blocks of 16 bytes, elements E of either in turn: the lower or
-// the upper half of each block.
+// Interleaves elements E of the lower (upper) halves of a and b in each 16-byte block, as
+// unpcklps and unpckhps do.
 template <class E, class T>
 [[gnu::always_inline]] inline T unpackLow(T a, T b) {
   constexpr int block = 16 / sizeof(E), lanes = sizeof(T) / sizeof(E);

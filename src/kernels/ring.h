@@ -4,7 +4,7 @@
 
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::kernels {
 
 // Takes in a sample and returns the window that ends with it.
 template <class D>
@@ -15,4 +15,4 @@ const D* pushSample(D* ring, int& index, int taps, D sample) {
   return ring + index;
 }
 
-}  // namespace mox
+}  // namespace mox::kernels

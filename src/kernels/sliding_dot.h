@@ -1,7 +1,7 @@
 // The sums of the direct engine: each output is a window of samples times the reversed taps.
 #pragma once
 
-namespace mox {
+namespace mox::kernels {
 
 // dst[i] = sum over k of revTaps[k] * window[i + k], for 0 <= i < count; reads count + tapsLen - 1
 // samples. Every output is one chain of additions in order of increasing k; a complex one is two,
@@ -10,4 +10,4 @@ namespace mox {
 template <class A>
 void filterWindow(const A* window, A* dst, long count, const A* revTaps, long tapsLen);
 
-}  // namespace mox
+}  // namespace mox::kernels

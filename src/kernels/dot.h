@@ -5,7 +5,7 @@
 #include "frame/elements.h"
 #include "frame/widen.h"
 
-namespace mox {
+namespace mox::kernels {
 
 // Whether the first tap belongs to the newest sample or, reversed, to the oldest one.
 enum class TapOrder { forward, reversed };
@@ -91,4 +91,4 @@ A dotProduct(const A* window, const A* taps, long n) {
   return total;
 }
 
-}  // namespace mox
+}  // namespace mox::kernels

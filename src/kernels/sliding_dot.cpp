@@ -3,7 +3,7 @@
 // twice the time. So a window of real samples is copied once, to where its lines begin half a line
 // later, and each load goes to the one of the two that has its vector within a line. They change
 // places whenever the taps have moved on by a vector.
-#include "fir/fir_direct.h"
+#include "kernels/sliding_dot.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,7 +11,7 @@
 #include "frame/elements.h"
 #include "frame/vec/vec.h"
 
-namespace mox {
+namespace mox::kernels {
 namespace {
 
 // Registers of outputs in a block; a complex output needs two.
@@ -175,4 +175,4 @@ template void filterWindow(const Mox64f*, Mox64f*, long, const Mox64f*, long);
 template void filterWindow(const Mox32fc*, Mox32fc*, long, const Mox32fc*, long);
 template void filterWindow(const Mox64fc*, Mox64fc*, long, const Mox64fc*, long);
 
-}  // namespace mox
+}  // namespace mox::kernels

@@ -1,0 +1,155 @@
+// How callers hold complex numbers: interleaved in one array, or split into an array of real and
+// one of imaginary parts. Both views give kernels the same registers, at an index that counts
+// numbers; an array of real elements is seen the same way.
+#pragma once
+
+#include "frame/map.h"
+#include "frame/pair.h"
+
+namespace mox {
+
+constexpr long complexBlock = 16;
+
+// Consecutive numbers from `z` on, each part widened to a lane of T.
+template <class T, class F>
+[[gnu::always_inline]] inline Pair<T> loadDeinterleavedAs(const F* z) {
+  constexpr int lanes = laneCount<T>;
+  if constexpr (std::is_same_v<F, Lane<T>>) {
+    return loadDeinterleaved<T>(z);
+  } else if constexpr (lanes == 8) {
+    const Pair low = loadDeinterleavedAs<I<Mox32s>>(z),
+               high = loadDeinterleavedAs<I<Mox32s>>(z + lanes);
+    return {floatsOf(join<V<Mox32s>>(low.re, high.re)), floatsOf(join<V<Mox32s>>(low.im, high.im))};
+  } else if constexpr (std::is_same_v<T, I<Mox32s>>) {
+    const T words = load<T>(z);
+    return {T(I<Mox32u>(words) << 16) >> 16, words >> 16};
+  } else {
+    using Exact = std::conditional_t<sizeof(F) == 2, Mox32s, F>;
+    const auto parts = loadDeinterleavedAs<V<Exact, lanes>>(z);
+    return {__builtin_convertvector(parts.re, T), __builtin_convertvector(parts.im, T)};
+  }
+}
+
+template <class T>
+[[gnu::always_inline]] inline void storeInterleaved(Lane<T>* z, Pair<T> v, auto put) {
+  const T low = interleavedLow(v), high = interleavedHigh(v);
+  if constexpr (sizeof(T) == 16)
+    put(z, low), put(z + laneCount<T>, high);
+  else
+    put(z, joinLow(low, high)), put(z + laneCount<T>, joinHigh(low, high));
+}
+
+// One array, of real or of complex elements.
+template <class E>
+struct Array {
+  using Value = std::remove_const_t<E>;
+  using F = Part<Value>;
+  using Const = Array<const E>;
+  static constexpr long bytes = sizeof(E);
+
+  E* p;
+
+  struct Piece {
+    alignas(vectorBytes) Value e[complexBlock];
+    Array array() { return {e}; }
+    void load(Array src, long count) {
+      for (long at = 0; at < long(sizeof e); at += vectorBytes)
+        storeAligned(reinterpret_cast<Mox8u*>(e) + at, V<Mox8u>{});
+      std::memcpy(e, src.p, std::size_t(count * bytes));
+    }
+    void store(Array dst, long count) const { std::memcpy(dst.p, e, std::size_t(count * bytes)); }
+  };
+
+  bool anyNull() const { return p == nullptr; }
+  Array from(long i) const { return {p + i}; }
+  int peel() const { return peelCount(p); }
+  bool aligned() const { return isAligned(p, vectorBytes); }
+
+  template <class T>
+  [[gnu::always_inline]] auto lanes(long i) const {
+    if constexpr (Complex<Value>)
+      return loadDeinterleavedAs<T>(parts(p + i));
+    else
+      return loadWidened<T>(p + i);
+  }
+  template <class T>
+  [[gnu::always_inline]] void store(long i, T v, auto put) const {
+    if constexpr (Complex<Value>)
+      storeInterleaved(parts(p + i), v, put);
+    else
+      put(p + i, v);
+  }
+
+  // Whole registers of numbers: their parts apart, or next to each other; and one number.
+  [[gnu::always_inline]] void putPair(long i, Pair<V<F>> z) const {
+    storeInterleaved(parts(p + i), z, [](void* at, auto v) { mox::store(at, v); });
+  }
+  [[gnu::always_inline]] V<F> interleaved(long i) const { return mox::load<V<F>>(p + i); }
+  [[gnu::always_inline]] void putInterleaved(long i, V<F> z) const { mox::store(p + i, z); }
+  Pair<F> number(long i) const {
+    return {mox::load<F>(parts(p + i)), mox::load<F>(parts(p + i) + 1)};
+  }
+  void putNumber(long i, Pair<F> z) const {
+    mox::store(parts(p + i), z.re);
+    mox::store(parts(p + i) + 1, z.im);
+  }
+};
+
+// Two arrays of the parts of complex elements.
+template <class E>
+struct Split {
+  using F = std::remove_const_t<E>;
+  using Const = Split<const E>;
+  static constexpr long bytes = 2 * sizeof(E);
+
+  E *re, *im;
+
+  struct Piece {
+    typename Array<E>::Piece re, im;
+    Split array() { return {re.e, im.e}; }
+    void load(Split src, long count) { re.load({src.re}, count), im.load({src.im}, count); }
+    void store(Split dst, long count) const {
+      re.store({dst.re}, count), im.store({dst.im}, count);
+    }
+  };
+
+  bool anyNull() const { return re == nullptr || im == nullptr; }
+  Split from(long i) const { return {re + i, im + i}; }
+  int peel() const { return peelCount(re); }
+  bool aligned() const { return isAligned(re, vectorBytes) && isAligned(im, vectorBytes); }
+
+  template <class T>
+  [[gnu::always_inline]] Pair<T> lanes(long i) const {
+    return {loadWidened<T>(re + i), loadWidened<T>(im + i)};
+  }
+  template <class T>
+  [[gnu::always_inline]] void store(long i, Pair<T> v, auto put) const {
+    put(re + i, v.re);
+    put(im + i, v.im);
+  }
+
+  [[gnu::always_inline]] Pair<V<F>> pair(long i) const {
+    return {mox::load<V<F>>(re + i), mox::load<V<F>>(im + i)};
+  }
+  [[gnu::always_inline]] void putPair(long i, Pair<V<F>> z) const {
+    mox::store(re + i, z.re);
+    mox::store(im + i, z.im);
+  }
+  [[gnu::always_inline]] V<F> interleaved(long i) const {
+    constexpr int n = lanesOf<F> / 2;
+    const auto a = mox::load<V<F, n>>(re + i), b = mox::load<V<F, n>>(im + i);
+    return shuffle<[](int k) { return k % 2 * n + k / 2; }, 2 * n>(a, b);
+  }
+  [[gnu::always_inline]] void putInterleaved(long i, V<F> z) const {
+    constexpr int n = lanesOf<F> / 2;
+    mox::store(re + i, shuffle<[](int k) { return 2 * k; }, n>(z, z));
+    mox::store(im + i, shuffle<[](int k) { return 2 * k + 1; }, n>(z, z));
+  }
+  Pair<F> number(long i) const { return {mox::load<F>(re + i), mox::load<F>(im + i)}; }
+  void putNumber(long i, Pair<F> z) const {
+    mox::store(re + i, z.re);
+    mox::store(im + i, z.im);
+  }
+};
+
+}  // namespace mox

@@ -1,0 +1,67 @@
+// A transform inside the library, on memory of our own: nothing can fail. Real samples have spectra
+// in Perm layout; the inverse multiplies by 1/N.
+#pragma once
+
+#include "transforms/fft_object.h"
+#include "transforms/fft_run.h"
+#include "transforms/packed_product.h"
+
+namespace mox::transforms {
+
+// Of elements E, real or complex floats. An InnerFft is a member of the record of the object that
+// uses it, and its parts are among the parts of that object.
+template <class E>
+class InnerFft {
+  using F = Part<E>;
+  using Kind = std::conditional_t<
+      Complex<E>, ComplexKind<F, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc>, RealKind<F>>;
+
+ public:
+  static constexpr int mostOrder = Kind::maxOrder;
+
+  // Bytes of scratch for fill().
+  static constexpr int scratchBytes(int order) { return fftInitSize<F>(order); }
+
+  constexpr void place(Arena& arena, int order) {
+    spec_ = arena.place<FftSpec<F>>(1, fftAlignment);
+    FftSpec<F> measured{};
+    if (spec_) *spec_ = {};
+    typename Kind::Shape{order}.layout(arena, spec_ ? *spec_ : measured);
+    work_ = arena.place<Mox8u>(std::size_t(Kind::workBytes(order)), fftAlignment);
+  }
+  void fill(int order, Mox8u* scratch) {
+    constexpr int inverseByN = 2;
+    fillSpec<Kind>(*spec_, order, inverseByN, 0, scratch);
+  }
+
+  long length() const { return 1L << spec_->order; }
+
+  // `dst` may be `src`.
+  void forward(const E* src, E* dst) const {
+    if constexpr (Complex<E>)
+      ownFftRun<Direction::forward, Array<E>>(*spec_, {src}, {dst}, spec_->order, work());
+    else
+      runRealForward(*spec_, src, dst, work());
+  }
+  void inverse(const E* src, E* dst) const {
+    if constexpr (Complex<E>)
+      ownFftRun<Direction::inverse, Array<E>>(*spec_, {src}, {dst}, spec_->order, work());
+    else
+      runRealInverse(*spec_, src, dst, work());
+  }
+  // srcDst becomes the product of two spectra.
+  void multiply(const E* src, E* srcDst) const {
+    if constexpr (Complex<E>)
+      arith::mulComplex(src, srcDst, srcDst, length());
+    else
+      mulPacked<PermLayout>(src, srcDst, srcDst, length());
+  }
+
+ private:
+  F* work() const { return reinterpret_cast<F*>(work_); }
+
+  FftSpec<F>* spec_;
+  Mox8u* work_;
+};
+
+}  // namespace mox::transforms

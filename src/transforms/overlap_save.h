@@ -1,0 +1,83 @@
+// Filters by transforms. A transform of N samples gives N - n + 1 outputs of a filter with n taps;
+// the n - 1 samples before each stretch of input, its history, are transformed with it.
+#pragma once
+
+#include <algorithm>
+
+#include "transforms/inner_fft.h"
+
+namespace mox::transforms {
+
+// A member of the record of the object that filters, and its parts are among the parts of that
+// object.
+template <class E>
+class OverlapSave {
+ public:
+  constexpr void place(Arena& arena, long tapsLen, int order) {
+    history_ = tapsLen - 1;
+    size_ = 1L << order;
+    order_ = order;
+    taps_ = arena.place<E>(std::size_t(size_), fftAlignment);
+    work_ = arena.place<E>(workElements(order), fftAlignment);
+    fft_.place(arena, order);
+  }
+  // Builds the transform.
+  void fill() { fft_.fill(order_, reinterpret_cast<Mox8u*>(work_)); }
+
+  // The spectrum of taps in either order of time; the first of them goes with the newest sample.
+  template <class Taps>
+  void setTaps(Taps first) {
+    std::copy_n(first, history_ + 1, taps_);
+    std::fill(taps_ + history_ + 1, taps_ + size_, E{});
+    fft_.forward(taps_, taps_);
+  }
+
+  // Outputs of one transform.
+  long outputs() const { return size_ - history_; }
+
+  // The samples before the first one of run(), the oldest first.
+  void setHistory(const E* samples) { std::copy_n(samples, history_, work_); }
+
+  // Filters `len` samples behind the history. take(i, count, to) writes samples from i on to an
+  // array; give(results, i, count) is handed results. wholeAt(i) is where samples from i on lie as
+  // elements E in the caller's memory, or null.
+  template <class Take, class WholeAt, class Give>
+  void run(long len, Take take, WholeAt wholeAt, Give give) {
+    E* const results = work_ + history_;
+    const long first = std::min(len, outputs());
+    take(0, first, results);
+    std::fill(results + first, work_ + size_, E{});
+    filter(work_);
+    give(results, 0, first);
+    for (long done = first; done < len; done += outputs()) {
+      const long from = done - history_, samples = std::min(len - from, size_);
+      const E* whole = samples == size_ ? wholeAt(from) : nullptr;
+      if (!whole) {
+        take(from, samples, work_);
+        std::fill(work_ + samples, work_ + size_, E{});
+      }
+      filter(whole ? whole : work_);
+      give(results, done, std::min(len - done, outputs()));
+    }
+  }
+
+ private:
+  // The building of a transform takes scratch here.
+  static constexpr std::size_t workElements(int order) {
+    return std::max(std::size_t(1) << order, InnerFft<E>::scratchBytes(order) / sizeof(E) + 1);
+  }
+
+  // work_ = samples filtered circularly.
+  void filter(const E* samples) {
+    fft_.forward(samples, work_);
+    fft_.multiply(taps_, work_);
+    fft_.inverse(work_, work_);
+  }
+
+  long history_, size_;
+  int order_;
+  E *taps_, *work_;
+  InnerFft<E> fft_;
+};
+
+}  // namespace mox::transforms
