@@ -147,22 +147,4 @@ TEST(Division, WarnsOfAZeroAtAnyPlace) {
   expectWarnings<Mox64fc>(MEMBER(Div_64fc), {0, 0}, {-1, 0});
 }
 
-TEST(Division, ArgumentsAreCheckedInOrder) {
-  Mox16s a[] = {1, 2}, d[] = {7, 7};
-  float f[] = {7, 7};
-  for (const int factor : {0, 17, 100, INT_MAX, -6, INT_MIN}) {
-    EXPECT_EQ(moxsDivC_16s_Sfs(a, 0, nullptr, 0, factor), moxErrNullPtr);
-    EXPECT_EQ(moxsDivC_16s_Sfs(a, 0, d, 0, factor), moxErrSize);
-    EXPECT_EQ(moxsDivC_16s_Sfs(a, 0, d, 2, factor), moxErrDivByZero);
-    EXPECT_EQ(moxsDiv_Round_16s_Sfs(a, a, nullptr, 0, 3, factor), moxErrNullPtr);
-    EXPECT_EQ(moxsDiv_Round_16s_Sfs(a, a, d, 0, 3, factor), moxErrSize);
-    EXPECT_EQ(moxsDiv_Round_16s_Sfs(a, a, d, 2, 3, factor), moxErrRoundMode);
-    EXPECT_EQ(moxsDiv_Round_16s_ISfs(a, d, 2, -1, factor), moxErrRoundMode);
-  }
-  EXPECT_EQ(moxsDivC_32f_I(-0.0f, f, 2), moxErrDivByZero);
-  EXPECT_EQ(moxsDivC_32f_I(-0.0f, f, 0), moxErrSize);
-  EXPECT_EQ(d[0], 7);
-  EXPECT_EQ(f[0], 7);
-}
-
 }  // namespace

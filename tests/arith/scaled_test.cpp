@@ -183,17 +183,4 @@ TEST(Scaled, FormsWithoutAFactor) {
   expectUnscaled(MEMBER(Mul_16s32f), product);
 }
 
-TEST(Scaled, ArgumentsAreCheckedAtEveryFactor) {
-  Mox16s a[] = {1, 2};
-  Mox32s w[] = {1, 2};
-  for (const int factor : {0, 1, 17, 100, INT_MAX, -16, -31, INT_MIN}) {
-    EXPECT_EQ(moxsAdd_16s_Sfs(a, a, nullptr, 2, factor), moxErrNullPtr);
-    EXPECT_EQ(moxsAdd_16s_Sfs(a, a, a, 0, factor), moxErrSize);
-    EXPECT_EQ(moxsMulC_16s_Sfs(a, 0, nullptr, 2, factor), moxErrNullPtr);
-    EXPECT_EQ(moxsMulC_16s_ISfs(1, a, -1, factor), moxErrSize);
-    EXPECT_EQ(moxsMul_32s_Sfs(w, nullptr, w, 2, factor), moxErrNullPtr);
-    EXPECT_EQ(moxsAddProduct_32s_Sfs(w, w, w, 0, factor), moxErrSize);
-  }
-}
-
 }  // namespace

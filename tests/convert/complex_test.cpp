@@ -6,7 +6,6 @@
 #include <cmath>
 #include <deque>
 
-#include "convert/exact_angle.h"
 #include "support/exact.h"
 #include "support/exact_model.h"
 #include "support/members.h"
@@ -133,6 +132,8 @@ std::vector<Mox32sc> nearHalves() {
   }
   for (long k = 20000; k < 21000; ++k)
     add(k * k - k, k), add(k * k, k), add(k * k + k, k), add(k, k * k + 1);
+  // With factors -1 and -2.
+  for (long k = 10000; k < 10100; ++k) add(8 * k * k, 2 * k), add(-k, 4 * k * k);
   return z;
 }
 
@@ -232,26 +233,14 @@ TEST(ComplexIntegers, LongPolarToCartNearTies) {
         << m[i] << " at " << p[i];
   }
   EXPECT_GE(ties, 1);
-}
-
-// Of factors with which hardly any result comes so near to a tie that it is asked for.
-TEST(ComplexIntegers, TiesOfCoordinates) {
-  Random random(7);
-  Exact value(0, 300), tie(0, 120);
-  for (int i = 0; i < 20000; ++i) {
-    const int factor = int(random.below(37)) - 20, m = random.value<Mox16s>(),
-              p = random.value<Mox16s>();
-    cartesianExactly(value, i % 2 ? mpfr_sin : mpfr_cos, m, p, factor);
-    mpfr_abs(value, value, MPFR_RNDN);
-    for (const long offset : {-1, 0, 1}) {
-      const long n = std::max(0L, mpfr_get_si(value, MPFR_RNDD) + offset);
-      mpfr_set_si_2exp(tie, 2 * n + 1, -1, MPFR_RNDN);
-      const auto coordinate = i % 2 ? mox::convert::Coordinate::im : mox::convert::Coordinate::re;
-      ASSERT_EQ(mox::convert::isCoordinateAboveTie(coordinate, m, p, factor, n),
-                mpfr_greater_p(value, tie) != 0)
-          << m << " at " << p << " with factor " << factor << ", from " << n;
-    }
-  }
+  // Within 3e-10 of a tie, with angles near an odd multiple of pi, where a series needs most terms.
+  const std::vector<Mox32s> magnitudes = {1666211200, 1647687819, 1100494955, 292310135, 988877223},
+                            phases = {22, 22, 355, 355, 104348};
+  const auto model = [](Mox32s magnitude, Mox32s phase) {
+    return Mox32sc{cartesian(mpfr_cos, magnitude, phase, 0),
+                   cartesian(mpfr_sin, magnitude, phase, 0)};
+  };
+  expectEach(run(MEMBER(PolarToCart_32sc), magnitudes, phases), model, magnitudes, phases);
 }
 
 TEST(ComplexIntegers, PolarToCartUndoesCartToPolar) {

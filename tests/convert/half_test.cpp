@@ -125,17 +125,4 @@ TEST(Half, IntegersComeByWayOfFloats) {
       });
 }
 
-TEST(Half, HalfAwayIsRefusedAfterPointersAndLength) {
-  const Mox32f x = 1;
-  Mox16s integer = 77;
-  Mox16f half = 77;
-  EXPECT_EQ(moxsConvert_32f16f(&x, nullptr, 0, 2), moxErrNullPtr);
-  EXPECT_EQ(moxsConvert_32f16f(&x, &half, 0, 2), moxErrSize);
-  EXPECT_EQ(moxsConvert_32f16f(&x, &half, 1, 2), moxErrRoundMode);
-  EXPECT_EQ(moxsConvert_16s16f(&integer, &half, 1, 2), moxErrRoundMode);
-  EXPECT_EQ(moxsConvert_16f16s_Sfs(&half, &integer, 1, 2, 0), moxErrRoundMode);
-  EXPECT_EQ(half, 77);
-  EXPECT_EQ(integer, 77);
-}
-
 }  // namespace

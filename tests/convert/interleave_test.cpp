@@ -48,14 +48,4 @@ TEST(Interleave, JoinRoundsToNearestAndSaturates) {
   EXPECT_EQ(dst, (std::vector<Mox16s>{32767, -32768, -32768, 32767, 0, 2}));
 }
 
-TEST(Interleave, ArgumentsAreCheckedFromTheArrayInwards) {
-  Mox16s array[2] = {};
-  Mox32f* const rows[2] = {};
-  EXPECT_EQ(moxsSplitScaled_16s32f_D2L(nullptr, nullptr, 0, 0), moxErrNullPtr);
-  EXPECT_EQ(moxsSplitScaled_16s32f_D2L(array, nullptr, 0, 1), moxErrSize);
-  EXPECT_EQ(moxsSplitScaled_16s32f_D2L(array, nullptr, 1, 0), moxErrSize);
-  EXPECT_EQ(moxsJoinScaled_32f16s_D2L(nullptr, -1, 1, array), moxErrSize);
-  EXPECT_EQ(moxsJoinScaled_32f16s_D2L(rows, 2, 1, array), moxErrNullPtr);
-}
-
 }  // namespace

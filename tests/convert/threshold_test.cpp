@@ -117,30 +117,6 @@ TEST(Threshold, EveryRelationAsWrittenOnEverySpecialValue) {
   EXPECT_VALUES_OF(64f);
 }
 
-// Statuses come in the order of the checks, and a refused call writes nothing.
-TEST(Threshold, ParametersAreRefusedInOrder) {
-  Mox32f x[2] = {1, 2};
-  Mox16s w[2] = {1, 2};
-  Mox32fc z[2] = {{1, 2}, {3, 4}};
-  Mox16sc c[2] = {{1, 2}, {3, 4}};
-  EXPECT_EQ(moxsThreshold_16s_I(w, 2, 5, 1), moxErrBadArg);
-  EXPECT_EQ(moxsThreshold_32f(x, x, 2, -5, 3), moxErrBadArg);
-  EXPECT_EQ(moxsThreshold_32f(nullptr, x, 0, 5, 3), moxErrNullPtr);
-  EXPECT_EQ(moxsThreshold_32f(x, x, 0, 5, 3), moxErrSize);
-  EXPECT_EQ(moxsThreshold_32fc_I(z, 2, -1, 3), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_32fc_I(z, 2, 1, 3), moxErrBadArg);
-  EXPECT_EQ(moxsThreshold_16sc_I(c, 2, -1, 3), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_16sc(c, c, 2, 9, -1), moxErrBadArg);
-  EXPECT_EQ(moxsThreshold_LTVal_32fc_I(z, 2, -1, {0, 0}), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_GTVal_16sc_I(c, 2, -1, {0, 0}), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_LTAbs_16s_I(w, 2, -1), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_GTAbs_32f_I(x, 2, -1), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_LTInv_32fc_I(z, 2, -1), moxErrThreshLevel);
-  EXPECT_EQ(moxsThreshold_LTInv_32fc_I(z, 0, -1), moxErrSize);
-  EXPECT_EQ(moxsThreshold_LTValGTVal_32f_I(x, 2, 3, 0, 2, 0), moxErrThreshOrder);
-  EXPECT_TRUE(x[0] == 1 && x[1] == 2 && w[0] == 1 && z[0].re == 1 && c[1].im == 4);
-}
-
 template <class F>
 void expectReciprocals(Member<const F*, F*, int, F> member, long double bound) {
   using Limits = std::numeric_limits<F>;

@@ -21,24 +21,21 @@ struct WithoutScale<f> {
   static MoxStatus call(P... p, int) { return f(p...); }
 };
 
-#define FIR_FUNCTIONS(types, tapToken, dataToken, number, taps, len) \
-  using Tap = Mox##tapToken;                                         \
-  using Data = Mox##dataToken;                                       \
-  static constexpr Mox32s id = number;                               \
-  static constexpr int fftTaps = taps, fftLen = len;                 \
-  static constexpr auto getStateSize = moxsFIRGetStateSize##types;   \
-  static constexpr auto init = moxsFIRInit##types;                   \
-  static constexpr auto initAlloc = moxsFIRInitAlloc##types;         \
-  static constexpr auto free = moxsFIRFree##types;                   \
-  static constexpr auto getTaps = moxsFIRGetTaps##types;             \
-  static constexpr auto setTaps = moxsFIRSetTaps##types;             \
-  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types;       \
+#define FIR_FUNCTIONS(types, tapToken, dataToken, taps, len)   \
+  using Tap = Mox##tapToken;                                   \
+  using Data = Mox##dataToken;                                 \
+  static constexpr int fftTaps = taps, fftLen = len;           \
+  static constexpr auto initAlloc = moxsFIRInitAlloc##types;   \
+  static constexpr auto free = moxsFIRFree##types;             \
+  static constexpr auto getTaps = moxsFIRGetTaps##types;       \
+  static constexpr auto setTaps = moxsFIRSetTaps##types;       \
+  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types; \
   static constexpr auto setDlyLine = moxsFIRSetDlyLine##types
 
-// Combinations of one type: where the engines change, and the word that objects begin with.
-#define FIR_FLOAT(t, id, fftTaps, fftLen)                                             \
+// Combinations of one type, and where their engines change.
+#define FIR_FLOAT(t, fftTaps, fftLen)                                                 \
   struct Fir##t {                                                                     \
-    FIR_FUNCTIONS(_##t, t, t, id, fftTaps, fftLen);                                   \
+    FIR_FUNCTIONS(_##t, t, t, fftTaps, fftLen);                                       \
     static constexpr auto run = WithoutScale<moxsFIR_##t>::call;                      \
     static constexpr auto runInPlace = WithoutScale<moxsFIR_##t##_I>::call;           \
     static constexpr auto one = WithoutScale<moxsFIROne_##t>::call;                   \
@@ -46,12 +43,12 @@ struct WithoutScale<f> {
     static constexpr auto directInPlace = WithoutScale<moxsFIR_Direct_##t##_I>::call; \
     static constexpr auto oneDirect = WithoutScale<moxsFIROne_Direct_##t>::call;      \
   }
-FIR_FLOAT(32f, 0x46493031, 64, 512);
-FIR_FLOAT(32fc, 0x46493032, 16, 256);
-FIR_FLOAT(64f, 0x46493133, 64, 512);
-FIR_FLOAT(64fc, 0x46493134, 32, 256);
+FIR_FLOAT(32f, 64, 512);
+FIR_FLOAT(32fc, 16, 256);
+FIR_FLOAT(64f, 64, 512);
+FIR_FLOAT(64fc, 32, 256);
 struct Fir32f16s {
-  FIR_FUNCTIONS(32f_16s, 32f, 16s, 0x46493035, 64, 512);
+  FIR_FUNCTIONS(32f_16s, 32f, 16s, 64, 512);
   static constexpr auto run = moxsFIR32f_16s_Sfs;
   static constexpr auto runInPlace = moxsFIR32f_16s_ISfs;
   static constexpr auto one = moxsFIROne32f_16s_Sfs;

@@ -1,12 +1,6 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "fir/fir_api.h"
-#include "frame/arena.h"
-#include "support/alloc_failures.h"
-#include "support/guarded_array.h"
 
 namespace {
 
@@ -15,36 +9,6 @@ using test::makeFir;
 template <class F>
 class FirState : public testing::Test {};
 TYPED_TEST_SUITE(FirState, test::AllFirs);
-
-// At the worst address of memory that ends at an inaccessible page, filled with noise; one call of
-// each engine touches all parts.
-TYPED_TEST(FirState, LivesInTheBytesThatItAsksFor) {
-  using F = TypeParam;
-  using D = typename F::Data;
-  test::Random random;
-  for (const int n : {1, 2, 9, 63, 64, 130, 700}) {
-    int size = 0;
-    ASSERT_EQ(F::getStateSize(n, &size), moxOk);
-    for (int slack = 0; slack < 64; slack += slack < 20 ? 1 : 11) {
-      const test::GuardedArray<Mox8u> memory(size + slack);
-      for (Mox8u& b : memory) b = Mox8u(random.bits());
-      const auto taps = random.vector<typename F::Tap>(n);
-      MoxsFIRState* s = nullptr;
-      Mox8u* const buffer = memory.data() + slack;
-      ASSERT_EQ(F::init(&s, taps.data(), n, nullptr, buffer), moxOk);
-      ASSERT_EQ(reinterpret_cast<Mox8u*>(s), mox::alignUp(buffer, 16));
-      ASSERT_EQ(*reinterpret_cast<Mox32s*>(s), F::id);
-      const auto twin = makeFir<F>(taps);
-      for (const int len : {4800, 600}) {
-        auto a = random.vector<D>(len), b = a;
-        ASSERT_EQ(F::runInPlace(a.data(), len, s, 0), moxOk);
-        ASSERT_EQ(F::runInPlace(b.data(), len, twin.get(), 0), moxOk);
-        ASSERT_EQ(std::memcmp(a.data(), b.data(), len * sizeof(D)), 0);
-        ASSERT_EQ(F::free(s), moxOk);  // and the state goes on
-      }
-    }
-  }
-}
 
 TYPED_TEST(FirState, GivesBackTapsAndDelayLine) {
   using F = TypeParam;
@@ -74,37 +38,6 @@ TYPED_TEST(FirState, GivesBackTapsAndDelayLine) {
   }
 }
 
-TYPED_TEST(FirState, RefusesMoreTapsThanAnObjectHolds) {
-  using F = TypeParam;
-  const auto tap = test::number<typename F::Tap>(1);
-  constexpr int most = std::numeric_limits<int>::max();
-  Mox8u buffer[1];
-  MoxsFIRState* s = nullptr;
-  int size = 77;
-  EXPECT_EQ(F::getStateSize(most, &size), moxErrFirLen);
-  EXPECT_EQ(F::init(&s, &tap, most, nullptr, buffer), moxErrFirLen);
-  EXPECT_EQ(F::initAlloc(&s, &tap, most, nullptr), moxErrFirLen);
-  EXPECT_EQ(F::initAlloc(nullptr, &tap, 0, nullptr), moxErrNullPtr);
-  EXPECT_EQ(size, 77);
-  EXPECT_EQ(s, nullptr);
-}
-
-TYPED_TEST(FirState, TakesMemoryWhenItIsMadeAndNotAgain) {
-  using F = TypeParam;
-  const std::vector<typename F::Tap> taps(100, test::number<typename F::Tap>(1));
-  std::vector<typename F::Data> x(5000, test::number<typename F::Data>(1));
-  CoreProbe probe;
-  MoxsFIRState* s = nullptr;
-  const auto make = [&] { return F::initAlloc(&s, taps.data(), 100, nullptr); };
-  EXPECT_GT(test::failEachAllocation(make, [&] { EXPECT_EQ(s, nullptr); }), 0);
-  const int taken = probe.allocations();
-  EXPECT_EQ(F::runInPlace(x.data(), 5000, s, 0), moxOk);
-  EXPECT_EQ(F::setTaps(taps.data(), s), moxOk);
-  EXPECT_EQ(probe.allocations(), taken);
-  EXPECT_EQ(F::free(s), moxOk);
-  EXPECT_EQ(probe.live(), 0);
-}
-
 TEST(FirState32f, OneSizeServesAllStatesThatHoldFloats) {
   for (const int n : {1, 64, 1000}) {
     int plain = 0, mixed = 0, stream = 0;
@@ -114,21 +47,6 @@ TEST(FirState32f, OneSizeServesAllStatesThatHoldFloats) {
     EXPECT_EQ(plain, mixed);
     EXPECT_EQ(plain, stream);
   }
-}
-
-TEST(FirState32f, AStreamTakesNoPartInWhatKeepsADelayLine) {
-  const Mox32f tap = 1;
-  MoxsFIRState* s = nullptr;
-  ASSERT_EQ(moxsFIRStreamInitAlloc_32f(&s, &tap, 1), moxOk);
-  Mox32f x;
-  EXPECT_EQ(moxsFIR_32f_I(&x, 1, s), moxErrContext);
-  EXPECT_EQ(moxsFIROne_32f(1, &x, s), moxErrContext);
-  EXPECT_EQ(moxsFIRFree_64f(s), moxErrContext);
-  EXPECT_EQ(moxsFIRGetTaps_32f(s, &x), moxErrContext);
-  EXPECT_EQ(moxsFIRSetTaps_32f(&tap, s), moxErrContext);
-  EXPECT_EQ(moxsFIRGetDlyLine_32f(s, &x), moxErrContext);
-  EXPECT_EQ(moxsFIRSetDlyLine_32f(s, &tap), moxErrContext);
-  EXPECT_EQ(moxsFIRFree_32f(s), moxOk);
 }
 
 }  // namespace

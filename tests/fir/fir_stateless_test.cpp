@@ -60,14 +60,6 @@ TYPED_TEST(FirStateless, FollowsTheDefiningSumAndKeepsTheRing) {
   }
 }
 
-TYPED_TEST(FirStateless, ChecksTheSamplesBeforeTheTapsBeforeTheRing) {
-  using F = TypeParam;
-  const auto tap = test::number<typename F::Tap>(1);
-  typename F::Data x{};
-  EXPECT_EQ(F::direct(&x, &x, 0, nullptr, 0, nullptr, nullptr, 0), moxErrSize);
-  EXPECT_EQ(F::direct(&x, &x, 1, &tap, 0, nullptr, nullptr, 0), moxErrFirLen);
-}
-
 // 2^24 + 1 - 2^24: a sum in single precision loses the 1.
 TEST(FirStateless32f, SumsInDoublePrecision) {
   const Mox32f taps[3] = {1, 1, 1}, src[3] = {0x1p24f, 1, -0x1p24f};

@@ -1,13 +1,15 @@
 // What holds for all exported functions is tested here on all of them, driven by the names and
 // types in the public headers. A new function is found by itself; where its shape is new as well,
-// the test fails and says which table wants a row (every/shapes.cpp for arrays, numbers and
-// objects, every/contract.cpp for deviations).
+// the test fails and says which table wants a row: every/objects.cpp for a family of objects, and
+// how it is registered, every/shapes.cpp for arrays and numbers, every/refusals.cpp for statuses,
+// every/contract.cpp for deviations.
 #include <gtest/gtest.h>
 
 #include "frame/every/call.h"
+#include "frame/every/checks.h"
 #include "frame/every/contract.h"
 #include "frame/every/last_words.h"
-#include "frame/every/own_checks.h"
+#include "frame/every/tables.h"
 #include "support/random.h"
 
 namespace {
@@ -17,10 +19,10 @@ using namespace every;
 bool always(const Function&) { return true; }
 
 const Check checks[] = {
-    {"NullPointersAreRefused", hasPointer, checkNullPointers},
-    {"LengthsOutOfRangeAreRefused", hasLength, checkLengths},
-    {"ForeignObjectsAreRefused", takesObject, checkForeignObject},
+    {"BadArgumentsAreRefusedInOrder", canBeRefused, checkRefusals},
+    {"ForeignObjectsAreRefused", takesObject, checkForeignObjects},
     {"EveryLengthAndAlignment", always, checkEveryLengthAndAlignment},
+    {"OtherNumbersAtEveryAlignment", hasOtherNumbers, checkOtherNumbers},
     {"AgreesWithShorterCalls", isElementwise, checkShorterCalls},
     {"AgreesWithPlainForm", hasPlainForm, checkInPlaceForm},
     {"RunsOntoItsSource", mayRunOntoSource, checkOntoSource},
@@ -65,12 +67,16 @@ class DeclarationTest : public testing::Test {
   void TestBody() override {
     ASSERT_NE(function_.address, nullptr) << function_.name << " is declared and not built";
     EXPECT_NE(function_.signature->returnsStatus,
-              deviation(function_.name, Deviation::noStatus) != nullptr);
+              deviation(function_, Deviation::noStatus) != nullptr);
   }
 
  private:
   const Function& function_;
 };
+
+TEST(Tables, EveryRowServesAndNoTwoClaimTheSame) {
+  for (const std::string& fault : faultsOfAllTables()) ADD_FAILURE() << fault;
+}
 
 void registerTests() {
   for (const Function& f : allFunctions()) {

@@ -86,10 +86,6 @@ void checkSumWindow(MoxStatus (*sumWindow)(const E*, Mox32f*, int, int)) {
 TEST(SumWindow, FollowsTheRunningSum) {
   checkSumWindow(moxsSumWindow_8u32f);
   checkSumWindow(moxsSumWindow_16s32f);
-  Mox8u x[1] = {};
-  Mox32f y = 7;
-  EXPECT_EQ(moxsSumWindow_8u32f(x, &y, 1, 0), moxErrSumWindowLen);
-  EXPECT_EQ(y, 7);
 }
 
 template <class E, class F>
@@ -106,8 +102,6 @@ void checkNormalize(MoxStatus (*normalize)(const E*, E*, int, E, F), E sub) {
           << "div " << div << " at " << i;
     }
   }
-  for (const F div : {F(0), F(-0.0), F(1.1754942e-38), F(-1e-39)})
-    EXPECT_EQ(normalize(x.data(), y.data(), len, sub, div), moxErrDivByZero);
 }
 
 TEST(Normalize, FloatsAreTheirFormula) {
@@ -137,7 +131,6 @@ void checkNormalizeScaled(MoxStatus (*normalize)(const E*, E*, int, E, int, int)
             << x[i] << " at " << i << " by " << div << " factor " << factor;
       }
     }
-  EXPECT_EQ(run(0, 0), moxErrDivByZero);
 }
 
 TEST(Normalize, IntegersAreDividedInSinglePrecision) {
@@ -174,6 +167,7 @@ TEST(Update, IsExactAndSaturates) {
       for (const int shift : {-5, 0, 3, 14, 15, 31, INT_MAX})
         for (const Mox32s start : {0, -77, INT_MIN, INT_MAX})
           checkUpdate(random.vector<Mox16s>(len), start, shift, alpha);
+  checkUpdate(std::vector<Mox16s>(1 << 18, -32768), 0, 0, -1);
 }
 
 // Values that a double holds at every step, and some that ran away.
@@ -208,9 +202,6 @@ void checkCrossings(MoxStatus (*zeroCrossing)(const E*, int, Mox32f*, int),
     }
   }
   Mox32f result = 7;
-  for (const int type : {3, -1, INT_MIN})
-    EXPECT_EQ(zeroCrossing(values.data(), 2, &result, type), moxErrZeroCrossingType);
-  EXPECT_EQ(result, 7);
   EXPECT_EQ(zeroCrossing(values.data(), -1, &result, 2), moxOk);
   EXPECT_EQ(result, 0);
 }

@@ -1,21 +1,18 @@
 #include "support/core_probe.h"
 
-#include <algorithm>
-
 extern "C" {
 void* __real_moxMalloc(int bytes);
 void __real_moxFree(void* p);
 int __real_moxGetMaxCacheSizeB(int* bytes);
 int __real_ownGetFeature(std::uint64_t mask);
-void __real_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]);
 }
 
 namespace {
 CoreProbe* active = nullptr;
 }
 
-CoreProbe::CoreProbe() { active = this; }
-CoreProbe::~CoreProbe() { active = nullptr; }
+CoreProbe::CoreProbe() : outer_(active) { active = this; }
+CoreProbe::~CoreProbe() { active = outer_; }
 
 void* CoreProbe::allocate(int bytes) {
   lastBytes_ = bytes;
@@ -30,8 +27,7 @@ void CoreProbe::release(void* p) {
   __real_moxFree(p);
 }
 
-int CoreProbe::maxCacheSize(int* bytes) {
-  ++cacheQueries_;
+int CoreProbe::maxCacheSize(int* bytes) const {
   if (!cacheFixed_) return __real_moxGetMaxCacheSizeB(bytes);
   if (!cache_) return -1;
   *bytes = *cache_;
@@ -40,14 +36,6 @@ int CoreProbe::maxCacheSize(int* bytes) {
 
 int CoreProbe::feature(std::uint64_t mask) const {
   return features_ ? (*features_ & mask) == mask : __real_ownGetFeature(mask);
-}
-
-void CoreProbe::cpuid(unsigned leaf, unsigned (*registers)[4]) {
-  ++cpuidQueries_;
-  if (const auto fixed = cpuid_.find(leaf); fixed != cpuid_.end())
-    std::copy(fixed->second.begin(), fixed->second.end(), *registers);
-  else
-    __real_ownGetCpuid(leaf, registers);
 }
 
 extern "C" {
@@ -60,8 +48,5 @@ int __wrap_moxGetMaxCacheSizeB(int* bytes) {
 }
 int __wrap_ownGetFeature(std::uint64_t mask) {
   return active ? active->feature(mask) : __real_ownGetFeature(mask);
-}
-void __wrap_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]) {
-  active ? active->cpuid(leaf, registers) : __real_ownGetCpuid(leaf, registers);
 }
 }

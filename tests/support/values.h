@@ -83,6 +83,9 @@ Pairs<A, B> allPairs(const std::vector<A>& a, const std::vector<B>& b) {
   Pairs<A, B> pairs;
   for (A x : a)
     for (B y : b) pairs.add(x, y);
+  // The extremes stand first, where single steps take them; once more for the blocks.
+  for (std::size_t i = 0; i < 48 && i < a.size() * b.size(); ++i)
+    pairs.add(pairs.first[i], pairs.second[i]);
   return pairs;
 }
 

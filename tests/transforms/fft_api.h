@@ -81,6 +81,10 @@ struct Form {
     else
       return f(reinterpret_cast<const E*>(src), reinterpret_cast<E*>(dst), spec, buffer);
   }
+  static MoxStatus runSplit(const F* re, const F* im, F* dstRe, F* dstIm,
+                            const MoxsFFTSpec* spec) requires split {
+    return fwd(re, im, dstRe, dstIm, spec, nullptr);
+  }
   static MoxStatus runInPlace(bool forward, F* data, [[maybe_unused]] long n,
                               const MoxsFFTSpec* spec, Mox8u* buffer) {
     const auto f = forward ? fwdInPlace : invInPlace;

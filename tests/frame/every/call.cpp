@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <regex>
 
 #include "frame/every/contract.h"
+#include "frame/every/objects.h"
 #include "frame/every/shapes.h"
 #include "support/random.h"
 
@@ -46,20 +46,10 @@ void storeElement(std::byte* at, const ElementType& element, double value) {
 
 template <class F>
 std::vector<std::byte> floatPool(std::size_t count, bool anyFloats) {
-  constexpr F specials[] = {F(0.0),
-                            -F(0.0),
-                            std::numeric_limits<F>::infinity(),
-                            -std::numeric_limits<F>::infinity(),
-                            std::numeric_limits<F>::quiet_NaN(),
-                            std::numeric_limits<F>::denorm_min(),
-                            std::numeric_limits<F>::min(),
-                            std::numeric_limits<F>::max(),
-                            std::numeric_limits<F>::lowest()};
   test::Random random(sizeof(F));
   std::vector<std::byte> pool(count * sizeof(F));
   for (std::size_t i = 0; i < count; ++i) {
-    F value = random.value<F>();
-    if (anyFloats && random.below(5) == 0) value = specials[random.below(std::size(specials))];
+    const F value = anyFloats ? random.special<F>() : random.value<F>();
     std::memcpy(&pool[i * sizeof(F)], &value, sizeof value);
   }
   return pool;
@@ -68,7 +58,7 @@ std::vector<std::byte> floatPool(std::size_t count, bool anyFloats) {
 // Random elements; a slice of one long run, since a sweep fills millions of arrays.
 std::vector<std::byte> randomContent(const ElementType& element, std::size_t bytes, int stream,
                                      bool anyFloats) {
-  constexpr std::size_t count = 1 << 17, starts = 1 << 14;
+  constexpr std::size_t count = 1 << 18, starts = 1 << 14;
   static const std::vector<std::byte> pools[] = {
       floatPool<float>(count, false), floatPool<float>(count, true),
       floatPool<double>(count, false), floatPool<double>(count, true), [] {
@@ -89,10 +79,10 @@ bool closeFloats(const std::byte* a, const std::byte* b, double tolerance) {
   std::memcpy(&x, a, sizeof x);
   std::memcpy(&y, b, sizeof y);
   if (std::isnan(x) || std::isnan(y)) return std::isnan(x) && std::isnan(y);
-  return tolerance > 0 && std::fabs(double(x) - double(y)) <= tolerance;
+  return std::fabs(double(x) - double(y)) <= tolerance * std::max(1.0, std::fabs(double(y)));
 }
 
-// One part equal to the bit; NaN equals NaN; within `tolerance` where that is not 0.
+// One part equal to the bit; NaN equals NaN; floats within a relative tolerance.
 bool samePart(const ElementType& element, const std::byte* a, const std::byte* b,
               double tolerance) {
   if (std::memcmp(a, b, std::size_t(element.partBytes)) == 0) return true;
@@ -101,29 +91,14 @@ bool samePart(const ElementType& element, const std::byte* a, const std::byte* b
                                 : closeFloats<double>(a, b, tolerance);
 }
 
-// The Free function of an InitAlloc function: of the same name, or one that several kinds share.
-const Function& freeFunctionOf(const std::string& name) {
-  std::string free = std::regex_replace(name, std::regex("InitAlloc"), "Free");
-  for (const auto& [kind, by] : {std::pair("$", ""),
-                                 {"_BiQuad|_DF1", ""},
-                                 {"FIRMR", "FIR"},
-                                 {"Stream", ""},
-                                 {"_16s32f", "_16s"},
-                                 {"_16sc32fc", "_16sc"},
-                                 {"Q15_16s", ""}}) {
-    free = std::regex_replace(free, std::regex(kind), by);
-    if (const Function* f = findFunction(free)) return *f;
-  }
-  throw Unknown(name + ": its Free function was not found; extend freeFunctionOf in call.cpp");
-}
-
 }  // namespace
 
 Call::Call(const Function& function, const Setting& setting)
     : function_(function),
       setting_(setting),
       slots_(std::size_t(function.count())),
-      objectOut_(&sentinel) {
+      objectOut_(&sentinel),
+      initialObject_(&sentinel) {
   const auto each = [&](auto prepare, auto... forms) {
     for (int i = 0; i < function_.count(); ++i)
       if (((function_.type(i).form == forms) || ...)) (this->*prepare)(i);
@@ -153,32 +128,40 @@ long Call::operator()(const std::string& parameter) const {
 
 void Call::prepareNumber(int i) {
   const std::string& name = function_.parameters[i];
-  const ElementType& element = *function_.type(i).element;
   if (const auto wanted = setting_.numbers.find(name); wanted != setting_.numbers.end())
-    return storeElement(slots_[i].bytes, element, double(wanted->second));
+    return setNumber(i, double(wanted->second));
   const std::optional<double> value = numberFor(*this, i);
   if (!value) unknown(function_, name, "a valid value");
-  storeElement(slots_[i].bytes, element, *value);
+  setNumber(i, *value);
 }
 
 void Call::prepareObject(int i) {
   if (countFor(*this, i)) return prepareArray(i);
-  const std::string& name = function_.parameters[i];
-  const std::optional<std::string> maker = makerOf(function_.name);
-  if (!maker) unknown(function_, name, "which Init function makes the object");
-  const Function* init = findFunction(*maker);
-  if (!init) init = findFunction(std::regex_replace(*maker, std::regex("Init"), "InitAlloc"));
-  if (!init) throw Unknown(function_.name + ": no function " + *maker + " to make its object");
+  const Kind* kind = kindOf(function_);
+  if (!kind) throw Unknown(function_.name + ": no row in objects.cpp says what makes its object");
+  const bool frees = kind->free == &function_;
   Setting setting;
   setting.length = setting_.length;
   setting.numbers = setting_.numbers;
-  setting.destination = setting.source = {Edge::end, -1};
-  auto& call = *makers_.emplace_back(std::make_unique<Call>(*init, setting));
+  // What the object lies in walks through the same places as the arrays.
+  setting.destination = setting_.destination;
+  setting.source = {Edge::end, -1};
+  auto& call = *makers_.emplace_back(
+      std::make_unique<Call>(frees && kind->initAlloc ? *kind->initAlloc : *kind->init, setting));
   if (const MoxStatus status = call.run(); status != moxOk)
-    throw Misbehaved("(" + init->name + " answers " + std::to_string(status) +
+    throw Misbehaved("(" + call.function_.name + " answers " + std::to_string(status) +
                      " to valid arguments)");
-  for (auto& array : call.arrays_) array->initial.assign(array->data, array->data + array->bytes);
+  call.takeAsInitial();
   slots_[i].set(call.object());
+}
+
+void Call::takeAsInitial() {
+  for (auto& array : arrays_) array->initial.assign(array->data, array->data + array->bytes);
+  initialObject_ = objectOut_;
+}
+
+void Call::setNumber(int i, double value) {
+  storeElement(slots_[i].bytes, *function_.type(i).element, value);
 }
 
 void Call::prepareArray(int i) {
@@ -186,7 +169,7 @@ void Call::prepareArray(int i) {
   const ArgumentType& type = function_.type(i);
   const std::optional<long> count = countFor(*this, i);
   if (!count) unknown(function_, name, "the length");
-  if (setting_.nullOptional && optionalPointer(function_.name, name)) return;
+  if (setting_.nullOptional && optionalPointer(function_, name)) return;
   if (type.form != Form::rows) {
     slots_[i].set<void*>(addArray(i, *count).data);
     return;
@@ -259,10 +242,11 @@ MoxStatus Call::run() {
   const auto fault =
       trap([&] { status = function_.signature->call(function_.address, slots_.data()); });
   if (fault) report(*fault);
-  if (status >= moxOk && function_.name.find("InitAlloc") != std::string::npos)
-    free_ = &freeFunctionOf(function_.name);
-  if (status >= moxOk && function_.name.find("Free") != std::string::npos)
-    for (auto& maker : makers_) maker->free_ = nullptr;
+  if (const Kind* kind = status >= moxOk ? kindOf(function_) : nullptr) {
+    if (kind->initAlloc == &function_) free_ = kind->free;
+    if (kind->free == &function_)
+      for (auto& maker : makers_) maker->free_ = nullptr;
+  }
   const auto check = [&](const Call& call) {
     for (const auto& a : call.arrays_)
       if (const auto at = a->region->strayWrite())
@@ -297,8 +281,10 @@ void Call::compare(const Array& a, const char* what) const {
 }
 
 void Call::requireUntouched() const {
-  for (const auto& a : arrays_) compare(*a, "in a call that failed");
-  if (objectOut_ != &sentinel && !free_)
+  for (const auto& a : arrays_)
+    if (!scratch(function_, function_.parameters[a->parameter]))
+      compare(*a, "in a call that failed");
+  if (objectOut_ != initialObject_)
     throw Misbehaved("stores an object pointer in a call that failed");
   for (const auto& maker : makers_)
     for (const auto& a : maker->arrays_) maker->compare(*a, "of the object in a call that failed");
@@ -310,9 +296,13 @@ void Call::requireSourcesUntouched() const {
 }
 
 // Where `expected` is shorter, the rest of `a` is free.
-void Call::requireSameContent(const Array& a, const Array& expected, double tolerance) const {
+void Call::requireSameContent(const Array& a, const Array& expected, double roundings) const {
   const std::size_t bytes = std::min(a.bytes, expected.bytes);
   if (bytes == 0 || std::memcmp(a.data, expected.data, bytes) == 0) return;
+  bool isSingle = false;
+  for (const auto& array : arrays_)
+    isSingle |= array->element->isFloat && array->element->partBytes == 4;
+  const double tolerance = roundings * (isSingle ? 0x1p-24 : 0x1p-53);
   for (std::size_t i = 0; i < bytes; i += std::size_t(a.element->partBytes))
     if (!samePart(*a.element, a.data + i, expected.data + i, tolerance))
       throw Misbehaved("gives another result at element " +
@@ -320,11 +310,11 @@ void Call::requireSameContent(const Array& a, const Array& expected, double tole
                        function_.parameters[a.parameter] + "'");
 }
 
-void Call::requireSameOutputs(const Call& reference, double tolerance) const {
+void Call::requireSameOutputs(const Call& reference, double roundings) const {
   for (std::size_t k = 0; k < arrays_.size(); ++k)
     if (const Array& a = *arrays_[k];
-        !a.isConst && !scratch(function_.name, function_.parameters[a.parameter]))
-      requireSameContent(a, *reference.arrays_[k], tolerance);
+        !a.isConst && !scratch(function_, function_.parameters[a.parameter]))
+      requireSameContent(a, *reference.arrays_[k], roundings);
 }
 
 long query(const std::string& function, const Setting& setting, const std::string& output) {

@@ -61,15 +61,15 @@ class Call {
   // The value of an argument, of this call or of the ones that made its objects.
   long operator()(const std::string& parameter) const;
 
-  void setNull(int parameter) { slots_[parameter].set<void*>(nullptr); }
+  void setNumber(int parameter, double value);
+  void setPointer(int parameter, void* pointer) { slots_[parameter].set(pointer); }
   void setRowNull(int parameter, int row) { rows_.at(parameter).at(std::size_t(row)) = nullptr; }
   int rowCount(int parameter) const { return int(rows_.at(parameter).size()); }
-  void setNumber(int parameter, int value) { slots_[parameter].set(value); }
-  void setObject(int parameter, void* object) { slots_[parameter].set(object); }
   void alias(int parameter, int of);  // one array passed for two parameters
   void fill(int parameter, const std::vector<std::byte>& content);
 
   MoxStatus run();
+  void takeAsInitial();  // what the arrays hold now is what they must keep
 
   Array* array(int parameter);  // the only one of this parameter; null when there is none
   const std::vector<std::unique_ptr<Array>>& arrays() const { return arrays_; }
@@ -78,8 +78,9 @@ class Call {
 
   void requireUntouched() const;  // no byte of arrays and objects has changed
   void requireSourcesUntouched() const;
-  void requireSameContent(const Array& a, const Array& expected, double tolerance = 0) const;
-  void requireSameOutputs(const Call& reference, double tolerance = 0) const;
+  // Equal to the bit; or floats within so many roundings of the narrowest type among the arrays.
+  void requireSameContent(const Array& a, const Array& expected, double roundings = 0) const;
+  void requireSameOutputs(const Call& reference, double roundings = 0) const;
 
  private:
   void prepareNumber(int parameter);
@@ -95,7 +96,7 @@ class Call {
   std::vector<std::unique_ptr<Array>> arrays_;
   std::map<int, std::vector<void*>> rows_;
   std::vector<std::unique_ptr<Call>> makers_;  // the Init calls of this call's objects
-  void* objectOut_ = nullptr;
+  void *objectOut_ = nullptr, *initialObject_ = nullptr;
   const Function* free_ = nullptr;  // releases what InitAlloc has made
 };
 

@@ -20,4 +20,27 @@ struct Check {
   void (*run)(const Function&, Position&);
 };
 
+// refusals.cpp
+bool canBeRefused(const Function&);
+void checkRefusals(const Function&, Position&);
+bool takesObject(const Function&);
+void checkForeignObjects(const Function&, Position&);
+
+// result_checks.cpp
+bool isElementwise(const Function&);
+bool hasPlainForm(const Function&);
+bool mayRunOntoSource(const Function&);
+bool hasOtherNumbers(const Function&);
+void checkEveryLengthAndAlignment(const Function&, Position&);
+void checkOtherNumbers(const Function&, Position&);
+void checkShorterCalls(const Function&, Position&);
+void checkInPlaceForm(const Function&, Position&);
+void checkOntoSource(const Function&, Position&);
+
+// environment_checks.cpp
+bool hasScaleFactor(const Function&);
+void checkScaleFactors(const Function&, Position&);
+void checkControlWords(const Function&, Position&);
+void checkAllocations(const Function&, Position&);
+
 }  // namespace every

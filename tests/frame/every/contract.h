@@ -3,27 +3,25 @@
 
 #include <string>
 
+#include "frame/every/functions.h"
+
 namespace every {
 
 enum class Deviation {
-  noStatus,         // returns no status: no check applies, a test of its own holds it
-  lengthFirst,      // looks at the length before the pointers
-  onlyZeroRefused,  // of the lengths below 1 refuses 0 alone
-  notOntoSource,    // the destination must not be a source, although the lengths agree
-  notElementwise,   // an output depends on the length, or on inputs at other places
-  otherInPlace,     // the _I form differs from the plain form by definition
-  alignedSums,      // the order of a sum follows the alignment: compared within a tolerance
-  outputsApart,     // one null output does not keep the call from writing the others
-  noIdentifier      // cannot tell a foreign object from its own
+  noStatus,        // returns no status: no check applies, a test of its own holds it
+  notOntoSource,   // the destination must not be a source, although the lengths agree
+  notElementwise,  // an output depends on the length, or on inputs at other places
+  alignedSums,     // the order of a sum follows the alignment: compared within roundings
+  outputsApart     // one null output does not keep the call from writing the others
 };
 
 // The reason, in words; null when the function does as all do.
-const char* deviation(const std::string& function, Deviation kind);
+const char* deviation(const Function& function, Deviation kind);
 
 // May this pointer be null?
-bool optionalPointer(const std::string& function, const std::string& parameter);
+bool optionalPointer(const Function& function, const std::string& parameter);
 
 // Memory whose content after a call means nothing.
-bool scratch(const std::string& function, const std::string& parameter);
+bool scratch(const Function& function, const std::string& parameter);
 
 }  // namespace every

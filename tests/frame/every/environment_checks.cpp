@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "frame/every/call.h"
+#include "frame/every/checks.h"
 #include "frame/every/contract.h"
-#include "frame/every/own_checks.h"
 #include "frame/every/sweep.h"
 #include "support/core_probe.h"
 
@@ -103,38 +103,42 @@ void checkScaleFactors(const Function& f, Position& at) {
         if (status < moxOk && status != moxErrRoundMode)
           throw Misbehaved("answers " + std::to_string(status));
         if (misaligned.run() != status) throw Misbehaved("gives another status when misaligned");
-        misaligned.requireSameOutputs(aligned,
-                                      deviation(f.name, Deviation::alignedSums) ? 1e-4 : 0);
+        misaligned.requireSameOutputs(aligned, roundingsOfSums(f, length));
       }
   });
 }
 
-// Each allocation fails once: the status says so, nothing changes, nothing is lost.
+// Each allocation fails once: the status says so, nothing changes, nothing is lost. Only what makes
+// an object, and what may be given a work buffer, takes memory at all.
 void checkAllocations(const Function& f, Position& at) {
   const bool keeps = f.name.find("InitAlloc") != std::string::npos;
-  for (const bool withoutBuffer : {false, true}) {
-    for (int nth = 1; nth < 100; ++nth) {
-      at.detail = "with allocation " + std::to_string(nth) + " failing";
-      Setting setting;
-      // Long enough for a transform that needs work memory.
-      setting.length = at.length = hasLength(f) ? 64 : 4096;
-      setting.nullOptional = withoutBuffer;
-      Call call(f, setting);
-      CoreProbe probe;
-      probe.failAllocation(nth);
-      const MoxStatus status = call.run();
-      if (probe.allocations() < nth) {
-        if (status < moxOk) throw Misbehaved("answers " + std::to_string(status));
-        if (!keeps && probe.live() > 0) throw Misbehaved("keeps memory");
-        if (!withoutBuffer && probe.allocations() > 0 && f.indexOf("buffer") >= 0)
-          throw Misbehaved("takes memory although it has a work buffer");
-        break;
+  const bool hasBuffer = optionalPointer(f, "buffer");
+  auto settings = otherNumbers(f);
+  settings.push_back({});
+  for (const Numbers& numbers : settings)
+    for (const bool withoutBuffer : {false, true})
+      for (int nth = 1; nth < 100; ++nth) {
+        at.detail = "with allocation " + std::to_string(nth) + " failing";
+        Setting setting;
+        // Long enough for a transform that needs work memory, and for one that needs two blocks.
+        setting.length = at.length = hasLength(f) && !keeps ? 64 : 4096;
+        setting.nullOptional = withoutBuffer;
+        setting.numbers = numbers;
+        Call call(f, setting);
+        CoreProbe probe;
+        probe.failAllocation(nth);
+        const MoxStatus status = call.run();
+        if (probe.allocations() > 0 && !keeps && (!hasBuffer || !withoutBuffer))
+          throw Misbehaved("takes memory");
+        if (probe.allocations() < nth) {
+          if (status < moxOk) throw Misbehaved("answers " + std::to_string(status));
+          if (!keeps && probe.live() > 0) throw Misbehaved("keeps memory");
+          break;
+        }
+        if (status != moxErrMemAlloc) throw Misbehaved("answers " + std::to_string(status));
+        if (probe.live() != 0) throw Misbehaved("loses memory");
+        call.requireUntouched();
       }
-      if (status != moxErrMemAlloc) throw Misbehaved("answers " + std::to_string(status));
-      if (probe.live() != 0) throw Misbehaved("loses memory");
-      call.requireUntouched();
-    }
-  }
 }
 
 }  // namespace every

@@ -8,7 +8,8 @@
 #include <cstdint>
 
 #include "frame/every/call.h"
-#include "frame/every/own_checks.h"
+#include "frame/every/checks.h"
+#include "frame/every/tables.h"
 #include "support/moxcore.h"
 
 namespace {
@@ -37,6 +38,10 @@ MoxStatus refusesLate(const Mox32f* src, Mox32f* dst, int len) {
 MoxStatus acceptsNegativeLength(const Mox32f* src, Mox32f* dst, int len) {
   if (!src || !dst) return moxErrNullPtr;
   return len == 0 ? moxErrSize : moxOk;
+}
+
+MoxStatus checksLengthFirst(const Mox32f* src, Mox32f* dst, int len) {
+  return len < 1 ? moxErrSize : checked(src, dst, len);
 }
 
 constexpr auto nothing = [](const Mox32f*, Mox32f*, int) {};
@@ -82,22 +87,23 @@ std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*,
   try {
     check(faulty, at);
   } catch (const Misbehaved& fault) {
-    return fault.what();
+    return fault.what() + (", " + at.detail);
   }
   return "fine";
 }
 
 TEST(Harness, FindsNothingInAGoodFunction) {
-  for (CheckFunction* check :
-       {checkNullPointers, checkLengths, checkEveryLengthAndAlignment, checkShorterCalls,
-        checkOntoSource, checkControlWords, checkAllocations})
+  for (CheckFunction* check : {checkRefusals, checkEveryLengthAndAlignment, checkShorterCalls,
+                               checkOntoSource, checkControlWords, checkAllocations})
     EXPECT_EQ(verdict(check, copy<nothing>), "fine");
 }
 
 TEST(Harness, FindsTheFaultOfABadFunction) {
   using testing::HasSubstr;
-  EXPECT_THAT(verdict(checkNullPointers, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
-  EXPECT_THAT(verdict(checkLengths, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
+  EXPECT_THAT(verdict(checkRefusals, refusesLate), HasSubstr("changes byte 0 of 'dst'"));
+  EXPECT_THAT(verdict(checkRefusals, acceptsNegativeLength), HasSubstr("answers 0 instead of -6"));
+  EXPECT_THAT(verdict(checkRefusals, checksLengthFirst),
+              HasSubstr("answers -6 instead of -8, with a null 'src' and len = 0"));
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<dependsOnAlignment>),
               HasSubstr("another result at element 0 of 'dst'"));
   EXPECT_THAT(verdict(checkShorterCalls, copy<dependsOnLength>),
@@ -105,7 +111,7 @@ TEST(Harness, FindsTheFaultOfABadFunction) {
   EXPECT_THAT(verdict(checkOntoSource, readsAfterWriting),
               HasSubstr("another result at element 2"));
   EXPECT_THAT(verdict(checkControlWords, copy<keepsRounding>), HasSubstr("vector control word"));
-  EXPECT_THAT(verdict(checkAllocations, copy<keepsMemory>), HasSubstr("answers 0"));
+  EXPECT_THAT(verdict(checkAllocations, copy<keepsMemory>), HasSubstr("takes memory"));
 }
 
 #if !defined(__SANITIZE_ADDRESS__)  // which ends the program at the first stray byte
@@ -120,6 +126,15 @@ TEST(Harness, FindsStrayReadsAndWrites) {
 }
 #endif
 
+TEST(Harness, FindsIdleRowsAndDoubleClaims) {
+  using testing::ElementsAre, testing::HasSubstr;
+  EXPECT_THAT(faultsOf("t", {{"Add_32f", "len"}, {"Add_*", "src1"}, {"*", "len"}}), ElementsAre());
+  EXPECT_THAT(faultsOf("t", {{"Add_32f", "len"}, {"Add_32f?(_I)", "len"}}),
+              ElementsAre(HasSubstr("two rows claim 'len' of moxsAdd_32f")));
+  EXPECT_THAT(faultsOf("t", {{"Add_32f Wave_*", "len mood"}}),
+              ElementsAre(HasSubstr("'Wave_*' serves no"), HasSubstr("'mood' serves no")));
+}
+
 TEST(Harness, NamesWhatItDoesNotKnow) {
   auto* f = +[](const Mox32f*, int, Mox32f) { return MoxStatus(moxOk); };
   const Function strange{"moxsStrange_32f",
@@ -127,7 +142,7 @@ TEST(Harness, NamesWhatItDoesNotKnow) {
                          signatureOf<decltype(f)>,
                          reinterpret_cast<AnyFunction*>(f)};
   Position at;
-  EXPECT_THAT([&] { checkNullPointers(strange, at); },
+  EXPECT_THAT([&] { checkRefusals(strange, at); },
               testing::ThrowsMessage<Unknown>(testing::HasSubstr("'mood' of moxsStrange_32f")));
 }
 

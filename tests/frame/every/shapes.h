@@ -1,10 +1,8 @@
-// What the harness knows of parameters beyond their types: which value is valid, how long an array
-// is, how an object is made. Tables of patterns; the first row that fits a function and a
-// parameter holds. A new family adds rows only where the general ones at the end do not fit.
+// What the harness knows of parameters beyond their types: which value is valid, and how long an
+// array is.
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "frame/every/call.h"
@@ -18,16 +16,12 @@ std::optional<double> numberFor(const Call& call, int parameter);
 // How many elements the function may touch.
 std::optional<long> countFor(const Call& call, int parameter);
 
-// The Init function that makes the object on which this function works.
-std::optional<std::string> makerOf(const std::string& function);
+// Whether an argument of the function follows the length of the setting.
+bool hasLength(const Function& function);
 
-// The status for a length that is out of range, and the values that are.
-struct LengthRule {
-  const char* functions;
-  const char* parameters;
-  MoxStatus status;
-  std::vector<int> refused;
-};
-const LengthRule* lengthRuleFor(const std::string& function, const std::string& parameter);
+// Settings of numbers that lead a function, or the one that makes its object, by other ways: none,
+// then each other value that the table lists, one at a time.
+using Numbers = std::map<std::string, long>;
+std::vector<Numbers> otherNumbers(const Function& function);
 
 }  // namespace every

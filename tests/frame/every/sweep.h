@@ -3,7 +3,9 @@
 
 #include <cstdlib>
 
-#include "frame/every/own_checks.h"
+#include "frame/every/checks.h"
+#include "frame/every/contract.h"
+#include "frame/every/objects.h"
 #include "frame/every/shapes.h"
 
 namespace every {
@@ -17,7 +19,7 @@ inline bool wanted(const char* variable, int value) {
 // decides the length, for one where nothing depends on it.
 template <class F>
 void forLengths(const Function& function, Position& position, F f) {
-  const bool hasLength = every::hasLength(function), hasObject = makerOf(function.name).has_value();
+  const bool hasLength = every::hasLength(function), hasObject = objectParameter(function) >= 0;
   const int last = hasLength || !hasObject ? 70 : 1024;
   for (int length = 1; length <= last; ++length) {
     const bool powerOfTwo = (length & (length - 1)) == 0;
@@ -26,6 +28,11 @@ void forLengths(const Function& function, Position& position, F f) {
       if (wanted("MOXSP_TEST_LEN", length)) f(length);
     }
   }
+}
+
+// By how many roundings the results of other alignments may differ.
+inline double roundingsOfSums(const Function& function, int length) {
+  return deviation(function, Deviation::alignedSums) ? length + 1 : 0;
 }
 
 template <class F>

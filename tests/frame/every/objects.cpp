@@ -1,0 +1,118 @@
+#include "frame/every/objects.h"
+
+#include <algorithm>
+#include <map>
+#include <regex>
+
+#include "frame/every/tables.h"
+
+namespace every {
+namespace {
+
+// A family of objects is registered here by regular expressions: the names of its Init functions,
+// and those of the functions that take the objects, with what the first expression has captured for
+// $1, $2 and without the ends _I, _Sfs and _ISfs. The rest follows from names. InitAlloc goes
+// before Init where there is one of that name, sizes come from the query called GetStateSize or
+// GetSize in its place, and the function with Free in its name releases what InitAlloc made. Then
+//  - shapes.cpp tells numbers and array lengths that no row for all functions tells already,
+//  - refusals.cpp tells which values are refused, with which status, and in which order.
+struct Row {
+  const char* init;
+  const char* users;
+};
+const Row rows[] = {
+    {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
+    {"FIRInit(.*)", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1"},
+    {"FIRStreamInit(.*)", "FIR(Free)?$1"},
+};
+
+// What a row says of a function that makes objects; empty when it says nothing.
+std::string usersBy(const Row& row, const Function& f) {
+  const std::regex init(std::string("moxs") + row.init);
+  const auto allocates = [](const std::string& name) { return name.find("Alloc") != name.npos; };
+  if (!std::regex_match(f.name, init) || allocates(f.name) != allocates(row.init)) return {};
+  return std::regex_replace(f.name, init, std::string("moxs") + row.users) + "(_I|_I?Sfs)?";
+}
+
+bool makesObjects(const Function& f) { return f.name.find("Init") != std::string::npos; }
+
+Kind kindFrom(const Function& init) {
+  Kind kind = {&init, nullptr, nullptr, {}};
+  const std::string alloc = std::regex_replace(init.name, std::regex("Init(Alloc)?"), "InitAlloc");
+  kind.initAlloc = findFunction(alloc);
+  for (const Row& row : rows)
+    if (const std::string users = usersBy(row, init); !users.empty())
+      for (const Function& f : allFunctions())
+        if (objectParameter(f) >= 0 && std::regex_match(f.name, std::regex(users))) {
+          kind.users.push_back(&f);
+          if (f.name.find("Free") != std::string::npos) kind.free = &f;
+        }
+  return kind;
+}
+
+}  // namespace
+
+int objectParameter(const Function& f) {
+  for (int i = 0; i < f.count() && !makesObjects(f); ++i)
+    if (f.type(i).form == Form::object) return i;
+  return -1;
+}
+
+bool Kind::isTakenBy(const Function& f) const {
+  return std::find(users.begin(), users.end(), &f) != users.end();
+}
+
+const std::vector<Kind>& allKinds() {
+  static const std::vector<Kind> kinds = [] {
+    std::vector<Kind> all;
+    for (const Function& f : allFunctions())
+      for (const Row& row : rows)
+        if (!usersBy(row, f).empty()) {
+          all.push_back(kindFrom(f));
+          break;
+        }
+    return all;
+  }();
+  return kinds;
+}
+
+const Kind* kindOf(const Function& f) {
+  static std::map<std::string, const Kind*> found;
+  const auto [at, isNew] = found.try_emplace(f.name, nullptr);
+  if (isNew)
+    for (const Kind& kind : allKinds())
+      if (!at->second && (&f == kind.init || &f == kind.initAlloc || kind.isTakenBy(f)))
+        at->second = &kind;
+  return at->second;
+}
+
+Call& objectOf(const Kind& kind) {
+  static std::map<const Kind*, std::unique_ptr<Call>> made;
+  auto& call = made[&kind];
+  if (!call) {
+    call = std::make_unique<Call>(*kind.init, Setting{.length = 8});
+    if (const MoxStatus status = call->run(); status != moxOk)
+      throw Misbehaved("(" + kind.init->name + " answers " + std::to_string(status) + ")");
+    call->takeAsInitial();
+  }
+  return *call;
+}
+
+// Each row makes objects, each function that takes one is a user, and each kind can be released.
+std::vector<std::string> faultsOfObjects() {
+  std::vector<std::string> faults;
+  for (const Row& row : rows) {
+    const auto makes = [&](const Function& f) { return !usersBy(row, f).empty(); };
+    if (std::none_of(allFunctions().begin(), allFunctions().end(), makes))
+      faults.push_back(std::string("objects: no function matches ") + row.init);
+  }
+  for (const Function& f : allFunctions())
+    if (objectParameter(f) >= 0 && f.signature->returnsStatus && !kindOf(f))
+      faults.push_back("objects: no row says what makes the object of " + f.name);
+  for (const Kind& kind : allKinds())
+    if (kind.users.empty() || (kind.initAlloc && !kind.free))
+      faults.push_back("objects: no row says what takes or frees those of " + kind.init->name);
+  return faults;
+}
+
+}  // namespace every

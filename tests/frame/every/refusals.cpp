@@ -1,0 +1,210 @@
+// Bad arguments: each gives its status, of two the one of lower rank, and nothing is written.
+#include <climits>
+
+#include "frame/every/call.h"
+#include "frame/every/checks.h"
+#include "frame/every/contract.h"
+#include "frame/every/objects.h"
+#include "frame/every/shapes.h"
+#include "frame/every/tables.h"
+
+namespace every {
+namespace {
+
+// When arguments are looked at. What has the same rank may be looked at in any order.
+enum Rank { first, object, pointer, length, behindLength, number, level, last };
+
+// Bad values of pointers; those of other parameters are numbers.
+constexpr double null = 0, cleared = 1;
+
+struct Row {
+  Claim claim;
+  MoxStatus status;
+  Rank rank;
+  std::vector<double> values;
+};
+
+// Rows of one parameter differ in status or rank. Besides, null is refused in the rank of pointers
+// wherever a pointer is neither optional nor the subject of a row with null.
+Row row(const char* functions, const char* parameters, std::vector<double> values, MoxStatus status,
+        Rank rank) {
+  return {{functions, parameters, 100 * -status + rank}, status, rank, std::move(values)};
+}
+const std::vector<double> belowOne = {0, -1, INT_MIN}, negative = {-1, INT_MIN};
+
+const Table<Row> refusals = {
+    "refusals",
+    {row("*", "len tableLen channels", belowOne, moxErrSize, length),
+     row("@(StdDev|MeanStdDev)_*", "len", {1, 0, -1, INT_MIN}, moxErrSize, length),
+     // A complex sum is the real one of twice the length, which is reckoned first.
+     row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
+         first),
+     // A length of 64 bits without a sign, no pairs, and no element at all.
+     row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
+
+     row("Copy*_1u", "srcBitOffset dstBitOffset", negative, moxErrSize, length),
+     row("PackBits_*", "dstBitOffset", negative, moxErrSize, length),
+     row("SortRadixIndex*", "srcStrideBytes", {0, -2, INT_MIN}, moxErrSize, length),
+     row("SortRadixIndex*_@(16|32)*", "srcStrideBytes", {1}, moxErrSize, behindLength),
+     row("SplitScaled_*", "dstRows", {null}, moxErrNullPtr, behindLength),
+     row("JoinScaled_*", "srcRows", {null}, moxErrNullPtr, behindLength),
+
+     row("CartToPolar_*", "dstPhase", {null}, moxErrNullPtr, behindLength),
+
+     row("DivC_* Normalize_*", "val div", {0, -0.0}, moxErrDivByZero, number),
+     row("Normalize_@(32|64)f*", "div", {1e-39, -1e-39}, moxErrDivByZero, last),
+     row("Div_Round_*", "rndMode", {3, -1}, moxErrRoundMode, number),
+     row("Convert_32f16f Convert_16s16f Convert_16f16s_Sfs", "roundMode", {2}, moxErrRoundMode,
+         number),
+     row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
+     row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
+     row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
+     row("Threshold_@(LTAbs|GTAbs|LTInv)_* Threshold_?(LT_|GT_|LTVal_|GTVal_)*c?(_I)", "level",
+         {-1}, moxErrThreshLevel, level),
+     row("Threshold_LTValGTVal_*", "levelLT", {6}, moxErrThreshOrder, level),
+     row("Threshold_*", "relOp", {3, -1}, moxErrBadArg, last),
+
+     row("FFTGetSize_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, first),
+     row("FFTGetSize_*", "order", {30}, moxErrFftOrder, last),
+     row("FFTInit_*", "spec", {null}, moxErrNullPtr, first),
+     row("FFTInit_*", "order", {-1, 30, 31, INT_MIN, INT_MAX}, moxErrFftOrder, object),
+     row("FFTInitAlloc_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, behindLength),
+     row("FFTInitAlloc_*", "order", {30}, moxErrFftOrder, last),
+     row("FFT*", "flag", {0, 3, 16, -8}, moxErrFftFlag, number),
+     row("FFT@(Fwd|Inv)_*", "spec", {null}, moxErrNullPtr, first),
+     row("FFT@(Fwd|Inv)_*", "spec", {cleared}, moxErrContext, object),
+     row("FFT@(GetBufSize|Free)_*", "spec", {cleared}, moxErrContext, behindLength),
+
+     row("FIR*@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen, length),
+     row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
+     row("FIR*_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
+     row("FIR*_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
+     row("FIR*_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last)}};
+
+bool isPointer(const Function& f, int i) { return f.type(i).form != Form::value; }
+
+struct Refusal {
+  int parameter;
+  MoxStatus status;
+  Rank rank;
+  std::vector<double> values;
+};
+
+std::vector<Refusal> refusalsOf(const Function& f) {
+  std::vector<Refusal> all;
+  for (int i = 0; i < f.count(); ++i) {
+    const std::string& name = f.parameters[std::size_t(i)];
+    bool nullIsKnown = !isPointer(f, i) || optionalPointer(f, name);
+    for (const Row* r : refusals.all(f, name)) {
+      all.push_back({i, r->status, r->rank, r->values});
+      nullIsKnown |= r->status == moxErrNullPtr;
+    }
+    if (!nullIsKnown) all.push_back({i, moxErrNullPtr, pointer, {null}});
+  }
+  return all;
+}
+
+alignas(64) std::byte clearedMemory[8192];
+
+void spoil(Call& call, const Refusal& refusal, double value) {
+  if (!isPointer(call.function(), refusal.parameter))
+    call.setNumber(refusal.parameter, value);
+  else
+    call.setPointer(refusal.parameter, value == null ? nullptr : clearedMemory);
+}
+
+std::string text(const Function& f, const Refusal& refusal, double value) {
+  const std::string name = f.parameters[std::size_t(refusal.parameter)];
+  if (!isPointer(f, refusal.parameter)) return name + " = " + std::to_string(long(value));
+  return (value == null ? "a null '" : "cleared memory as '") + name + "'";
+}
+
+std::string text(const Numbers& numbers) {
+  std::string all;
+  for (const auto& [name, value] : numbers) all += ", " + name + " = " + std::to_string(value);
+  return all;
+}
+
+// What is refused with one number is refused with all others, scale factors among them.
+std::vector<Numbers> numbersToRefuseWith(const Function& f) {
+  auto all = otherNumbers(f);
+  all.insert(all.begin(), Numbers());
+  if (hasScaleFactor(f))
+    for (const int factor : {0, 17, 100, INT_MAX, -6, -16, -31, INT_MIN})
+      all.push_back({{"scaleFactor", factor}});
+  return all;
+}
+
+void requireRefusal(Call& call, MoxStatus status) {
+  if (const MoxStatus got = call.run(); got != status)
+    throw Misbehaved("answers " + std::to_string(got) + " instead of " + std::to_string(status));
+  if (!deviation(call.function(), Deviation::outputsApart)) call.requireUntouched();
+  for (const std::byte b : clearedMemory)
+    if (b != std::byte(0)) throw Misbehaved("writes to an object that it refuses");
+}
+
+void checkNullRows(const Function& f, int parameter, Position& at) {
+  for (int row = 0; row < Call(f, {}).rowCount(parameter); ++row) {
+    at.detail = "with row " + std::to_string(row) + " null";
+    Call call(f, {});
+    call.setRowNull(parameter, row);
+    requireRefusal(call, moxErrNullPtr);
+  }
+}
+
+}  // namespace
+
+bool canBeRefused(const Function& f) { return !refusalsOf(f).empty(); }
+
+void checkRefusals(const Function& f, Position& at) {
+  const auto all = refusalsOf(f);
+  at.length = Setting().length;
+  for (const Numbers& numbers : numbersToRefuseWith(f)) {
+    const Setting setting{.numbers = numbers};
+    for (const Refusal& one : all) {
+      for (const double value : one.values) {
+        at.detail = "with " + text(f, one, value) + text(numbers);
+        Call call(f, setting);
+        spoil(call, one, value);
+        requireRefusal(call, one.status);
+      }
+      for (const Refusal& other : all) {
+        if (other.rank <= one.rank || other.parameter == one.parameter) continue;
+        at.detail = "with " + text(f, one, one.values[0]) + " and " +
+                    text(f, other, other.values[0]) + text(numbers);
+        Call call(f, setting);
+        spoil(call, one, one.values[0]);
+        spoil(call, other, other.values[0]);
+        requireRefusal(call, one.status);
+      }
+    }
+  }
+  for (int i = 0; i < f.count(); ++i) {
+    if (f.type(i).form == Form::rows) checkNullRows(f, i, at);
+    if (!isPointer(f, i) || !optionalPointer(f, f.parameters[std::size_t(i)])) continue;
+    at.detail = "with a null '" + f.parameters[std::size_t(i)] + "', which may be";
+    Call call(f, {});
+    call.setPointer(i, nullptr);
+    if (const MoxStatus status = call.run(); status < moxOk)
+      throw Misbehaved("answers " + std::to_string(status));
+  }
+}
+
+bool takesObject(const Function& f) { return objectParameter(f) >= 0; }
+
+// Objects of all kinds but those that the function takes.
+void checkForeignObjects(const Function& f, Position& at) {
+  for (const Kind& kind : allKinds()) {
+    if (kind.isTakenBy(f)) continue;
+    at.detail = "with an object of " + kind.init->name;
+    Call& foreign = objectOf(kind);
+    Call call(f, {});
+    call.setPointer(objectParameter(f), foreign.object());
+    requireRefusal(call, moxErrContext);
+    foreign.requireUntouched();
+  }
+}
+
+std::vector<std::string> faultsOfRefusals() { return refusals.faults(); }
+
+}  // namespace every

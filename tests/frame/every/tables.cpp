@@ -1,0 +1,73 @@
+#include "frame/every/tables.h"
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+namespace every {
+namespace {
+
+std::vector<std::string> words(const char* text) {
+  std::istringstream stream(text ? text : "");
+  std::vector<std::string> all;
+  for (std::string word; stream >> word;) all.push_back(word);
+  return all;
+}
+
+// The pattern and the name by which a row claims a parameter; empty where it does not.
+std::pair<std::string, std::string> claimOf(const Claim& row, const std::string& function,
+                                            const std::string& parameter) {
+  const auto names = row.parameters ? words(row.parameters) : std::vector<std::string>{""};
+  if (std::find(names.begin(), names.end(), parameter) != names.end())
+    for (const std::string& pattern : words(row.functions))
+      if (matches("moxs" + pattern, function)) return {pattern, parameter};
+  return {};
+}
+
+}  // namespace
+
+std::vector<std::size_t> rowsFor(const std::vector<Claim>& rows, const Function& function,
+                                 const std::string& parameter) {
+  std::vector<std::size_t> certain, general;
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    if (!claimOf(rows[i], function.name, parameter).first.empty())
+      (rows[i].isGeneral() ? general : certain).push_back(i);
+  return certain.empty() ? general : certain;
+}
+
+std::vector<std::string> faultsOf(const std::string& table, const std::vector<Claim>& rows) {
+  std::vector<std::string> faults;
+  std::vector<std::set<std::string>> used(rows.size());
+  for (const Function& f : allFunctions()) {
+    auto parameters = f.parameters;
+    parameters.push_back("");
+    for (const std::string& parameter : parameters) {
+      std::set<int> kinds;
+      for (const std::size_t i : rowsFor(rows, f, parameter)) {
+        const auto [pattern, name] = claimOf(rows[i], f.name, parameter);
+        used[i].insert({pattern, name});
+        if (!kinds.insert(rows[i].kind).second)
+          faults.push_back(table + ": two rows claim '" + parameter + "' of " + f.name);
+      }
+    }
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    auto all = words(rows[i].functions);
+    for (const std::string& name : words(rows[i].parameters)) all.push_back(name);
+    for (const std::string& word : all)
+      if (!used[i].count(word))
+        faults.push_back(table + ": '" + word + "' serves no function in the row of '" +
+                         rows[i].functions + "'");
+  }
+  return faults;
+}
+
+std::vector<std::string> faultsOfAllTables() {
+  std::vector<std::string> all;
+  for (const auto& faults :
+       {faultsOfShapes(), faultsOfContract(), faultsOfRefusals(), faultsOfObjects()})
+    all.insert(all.end(), faults.begin(), faults.end());
+  return all;
+}
+
+}  // namespace every
