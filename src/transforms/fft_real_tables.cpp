@@ -1,3 +1,5 @@
+// Tables are the same in every rounding mode of the caller.
+#include "frame/rounding_control.h"
 #include "transforms/fft_tables.h"
 
 namespace mox::transforms {
@@ -51,6 +53,7 @@ template <class F>
 void ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
   const QuarterWave<F> wave(order, sine);
   if (order >= fftTwoLevelOrder) return writeTwiddles(order, wave, table);
+  const RoundingScope toNearest(Rounding::nearEven);
   writeSwapped(table, wave.quarter(), [&](F* p, long i) {
     p[0] = F(0.5) * wave.cos(i);
     p[1] = F(0.5 - 0.5 * Mox64f(wave.sin(i)));

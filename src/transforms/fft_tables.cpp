@@ -1,6 +1,7 @@
 #include "transforms/fft_tables.h"
 
 #include "arith/vector_functions.h"
+#include "frame/rounding_control.h"
 #include "frame/vec/vec.h"
 #include "transforms/fft_layout.h"
 #include "transforms/turn.h"
@@ -103,6 +104,7 @@ QuarterSine<F> ownFftConstantSine() {
 template <class F>
 QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf) {
   F* const table = reinterpret_cast<F*>(alignUp(initBuf, fftAlignment));
+  const RoundingScope toNearest(Rounding::nearEven);
   const long n = 1L << order, quarter = n / 4, eighth = n / 8;
   const Mox64f h = 6.283185307179586 / Mox64f(n);
   for (long i = 0; i <= quarter; ++i) table[i] = F(h * Mox64f(i <= eighth ? i : quarter - i));
