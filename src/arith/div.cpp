@@ -4,7 +4,6 @@
 #include "arith/div_zeros.h"
 #include "arith/mul_constant.h"
 #include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
@@ -82,25 +81,16 @@ MoxStatus divConstantReversed(const Mox32f* src, Mox32f val, Mox32f* dst, int le
 
 }  // namespace
 
-MOX_EXPORT(moxsDiv_32f, div<Mox32f>);
-MOX_EXPORT(moxsDiv_64f, div<Mox64f>);
-MOX_EXPORT(moxsDiv_32fc, div<Mox32fc>);
-MOX_EXPORT(moxsDiv_64fc, div<Mox64fc>);
-MOX_EXPORT(moxsDiv_32f_I, inPlace<div<Mox32f>>);
-MOX_EXPORT(moxsDiv_64f_I, inPlace<div<Mox64f>>);
-MOX_EXPORT(moxsDiv_32fc_I, inPlace<div<Mox32fc>>);
-MOX_EXPORT(moxsDiv_64fc_I, inPlace<div<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsDiv_32f, moxsDiv_32f_I, div);
+MOX_EXPORT_BOTH(moxsDiv_64f, moxsDiv_64f_I, div);
+MOX_EXPORT_BOTH(moxsDiv_32fc, moxsDiv_32fc_I, div);
+MOX_EXPORT_BOTH(moxsDiv_64fc, moxsDiv_64fc_I, div);
 
-MOX_EXPORT(moxsDivC_32f, divConstant<Mox32f>);
-MOX_EXPORT(moxsDivC_64f, divConstant<Mox64f>);
-MOX_EXPORT(moxsDivC_32fc, divConstant<Mox32fc>);
-MOX_EXPORT(moxsDivC_64fc, divConstant<Mox64fc>);
-MOX_EXPORT(moxsDivC_32f_I, inPlace<divConstant<Mox32f>>);
-MOX_EXPORT(moxsDivC_64f_I, inPlace<divConstant<Mox64f>>);
-MOX_EXPORT(moxsDivC_32fc_I, inPlace<divConstant<Mox32fc>>);
-MOX_EXPORT(moxsDivC_64fc_I, inPlace<divConstant<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsDivC_32f, moxsDivC_32f_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_64f, moxsDivC_64f_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_32fc, moxsDivC_32fc_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_64fc, moxsDivC_64fc_I, divConstant);
 
-MOX_EXPORT(moxsDivCRev_32f, divConstantReversed);
-MOX_EXPORT(moxsDivCRev_32f_I, inPlace<divConstantReversed>);
+MOX_EXPORT_BOTH(moxsDivCRev_32f, moxsDivCRev_32f_I, divConstantReversed);
 
 }  // namespace mox::arith

@@ -3,7 +3,6 @@
 
 #include "arith/ln_note.h"
 #include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
@@ -62,12 +61,9 @@ MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-MOX_EXPORT(moxsLn_16s_Sfs, lnShort);
-MOX_EXPORT(moxsLn_16s_ISfs, inPlace<lnShort>);
-MOX_EXPORT(moxsLn_32s_Sfs, scaled<Natural, Mox32s, Mox32s>);
-MOX_EXPORT(moxsLn_32s_ISfs, inPlace<scaled<Natural, Mox32s, Mox32s>>);
-MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural, Mox32s, Mox16s>);
-MOX_EXPORT(moxs10Log10_32s_Sfs, scaled<Decibels, Mox32s, Mox32s>);
-MOX_EXPORT(moxs10Log10_32s_ISfs, inPlace<scaled<Decibels, Mox32s, Mox32s>>);
+MOX_EXPORT_BOTH(moxsLn_16s_Sfs, moxsLn_16s_ISfs, lnShort);
+MOX_EXPORT_BOTH(moxsLn_32s_Sfs, moxsLn_32s_ISfs, scaled<Natural>);
+MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural>);
+MOX_EXPORT_BOTH(moxs10Log10_32s_Sfs, moxs10Log10_32s_ISfs, scaled<Decibels>);
 
 }  // namespace mox::arith

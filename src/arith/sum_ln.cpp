@@ -99,9 +99,9 @@ MoxStatus sumLn(const S* src, int len, D* sum) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSumLn_32f, sumLn<Mox32f, Mox32f>);
-MOX_EXPORT(moxsSumLn_64f, sumLn<Mox64f, Mox64f>);
-MOX_EXPORT(moxsSumLn_32f64f, sumLn<Mox32f, Mox64f>);
-MOX_EXPORT(moxsSumLn_16s32f, sumLn<Mox16s, Mox32f>);
+MOX_EXPORT(moxsSumLn_32f, sumLn);
+MOX_EXPORT(moxsSumLn_64f, sumLn);
+MOX_EXPORT(moxsSumLn_32f64f, sumLn);
+MOX_EXPORT(moxsSumLn_16s32f, sumLn);
 
 }  // namespace mox::arith

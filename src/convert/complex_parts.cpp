@@ -72,17 +72,17 @@ MoxStatus realToComplex(const F* srcRe, const F* srcIm, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsReal_16sc, realParts<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsReal_32fc, realParts<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsReal_64fc, realParts<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsImag_16sc, imaginaryParts<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsImag_32fc, imaginaryParts<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsImag_64fc, imaginaryParts<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsCplxToReal_16sc, complexToReal<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsCplxToReal_32fc, complexToReal<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsCplxToReal_64fc, complexToReal<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsRealToCplx_16s, realToComplex<Mox16s, Mox16sc>);
-MOX_EXPORT(moxsRealToCplx_32f, realToComplex<Mox32f, Mox32fc>);
-MOX_EXPORT(moxsRealToCplx_64f, realToComplex<Mox64f, Mox64fc>);
+MOX_EXPORT(moxsReal_16sc, realParts);
+MOX_EXPORT(moxsReal_32fc, realParts);
+MOX_EXPORT(moxsReal_64fc, realParts);
+MOX_EXPORT(moxsImag_16sc, imaginaryParts);
+MOX_EXPORT(moxsImag_32fc, imaginaryParts);
+MOX_EXPORT(moxsImag_64fc, imaginaryParts);
+MOX_EXPORT(moxsCplxToReal_16sc, complexToReal);
+MOX_EXPORT(moxsCplxToReal_32fc, complexToReal);
+MOX_EXPORT(moxsCplxToReal_64fc, complexToReal);
+MOX_EXPORT(moxsRealToCplx_16s, realToComplex);
+MOX_EXPORT(moxsRealToCplx_32f, realToComplex);
+MOX_EXPORT(moxsRealToCplx_64f, realToComplex);
 
 }  // namespace mox::convert

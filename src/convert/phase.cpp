@@ -23,14 +23,14 @@ struct PhaseOfWords {
 
 }  // namespace
 
-MOX_EXPORT(moxsPhase_32f, mapSplit<Phase<Mox32f>, Mox32f, Mox32f>);
-MOX_EXPORT(moxsPhase_64f, mapSplit<Phase<Mox64f>, Mox64f, Mox64f>);
-MOX_EXPORT(moxsPhase_32fc, mapInterleaved<Phase<Mox32f>, Mox32fc, Mox32f>);
-MOX_EXPORT(moxsPhase_64fc, mapInterleaved<Phase<Mox64f>, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsPhase_16s32f, mapSplit<PhaseOfWords, Mox16s, Mox32f>);
-MOX_EXPORT(moxsPhase_16sc32f, mapInterleaved<PhaseOfWords, Mox16sc, Mox32f>);
-MOX_EXPORT(moxsPhase_16s_Sfs, mapSplitScaled<ScaledPhase<Mox16s>, Mox16s, Mox16s>);
-MOX_EXPORT(moxsPhase_16sc_Sfs, mapInterleavedScaled<ScaledPhase<Mox16s>, Mox16sc, Mox16s>);
-MOX_EXPORT(moxsPhase_32sc_Sfs, mapInterleavedScaled<ScaledPhase<Mox32s>, Mox32sc, Mox32s>);
+MOX_EXPORT(moxsPhase_32f, mapSplit<Phase<Mox32f>>);
+MOX_EXPORT(moxsPhase_64f, mapSplit<Phase<Mox64f>>);
+MOX_EXPORT(moxsPhase_32fc, mapInterleaved<Phase<Mox32f>>);
+MOX_EXPORT(moxsPhase_64fc, mapInterleaved<Phase<Mox64f>>);
+MOX_EXPORT(moxsPhase_16s32f, mapSplit<PhaseOfWords>);
+MOX_EXPORT(moxsPhase_16sc32f, mapInterleaved<PhaseOfWords>);
+MOX_EXPORT(moxsPhase_16s_Sfs, mapSplitScaled<ScaledPhase<Mox16s>>);
+MOX_EXPORT(moxsPhase_16sc_Sfs, mapInterleavedScaled<ScaledPhase<Mox16s>>);
+MOX_EXPORT(moxsPhase_32sc_Sfs, mapInterleavedScaled<ScaledPhase<Mox32s>>);
 
 }  // namespace mox::convert

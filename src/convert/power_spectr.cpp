@@ -71,15 +71,15 @@ MoxStatus powerOfLong(const Mox32sc* src, Mox32s* dst, int len, int scaleFactor)
 
 }  // namespace
 
-MOX_EXPORT(moxsPowerSpectr_32f, mapSplit<Power<Mox32f>, Mox32f, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_64f, mapSplit<Power<Mox64f>, Mox64f, Mox64f>);
-MOX_EXPORT(moxsPowerSpectr_32fc, mapInterleaved<Power<Mox32f>, Mox32fc, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_64fc, mapInterleaved<Power<Mox64f>, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsPowerSpectr_16s32f, mapSplit<PowerOfWords, Mox16s, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_16sc32f, mapInterleaved<PowerOfWords, Mox16sc, Mox32f>);
+MOX_EXPORT(moxsPowerSpectr_32f, mapSplit<Power<Mox32f>>);
+MOX_EXPORT(moxsPowerSpectr_64f, mapSplit<Power<Mox64f>>);
+MOX_EXPORT(moxsPowerSpectr_32fc, mapInterleaved<Power<Mox32f>>);
+MOX_EXPORT(moxsPowerSpectr_64fc, mapInterleaved<Power<Mox64f>>);
+MOX_EXPORT(moxsPowerSpectr_16s32f, mapSplit<PowerOfWords>);
+MOX_EXPORT(moxsPowerSpectr_16sc32f, mapInterleaved<PowerOfWords>);
 MOX_EXPORT(moxsPowerSpectr_16s_Sfs, powerScaledOfTwo);
 MOX_EXPORT(moxsPowerSpectr_16sc_Sfs, powerScaled);
-MOX_EXPORT(moxsMagSquared_32fc64f, mapInterleaved<Power<Mox64f>, Mox32fc, Mox64f>);
+MOX_EXPORT(moxsMagSquared_32fc64f, mapInterleaved<Power<Mox64f>>);
 MOX_EXPORT(moxsMagSquared_32sc32s_Sfs, powerOfLong);
 
 }  // namespace mox::convert

@@ -43,10 +43,10 @@ bool wordsToFloats(const S*, D*, long, int) {
   return false;
 }
 
-template <class S, class D>
-MoxStatus widen(const Public<S>* src, D* dst, int len) {
+template <class Packed = void, class S, class D>
+MoxStatus widen(const S* src, D* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  convertValues(reinterpret_cast<const S*>(src), dst, len);
+  convertValues(samples<Packed>(src), dst, len);
   return moxOk;
 }
 
@@ -93,25 +93,25 @@ template void convertValues(const Mox32s*, Mox64f*, long);
 template void convertValues(const Mox32f*, Mox64f*, long);
 template void convertValues(const Mox64f*, Mox32f*, long);
 
-MOX_EXPORT(moxsConvert_8s16s, widen<Mox8s, Mox16s>);
-MOX_EXPORT(moxsConvert_8s32f, widen<Mox8s, Mox32f>);
-MOX_EXPORT(moxsConvert_8u32f, widen<Mox8u, Mox32f>);
-MOX_EXPORT(moxsConvert_16s32s, widen<Mox16s, Mox32s>);
-MOX_EXPORT(moxsConvert_16s32f, widen<Mox16s, Mox32f>);
-MOX_EXPORT(moxsConvert_16u32f, widen<Mox16u, Mox32f>);
-MOX_EXPORT(moxsConvert_24s32s, widen<Packed24s, Mox32s>);
-MOX_EXPORT(moxsConvert_24s32f, widen<Packed24s, Mox32f>);
-MOX_EXPORT(moxsConvert_24u32u, widen<Packed24u, Mox32u>);
-MOX_EXPORT(moxsConvert_24u32f, widen<Packed24u, Mox32f>);
-MOX_EXPORT(moxsConvert_32s32f, widen<Mox32s, Mox32f>);
-MOX_EXPORT(moxsConvert_32s64f, widen<Mox32s, Mox64f>);
-MOX_EXPORT(moxsConvert_32f64f, widen<Mox32f, Mox64f>);
-MOX_EXPORT(moxsConvert_64s64f, widen<Mox64s, Mox64f>);
-MOX_EXPORT(moxsConvert_64f32f, widen<Mox64f, Mox32f>);
+MOX_EXPORT(moxsConvert_8s16s, widen);
+MOX_EXPORT(moxsConvert_8s32f, widen);
+MOX_EXPORT(moxsConvert_8u32f, widen);
+MOX_EXPORT(moxsConvert_16s32s, widen);
+MOX_EXPORT(moxsConvert_16s32f, widen);
+MOX_EXPORT(moxsConvert_16u32f, widen);
+MOX_EXPORT(moxsConvert_24s32s, widen<Packed24s>);
+MOX_EXPORT(moxsConvert_24s32f, widen<Packed24s>);
+MOX_EXPORT(moxsConvert_24u32u, widen<Packed24u>);
+MOX_EXPORT(moxsConvert_24u32f, widen<Packed24u>);
+MOX_EXPORT(moxsConvert_32s32f, widen);
+MOX_EXPORT(moxsConvert_32s64f, widen);
+MOX_EXPORT(moxsConvert_32f64f, widen);
+MOX_EXPORT(moxsConvert_64s64f, widen);
+MOX_EXPORT(moxsConvert_64f32f, widen);
 
-MOX_EXPORT(moxsConvert_16s32f_Sfs, scaledToFloat<Mox16s, Mox32f>);
-MOX_EXPORT(moxsConvert_16s64f_Sfs, scaledToFloat<Mox16s, Mox64f>);
-MOX_EXPORT(moxsConvert_32s32f_Sfs, scaledToFloat<Mox32s, Mox32f>);
-MOX_EXPORT(moxsConvert_32s64f_Sfs, scaledToFloat<Mox32s, Mox64f>);
+MOX_EXPORT(moxsConvert_16s32f_Sfs, scaledToFloat);
+MOX_EXPORT(moxsConvert_16s64f_Sfs, scaledToFloat);
+MOX_EXPORT(moxsConvert_32s32f_Sfs, scaledToFloat);
+MOX_EXPORT(moxsConvert_32s64f_Sfs, scaledToFloat);
 
 }  // namespace mox::convert

@@ -74,9 +74,9 @@ MoxStatus maxOrder(const E* src, int len, int* order) {
 
 }  // namespace
 
-MOX_EXPORT(moxsMaxOrder_16s, maxOrder<Mox16s>);
-MOX_EXPORT(moxsMaxOrder_32f, maxOrder<Mox32f>);
-MOX_EXPORT(moxsMaxOrder_32s, maxOrder<Mox32s>);
-MOX_EXPORT(moxsMaxOrder_64f, maxOrder<Mox64f>);
+MOX_EXPORT(moxsMaxOrder_16s, maxOrder);
+MOX_EXPORT(moxsMaxOrder_32f, maxOrder);
+MOX_EXPORT(moxsMaxOrder_32s, maxOrder);
+MOX_EXPORT(moxsMaxOrder_64f, maxOrder);
 
 }  // namespace mox::stats

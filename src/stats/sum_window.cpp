@@ -26,7 +26,7 @@ MoxStatus sumWindow(const E* src, Mox32f* dst, int len, int maskSize) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSumWindow_8u32f, sumWindow<Mox8u>);
-MOX_EXPORT(moxsSumWindow_16s32f, sumWindow<Mox16s>);
+MOX_EXPORT(moxsSumWindow_8u32f, sumWindow);
+MOX_EXPORT(moxsSumWindow_16s32f, sumWindow);
 
 }  // namespace mox::stats
