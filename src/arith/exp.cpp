@@ -7,7 +7,6 @@
 
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
@@ -68,7 +67,7 @@ MoxStatus exponential(const S* src, D* dst, int len) {
 
 MoxStatus expFloat(const Mox32f* src, Mox32f* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  ownsExp_32f(src, dst, len);
+  ownsExp(src, dst, len);
   return moxOk;
 }
 
@@ -101,6 +100,7 @@ template <>
 MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   constexpr Mox64s far = Mox64s(1) << 32;
+  const HiddenExceptions scope;
   const ScaledExp exp(scaleFactor);
   for (int i = 0; i < len; ++i) {
     const Mox64f x = Mox64f(std::clamp(load<Mox64s>(src + i), -far, far));
@@ -112,18 +112,13 @@ MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsExp_32f(runFunction<Exp32f>, 4.02f, 4.53f, 2.34f);
+int ownsExp(const Mox32f* src, Mox32f* dst, int len) { return runFunction<Exp32f>(src, dst, len); }
 
-MOX_EXPORT(moxsExp_32f, expFloat);
-MOX_EXPORT(moxsExp_32f_I, inPlace<expFloat>);
-MOX_EXPORT(moxsExp_64f, exponential<Exp64f>);
-MOX_EXPORT(moxsExp_64f_I, inPlace<exponential<Exp64f, Mox64f, Mox64f>>);
+MOX_EXPORT_BOTH(moxsExp_32f, moxsExp_32f_I, expFloat);
+MOX_EXPORT_BOTH(moxsExp_64f, moxsExp_64f_I, exponential<Exp64f>);
 MOX_EXPORT(moxsExp_32f64f, exponential<Exp64f>);
-MOX_EXPORT(moxsExp_16s_Sfs, expScaled<Mox16s>);
-MOX_EXPORT(moxsExp_16s_ISfs, inPlace<expScaled<Mox16s>>);
-MOX_EXPORT(moxsExp_32s_Sfs, expScaled<Mox32s>);
-MOX_EXPORT(moxsExp_32s_ISfs, inPlace<expScaled<Mox32s>>);
-MOX_EXPORT(moxsExp_64s_Sfs, expScaled<Mox64s>);
-MOX_EXPORT(moxsExp_64s_ISfs, inPlace<expScaled<Mox64s>>);
+MOX_EXPORT_BOTH(moxsExp_16s_Sfs, moxsExp_16s_ISfs, expScaled);
+MOX_EXPORT_BOTH(moxsExp_32s_Sfs, moxsExp_32s_ISfs, expScaled);
+MOX_EXPORT_BOTH(moxsExp_64s_Sfs, moxsExp_64s_ISfs, expScaled);
 
 }  // namespace mox::arith

@@ -5,7 +5,6 @@
 
 #include "arith/vector_function.h"
 #include "arith/vector_functions.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -40,7 +39,7 @@ struct Ln32f {
 
 MoxStatus lnFloat(const Mox32f* src, Mox32f* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  return lnStatus(ownsLn_32f(src, dst, len));
+  return lnStatus(ownsLn(src, dst, len));
 }
 
 template <class D>
@@ -51,12 +50,10 @@ MoxStatus lnDouble(const Mox64f* src, D* dst, int len) {
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsLn_32f(runFunction<Ln32f>, 3.35f, 4.19f, 2.28f);
+int ownsLn(const Mox32f* src, Mox32f* dst, int len) { return runFunction<Ln32f>(src, dst, len); }
 
-MOX_EXPORT(moxsLn_32f, lnFloat);
-MOX_EXPORT(moxsLn_32f_I, inPlace<lnFloat>);
-MOX_EXPORT(moxsLn_64f, lnDouble<Mox64f>);
-MOX_EXPORT(moxsLn_64f_I, inPlace<lnDouble<Mox64f>>);
-MOX_EXPORT(moxsLn_64f32f, lnDouble<Mox32f>);
+MOX_EXPORT_BOTH(moxsLn_32f, moxsLn_32f_I, lnFloat);
+MOX_EXPORT_BOTH(moxsLn_64f, moxsLn_64f_I, lnDouble);
+MOX_EXPORT(moxsLn_64f32f, lnDouble);
 
 }  // namespace mox::arith

@@ -7,6 +7,7 @@
 
 #include "arith/operations.h"
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/map_scaled.h"
 
 namespace mox::arith {
@@ -118,11 +119,12 @@ class Arithmetic {
   // Doubles round products above 2^53; up to this factor those saturate 32 bits all the same.
   static constexpr int mostFactorInDoubles = 53 - 32;
   [[gnu::always_inline]] void exact() const {
-    constexpr int inDoubles = std::min(magnitude, 53);
-    if (inDoubles == magnitude || (sizeof(T) == 4 && factor_ <= mostFactorInDoubles))
-      mapScaled<inDoubles>(factor_, op, dst_, len_, a_, b_);
-    else
-      mapScaled<magnitude>(factor_, op, dst_, len_, a_, b_);
+    if constexpr (magnitude > 53 && sizeof(T) == 4)
+      if (factor_ <= mostFactorInDoubles) {
+        const HiddenExceptions scope;
+        return mapScaled<53>(factor_, op, dst_, len_, a_, b_);
+      }
+    mapScaled<magnitude>(factor_, op, dst_, len_, a_, b_);
   }
 
   Scale<T, magnitude> scale_;

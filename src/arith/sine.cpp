@@ -54,9 +54,17 @@ int runToNearest(const F* src, F* dst, int len) {
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsSin_32f(runToNearest<Sine32f<0>>, 3.43f, 5.18f, 2.63f);
-const VectorFunction<Mox32f> ownsCos_32f(runToNearest<Sine32f<1>>, 3.53f, 6.24f, 2.73f);
-const VectorFunction<Mox64f> ownsSin_64f(runToNearest<Sine64f<0>>, 9.20f, 16.04f, 6.26f);
-const VectorFunction<Mox64f> ownsCos_64f(runToNearest<Sine64f<1>>, 8.99f, 16.23f, 6.42f);
+int ownsSin(const Mox32f* src, Mox32f* dst, int len) {
+  return runToNearest<Sine32f<0>>(src, dst, len);
+}
+int ownsCos(const Mox32f* src, Mox32f* dst, int len) {
+  return runToNearest<Sine32f<1>>(src, dst, len);
+}
+int ownsSin(const Mox64f* src, Mox64f* dst, int len) {
+  return runToNearest<Sine64f<0>>(src, dst, len);
+}
+int ownsCos(const Mox64f* src, Mox64f* dst, int len) {
+  return runToNearest<Sine64f<1>>(src, dst, len);
+}
 
 }  // namespace mox::arith

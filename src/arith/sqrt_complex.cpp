@@ -8,7 +8,6 @@
 
 #include "frame/checks.h"
 #include "frame/elements.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
@@ -87,6 +86,7 @@ MoxStatus complexRoots(const E* src, E* dst, int len) {
 
 MoxStatus complexRootsScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const HiddenExceptions scope;
   const ByPowerOfTwo scale(scaleFactor);
   mapRoots(src, dst, len, [&](V<Mox64f> v) {
     return __builtin_convertvector(saturate<Mox16s>(nearestInteger(scale(v))), V<Mox16s, 4>);
@@ -96,11 +96,8 @@ MoxStatus complexRootsScaled(const Mox16sc* src, Mox16sc* dst, int len, int scal
 
 }  // namespace
 
-MOX_EXPORT(moxsSqrt_32fc, complexRoots<Mox32fc>);
-MOX_EXPORT(moxsSqrt_64fc, complexRoots<Mox64fc>);
-MOX_EXPORT(moxsSqrt_16sc_Sfs, complexRootsScaled);
-MOX_EXPORT(moxsSqrt_16sc_ISfs, inPlace<complexRootsScaled>);
-MOX_EXPORT(moxsSqrt_32fc_I, inPlace<complexRoots<Mox32fc>>);
-MOX_EXPORT(moxsSqrt_64fc_I, inPlace<complexRoots<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsSqrt_32fc, moxsSqrt_32fc_I, complexRoots);
+MOX_EXPORT_BOTH(moxsSqrt_64fc, moxsSqrt_64fc_I, complexRoots);
+MOX_EXPORT_BOTH(moxsSqrt_16sc_Sfs, moxsSqrt_16sc_ISfs, complexRootsScaled);
 
 }  // namespace mox::arith

@@ -11,34 +11,10 @@
 #include <bit>
 
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/map.h"
 
 namespace mox::arith {
-
-// Masks the floating-point exceptions for the length of a scope.
-class MaskedExceptions {
- public:
-  MaskedExceptions() : outer_(_mm_getcsr()), changed_((outer_ & masks) != masks) {
-    if (changed_) set(outer_ | masks);
-  }
-  ~MaskedExceptions() {
-    if (changed_) set(outer_);
-  }
-  MaskedExceptions(const MaskedExceptions&) = delete;
-  MaskedExceptions& operator=(const MaskedExceptions&) = delete;
-
- private:
-  static constexpr unsigned masks = 0x1F80;
-
-  static void set(unsigned word) {
-    asm volatile("" ::: "memory");
-    _mm_setcsr(word);
-    asm volatile("" ::: "memory");
-  }
-
-  unsigned outer_;
-  bool changed_;
-};
 
 namespace detail {
 

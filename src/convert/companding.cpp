@@ -3,6 +3,7 @@
 
 #include "convert/companding_laws.h"
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/map.h"
 
@@ -133,6 +134,7 @@ MoxStatus fromIntegers(const Mox16s* src, Mox8u* dst, int len) {
 
 template <class Law>
 MoxStatus fromFloats(const Mox32f* src, Mox8u* dst, int len) {
+  const HiddenExceptions scope;
   return mapCodes(src, dst, len, [](const Mox32f* from, Mox8u* to, auto put) {
     put(to, compress<Law>(
                 {rounded<Law>(load<V<Mox32f>>(from)), rounded<Law>(load<V<Mox32f>>(from + 8))}));

@@ -116,6 +116,7 @@ MoxStatus polarToTwo(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, in
 template <class F, class E>
 MoxStatus polarToCartScaled(const F* srcMagn, const F* srcPhase, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
+  const HiddenExceptions scope;
   mapComplex(ScaledCartesian<F>(scaleFactor), Split<const F>{srcMagn, srcPhase}, Array<E>{dst},
              len);
   return moxOk;
@@ -127,12 +128,12 @@ MoxStatus polarToCartUnscaled(const F* srcMagn, const F* srcPhase, E* dst, int l
 
 }  // namespace
 
-MOX_EXPORT(moxsPolarToCart_32f, polarToTwo<Mox32f>);
-MOX_EXPORT(moxsPolarToCart_64f, polarToTwo<Mox64f>);
-MOX_EXPORT(moxsPolarToCart_32fc, polarToCart<Mox32f, Mox32fc>);
-MOX_EXPORT(moxsPolarToCart_64fc, polarToCart<Mox64f, Mox64fc>);
-MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled<Mox16s, Mox16sc>);
-MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled<Mox32s, Mox32sc>);
-MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled<Mox16s, Mox16sc>);
+MOX_EXPORT(moxsPolarToCart_32f, polarToTwo);
+MOX_EXPORT(moxsPolarToCart_64f, polarToTwo);
+MOX_EXPORT(moxsPolarToCart_32fc, polarToCart);
+MOX_EXPORT(moxsPolarToCart_64fc, polarToCart);
+MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled);
+MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled);
+MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled);
 
 }  // namespace mox::convert

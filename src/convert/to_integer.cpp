@@ -61,17 +61,17 @@ constexpr int largestPower = std::numeric_limits<F>::max_exponent - 2;  // norma
 
 template <class F, class T>
 void convertScaled(const F* src, T* dst, long len, int roundMode, F scale) {
-  const RoundingScope scope(controlFor(roundMode));
+  const RoundingScope scope(controlFor(roundMode), Exceptions::hidden);
   if (addsHalf(roundMode))
     runKernel<T, true>(src, dst, len, scale);
   else
     runKernel<T, false>(src, dst, len, scale);
 }
 
-template <class F, class T>
-MoxStatus convert(const F* src, Public<T>* dst, int len, int roundMode, int scaleFactor) {
+template <class Packed = void, class F, class D>
+MoxStatus convert(const F* src, D* dst, int len, int roundMode, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  convertToInteger(src, reinterpret_cast<T*>(dst), len, roundMode, scaleFactor);
+  convertToInteger(src, samples<Packed>(dst), len, roundMode, scaleFactor);
   return moxOk;
 }
 
@@ -94,7 +94,7 @@ MoxStatus convert64s(const Mox64f* src, Mox64s* dst, int len, int roundMode, int
   const long count = unsigned(len);
   const TwoPowers<Mox64f> scale(scaleFactor);
   const bool half = addsHalf(roundMode);
-  const RoundingScope scope(controlFor(roundMode));
+  const RoundingScope scope(controlFor(roundMode), Exceptions::hidden);
   for (long i = 0; i < count; ++i) {
     Mox64f x = load<Mox64f>(src + i) * scale.first * scale.second;
     if (half) x += x < 0 ? -0.5 : 0.5;
@@ -111,6 +111,7 @@ template <class F, class T>
 void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor) {
   const TwoPowers<F> scale(scaleFactor);
   if (scale.second == 1) return convertScaled(src, dst, len, roundMode, scale.first);
+  const HiddenExceptions scope;
   inPieces<F>(len, [&](F* piece, long start, long count) {
     mapElements([&](auto v) { return v * scale.first; }, piece, count, src + start);
     convertScaled(piece, dst + start, count, roundMode, scale.second);
@@ -122,15 +123,15 @@ template void convertToInteger(const Mox32f*, Packed24s*, long, int, int);
 template void convertToInteger(const Mox64f*, Mox16s*, long, int, int);
 template void convertToInteger(const Mox64f*, Mox32s*, long, int, int);
 
-MOX_EXPORT(moxsConvert_32f8s_Sfs, convert<Mox32f, Mox8s>);
-MOX_EXPORT(moxsConvert_32f8u_Sfs, convert<Mox32f, Mox8u>);
-MOX_EXPORT(moxsConvert_32f16s_Sfs, convert<Mox32f, Mox16s>);
-MOX_EXPORT(moxsConvert_32f16u_Sfs, convert<Mox32f, Mox16u>);
-MOX_EXPORT(moxsConvert_32f24s_Sfs, convert<Mox32f, Packed24s>);
-MOX_EXPORT(moxsConvert_32f24u_Sfs, convert<Mox32f, Packed24u>);
-MOX_EXPORT(moxsConvert_32f32s_Sfs, convert<Mox32f, Mox32s>);
-MOX_EXPORT(moxsConvert_64f16s_Sfs, convert<Mox64f, Mox16s>);
-MOX_EXPORT(moxsConvert_64f32s_Sfs, convert<Mox64f, Mox32s>);
+MOX_EXPORT(moxsConvert_32f8s_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f8u_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f16s_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f16u_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f24s_Sfs, convert<Packed24s>);
+MOX_EXPORT(moxsConvert_32f24u_Sfs, convert<Packed24u>);
+MOX_EXPORT(moxsConvert_32f32s_Sfs, convert);
+MOX_EXPORT(moxsConvert_64f16s_Sfs, convert);
+MOX_EXPORT(moxsConvert_64f32s_Sfs, convert);
 MOX_EXPORT(moxsConvert_64f64s_Sfs, convert64s);
 
 }  // namespace mox::convert

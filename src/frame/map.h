@@ -10,12 +10,11 @@
 
 namespace mox {
 
-// Elements before `dst` reaches a vector boundary; none when it never does.
-template <int alignment = vectorBytes, class D>
-int peelCount(const D* dst) {
-  const int past = int(addressOf(dst) & (alignment - 1));
-  const int missing = past ? alignment - past : 0;
-  return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
+// Elements before `p` reaches the alignment; none when it never does.
+template <int alignment = vectorBytes, class E>
+int peelCount(const E* p) {
+  const int missing = int(-addressOf(p) & (alignment - 1));
+  return missing % int(sizeof(E)) ? 0 : missing / int(sizeof(E));
 }
 
 // Whether the stores of a large call bypass the cache.

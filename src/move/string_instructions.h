@@ -1,5 +1,4 @@
-// The processor's string instructions, which move and store long arrays without first loading the
-// lines they overwrite.
+// The processor's string moves, which do not first load the lines that they overwrite.
 #pragma once
 
 #include <moxsp/types.h>
@@ -33,11 +32,6 @@ void repeatMove(const Mox8u* src, Mox8u* dst, long count) {
     asm volatile("rep movsw" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
   else
     asm volatile("rep movsb" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
-}
-
-inline void repeatStore(Mox64u val, Mox8u* dst, long count) {
-  const StringsUpwards upwards;
-  asm volatile("rep stosq" : "+D"(dst), "+c"(count) : "a"(val) : "memory");
 }
 
 }  // namespace mox::move

@@ -262,10 +262,10 @@ class Folding {
 }  // namespace detail
 
 // Folds the first n terms in the given order to one number for each channel, or two where real and
-// imaginary parts alternate. The first `peel` terms are peeled.
+// imaginary parts alternate. The first `peel` terms, of n at the most, are peeled.
 template <Order order, class F, int parts = 1, class Combine = Plus, class Terms>
 [[gnu::always_inline]] inline auto fold(const Terms& terms, long n, long peel = 0) {
-  return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(peel);
+  return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(std::min(peel, n));
 }
 
 }  // namespace mox::stats

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 
@@ -33,6 +34,7 @@ Mox32s updatedExactly(Term term, long len, Mox64s y, int alpha) {
 // Four elements a step, what is left by two and one.
 template <class Term>
 Mox32s updatedInDouble(Term term, long len, Mox64f y, int alpha) {
+  const HiddenExceptions scope;
   const Mox64f a = alpha, a2 = a * a, a3 = a2 * a, a4 = a2 * a2, rest = 1 - a;
   const auto x = [&](long i) { return Mox64f(term(i)); };
   long i = 0;

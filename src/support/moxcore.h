@@ -17,8 +17,6 @@ int moxGetMaxCacheSizeB(int* bytes);
 std::uint64_t moxGetEnabledCpuFeatures();
 // Non-zero when all features of the mask are enabled.
 int ownGetFeature(std::uint64_t mask);
-// The registers a, b, c, d of the CPUID instruction; zeros where it does not know the leaf.
-void ownGetCpuid(unsigned leaf, unsigned (*registers)[4]);
 }
 
 namespace mox {

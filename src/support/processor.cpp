@@ -43,6 +43,16 @@ bool systemSavesWideState() {
   return (low & 6) == 6;
 }
 
+std::uint64_t findFeatures() {
+  constexpr unsigned avx = 1u << 28, f16c = 1u << 29;
+  if (!systemSavesWideState()) return 0;
+  const unsigned has = cpuid(1).ecx;
+  std::uint64_t features = mox::cpuWideState;
+  if (has & avx) features |= mox::cpuAvx;
+  if (has & f16c) features |= mox::cpuHalfFloat;
+  return features;
+}
+
 long findMaxCacheSize() {
   long size = std::max(largestCache(4), largestCache(0x8000001Du));
   for (int level : {_SC_LEVEL3_CACHE_SIZE, _SC_LEVEL2_CACHE_SIZE, _SC_LEVEL1_DCACHE_SIZE})
@@ -67,25 +77,10 @@ int moxGetMaxCacheSizeB(int* bytes) {
 }
 
 std::uint64_t moxGetEnabledCpuFeatures() {
-  constexpr unsigned avx = 1u << 28, f16c = 1u << 29;
-  if (!systemSavesWideState()) return 0;
-  const unsigned has = cpuid(1).ecx;
-  std::uint64_t features = mox::cpuWideState;
-  if (has & avx) features |= mox::cpuAvx;
-  if (has & f16c) features |= mox::cpuHalfFloat;
-  return features;
-}
-
-void ownGetCpuid(unsigned leaf, unsigned (*registers)[4]) {
-  const CpuidResult r = cpuid(leaf);
-  const unsigned abcd[4] = {r.eax, r.ebx, r.ecx, r.edx};
-  std::copy(abcd, abcd + 4, *registers);
-}
-
-int ownGetFeature(std::uint64_t mask) {
   std::uint64_t features = enabledFeatures.load(std::memory_order_relaxed);
   if (features == 0)
-    enabledFeatures.store(features = moxGetEnabledCpuFeatures() | featuresKnown,
-                          std::memory_order_relaxed);
-  return (features & mask) == mask;
+    enabledFeatures.store(features = findFeatures() | featuresKnown, std::memory_order_relaxed);
+  return features & ~featuresKnown;
 }
+
+int ownGetFeature(std::uint64_t mask) { return (moxGetEnabledCpuFeatures() & mask) == mask; }

@@ -1,13 +1,10 @@
 #include "support/core_probe.h"
 
-#include <algorithm>
-
 extern "C" {
 void* __real_moxMalloc(int bytes);
 void __real_moxFree(void* p);
 int __real_moxGetMaxCacheSizeB(int* bytes);
 int __real_ownGetFeature(std::uint64_t mask);
-void __real_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]);
 }
 
 namespace {
@@ -42,14 +39,6 @@ int CoreProbe::feature(std::uint64_t mask) const {
   return features_ ? (*features_ & mask) == mask : __real_ownGetFeature(mask);
 }
 
-void CoreProbe::cpuid(unsigned leaf, unsigned (*registers)[4]) {
-  ++cpuidQueries_;
-  if (const auto fixed = cpuid_.find(leaf); fixed != cpuid_.end())
-    std::copy(fixed->second.begin(), fixed->second.end(), *registers);
-  else
-    __real_ownGetCpuid(leaf, registers);
-}
-
 extern "C" {
 void* __wrap_moxMalloc(int bytes) {
   return active ? active->allocate(bytes) : __real_moxMalloc(bytes);
@@ -60,8 +49,5 @@ int __wrap_moxGetMaxCacheSizeB(int* bytes) {
 }
 int __wrap_ownGetFeature(std::uint64_t mask) {
   return active ? active->feature(mask) : __real_ownGetFeature(mask);
-}
-void __wrap_ownGetCpuid(unsigned leaf, unsigned (*registers)[4]) {
-  active ? active->cpuid(leaf, registers) : __real_ownGetCpuid(leaf, registers);
 }
 }

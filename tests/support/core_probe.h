@@ -1,11 +1,9 @@
 // Stands between the library and moxcore while it lives: counts and fails allocations, fixes the
-// cache size, the feature mask and CPUID leaves. It hooks in at link time (--wrap), so the library
+// cache size and the feature mask. It hooks in at link time (--wrap), so the library
 // carries no trace of it.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <map>
 #include <optional>
 
 class CoreProbe {
@@ -20,27 +18,22 @@ class CoreProbe {
     cacheFixed_ = true, cache_ = bytes;
   }  // none: unknown
   void fixFeatures(std::uint64_t mask) { features_ = mask; }
-  using Registers = std::array<unsigned, 4>;  // a, b, c, d
-  void fixCpuid(unsigned leaf, Registers registers) { cpuid_[leaf] = registers; }
 
   int allocations() const { return allocations_; }  // asked for, failed ones included
   long lastBytes() const { return lastBytes_; }     // of the last allocation asked for
   int live() const { return live_; }                // taken and not yet released
   int cacheQueries() const { return cacheQueries_; }
-  int cpuidQueries() const { return cpuidQueries_; }
 
   // Called by the hooks.
   void* allocate(int bytes);
   void release(void* p);
   int maxCacheSize(int* bytes);
   int feature(std::uint64_t mask) const;
-  void cpuid(unsigned leaf, unsigned (*registers)[4]);
 
  private:
-  int allocations_ = 0, live_ = 0, failAt_ = 0, cacheQueries_ = 0, cpuidQueries_ = 0;
+  int allocations_ = 0, live_ = 0, failAt_ = 0, cacheQueries_ = 0;
   long lastBytes_ = 0;
   bool cacheFixed_ = false;
   std::optional<int> cache_;
   std::optional<std::uint64_t> features_;
-  std::map<unsigned, Registers> cpuid_;
 };
