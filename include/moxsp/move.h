@@ -212,7 +212,7 @@ MOX_API MoxStatus moxsCopyBE_1u(const Mox8u* src, int srcBitOffset, Mox8u* dst, 
  * string, the most significant bit first. The string begins in `dst[0]` after the top
  * `dstBitOffset mod 8` bits, which keep their values, as do the bits behind its end in its last
  * byte. A width above 32 counts as 32, a negative one as 0. `*dstBitLen` receives the number of
- * bits written.
+ * bits written, 2^31 - 1 where it is more than that.
  *
  * @return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1 or a negative
  * offset; ::moxWarnBitWidth when a width was clamped.

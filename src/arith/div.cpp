@@ -1,7 +1,7 @@
 // Quotients of floats, of two vectors and with a constant on either side.
 #include <moxsp/division.h>
 
-#include "arith/div_zeros.h"
+#include "arith/division.h"
 #include "arith/mul_constant.h"
 #include "frame/checks.h"
 #include "frame/in_place.h"
@@ -21,16 +21,6 @@ template <class E, class W>
   }
 }
 
-// A complex divisor is zero where both of its parts are: a scalar, or vectors of any width.
-template <class E, class W>
-[[gnu::always_inline]] inline void note(ZeroDivisors<Part<E>>& zeros, W divisor) {
-  if constexpr (Complex<E>) divisor = either(realParts(divisor), imaginaryParts(divisor));
-  if constexpr (std::is_same_v<W, V<Part<E>>> || std::is_arithmetic_v<W>)
-    zeros.note(divisor);
-  else
-    zeros.note(divisor[0]);
-}
-
 template <class Op, class E, class... Source>
 void mapDivision(Op op, E* dst, long len, Source... src) {
   mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 16 : 1>(op, dst, len, src...);
@@ -42,7 +32,10 @@ MoxStatus divideNoting(E* dst, int len, Divisor divisor, Dividend dividend) {
   ZeroDivisors<Part<E>> zeros;
   mapDivision(
       [&](auto a, auto b) {
-        note<E>(zeros, a);
+        if constexpr (Complex<E>)
+          zeros.noteComplex(a);
+        else
+          zeros.note(a);
         return quotient<E>(a, b);
       },
       dst, len, divisor, dividend);

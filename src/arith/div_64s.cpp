@@ -3,7 +3,7 @@
 
 #include <bit>
 
-#include "arith/div_long.h"
+#include "arith/division.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"

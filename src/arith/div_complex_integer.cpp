@@ -3,7 +3,7 @@
 
 #include <climits>
 
-#include "arith/div_quotient.h"
+#include "arith/division.h"
 #include "arith/scaled.h"
 #include "frame/complex16.h"
 #include "frame/in_place.h"

@@ -4,8 +4,7 @@
 #include <bit>
 #include <climits>
 
-#include "arith/div_long.h"
-#include "arith/div_quotient.h"
+#include "arith/division.h"
 #include "arith/scaled.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"

@@ -21,6 +21,8 @@ class Product {
     mantissa_ *= x.mantissa;
   }
 
+  void multiplyByPowerOfTwo(int n) { exponent_[0] += n; }
+
   // Brings the mantissas back to about 1; due before a thousand of them can leave the range.
   void normalize() {
     const LnArgument split(mantissa_);
@@ -62,15 +64,21 @@ class LnSum {
   MoxStatus status() const { return lnStatus(code_); }
 
  private:
-  // Adds the logarithms of special lanes one by one and puts 1 in their place.
+  // Makes subnormal numbers normal. Of what has no logarithm the result is added instead, and 1
+  // takes its place.
   [[gnu::noinline, gnu::cold]] V<Mox64f> takeSpecial(V<Mox64f> x) {
     const int bits = signBits(Ln64f::special(x));
     for (int lane = 0; lane < 4; ++lane) {
       if (!(bits >> lane & 1)) continue;
       int noted = 0;
-      special_ += Ln64f::one(x[lane], noted);
+      if (const auto special = lnOutsideItsDomain(x[lane], noted)) {
+        special_ += *special;
+        x[lane] = 1;
+      } else {
+        product_.multiplyByPowerOfTwo(-54);
+        x[lane] *= 0x1p54;
+      }
       if (code_ == 0) code_ = noted;
-      x[lane] = 1;
     }
     return x;
   }

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "arith/arctan.h"
 #include "frame/map_complex.h"
+#include "frame/rounding.h"
 
 namespace mox::convert {
 
@@ -70,6 +72,14 @@ struct Angle {
   return {withSignOf(z.im, absolute(from + (t + (arith::arctanExcess(t) + rest)))), o.isOut};
 }
 
+// x 2^n, rounded once; unlike the C library's it leaves errno alone.
+template <class F>
+F timesPowerOfTwo(F x, int n) {
+  constexpr int most = std::numeric_limits<F>::max_exponent - 1;
+  const int near = std::clamp(n, 1 - most, most);
+  return x * powerOfTwo<F>(n - near) * powerOfTwo<F>(near);
+}
+
 // Of any number; what the kernels leave out is brought into their reach.
 template <class F>
 F phaseOfOne(F re, F im) {
@@ -79,8 +89,8 @@ F phaseOfOne(F re, F im) {
     im = std::copysign(F(std::isinf(im)), im);
   } else {
     const int exponent = std::ilogb(std::max(std::fabs(re), std::fabs(im)));
-    re = std::scalbn(re, -exponent);
-    im = std::scalbn(im, -exponent);
+    re = timesPowerOfTwo(re, -exponent);
+    im = timesPowerOfTwo(im, -exponent);
   }
   return phaseLanes(Pair{broadcast<V<F>>(re), broadcast<V<F>>(im)}).value[0];
 }

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 
 #include "arith/sine.h"
 #include "convert/exact_angle.h"
@@ -20,15 +19,16 @@ using Lanes = V<Mox64f>;
 [[gnu::noinline, gnu::cold]] Pair<Lanes> repairPhasors(Lanes x, Pair<Lanes> z, int lanes) {
   for (; lanes; lanes &= lanes - 1) {
     const int lane = std::countr_zero(unsigned(lanes));
-    z.re[lane] = std::cos(x[lane]);
-    z.im[lane] = std::sin(x[lane]);
+    const Pair<Lanes> one = arith::phasor(arith::reducedFar(x[lane]));
+    z.re[lane] = one.re[0];
+    z.im[lane] = one.im[0];
   }
   return z;
 }
 
 // cos(x) and sin(x) for any x.
 [[gnu::always_inline]] inline Pair<Lanes> anyPhasor(Lanes x) {
-  const Pair<Lanes> z = arith::phasor(x);
+  const Pair<Lanes> z = arith::phasor(arith::reduced(x));
   if (const int lanes = signBits(notAtMost(absolute(x), arith::largestAngle))) [[unlikely]]
     return repairPhasors(x, z, lanes);
   return z;

@@ -62,6 +62,7 @@ MoxStatus magnitude(const E* src, E* dst, int len, Part<E> level) {
   using F = Part<E>;
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
+  const WiderScope<F> scope;
   const ToLevel<Relation, E> op(level);
   if (level == 0) {
     if (Relation::changes(1, 0))
@@ -86,6 +87,7 @@ MoxStatus replace(const E* src, E* dst, int len, Part<E> level, E value) {
   using F = Part<E>;
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
+  const WiderScope<F> scope;
   if (squaresWell(level)) {
     const F square = level * level;
     mapElements<Stores::bypassing>(

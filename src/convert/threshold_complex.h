@@ -15,6 +15,31 @@ namespace mox::convert {
 template <class F>
 using Wider = std::conditional_t<sizeof(F) == 4, Mox64f, long double>;
 
+// Holds the x87 unit, where it computes Wider<F>, at full precision, which the caller may have
+// lowered.
+template <class F>
+class WiderScope {
+ public:
+  WiderScope() {
+    if constexpr (onX87) {
+      asm volatile("fnstcw %0" : "=m"(outer_));
+      if (isLowered()) load(outer_ | full);
+    }
+  }
+  ~WiderScope() {
+    if (onX87 && isLowered()) load(outer_);
+  }
+
+ private:
+  static constexpr bool onX87 = sizeof(F) == 8;
+  static constexpr Mox16u full = 0x0300;
+
+  bool isLowered() const { return (outer_ & full) != full; }
+  static void load(Mox16u word) { asm volatile("fldcw %0" : : "m"(word) : "memory"); }
+
+  Mox16u outer_ = full;
+};
+
 // Within these bounds the square of a level is far from the ends of F, and so is every squared
 // magnitude between the next two: its reciprocal is a normal number.
 template <class F>

@@ -87,6 +87,7 @@ template <class E>
 MoxStatus reciprocal(const E* src, E* dst, int len, Part<E> level) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
+  const WiderScope<Part<E>> widerScope;
   const RoundingScope scope(Rounding::nearEven, Exceptions::masked);
   return mapReciprocals(src, dst, len, level) ? moxWarnInvZero : moxOk;
 }
