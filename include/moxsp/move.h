@@ -64,7 +64,8 @@ MOX_API void moxsFree(void* p);
  * Clears a vector: `dst[i] = 0` for 0 <= i < len, all bytes zero.
  *
  * The byte count, `len` times the element size, is computed in 32 bits: where it reaches 2^31 only
- * the wrapped count of bytes is cleared, none for a negative one. Above 24 MiB the cache is bypassed.
+ * the wrapped count of bytes is cleared, none for a negative one. Above 24 MiB the cache is
+ * bypassed.
  *
  * @return ::moxErrNullPtr for a null `dst`, then ::moxErrSize for `len` below 1.
  * @{ */

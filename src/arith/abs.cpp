@@ -3,7 +3,6 @@
 #include <cmath>
 #include <type_traits>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 

@@ -30,7 +30,7 @@ MOX_EXPORT_BOTH(moxsAdd_16u_Sfs, moxsAdd_16u_ISfs, scalePair<sum>);
 MOX_EXPORT_BOTH(moxsAdd_32s_Sfs, moxsAdd_32s_ISfs, scalePair<sum>);
 MOX_EXPORT_BOTH(moxsAdd_16sc_Sfs, moxsAdd_16sc_ISfs, scaleParts<sum>);
 MOX_EXPORT_BOTH(moxsAdd_32sc_Sfs, moxsAdd_32sc_ISfs, scaleParts<sum>);
-MOX_EXPORT(moxsAdd_64s_Sfs, scalePair64<saturatedSum>);
+MOX_EXPORT(moxsAdd_64s_Sfs, scalePair<saturatedSum>);
 MOX_EXPORT_BOTH(moxsAdd_16s, moxsAdd_16s_I, saturatePair<sum>);
 MOX_EXPORT(moxsAdd_16u, saturatePair<sum>);
 MOX_EXPORT(moxsAdd_32u, saturatePair<sum>);
@@ -45,7 +45,7 @@ MOX_EXPORT_BOTH(moxsAddC_32s_Sfs, moxsAddC_32s_ISfs, scaleConstant<sum>);
 MOX_EXPORT_BOTH(moxsAddC_16sc_Sfs, moxsAddC_16sc_ISfs, scaleConstant<sum>);
 MOX_EXPORT_BOTH(moxsAddC_32sc_Sfs, moxsAddC_32sc_ISfs, scaleConstant<sum>);
 MOX_EXPORT_IN_PLACE(moxsAddC_16s_I, saturateConstant<sum>);
-MOX_EXPORT(moxsAddC_64s_Sfs, scaleConstant64<sum>);
-MOX_EXPORT(moxsAddC_64u_Sfs, scaleConstant64<sum>);
+MOX_EXPORT(moxsAddC_64s_Sfs, scaleConstant<sum>);
+MOX_EXPORT(moxsAddC_64u_Sfs, scaleConstant<sum>);
 
 }  // namespace mox::arith

@@ -42,16 +42,9 @@ struct Arctan64f {
   }
 };
 
-template <class Function, class E>
-MoxStatus arctan(const E* src, E* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  runFunction<Function>(src, dst, len);
-  return moxOk;
-}
-
 }  // namespace
 
-MOX_EXPORT_BOTH(moxsArctan_32f, moxsArctan_32f_I, arctan<Arctan32f>);
-MOX_EXPORT_BOTH(moxsArctan_64f, moxsArctan_64f_I, arctan<Arctan64f>);
+MOX_EXPORT_BOTH(moxsArctan_32f, moxsArctan_32f_I, elementary<Arctan32f>);
+MOX_EXPORT_BOTH(moxsArctan_64f, moxsArctan_64f_I, elementary<Arctan64f>);
 
 }  // namespace mox::arith

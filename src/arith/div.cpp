@@ -3,7 +3,6 @@
 
 #include "arith/division.h"
 #include "arith/mul_constant.h"
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 

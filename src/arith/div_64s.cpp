@@ -4,7 +4,6 @@
 #include <bit>
 
 #include "arith/division.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 

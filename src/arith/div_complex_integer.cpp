@@ -52,8 +52,8 @@ class Kernel : public ByReciprocal<Doubles> {
   }
 };
 
-// The divisor is an array or `Same`. A call of its own, so that what it computes from a constant
-// stays within the caller's rounding mode.
+// The divisor is an array or `Same`. noinline keeps arithmetic on the constant behind the
+// RoundingScope of our caller.
 template <class A>
 [[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, Mox16sc* dst, long len, A divisor,
                                          const Mox16sc* dividend) {

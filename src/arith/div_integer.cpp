@@ -12,8 +12,8 @@
 namespace mox::arith {
 namespace {
 
-// dst[i] = dividend / divisor, either of them an array or `Same`. A call of its own, so that what
-// it computes from a constant stays within the caller's rounding mode.
+// dst[i] = dividend / divisor, either of them an array or `Same`. noinline keeps arithmetic on the
+// constant behind the RoundingScope of our caller.
 template <class W, int rounding, class Kernel, class D, class A, class B>
 [[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, D* dst, long len, A divisor, B dividend) {
   const auto result = [&](W b, W prepared) {

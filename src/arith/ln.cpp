@@ -4,7 +4,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/vector_function.h"
-#include "arith/vector_functions.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -37,23 +36,16 @@ struct Ln32f {
   static Mox32f one(Mox32f x, int& code) { return lnOfFloat(x, code); }
 };
 
-MoxStatus lnFloat(const Mox32f* src, Mox32f* dst, int len) {
+template <VectorFunction Function, class S, class D>
+MoxStatus ln(const S* src, D* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  return lnStatus(ownsLn(src, dst, len));
-}
-
-template <class D>
-MoxStatus lnDouble(const Mox64f* src, D* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  return lnStatus(runFunction<Ln64f>(src, dst, len));
+  return lnStatus(runFunction<Function>(src, dst, len));
 }
 
 }  // namespace
 
-int ownsLn(const Mox32f* src, Mox32f* dst, int len) { return runFunction<Ln32f>(src, dst, len); }
-
-MOX_EXPORT_BOTH(moxsLn_32f, moxsLn_32f_I, lnFloat);
-MOX_EXPORT_BOTH(moxsLn_64f, moxsLn_64f_I, lnDouble);
-MOX_EXPORT(moxsLn_64f32f, lnDouble);
+MOX_EXPORT_BOTH(moxsLn_32f, moxsLn_32f_I, ln<Ln32f>);
+MOX_EXPORT_BOTH(moxsLn_64f, moxsLn_64f_I, ln<Ln64f>);
+MOX_EXPORT(moxsLn_64f32f, ln<Ln64f>);
 
 }  // namespace mox::arith

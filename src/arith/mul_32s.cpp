@@ -36,7 +36,7 @@ MoxStatus addProduct(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst, int
   if (scaleFactor > 62) {
     move::zeroElements(srcDst, len);
   } else if (scaleFactor == 0 || scaleFactor <= -31) {
-    // Doubles round sums above 2^53, which saturate all the same.
+    // Doubles round sums above 2^53, which saturate with or without that.
     const HiddenExceptions scope;
     mapScaled<53>(
         scaleFactor, [](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src1, src2,

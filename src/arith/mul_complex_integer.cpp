@@ -2,7 +2,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/mul_complex.h"
-#include "frame/checks.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {

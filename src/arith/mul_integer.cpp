@@ -9,12 +9,6 @@
 namespace mox::arith {
 namespace {
 
-MoxStatus mulConstant64(Mox64s val, Mox64s* srcDst, int len, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, srcDst)) return s;
-  mapScaled<126>(scaleFactor, product, srcDst, len, srcDst, Same<Mox64s>{val});
-  return moxOk;
-}
-
 // A double as the integer `mantissa` times 2^exponent: the exact product with one, times a power of
 // two, is what the scale rule is about. Infinity counts as a power beyond every limit, NaN as 0.
 struct Decomposed {
@@ -84,7 +78,7 @@ MOX_EXPORT_BOTH(moxsMulC_16s_Sfs, moxsMulC_16s_ISfs, scaleConstant<product>);
 MOX_EXPORT_BOTH(moxsMulC_16u_Sfs, moxsMulC_16u_ISfs, scaleConstant<product>);
 MOX_EXPORT_BOTH(moxsMulC_32s_Sfs, moxsMulC_32s_ISfs, scaleConstant<product>);
 MOX_EXPORT_IN_PLACE(moxsMulC_16s_I, saturateConstant<product>);
-MOX_EXPORT(moxsMulC_64s_ISfs, mulConstant64);
+MOX_EXPORT_IN_PLACE(moxsMulC_64s_ISfs, scaleConstant<product>);
 MOX_EXPORT(moxsMulC_64f64s_ISfs, mulDoubleConstant64);
 MOX_EXPORT(moxsMulC_32f16s_Sfs, mulFloatConstant);
 MOX_EXPORT(moxsMulC_Low_32f16s, mulFloatConstantUnscaled);

@@ -44,7 +44,7 @@ MoxStatus shift(const E* src, int val, E* dst, int len) {
   if (val >= width<E> && !keepsSign<Shift, E>)
     move::zeroElements(dst, len);
   else
-    mapElements<Stores::bypassing, 16>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
+    mapElements<Stores::bypassing, integerBytes>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
   return moxOk;
 }
 

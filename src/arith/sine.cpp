@@ -36,13 +36,12 @@ struct Sine32f {
   using InDouble = Sine64f<turn>;
 
   static V<Mox32f> lanes(V<Mox32f> x) {
-    const D low =
-        InDouble::lanes(__builtin_convertvector(__builtin_shufflevector(x, x, 0, 1, 2, 3), D));
-    const D high =
-        InDouble::lanes(__builtin_convertvector(__builtin_shufflevector(x, x, 4, 5, 6, 7), D));
-    const auto a = __builtin_convertvector(low, V<Mox32f, 4>),
-               b = __builtin_convertvector(high, V<Mox32f, 4>);
-    return __builtin_shufflevector(a, b, 0, 1, 2, 3, 4, 5, 6, 7);
+    const auto half = [](auto v) {
+      return __builtin_convertvector(InDouble::lanes(__builtin_convertvector(v, D)),
+                                     Beside<Mox32f, D>);
+    };
+    const auto [low, high] = halves(x);
+    return join<V<Mox32f>>(half(low), half(high));
   }
   static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), Mox32f(largestAngle)); }
   static Mox32f one(Mox32f x, int& code) { return Mox32f(InDouble::one(x, code)); }
@@ -65,9 +64,9 @@ Mox64u bitsOfTwoOverPi(int i) {
 
 // Tables are the same in every rounding mode of the caller.
 template <class Function, class F>
-int runToNearest(const F* src, F* dst, int len) {
+void runToNearest(const F* src, F* dst, int len) {
   const RoundingScope scope(Rounding::nearEven);
-  return runFunction<Function>(src, dst, len);
+  runFunction<Function>(src, dst, len);
 }
 
 }  // namespace
@@ -105,17 +104,9 @@ Reduced reducedFar(Mox64f x) {
           all(Mox64f(Mox64s(Mox64u(angle >> 11) >> 11)) * unit * 0x1p-53)};
 }
 
-int ownsSin(const Mox32f* src, Mox32f* dst, int len) {
-  return runToNearest<Sine32f<0>>(src, dst, len);
-}
-int ownsCos(const Mox32f* src, Mox32f* dst, int len) {
-  return runToNearest<Sine32f<1>>(src, dst, len);
-}
-int ownsSin(const Mox64f* src, Mox64f* dst, int len) {
-  return runToNearest<Sine64f<0>>(src, dst, len);
-}
-int ownsCos(const Mox64f* src, Mox64f* dst, int len) {
-  return runToNearest<Sine64f<1>>(src, dst, len);
-}
+void ownsSin(const Mox32f* src, Mox32f* dst, int len) { runToNearest<Sine32f<0>>(src, dst, len); }
+void ownsCos(const Mox32f* src, Mox32f* dst, int len) { runToNearest<Sine32f<1>>(src, dst, len); }
+void ownsSin(const Mox64f* src, Mox64f* dst, int len) { runToNearest<Sine64f<0>>(src, dst, len); }
+void ownsCos(const Mox64f* src, Mox64f* dst, int len) { runToNearest<Sine64f<1>>(src, dst, len); }
 
 }  // namespace mox::arith

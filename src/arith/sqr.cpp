@@ -1,7 +1,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/mul_complex.h"
-#include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/in_place.h"
 #include "frame/map_scaled.h"

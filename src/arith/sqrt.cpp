@@ -4,7 +4,6 @@
 #include <bit>
 #include <type_traits>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 

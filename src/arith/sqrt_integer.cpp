@@ -3,7 +3,6 @@
 
 #include <bit>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 

@@ -29,7 +29,7 @@ MOX_EXPORT_BOTH(moxsSub_16u_Sfs, moxsSub_16u_ISfs, scalePair<secondMinusFirst>);
 MOX_EXPORT_BOTH(moxsSub_32s_Sfs, moxsSub_32s_ISfs, scalePair<secondMinusFirst>);
 MOX_EXPORT_BOTH(moxsSub_16sc_Sfs, moxsSub_16sc_ISfs, scaleParts<secondMinusFirst>);
 MOX_EXPORT_BOTH(moxsSub_32sc_Sfs, moxsSub_32sc_ISfs, scaleParts<secondMinusFirst>);
-MOX_EXPORT(moxsSub_64s_Sfs, scalePair64<secondMinusFirst>);
+MOX_EXPORT(moxsSub_64s_Sfs, scalePair<secondMinusFirst>);
 MOX_EXPORT_BOTH(moxsSub_16s, moxsSub_16s_I, saturatePair<secondMinusFirst>);
 MOX_EXPORT_IN_PLACE(moxsSub_16s32s_I, saturatePair<secondMinusFirst>);
 MOX_EXPORT(moxsSub_16s32f, pairToFloat<secondMinusFirst>);

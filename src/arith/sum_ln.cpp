@@ -5,14 +5,16 @@
 #include <algorithm>
 
 #include "arith/ln.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/widen.h"
 
 namespace mox::arith {
 namespace {
 
-constexpr int vectorsPerStep = 4, elementsPerStep = 16;
+// The lanes of an order of additions: they are four on every machine.
+using Lanes = V<Mox64f, orderBytes / sizeof(Mox64f)>;
+constexpr int lanes = laneCount<Lanes>, vectorsPerStep = 4,
+              elementsPerStep = vectorsPerStep * lanes;
 
 class Product {
  public:
@@ -33,22 +35,22 @@ class Product {
   Mox64f ln() {
     normalize();
     LnArgument all(mantissa_);
-    all.exponent = V<Mox64f>{exponent_[0] + exponent_[1] + exponent_[2] + exponent_[3]};
-    const V<Mox64f> lanes = lnOf(all);
-    return lanes[0] + ((lanes[1] + lanes[2]) + lanes[3]);
+    all.exponent = Lanes{exponent_[0] + exponent_[1] + exponent_[2] + exponent_[3]};
+    const Lanes r = lnOf(all);
+    return r[0] + ((r[1] + r[2]) + r[3]);
   }
 
  private:
-  V<Mox64f> exponent_ = broadcast<V<Mox64f>>(0.0), mantissa_ = broadcast<V<Mox64f>>(1.0);
+  Lanes exponent_ = broadcast<Lanes>(0.0), mantissa_ = broadcast<Lanes>(1.0);
 };
 
 class LnSum {
  public:
   template <class S>
   void add(const S* src) {
-    V<Mox64f> x[vectorsPerStep];
+    Lanes x[vectorsPerStep];
     for (int j = 0; j < vectorsPerStep; ++j) {
-      x[j] = loadWidened<V<Mox64f>>(src + 4 * j);
+      x[j] = loadWidened<Lanes>(src + lanes * j);
       if (signBits(Ln64f::special(x[j]))) [[unlikely]]
         x[j] = takeSpecial(x[j]);
     }
@@ -66,9 +68,9 @@ class LnSum {
  private:
   // Makes subnormal numbers normal. Of what has no logarithm the result is added instead, and 1
   // takes its place.
-  [[gnu::noinline, gnu::cold]] V<Mox64f> takeSpecial(V<Mox64f> x) {
+  [[gnu::noinline, gnu::cold]] Lanes takeSpecial(Lanes x) {
     const int bits = signBits(Ln64f::special(x));
-    for (int lane = 0; lane < 4; ++lane) {
+    for (int lane = 0; lane < lanes; ++lane) {
       if (!(bits >> lane & 1)) continue;
       int noted = 0;
       if (const auto special = lnOutsideItsDomain(x[lane], noted)) {

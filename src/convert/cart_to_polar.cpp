@@ -1,9 +1,8 @@
 // Magnitude and phase together.
 #include <moxsp/complex.h>
 
-#include "convert/magnitude_integer.h"
-#include "convert/phase_integer.h"
-#include "frame/checks.h"
+#include "convert/magnitude.h"
+#include "convert/phase.h"
 #include "frame/export.h"
 
 namespace mox::convert {

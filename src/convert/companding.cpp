@@ -2,7 +2,6 @@
 #include <moxsp/companding.h>
 
 #include "convert/companding_laws.h"
-#include "frame/checks.h"
 #include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/map.h"
@@ -52,7 +51,7 @@ WordPair expand(Codes codes) {
 // interval in a segment, at the top of the fraction: together they count intervals from 2^0 on.
 Words intervalsFromOne(Words x) {
   const auto intervals = [](Words extended) {
-    const auto number = __builtin_convertvector(I<Mox32s>(extended), V<Mox32f, 4>);
+    const auto number = __builtin_convertvector(I<Mox32s>(extended), Beside<Mox32f, I<Mox32s>>);
     return (I<Mox32s>(number) >> 19) - (127 << 4);
   };
   return packInOrder<Mox16s>(intervals(unpackLow<Mox16s>(x, Words{})),

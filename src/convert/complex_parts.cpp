@@ -8,15 +8,11 @@
 namespace mox::convert {
 namespace {
 
-// Integers are shuffled 16 bytes at a time.
-template <class F>
-using Lanes = V<F, (std::is_integral_v<F> ? 16 : vectorBytes) / int(sizeof(F))>;
-
 // Both parts, from one shape to another.
 template <class F>
 struct Both {
-  static constexpr int lanes = laneCount<Lanes<F>>;
-  auto operator()(auto src, long i) const { return src.template lanes<Lanes<F>>(i); }
+  static constexpr int lanes = laneCount<Register<F>>;
+  auto operator()(auto src, long i) const { return src.template lanes<Register<F>>(i); }
 };
 template <class F>
 struct RealPart : Both<F> {
@@ -30,11 +26,15 @@ struct ImaginaryPart : Both<F> {
 // Numbers with one part zero, from an array of the other.
 template <class F>
 struct OnlyReal : Both<F> {
-  auto operator()(auto src, long i) const { return Pair{Both<F>::operator()(src, i), Lanes<F>{}}; }
+  auto operator()(auto src, long i) const {
+    return Pair{Both<F>::operator()(src, i), Register<F>{}};
+  }
 };
 template <class F>
 struct OnlyImaginary : Both<F> {
-  auto operator()(auto src, long i) const { return Pair{Lanes<F>{}, Both<F>::operator()(src, i)}; }
+  auto operator()(auto src, long i) const {
+    return Pair{Register<F>{}, Both<F>::operator()(src, i)};
+  }
 };
 
 template <class E, class F>

@@ -4,7 +4,6 @@
 #include <bit>
 #include <limits>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "move/flip.h"
@@ -50,8 +49,7 @@ struct Conjugate {
 template <class E>
 MoxStatus conj(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  constexpr int registerBytes = std::is_integral_v<Part<E>> ? 16 : vectorBytes;
-  mapElements<Stores::bypassing, registerBytes>(Conjugate<E>(), dst, len, src);
+  mapElements<Stores::bypassing, registerBytes<Part<E>>>(Conjugate<E>(), dst, len, src);
   return moxOk;
 }
 

@@ -4,8 +4,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "convert/pieces.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 #include "frame/rounding_control.h"

@@ -3,7 +3,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 #include "frame/packed24.h"
@@ -28,7 +27,7 @@ MoxStatus checkRows(const void* interleaved, Row* const* rows, int channels, int
 }
 
 // A stretch of the interleaved array: whole frames, or a part of one that is very wide. In between
-// it is held in floats.
+// it stands in floats.
 struct Stretch {
   static constexpr int size = 512;
 
@@ -62,8 +61,9 @@ void inStretches(int channels, int len, Step step) {
 template <class Packed = void, class D>
 MoxStatus join(const Mox32f* const* srcRows, int channels, int len, D* dst) {
   if (MoxStatus s = checkRows(dst, srcRows, channels, len)) return s;
+  const HiddenExceptions scope;
   auto* const out = samples<Packed>(dst);
-  alignas(32) Mox32f piece[Stretch::size];
+  alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
     s.eachSample(srcRows, piece, [](const Mox32f* x, Mox32f& p) { p = load<Mox32f>(x); });
     convertToInteger(piece, out + s.start, s.count, moxRoundNearEven, -digitsOf(out));
@@ -76,7 +76,7 @@ MoxStatus split(const E* src, Mox32f* const* dstRows, int channels, int len) {
   if (MoxStatus s = checkRows(src, dstRows, channels, len)) return s;
   const auto* const in = samples<Packed>(src);
   const Mox32f scale = powerOfTwo<Mox32f>(-digitsOf(in));
-  alignas(32) Mox32f piece[Stretch::size];
+  alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
     mapWidened<V<Mox32f>>([=](auto v) { return v * scale; }, piece, s.count, in + s.start);
     s.eachSample(dstRows, piece, [](Mox32f* y, Mox32f p) { store(y, p); });

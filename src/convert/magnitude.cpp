@@ -3,7 +3,6 @@
 #include <moxsp/complex.h>
 
 #include "convert/complex_bodies.h"
-#include "convert/magnitude_integer.h"
 #include "frame/export.h"
 
 namespace mox::convert {
@@ -11,7 +10,7 @@ namespace {
 
 // Of 16-bit parts as floats.
 struct MagnitudeOfWords {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const { return squareRoot(squaredMagnitudeAsFloat(src, i)); }
 };
 

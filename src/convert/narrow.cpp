@@ -1,7 +1,6 @@
 // Integers to narrower integers.
 #include <moxsp/convert.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 

@@ -3,7 +3,6 @@
 #include <moxsp/complex.h>
 
 #include "convert/complex_bodies.h"
-#include "convert/phase_integer.h"
 #include "frame/export.h"
 
 namespace mox::convert {
@@ -11,13 +10,13 @@ namespace {
 
 // Of 16-bit parts as floats, by way of double precision.
 struct PhaseOfWords {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const {
-    const auto four = [&](long at) {
+    const auto half = [&](long at) {
       return __builtin_convertvector(phaseLanes(src.template lanes<V<Mox64f>>(at)).value,
-                                     V<Mox32f, 4>);
+                                     Beside<Mox32f, V<Mox64f>>);
     };
-    return join<V<Mox32f>>(four(i), four(i + 4));
+    return join<V<Mox32f>>(half(i), half(i + lanes / 2));
   }
 };
 

@@ -8,8 +8,9 @@
 #include <limits>
 
 #include "arith/arctan.h"
+#include "convert/exact_angle.h"
+#include "convert/round_once.h"
 #include "frame/map_complex.h"
-#include "frame/rounding.h"
 
 namespace mox::convert {
 
@@ -118,6 +119,26 @@ struct Phase {
       return detail::repairPhases(z, angle);
     return angle.value;
   }
+};
+
+// Radians times 2^-factor, rounded to the nearest integer.
+template <class D>
+struct ScaledPhase {
+  static constexpr int lanes = integerLanes<D>;
+
+  explicit ScaledPhase(int scaleFactor) : factor(scaleFactor), scale(scaleFactor) {}
+
+  auto operator()(auto src, long i) const {
+    return integersFrom<D>([&](long j) {
+      const auto z = src.template lanes<V<Mox64f>>(i + j);
+      return roundedOnce(scale(phaseLanes(z).value), [&](int lane, Mox64s n) {
+        return isPhaseAboveTie(Mox32s(z.re[lane]), Mox32s(z.im[lane]), factor, n);
+      });
+    });
+  }
+
+  int factor;
+  ByPowerOfTwo scale;
 };
 
 }  // namespace mox::convert

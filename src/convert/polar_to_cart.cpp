@@ -7,7 +7,6 @@
 #include "arith/sine.h"
 #include "convert/exact_angle.h"
 #include "convert/round_once.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map_complex.h"
 
@@ -45,7 +44,7 @@ struct Cartesian;
 
 template <>
 struct Cartesian<Mox64f> {
-  static constexpr int lanes = 4;
+  static constexpr int lanes = laneCount<Lanes>;
   auto operator()(auto src, long i) const {
     const auto [magnitude, phase] = src.template lanes<Lanes>(i);
     return cartesian(magnitude, phase);
@@ -55,12 +54,12 @@ struct Cartesian<Mox64f> {
 // By way of double precision: the result is rounded once more.
 template <>
 struct Cartesian<Mox32f> {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const {
-    const auto low = Cartesian<Mox64f>()(src, i), high = Cartesian<Mox64f>()(src, i + 4);
+    const auto low = Cartesian<Mox64f>()(src, i), high = Cartesian<Mox64f>()(src, i + lanes / 2);
     const auto floats = [](Lanes a, Lanes b) {
-      using Four = V<Mox32f, 4>;
-      return join<V<Mox32f>>(__builtin_convertvector(a, Four), __builtin_convertvector(b, Four));
+      using Half = Beside<Mox32f, Lanes>;
+      return join<V<Mox32f>>(__builtin_convertvector(a, Half), __builtin_convertvector(b, Half));
     };
     return Pair{floats(low.re, high.re), floats(low.im, high.im)};
   }
@@ -76,13 +75,14 @@ class ScaledCartesian {
       : factor_(std::clamp(factor, -20, 16)), unit_(powerOfTwo<Mox64f>(factor_)) {}
 
   auto operator()(auto src, long i) const {
-    Pair<Lanes> four[lanes / 4];
-    for (int j = 0; j < lanes / 4; ++j) {
-      const auto [magnitude, phase] = src.template lanes<Lanes>(i + 4 * j);
-      four[j] = rounded(magnitude, phase);
+    constexpr int count = laneCount<Lanes>;
+    Pair<Lanes> r[lanes / count];
+    for (int j = 0; j < lanes / count; ++j) {
+      const auto [magnitude, phase] = src.template lanes<Lanes>(i + count * j);
+      r[j] = rounded(magnitude, phase);
     }
-    return Pair{integersFrom<D>([&](long j) { return four[j / 4].re; }),
-                integersFrom<D>([&](long j) { return four[j / 4].im; })};
+    return Pair{integersFrom<D>([&](long j) { return r[j / count].re; }),
+                integersFrom<D>([&](long j) { return r[j / count].im; })};
   }
 
  private:

@@ -17,21 +17,21 @@ struct Power {
 };
 
 struct PowerOfWords {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const { return squaredMagnitudeAsFloat(src, i); }
 };
 
 // By the scale rule.
 template <class Rule>
 struct ScaledPower {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = laneCount<I<Mox16s>>;
 
   auto operator()(auto src, long i) const {
-    const auto four = [&](long at) {
+    const auto half = [&](long at) {
       const auto squares = squaredMagnitudeOfWords(src, at);
       return rule(unwrapped(squares));
     };
-    return packInOrder<Mox16s>(four(i), four(i + 4));
+    return packInOrder<Mox16s>(half(i), half(i + lanes / 2));
   }
 
   Rule rule;

@@ -1,21 +1,18 @@
 // Thresholds on real elements.
 #include "convert/threshold.h"
 
-#include "convert/threshold_relations.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
 namespace mox::convert {
 namespace {
 
-template <class E>
-constexpr int registerBytes = std::is_integral_v<E> ? vectorBytes / 2 : vectorBytes;
-
-template <class Relation, class E, class... Values>
-MoxStatus threshold(const E* src, E* dst, int len, E level, Values... values) {
+template <class R, class E, class... Values>
+requires Relation<R, E, E, Values...> MoxStatus threshold(const E* src, E* dst, int len, E level,
+                                                          Values... values) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  if (MoxStatus s = Relation::check(level, values...)) return s;
-  mapElements<Stores::bypassing, registerBytes<E>>(Relation(), dst, len, src, Same<E>{level},
+  if (MoxStatus s = R::check(level, values...)) return s;
+  mapElements<Stores::bypassing, registerBytes<E>>(R(), dst, len, src, Same<E>{level},
                                                    Same<E>{values}...);
   return moxOk;
 }

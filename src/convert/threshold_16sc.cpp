@@ -2,7 +2,6 @@
 #include <bit>
 
 #include "convert/threshold.h"
-#include "convert/threshold_relations.h"
 #include "frame/complex16.h"
 #include "frame/control_word.h"
 #include "frame/in_place.h"

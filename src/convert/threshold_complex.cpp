@@ -2,7 +2,6 @@
 #include "convert/threshold_complex.h"
 
 #include "convert/threshold.h"
-#include "convert/threshold_relations.h"
 #include "frame/in_place.h"
 #include "move/copy.h"
 #include "move/fill.h"

@@ -3,7 +3,6 @@
 
 #include "convert/threshold.h"
 #include "convert/threshold_complex.h"
-#include "convert/threshold_relations.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 #include "frame/vec/vec.h"

@@ -2,8 +2,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "convert/pieces.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 #include "frame/rounding_control.h"
@@ -21,10 +19,7 @@ bool addsHalf(int roundMode) { return roundMode != moxRoundZero && roundMode != 
 // One half with the sign of each lane.
 template <class Vector>
 Vector signedHalf(Vector v) {
-  using Bits = V<std::conditional_t<sizeof(Lane<Vector>) == 4, Mox32u, Mox64u>, laneCount<Vector>>;
-  const auto sign = broadcast<Vector>(Lane<Vector>(-0.0)),
-             half = broadcast<Vector>(Lane<Vector>(0.5));
-  return Vector((Bits(v) & Bits(sign)) | Bits(half));
+  return withSignOf(v, broadcast<Vector>(Lane<Vector>(0.5)));
 }
 
 // The mode's kernel on vectors. It stops values at the upper limit, where NaN ends as well; at the
@@ -60,8 +55,8 @@ template <class F>
 constexpr int largestPower = std::numeric_limits<F>::max_exponent - 2;  // normal up and down
 
 template <class F, class T>
-void convertScaled(const F* src, T* dst, long len, int roundMode, F scale) {
-  const RoundingScope scope(controlFor(roundMode), Exceptions::hidden);
+void convertScaled(const F* src, T* dst, long len, int roundMode, F scale, Exceptions exceptions) {
+  const RoundingScope scope(controlFor(roundMode), exceptions);
   if (addsHalf(roundMode))
     runKernel<T, true>(src, dst, len, scale);
   else
@@ -71,7 +66,7 @@ void convertScaled(const F* src, T* dst, long len, int roundMode, F scale) {
 template <class Packed = void, class F, class D>
 MoxStatus convert(const F* src, D* dst, int len, int roundMode, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  convertToInteger(src, samples<Packed>(dst), len, roundMode, scaleFactor);
+  convertToInteger(src, samples<Packed>(dst), len, roundMode, scaleFactor, Exceptions::hidden);
   return moxOk;
 }
 
@@ -108,20 +103,21 @@ MoxStatus convert64s(const Mox64f* src, Mox64s* dst, int len, int roundMode, int
 // A factor beyond the exponents of F is applied in two steps, the first of them to pieces of the
 // source; what underflows there is far below one half.
 template <class F, class T>
-void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor) {
+void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor,
+                      Exceptions exceptions) {
   const TwoPowers<F> scale(scaleFactor);
-  if (scale.second == 1) return convertScaled(src, dst, len, roundMode, scale.first);
+  if (scale.second == 1) return convertScaled(src, dst, len, roundMode, scale.first, exceptions);
   const HiddenExceptions scope;
   inPieces<F>(len, [&](F* piece, long start, long count) {
     mapElements([&](auto v) { return v * scale.first; }, piece, count, src + start);
-    convertScaled(piece, dst + start, count, roundMode, scale.second);
+    convertScaled(piece, dst + start, count, roundMode, scale.second, exceptions);
   });
 }
 
-template void convertToInteger(const Mox32f*, Mox16s*, long, int, int);
-template void convertToInteger(const Mox32f*, Packed24s*, long, int, int);
-template void convertToInteger(const Mox64f*, Mox16s*, long, int, int);
-template void convertToInteger(const Mox64f*, Mox32s*, long, int, int);
+template void convertToInteger(const Mox32f*, Mox16s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox32f*, Packed24s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox64f*, Mox16s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox64f*, Mox32s*, long, int, int, Exceptions);
 
 MOX_EXPORT(moxsConvert_32f8s_Sfs, convert);
 MOX_EXPORT(moxsConvert_32f8u_Sfs, convert);

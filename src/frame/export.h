@@ -2,8 +2,11 @@
 // function's slot of the entry-point table and makes the public name a jump through that slot.
 // The slot has the type of the public declaration, so a body with another signature does not
 // compile. Bodies call bodies, never public names: whoever replaces a slot redirects outside
-// callers only. entry_table.ld gathers the slots in alphabetical order.
+// callers only. entry_table.ld gathers the slots in alphabetical order. Checks, with which bodies
+// begin, come along.
 #pragma once
+
+#include "frame/checks.h"
 
 #define MOX_EXPORT(name, ...)                                                                 \
   extern "C" [[gnu::used, gnu::visibility("hidden"),                                          \

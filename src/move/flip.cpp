@@ -1,6 +1,5 @@
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "move/flip.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "frame/packed24.h"

@@ -1,7 +1,6 @@
 // Dot products of floats, and of 32-bit integers as doubles.
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "frame/rounding_control.h"
@@ -23,7 +22,7 @@ constexpr Order shortDot = {.lanes = 2, .tail = Tail::last};
 constexpr Order integerDot = {.lanes = 4, .tail = Tail::pairs};
 // Parts of products by one part; four registers.
 template <class F>
-constexpr Order complexDot = {.lanes = 4 * lanesOf<F>, .tail = Tail::folded};
+constexpr Order complexDot = {.lanes = 4 * orderBytes / sizeof(F), .tail = Tail::folded};
 
 // In the type F; elements are converted to it first.
 template <Order order, class F, class A, class B>

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"

@@ -1,7 +1,6 @@
 // The largest and smallest elements of a vector, by value or magnitude, and their indices.
 #include <moxsp/extrema.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/extrema_scan.h"
 

@@ -1,7 +1,6 @@
 // The larger and the smaller of two vectors, element by element.
 #include <moxsp/extrema.h>
 
-#include "frame/checks.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
@@ -16,8 +15,7 @@ template <auto op, class E>
 MoxStatus every(const E* src1, const E* src2, E* dst, int len) {
   if (anyNull(src1, src2, dst)) return moxErrNullPtr;
   if (len == 0) return moxErrSize;
-  constexpr int registerBytes = std::is_integral_v<E> ? 16 : vectorBytes;
-  mapElements<Stores::bypassing, registerBytes>(op, dst, len, src1, src2);
+  mapElements<Stores::bypassing, registerBytes<E>>(op, dst, len, src1, src2);
   return moxOk;
 }
 

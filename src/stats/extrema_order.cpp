@@ -4,7 +4,6 @@
 #include <bit>
 #include <limits>
 
-#include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
 #include "stats/extrema_scan.h"

@@ -1,7 +1,6 @@
 // Means.
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
@@ -38,7 +37,7 @@ MoxStatus meanShort(const E* src, int len, E* mean, int scaleFactor) {
   const HiddenExceptions scope;
   const auto sums = exactSum(src, len);
   for (int p = 0; p < partsPerElement<E>; ++p)
-    store(parts(mean) + p, heldInteger<Mox16s>(scaled<E>(Mox64f(sums[p]), scaleFactor) / len));
+    store(parts(mean) + p, saturatedInteger<Mox16s>(scaled<E>(Mox64f(sums[p]), scaleFactor) / len));
   return moxOk;
 }
 

@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/terms.h"
 

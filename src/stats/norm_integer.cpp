@@ -5,7 +5,6 @@
 #include <bit>
 #include <cstdlib>
 
-#include "frame/checks.h"
 #include "frame/control_word.h"
 #include "frame/export.h"
 #include "stats/integer_sums.h"

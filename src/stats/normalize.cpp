@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frame/checks.h"
 #include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"

@@ -23,7 +23,7 @@ Mox64f scaled(Mox64f x, int factor) {
 
 // In the rounding mode in force, saturated to T.
 template <class T>
-T heldInteger(Mox64f x) {
+T saturatedInteger(Mox64f x) {
   return T(toInteger(std::clamp(x, Mox64f(Limits<T>::min), Mox64f(Limits<T>::max))));
 }
 

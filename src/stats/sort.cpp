@@ -3,7 +3,6 @@
 
 #include <type_traits>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/count_bytes.h"
 #include "stats/sort_order.h"

@@ -1,7 +1,6 @@
 // Stable sorts by the digits of keys, of vectors in place and of indices.
 #include <moxsp/sorting.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 #include "stats/count_bytes.h"

@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/integer_sums.h"
 #include "stats/scaled_result.h"
@@ -99,7 +98,7 @@ template <class D>
 MoxStatus stdDev16s(const Mox16s* src, int len, D* stdDev, int scaleFactor) {
   if (MoxStatus s = checkDeviation(len, src, stdDev)) return s;
   const HiddenExceptions scope;
-  store(stdDev, heldInteger<D>(stdDevOf(momentsOf(src, len)) * scaleMultiplier(scaleFactor)));
+  store(stdDev, saturatedInteger<D>(stdDevOf(momentsOf(src, len)) * scaleMultiplier(scaleFactor)));
   return moxOk;
 }
 
@@ -126,8 +125,8 @@ MoxStatus meanStdDev16s(const Mox16s* src, int len, D* mean, D* stdDev, int scal
   if (MoxStatus s = checkDeviation(len, src, mean, stdDev)) return s;
   const HiddenExceptions scope;
   const auto m = momentsOf(src, len);
-  store(mean, heldInteger<D>(scaled<Mox16s>(m.mean(), scaleFactor)));
-  store(stdDev, heldInteger<D>(stdDevOf(m) * scaleMultiplier(scaleFactor)));
+  store(mean, saturatedInteger<D>(scaled<Mox16s>(m.mean(), scaleFactor)));
+  store(stdDev, saturatedInteger<D>(stdDevOf(m) * scaleMultiplier(scaleFactor)));
   return moxOk;
 }
 

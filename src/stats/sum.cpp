@@ -3,7 +3,6 @@
 
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
@@ -35,7 +34,7 @@ MoxStatus sumShort(const E* src, int len, D* sum, int scaleFactor) {
   const HiddenExceptions scope;
   const auto sums = exactSum(src, len);
   for (int p = 0; p < partsPerElement<E>; ++p)
-    store(parts(sum) + p, heldInteger<Part<D>>(scaled<E>(Mox64f(sums[p]), scaleFactor)));
+    store(parts(sum) + p, saturatedInteger<Part<D>>(scaled<E>(Mox64f(sums[p]), scaleFactor)));
   return moxOk;
 }
 

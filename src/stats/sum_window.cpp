@@ -1,7 +1,6 @@
 // Sums over a window that slides along a vector.
 #include <moxsp/measures.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 

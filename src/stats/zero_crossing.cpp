@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <bit>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 

@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <limits>
+#include <vector>
 
 #include "support/guarded_array.h"
 #include "support/random.h"
@@ -107,6 +108,16 @@ TEST(PackBits, RefusesANegativeOffset) {
   EXPECT_EQ(moxsPackBits_32u8u(&src, &width, 1, &dst, -1, &bits), moxErrSize);
   EXPECT_EQ(dst, 3);
   EXPECT_EQ(bits, 4);
+}
+
+TEST(PackBits, ALengthBeyondIntIsTheLargest) {
+  const std::vector<int> widths((1 << 26) + 1, 32);
+  std::vector<Mox8u> dst(4 * widths.size());
+  int bits = 0;
+  const auto* src = reinterpret_cast<const Mox32u*>(widths.data());
+  EXPECT_EQ(moxsPackBits_32u8u(src, widths.data(), int(widths.size()), dst.data(), 0, &bits),
+            moxOk);
+  EXPECT_EQ(bits, std::numeric_limits<int>::max());
 }
 
 }  // namespace
