@@ -19,12 +19,14 @@ class ZeroDivisors {
   [[gnu::always_inline]] V<F> note(V<F> divisors) { return found(V<F>(divisors == V<F>{})); }
   void note(F divisor) { one_ |= divisor == 0; }
 
-  // A complex divisor, of interleaved parts, is zero where both of them are.
+  // A complex divisor, of interleaved parts, is zero where both of them are. Only a sum of squares
+  // of 0, which the quotient is made of as well, asks for a closer look.
   [[gnu::always_inline]] void noteComplex(V<F> divisors) {
-    const auto zero = V<F>(divisors == V<F>{});
-    found(V<F>(Bits<V<F>>(zero) & Bits<V<F>>(swapParts(zero))));
+    const V<F> re = realParts(divisors), im = imaginaryParts(divisors);
+    if (anyLane(re * re + im * im == V<F>{})) [[unlikely]]
+      found(V<F>((re == V<F>{}) & (im == V<F>{})));
   }
-  void noteComplex(V<F, 2> divisor) { one_ |= divisor[0] == 0 && divisor[1] == 0; }
+  void noteComplex(V<F, 2> divisor) { one_ |= (divisor[0] == 0) & (divisor[1] == 0); }
 
   MoxStatus status() const { return one_ || signBits(found_) ? moxWarnDivByZero : moxOk; }
 

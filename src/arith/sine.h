@@ -22,11 +22,11 @@ Reduced reducedFar(Mox64f x);
 
 [[gnu::always_inline]] inline Reduced reduced(V<Mox64f> x) {
   const V<Mox64f> n = nearestInteger(x * 0x1.45f306dc9c883p-1) + 0.0;  // an angle of -0 stays so
-  const V<Mox64f> r = x - n * halfPi1, v = n * halfPi2, first = r - v;
-  const V<Mox64f> w = n * halfPi3, second = first - w;
-  const V<Mox64f> rest = n * halfPi4 - (((r - first) - v) + ((first - second) - w));
-  const V<Mox64f> angle = second - rest;
-  return {n, angle, (second - angle) - rest};
+  const V<Mox64f> r = x - n * halfPi1, w = n * halfPi2, first = r - w;
+  // Where the angle is so small that the rounding of `rest` would show, r - w is exact, and so are
+  // `rest` and the difference.
+  const V<Mox64f> rest = n * halfPi3 - ((r - first) - w), angle = first - rest;
+  return {n, angle, ((first - angle) - rest) - n * halfPi4};
 }
 
 // Horner's rule over coefficients from the lowest power on.

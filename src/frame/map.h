@@ -13,7 +13,7 @@ namespace mox {
 // Elements before `p` reaches the alignment; none when it never does.
 template <int alignment = vectorBytes, class E>
 int peelCount(const E* p) {
-  const int missing = int(-addressOf(p) & (alignment - 1));
+  const int past = int(addressOf(p) & (alignment - 1)), missing = past ? alignment - past : 0;
   return missing % int(sizeof(E)) ? 0 : missing / int(sizeof(E));
 }
 
