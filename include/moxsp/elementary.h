@@ -64,7 +64,7 @@ MOX_API MoxStatus moxsSqr_64fc_I(Mox64fc* srcDst, int len);
  * never warn.
  * @note Real floats: one IEEE 754 square root, to the bit, in the current rounding mode. Real
  * integers: the exact value of the rule. Complex floats: each part within 0.51 ulp for `32fc` and
- * 2.2 ulps for `64fc`. `16sc`: each part is rounded from a double; only within 2^-36 of a tie can
+ * 3.5 ulps for `64fc`. `16sc`: each part is rounded from a double; only within 2^-36 of a tie can
  * it be the other neighbour.
  * @{ */
 MOX_API MoxStatus moxsSqrt_8u_Sfs(const Mox8u* src, Mox8u* dst, int len, int scaleFactor);
@@ -162,7 +162,7 @@ MOX_API MoxStatus moxsExp_64f_I(Mox64f* srcDst, int len);
  * factor.
  * @note `32f`: the exponent times ln(2) and a polynomial of degree 7 in the mantissa less 1, all in
  * single precision; within 3.94 ulps over all positive floats. `64f`: the series of 2 artanh(s),
- * s = f / (2 + f) for a mantissa 1 + f; within 1 ulp. `64f32f`: the same, rounded to float.
+ * s = f / (2 + f) for a mantissa 1 + f; within 1.2 ulps. `64f32f`: the same, rounded to float.
  * Integers are rounded from a double's value: the nearest integer, except that a value within 2^-51
  * of itself from a tie may give the other neighbour. The bounds hold for rounding to nearest.
  * @{ */

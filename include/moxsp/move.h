@@ -64,8 +64,8 @@ MOX_API void moxsFree(void* p);
  * Clears a vector: `dst[i] = 0` for 0 <= i < len, all bytes zero.
  *
  * The byte count, `len` times the element size, is computed in 32 bits: where it reaches 2^31 only
- * the wrapped count of bytes is cleared, none for a negative one. A fill above 2 MiB that no cache
- * of the processor could hold bypasses the cache.
+ * the wrapped count of bytes is cleared, none for a negative one. Above 24 MiB the cache is
+ * bypassed.
  *
  * @return ::moxErrNullPtr for a null `dst`, then ::moxErrSize for `len` below 1.
  * @{ */
@@ -89,8 +89,7 @@ MOX_API MoxStatus moxsZero_64sc(Mox64sc* dst, int len);
  *
  * For elements of 1, 2 and 4 bytes the byte count is computed in 32 bits: where it reaches 2^31
  * only the wrapped count of bytes is filled, none for a negative one. Wider elements are all
- * filled. A fill that no cache of the processor could hold bypasses the cache when `dst` is a
- * multiple of the element size, or the element has 8 or 16 bytes.
+ * filled. Above 24 MiB the cache is bypassed.
  *
  * @return ::moxErrNullPtr for a null `dst`, then ::moxErrSize for `len` below 1.
  * @{ */
@@ -214,7 +213,7 @@ MOX_API MoxStatus moxsCopyBE_1u(const Mox8u* src, int srcBitOffset, Mox8u* dst, 
  * string, the most significant bit first. The string begins in `dst[0]` after the top
  * `dstBitOffset mod 8` bits, which keep their values, as do the bits behind its end in its last
  * byte. A width above 32 counts as 32, a negative one as 0. `*dstBitLen` receives the number of
- * bits written.
+ * bits written, 2^31 - 1 where it is more than that.
  *
  * @return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1 or a negative
  * offset; ::moxWarnBitWidth when a width was clamped.

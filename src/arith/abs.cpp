@@ -3,8 +3,6 @@
 #include <cmath>
 #include <type_traits>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
@@ -40,13 +38,9 @@ MoxStatus abs(const E* src, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsAbs_16s, abs<Mox16s>);
-MOX_EXPORT(moxsAbs_32s, abs<Mox32s>);
-MOX_EXPORT(moxsAbs_32f, abs<Mox32f>);
-MOX_EXPORT(moxsAbs_64f, abs<Mox64f>);
-MOX_EXPORT(moxsAbs_16s_I, inPlace<abs<Mox16s>>);
-MOX_EXPORT(moxsAbs_32s_I, inPlace<abs<Mox32s>>);
-MOX_EXPORT(moxsAbs_32f_I, inPlace<abs<Mox32f>>);
-MOX_EXPORT(moxsAbs_64f_I, inPlace<abs<Mox64f>>);
+MOX_EXPORT_BOTH(moxsAbs_16s, moxsAbs_16s_I, abs);
+MOX_EXPORT_BOTH(moxsAbs_32s, moxsAbs_32s_I, abs);
+MOX_EXPORT_BOTH(moxsAbs_32f, moxsAbs_32f_I, abs);
+MOX_EXPORT_BOTH(moxsAbs_64f, moxsAbs_64f_I, abs);
 
 }  // namespace mox::arith

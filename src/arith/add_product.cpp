@@ -37,12 +37,12 @@ MoxStatus addProductScaled(const Mox16s* src1, const Mox16s* src2, D* srcDst, in
 
 }  // namespace
 
-MOX_EXPORT(moxsAddProduct_32f, addProduct<product, Mox32f>);
-MOX_EXPORT(moxsAddProduct_64f, addProduct<product, Mox64f>);
-MOX_EXPORT(moxsAddProduct_32fc, addProduct<complexProduct, Mox32fc>);
-MOX_EXPORT(moxsAddProduct_64fc, addProduct<complexProduct, Mox64fc>);
-MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled<31, Mox16s>);
-MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled<32, Mox32s>);
+MOX_EXPORT(moxsAddProduct_32f, addProduct<product>);
+MOX_EXPORT(moxsAddProduct_64f, addProduct<product>);
+MOX_EXPORT(moxsAddProduct_32fc, addProduct<complexProduct>);
+MOX_EXPORT(moxsAddProduct_64fc, addProduct<complexProduct>);
+MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled<31>);
+MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled<32>);
 MOX_EXPORT(moxsAddProductC_32f, addProductConstant);
 
 }  // namespace mox::arith

@@ -4,7 +4,6 @@
 
 #include "arith/arctan.h"
 #include "arith/vector_function.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -43,18 +42,9 @@ struct Arctan64f {
   }
 };
 
-template <class Function, class E>
-MoxStatus arctan(const E* src, E* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  runFunction<Function>(src, dst, len);
-  return moxOk;
-}
-
 }  // namespace
 
-MOX_EXPORT(moxsArctan_32f, arctan<Arctan32f, Mox32f>);
-MOX_EXPORT(moxsArctan_32f_I, inPlace<arctan<Arctan32f, Mox32f>>);
-MOX_EXPORT(moxsArctan_64f, arctan<Arctan64f, Mox64f>);
-MOX_EXPORT(moxsArctan_64f_I, inPlace<arctan<Arctan64f, Mox64f>>);
+MOX_EXPORT_BOTH(moxsArctan_32f, moxsArctan_32f_I, elementary<Arctan32f>);
+MOX_EXPORT_BOTH(moxsArctan_64f, moxsArctan_64f_I, elementary<Arctan64f>);
 
 }  // namespace mox::arith

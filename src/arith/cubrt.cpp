@@ -1,29 +1,63 @@
-#include "arith/cubrt.h"
-
+// The cube root, of floats and of integers.
 #include <moxsp/arith.h>
+
+#include <limits>
 
 #include "arith/vector_function.h"
 #include "frame/export.h"
 #include "frame/map_rounded.h"
+#include "frame/vec/vec.h"
 
 namespace mox::arith {
 namespace {
 
-MoxStatus cubrt(const Mox32f* src, Mox32f* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  runFunction<Cubrt32f>(src, dst, len);
-  return moxOk;
-}
+// A rational function of the mantissa; the exponent is divided by 3.
+struct Cubrt32f {
+  using Element = Mox32f;
+
+  [[gnu::always_inline]] static V<Mox32f> lanes(V<Mox32f> x) {
+    const V<Mox32f> a = absolute(x);
+    const V<Mox32f> e = floatsOf((V<Mox32s>(a) - 0x3F800000) >> 23) + 1.0f;
+    const V<Mox32f> k = truncated(e * 0.3333333432674408f);
+    // The third of the multiple of 3 at or above e, and exponent fields that stand for both.
+    const V<Mox32f> third = select(notAtMost(e - k * 3.0f, 0.0f), k + 1.0f, k);
+    const auto down = integersOf(third * 0x1.8p24f), up = integersOf(third * 0x1p23f);
+    const V<Mox32f> m = V<Mox32f>(V<Mox32s>(a) - down);
+    const V<Mox32f> p =
+        (((m * 45.25483322143555f + 192.2798309326172f) * m + 119.16548156738281f) * m +
+         13.432501792907715f) *
+            m +
+        0.1636161208152771f;
+    const V<Mox32f> q =
+        (((m * 14.80884075164795f + 151.97140502929688f) * m + 168.5254364013672f) * m +
+         33.99059295654297f) *
+            m +
+        1.0f;
+    const V<Mox32f> root = p * refinedReciprocal(q);
+    return withSignOf(x, V<Mox32f>(V<Mox32s>(root) + up));
+  }
+
+  static V<Mox32f> special(V<Mox32f> x) {
+    using Range = std::numeric_limits<Mox32f>;
+    const V<Mox32f> a = absolute(x);
+    return either(notAtLeast(a, Range::min()), notAtMost(a, Range::max()));
+  }
+
+  // Zero, infinity and NaN are their own roots; a subnormal is lifted by 2^24.
+  static Mox32f one(Mox32f x, int&) {
+    if (x == 0 || !(absolute(broadcast<V<Mox32f>>(x))[0] <= std::numeric_limits<Mox32f>::max()))
+      return x + x;
+    return lanes(broadcast<V<Mox32f>>(x * 0x1p24f))[0] * 0x1p-8f;
+  }
+};
 
 // The root of integers of 32 bits, to about 2^-52: one step of Halley's method on the float's.
 // Roots that are integers are made exact, for they decide ties; no other root comes closer to an
 // integer than 2^-23.
 [[gnu::always_inline]] inline V<Mox64f> cubeRoot(V<Mox64f> x) {
-  const V<Mox32f, 4> rounded = __builtin_convertvector(x, V<Mox32f, 4>);
-  const V<Mox32f> roots =
-      Cubrt32f::lanes(__builtin_shufflevector(rounded, rounded, 0, 1, 2, 3, 0, 1, 2, 3));
-  const V<Mox64f> y =
-      __builtin_convertvector(__builtin_shufflevector(roots, roots, 0, 1, 2, 3), V<Mox64f>);
+  const auto rounded = __builtin_convertvector(x, Beside<Mox32f, V<Mox64f>>);
+  const V<Mox32f> roots = Cubrt32f::lanes(join<V<Mox32f>>(rounded, rounded));
+  const V<Mox64f> y = __builtin_convertvector(halves(roots).low, V<Mox64f>);
   const V<Mox64f> cube = y * y * y;
   const V<Mox64f> root = y - y * (cube - x) / (cube * 2.0 + x), whole = nearestInteger(root);
   return select(notAtMost(absolute(root - whole), 0x1p-30), root, whole);
@@ -38,7 +72,7 @@ MoxStatus cubrtScaled(const Mox32s* src, Mox16s* dst, int len, int scaleFactor) 
 
 }  // namespace
 
-MOX_EXPORT(moxsCubrt_32f, cubrt);
+MOX_EXPORT(moxsCubrt_32f, elementary<Cubrt32f>);
 MOX_EXPORT(moxsCubrt_32s16s_Sfs, cubrtScaled);
 
 }  // namespace mox::arith

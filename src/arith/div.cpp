@@ -1,10 +1,8 @@
 // Quotients of floats, of two vectors and with a constant on either side.
 #include <moxsp/division.h>
 
-#include "arith/div_zeros.h"
+#include "arith/division.h"
 #include "arith/mul_constant.h"
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
@@ -22,16 +20,6 @@ template <class E, class W>
   }
 }
 
-// A complex divisor is zero where both of its parts are: a scalar, or vectors of any width.
-template <class E, class W>
-[[gnu::always_inline]] inline void note(ZeroDivisors<Part<E>>& zeros, W divisor) {
-  if constexpr (Complex<E>) divisor = either(realParts(divisor), imaginaryParts(divisor));
-  if constexpr (std::is_same_v<W, V<Part<E>>> || std::is_arithmetic_v<W>)
-    zeros.note(divisor);
-  else
-    zeros.note(divisor[0]);
-}
-
 template <class Op, class E, class... Source>
 void mapDivision(Op op, E* dst, long len, Source... src) {
   mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 16 : 1>(op, dst, len, src...);
@@ -43,7 +31,10 @@ MoxStatus divideNoting(E* dst, int len, Divisor divisor, Dividend dividend) {
   ZeroDivisors<Part<E>> zeros;
   mapDivision(
       [&](auto a, auto b) {
-        note<E>(zeros, a);
+        if constexpr (Complex<E>)
+          zeros.noteComplex(a);
+        else
+          zeros.note(a);
         return quotient<E>(a, b);
       },
       dst, len, divisor, dividend);
@@ -82,25 +73,16 @@ MoxStatus divConstantReversed(const Mox32f* src, Mox32f val, Mox32f* dst, int le
 
 }  // namespace
 
-MOX_EXPORT(moxsDiv_32f, div<Mox32f>);
-MOX_EXPORT(moxsDiv_64f, div<Mox64f>);
-MOX_EXPORT(moxsDiv_32fc, div<Mox32fc>);
-MOX_EXPORT(moxsDiv_64fc, div<Mox64fc>);
-MOX_EXPORT(moxsDiv_32f_I, inPlace<div<Mox32f>>);
-MOX_EXPORT(moxsDiv_64f_I, inPlace<div<Mox64f>>);
-MOX_EXPORT(moxsDiv_32fc_I, inPlace<div<Mox32fc>>);
-MOX_EXPORT(moxsDiv_64fc_I, inPlace<div<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsDiv_32f, moxsDiv_32f_I, div);
+MOX_EXPORT_BOTH(moxsDiv_64f, moxsDiv_64f_I, div);
+MOX_EXPORT_BOTH(moxsDiv_32fc, moxsDiv_32fc_I, div);
+MOX_EXPORT_BOTH(moxsDiv_64fc, moxsDiv_64fc_I, div);
 
-MOX_EXPORT(moxsDivC_32f, divConstant<Mox32f>);
-MOX_EXPORT(moxsDivC_64f, divConstant<Mox64f>);
-MOX_EXPORT(moxsDivC_32fc, divConstant<Mox32fc>);
-MOX_EXPORT(moxsDivC_64fc, divConstant<Mox64fc>);
-MOX_EXPORT(moxsDivC_32f_I, inPlace<divConstant<Mox32f>>);
-MOX_EXPORT(moxsDivC_64f_I, inPlace<divConstant<Mox64f>>);
-MOX_EXPORT(moxsDivC_32fc_I, inPlace<divConstant<Mox32fc>>);
-MOX_EXPORT(moxsDivC_64fc_I, inPlace<divConstant<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsDivC_32f, moxsDivC_32f_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_64f, moxsDivC_64f_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_32fc, moxsDivC_32fc_I, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_64fc, moxsDivC_64fc_I, divConstant);
 
-MOX_EXPORT(moxsDivCRev_32f, divConstantReversed);
-MOX_EXPORT(moxsDivCRev_32f_I, inPlace<divConstantReversed>);
+MOX_EXPORT_BOTH(moxsDivCRev_32f, moxsDivCRev_32f_I, divConstantReversed);
 
 }  // namespace mox::arith

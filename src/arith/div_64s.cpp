@@ -3,8 +3,7 @@
 
 #include <bit>
 
-#include "arith/div_long.h"
-#include "frame/checks.h"
+#include "arith/division.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
@@ -34,8 +33,6 @@ class WideDivisor {
     Mox64u quotient = Mox64u(estimate >> 64) + 1;
     Mox64u remainder = low - quotient * divisor_;
     if (remainder > Mox64u(estimate)) --quotient, remainder += divisor_;
-    if (remainder >= divisor_) [[unlikely]]
-      ++quotient, remainder -= divisor_;
     return {quotient, remainder >> shift_};
   }
 

@@ -3,10 +3,9 @@
 
 #include <climits>
 
-#include "arith/div_quotient.h"
+#include "arith/division.h"
 #include "arith/scaled.h"
 #include "frame/complex16.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
@@ -53,8 +52,8 @@ class Kernel : public ByReciprocal<Doubles> {
   }
 };
 
-// The divisor is an array or `Same`. A call of its own, so that what it computes from a constant
-// stays within the caller's rounding mode.
+// The divisor is an array or `Same`. noinline keeps arithmetic on the constant behind the
+// RoundingScope of our caller.
 template <class A>
 [[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, Mox16sc* dst, long len, A divisor,
                                          const Mox16sc* dividend) {
@@ -81,7 +80,7 @@ template <class A>
 template <class A>
 MoxStatus divide(int factor, int lowest, Mox16sc* dst, long len, A divisor,
                  const Mox16sc* dividend) {
-  const RoundingScope toNearest(Rounding::nearEven);
+  const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
   return mapQuotients(Kernel(factor < lowest ? INT_MIN : factor), dst, len, divisor, dividend);
 }
 
@@ -98,9 +97,7 @@ MoxStatus divConstant(const Mox16sc* src, Mox16sc val, Mox16sc* dst, int len, in
 
 }  // namespace
 
-MOX_EXPORT(moxsDiv_16sc_Sfs, div);
-MOX_EXPORT(moxsDiv_16sc_ISfs, inPlace<div>);
-MOX_EXPORT(moxsDivC_16sc_Sfs, divConstant);
-MOX_EXPORT(moxsDivC_16sc_ISfs, inPlace<divConstant>);
+MOX_EXPORT_BOTH(moxsDiv_16sc_Sfs, moxsDiv_16sc_ISfs, div);
+MOX_EXPORT_BOTH(moxsDivC_16sc_Sfs, moxsDivC_16sc_ISfs, divConstant);
 
 }  // namespace mox::arith

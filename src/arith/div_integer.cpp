@@ -4,18 +4,16 @@
 #include <bit>
 #include <climits>
 
-#include "arith/div_long.h"
-#include "arith/div_quotient.h"
+#include "arith/division.h"
 #include "arith/scaled.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
 namespace mox::arith {
 namespace {
 
-// dst[i] = dividend / divisor, either of them an array or `Same`. A call of its own, so that what
-// it computes from a constant stays within the caller's rounding mode.
+// dst[i] = dividend / divisor, either of them an array or `Same`. noinline keeps arithmetic on the
+// constant behind the RoundingScope of our caller.
 template <class W, int rounding, class Kernel, class D, class A, class B>
 [[gnu::noinline]] MoxStatus mapQuotients(Kernel kernel, D* dst, long len, A divisor, B dividend) {
   const auto result = [&](W b, W prepared) {
@@ -76,7 +74,7 @@ MoxStatus divide(int factor, D* dst, long len, A divisor, B dividend) {
   using EB = ElementOf<B>;
   using Floats = V<Mox32f>;
   using Doubles = V<Mox64f>;
-  const RoundingScope toNearest(Rounding::nearEven);
+  const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
   if constexpr (sizeof(EB) <= 2)
     if (factor >= lowestFactor<Floats, D, EA, EB>)
       return mapQuotients<Floats, rounding>(ByReciprocal<Floats>(factor), dst, len, divisor,
@@ -100,7 +98,7 @@ MoxStatus div16s(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len, i
   if (scaleFactor >= lowestFactor<Floats, Mox16s, Mox16s, Mox16s>)
     return div(src1, src2, dst, len, scaleFactor);
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  const RoundingScope toNearest(Rounding::nearEven);
+  const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
   return mapQuotients<Floats, moxRoundNearEven>(ByDivision<Floats>(scaleFactor), dst, len, src1,
                                                 src2);
 }
@@ -133,31 +131,20 @@ MoxStatus divConstantReversed(const Mox16u* src, Mox16u val, Mox16u* dst, int le
 
 }  // namespace
 
-MOX_EXPORT(moxsDiv_8u_Sfs, div<Mox8u>);
-MOX_EXPORT(moxsDiv_8u_ISfs, inPlace<div<Mox8u>>);
-MOX_EXPORT(moxsDiv_16s_Sfs, div16s);
-MOX_EXPORT(moxsDiv_16s_ISfs, inPlace<div16s>);
-MOX_EXPORT(moxsDiv_16u_Sfs, div<Mox16u>);
-MOX_EXPORT(moxsDiv_16u_ISfs, inPlace<div<Mox16u>>);
-MOX_EXPORT(moxsDiv_32s_Sfs, div<Mox32s>);
-MOX_EXPORT(moxsDiv_32s_ISfs, inPlace<div<Mox32s>>);
-MOX_EXPORT(moxsDiv_32s16s_Sfs, div<Mox16s, Mox32s, Mox16s>);
+MOX_EXPORT_BOTH(moxsDiv_8u_Sfs, moxsDiv_8u_ISfs, div);
+MOX_EXPORT_BOTH(moxsDiv_16s_Sfs, moxsDiv_16s_ISfs, div16s);
+MOX_EXPORT_BOTH(moxsDiv_16u_Sfs, moxsDiv_16u_ISfs, div);
+MOX_EXPORT_BOTH(moxsDiv_32s_Sfs, moxsDiv_32s_ISfs, div);
+MOX_EXPORT(moxsDiv_32s16s_Sfs, div);
 
-MOX_EXPORT(moxsDiv_Round_8u_Sfs, divRounded<Mox8u>);
-MOX_EXPORT(moxsDiv_Round_8u_ISfs, inPlace<divRounded<Mox8u>>);
-MOX_EXPORT(moxsDiv_Round_16s_Sfs, divRounded<Mox16s>);
-MOX_EXPORT(moxsDiv_Round_16s_ISfs, inPlace<divRounded<Mox16s>>);
-MOX_EXPORT(moxsDiv_Round_16u_Sfs, divRounded<Mox16u>);
-MOX_EXPORT(moxsDiv_Round_16u_ISfs, inPlace<divRounded<Mox16u>>);
+MOX_EXPORT_BOTH(moxsDiv_Round_8u_Sfs, moxsDiv_Round_8u_ISfs, divRounded);
+MOX_EXPORT_BOTH(moxsDiv_Round_16s_Sfs, moxsDiv_Round_16s_ISfs, divRounded);
+MOX_EXPORT_BOTH(moxsDiv_Round_16u_Sfs, moxsDiv_Round_16u_ISfs, divRounded);
 
-MOX_EXPORT(moxsDivC_8u_Sfs, divConstant<Mox8u>);
-MOX_EXPORT(moxsDivC_8u_ISfs, inPlace<divConstant<Mox8u>>);
-MOX_EXPORT(moxsDivC_16s_Sfs, divConstant<Mox16s>);
-MOX_EXPORT(moxsDivC_16s_ISfs, inPlace<divConstant<Mox16s>>);
-MOX_EXPORT(moxsDivC_16u_Sfs, divConstant<Mox16u>);
-MOX_EXPORT(moxsDivC_16u_ISfs, inPlace<divConstant<Mox16u>>);
+MOX_EXPORT_BOTH(moxsDivC_8u_Sfs, moxsDivC_8u_ISfs, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_16s_Sfs, moxsDivC_16s_ISfs, divConstant);
+MOX_EXPORT_BOTH(moxsDivC_16u_Sfs, moxsDivC_16u_ISfs, divConstant);
 
-MOX_EXPORT(moxsDivCRev_16u, divConstantReversed);
-MOX_EXPORT(moxsDivCRev_16u_I, inPlace<divConstantReversed>);
+MOX_EXPORT_BOTH(moxsDivCRev_16u, moxsDivCRev_16u_I, divConstantReversed);
 
 }  // namespace mox::arith

@@ -1,18 +1,46 @@
-#include "arith/exp.h"
-
+// The exponential.
 #include <moxsp/arith.h>
 
 #include <algorithm>
 #include <limits>
 
 #include "arith/vector_function.h"
-#include "arith/vector_functions.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
+#include "frame/vec/vec.h"
 
 namespace mox::arith {
 namespace {
+
+// x = exponent * ln(2) + rest with an integer exponent and |rest| about ln(2) / 2 at the most, in
+// every rounding mode. For |x| up to 2^31 the products with the first two parts of ln(2) are exact,
+// and so are the differences.
+struct ExpArgument {
+  V<Mox64f> exponent, rest;
+
+  [[gnu::always_inline]] explicit ExpArgument(V<Mox64f> x)
+      : exponent(nearestInteger(x * 0x1.71547652b82fep+0)),
+        rest(((x - exponent * 0x1.62e428p-1) - exponent * 0x1.fbe8ep-23) -
+             exponent * 0x1.ef35793c7673p-45) {}
+};
+
+// 2^n for integers n in -1022 to 1023.
+[[gnu::always_inline]] inline V<Mox64f> powersOfTwo(V<Mox64f> n) {
+  const V<Mox64f> biased = n + (0x1.8p52 + 1023);  // in the low bits of the sum
+  return V<Mox64f>(Bits<V<Mox64f>>(biased) << 52);
+}
+
+// e^r for the rest of an argument: the Taylor series up to r^13, whose remainder is below 2^-57,
+// summed in pairs of terms for a short chain.
+[[gnu::always_inline]] inline V<Mox64f> expOfRest(V<Mox64f> r) {
+  const V<Mox64f> r2 = r * r, r4 = r2 * r2;
+  const V<Mox64f> t3 = r * (1 / 6.0) + 0.5, t5 = r * (1 / 120.0) + 1 / 24.0,
+                  t7 = r * (1 / 5040.0) + 1 / 720.0, t9 = r * (1 / 362880.0) + 1 / 40320.0,
+                  t11 = r * (1 / 39916800.0) + 1 / 3628800.0,
+                  t13 = r * (1 / 6227020800.0) + 1 / 479001600.0;
+  const V<Mox64f> tail = ((t13 * r2 + t11) * r4 + (t9 * r2 + t7)) * r4 + (t5 * r2 + t3);
+  return (tail * r2 + r) + 1.0;
+}
 
 // In double precision.
 struct Exp64f {
@@ -59,19 +87,6 @@ struct Exp32f {
   static Mox32f one(Mox32f x, int& code) { return Mox32f(Exp64f::one(x, code)); }
 };
 
-template <class Function, class S, class D>
-MoxStatus exponential(const S* src, D* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  runFunction<Function>(src, dst, len);
-  return moxOk;
-}
-
-MoxStatus expFloat(const Mox32f* src, Mox32f* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  ownsExp_32f(src, dst, len);
-  return moxOk;
-}
-
 // e^x times 2^-factor for integers x. The factor joins the exponent, so that neither has to be in
 // the range of a double; beyond 2^100 or 2^-100 every result is at a limit of its type, or 0.
 class ScaledExp {
@@ -101,6 +116,7 @@ template <>
 MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   constexpr Mox64s far = Mox64s(1) << 32;
+  const HiddenExceptions scope;
   const ScaledExp exp(scaleFactor);
   for (int i = 0; i < len; ++i) {
     const Mox64f x = Mox64f(std::clamp(load<Mox64s>(src + i), -far, far));
@@ -112,18 +128,11 @@ MoxStatus expScaled(const Mox64s* src, Mox64s* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsExp_32f(runFunction<Exp32f>, 4.02f, 4.53f, 2.34f);
-
-MOX_EXPORT(moxsExp_32f, expFloat);
-MOX_EXPORT(moxsExp_32f_I, inPlace<expFloat>);
-MOX_EXPORT(moxsExp_64f, exponential<Exp64f>);
-MOX_EXPORT(moxsExp_64f_I, inPlace<exponential<Exp64f, Mox64f, Mox64f>>);
-MOX_EXPORT(moxsExp_32f64f, exponential<Exp64f>);
-MOX_EXPORT(moxsExp_16s_Sfs, expScaled<Mox16s>);
-MOX_EXPORT(moxsExp_16s_ISfs, inPlace<expScaled<Mox16s>>);
-MOX_EXPORT(moxsExp_32s_Sfs, expScaled<Mox32s>);
-MOX_EXPORT(moxsExp_32s_ISfs, inPlace<expScaled<Mox32s>>);
-MOX_EXPORT(moxsExp_64s_Sfs, expScaled<Mox64s>);
-MOX_EXPORT(moxsExp_64s_ISfs, inPlace<expScaled<Mox64s>>);
+MOX_EXPORT_BOTH(moxsExp_32f, moxsExp_32f_I, elementary<Exp32f>);
+MOX_EXPORT_BOTH(moxsExp_64f, moxsExp_64f_I, elementary<Exp64f>);
+MOX_EXPORT(moxsExp_32f64f, elementary<Exp64f>);
+MOX_EXPORT_BOTH(moxsExp_16s_Sfs, moxsExp_16s_ISfs, expScaled);
+MOX_EXPORT_BOTH(moxsExp_32s_Sfs, moxsExp_32s_ISfs, expScaled);
+MOX_EXPORT_BOTH(moxsExp_64s_Sfs, moxsExp_64s_ISfs, expScaled);
 
 }  // namespace mox::arith

@@ -4,8 +4,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/vector_function.h"
-#include "arith/vector_functions.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -38,25 +36,16 @@ struct Ln32f {
   static Mox32f one(Mox32f x, int& code) { return lnOfFloat(x, code); }
 };
 
-MoxStatus lnFloat(const Mox32f* src, Mox32f* dst, int len) {
+template <VectorFunction Function, class S, class D>
+MoxStatus ln(const S* src, D* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  return lnStatus(ownsLn_32f(src, dst, len));
-}
-
-template <class D>
-MoxStatus lnDouble(const Mox64f* src, D* dst, int len) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  return lnStatus(runFunction<Ln64f>(src, dst, len));
+  return lnStatus(runFunction<Function>(src, dst, len));
 }
 
 }  // namespace
 
-const VectorFunction<Mox32f> ownsLn_32f(runFunction<Ln32f>, 3.35f, 4.19f, 2.28f);
-
-MOX_EXPORT(moxsLn_32f, lnFloat);
-MOX_EXPORT(moxsLn_32f_I, inPlace<lnFloat>);
-MOX_EXPORT(moxsLn_64f, lnDouble<Mox64f>);
-MOX_EXPORT(moxsLn_64f_I, inPlace<lnDouble<Mox64f>>);
-MOX_EXPORT(moxsLn_64f32f, lnDouble<Mox32f>);
+MOX_EXPORT_BOTH(moxsLn_32f, moxsLn_32f_I, ln<Ln32f>);
+MOX_EXPORT_BOTH(moxsLn_64f, moxsLn_64f_I, ln<Ln64f>);
+MOX_EXPORT(moxsLn_64f32f, ln<Ln64f>);
 
 }  // namespace mox::arith

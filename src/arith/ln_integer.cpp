@@ -1,14 +1,46 @@
 // The logarithms of integers, natural and in decibels.
 #include <moxsp/arith.h>
 
-#include "arith/ln_note.h"
-#include "frame/checks.h"
-#include "frame/export.h"
+#include <limits>
+
+#include "arith/ln.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
 namespace mox::arith {
 namespace {
+
+// Remembers the kind of the first element at or below 0, and gives all of them the lowest result.
+class LnNote {
+ public:
+  // `result` where x is above 0.
+  [[gnu::always_inline]] V<Mox64f> lowestWithout(V<Mox64f> x, V<Mox64f> result) {
+    const V<Mox64f> bad = notAtLeast(x, 1.0);
+    if (signBits(bad)) [[unlikely]] {
+      for (int i = 0; i < laneCount<V<Mox64f>>; ++i) note(x[i]);
+      return select(bad, broadcast<V<Mox64f>>(-std::numeric_limits<Mox64f>::infinity()), result);
+    }
+    return result;
+  }
+  [[gnu::always_inline]] I<Mox16s> lowestWithout(I<Mox16s> x, I<Mox16s> result) {
+    const auto bad = x < Mox16s(1);
+    if (anyLane(bad)) [[unlikely]] {
+      for (int i = 0; i < laneCount<I<Mox16s>>; ++i) note(x[i]);
+      return bad ? broadcast<I<Mox16s>>(std::numeric_limits<Mox16s>::min()) : result;
+    }
+    return result;
+  }
+
+  MoxStatus status() const { return lnStatus(code_); }
+
+ private:
+  template <class T>
+  void note(T x) {
+    if (code_ == 0 && x < T(1)) code_ = x == T(0) ? lnOfZero : lnOfNegative;
+  }
+
+  int code_ = 0;
+};
 
 struct Natural {
   V<Mox64f> operator()(V<Mox64f> x) const { return lnOf(LnArgument(x)); }
@@ -43,13 +75,15 @@ MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
     for (Mox16s bound : {1, 4, 12, 33, 90, 244, 665, 1808, 4914, 13359}) passed -= Lanes(x > bound);
     return note.lowestWithout(x, passed);
   };
-  forBlocks<16>(
+  constexpr int lanes = laneCount<Lanes>;
+  forBlocks<2 * lanes>(
       false, dst, len,
       [&](long i) { store(dst + i, rounded(broadcast<Lanes>(load<Mox16s>(src + i)))[0]); },
       [&](long i, auto put) {
-        const Lanes low = rounded(load<Lanes>(src + i)), high = rounded(load<Lanes>(src + i + 8));
+        const Lanes low = rounded(load<Lanes>(src + i)),
+                    high = rounded(load<Lanes>(src + i + lanes));
         put(dst + i, low);
-        put(dst + i + 8, high);
+        put(dst + i + lanes, high);
       });
   return note.status();
 }
@@ -62,12 +96,9 @@ MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-MOX_EXPORT(moxsLn_16s_Sfs, lnShort);
-MOX_EXPORT(moxsLn_16s_ISfs, inPlace<lnShort>);
-MOX_EXPORT(moxsLn_32s_Sfs, scaled<Natural, Mox32s, Mox32s>);
-MOX_EXPORT(moxsLn_32s_ISfs, inPlace<scaled<Natural, Mox32s, Mox32s>>);
-MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural, Mox32s, Mox16s>);
-MOX_EXPORT(moxs10Log10_32s_Sfs, scaled<Decibels, Mox32s, Mox32s>);
-MOX_EXPORT(moxs10Log10_32s_ISfs, inPlace<scaled<Decibels, Mox32s, Mox32s>>);
+MOX_EXPORT_BOTH(moxsLn_16s_Sfs, moxsLn_16s_ISfs, lnShort);
+MOX_EXPORT_BOTH(moxsLn_32s_Sfs, moxsLn_32s_ISfs, scaled<Natural>);
+MOX_EXPORT(moxsLn_32s16s_Sfs, scaled<Natural>);
+MOX_EXPORT_BOTH(moxs10Log10_32s_Sfs, moxs10Log10_32s_ISfs, scaled<Decibels>);
 
 }  // namespace mox::arith

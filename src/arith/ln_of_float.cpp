@@ -44,14 +44,14 @@ double series(double d) {
          0.33333333333334386;
 }
 
-double lnOfPositive(double x, int exponentOffset) {
+double lnOfPositive(double x) {
   const double d = x - 1;
-  if (std::abs(d) <= 0.009765625 && exponentOffset == 0) return (series(d) * d - 0.5) * (d * d) + d;
+  if (std::abs(d) <= 0.009765625) return (series(d) * d - 0.5) * (d * d) + d;
 
   constexpr int fractionBits = 52, bias = 1023, rowBits = 7;
   constexpr Mox64u fraction = (Mox64u(1) << fractionBits) - 1;
   const Mox64u bits = std::bit_cast<Mox64u>(x);
-  const double exponent = int(bits >> fractionBits) - bias + exponentOffset;
+  const double exponent = int(bits >> fractionBits) - bias;
   const double m = std::bit_cast<double>((bits & fraction) | Mox64u(bias) << fractionBits);
   const Row& row = table[(bits & fraction) >> (fractionBits - rowBits)];
   const double high = (m + 0x1p21) - 0x1p21;  // so short that its product is exact
@@ -65,8 +65,7 @@ double lnOfPositive(double x, int exponentOffset) {
 
 Mox32f lnOfFloat(Mox32f x, int& code) {
   if (const auto special = lnOutsideItsDomain(x, code)) return *special;
-  const bool subnormal = x < std::numeric_limits<Mox32f>::min();
-  return Mox32f(lnOfPositive(subnormal ? x * 0x1p60 : x, subnormal ? -60 : 0));
+  return Mox32f(lnOfPositive(x));
 }
 
 }  // namespace mox::arith

@@ -2,7 +2,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/element_wise.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -21,53 +20,32 @@ MoxStatus bitNot(const E* src, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsAnd_8u, mapPair<bitAnd, Mox8u>);
-MOX_EXPORT(moxsAnd_16u, mapPair<bitAnd, Mox16u>);
-MOX_EXPORT(moxsAnd_32u, mapPair<bitAnd, Mox32u>);
-MOX_EXPORT(moxsAnd_8u_I, inPlace<mapPair<bitAnd, Mox8u>>);
-MOX_EXPORT(moxsAnd_16u_I, inPlace<mapPair<bitAnd, Mox16u>>);
-MOX_EXPORT(moxsAnd_32u_I, inPlace<mapPair<bitAnd, Mox32u>>);
+MOX_EXPORT_BOTH(moxsAnd_8u, moxsAnd_8u_I, mapPair<bitAnd>);
+MOX_EXPORT_BOTH(moxsAnd_16u, moxsAnd_16u_I, mapPair<bitAnd>);
+MOX_EXPORT_BOTH(moxsAnd_32u, moxsAnd_32u_I, mapPair<bitAnd>);
 
-MOX_EXPORT(moxsOr_8u, mapPair<bitOr, Mox8u>);
-MOX_EXPORT(moxsOr_16u, mapPair<bitOr, Mox16u>);
-MOX_EXPORT(moxsOr_32u, mapPair<bitOr, Mox32u>);
-MOX_EXPORT(moxsOr_8u_I, inPlace<mapPair<bitOr, Mox8u>>);
-MOX_EXPORT(moxsOr_16u_I, inPlace<mapPair<bitOr, Mox16u>>);
-MOX_EXPORT(moxsOr_32u_I, inPlace<mapPair<bitOr, Mox32u>>);
+MOX_EXPORT_BOTH(moxsOr_8u, moxsOr_8u_I, mapPair<bitOr>);
+MOX_EXPORT_BOTH(moxsOr_16u, moxsOr_16u_I, mapPair<bitOr>);
+MOX_EXPORT_BOTH(moxsOr_32u, moxsOr_32u_I, mapPair<bitOr>);
 
-MOX_EXPORT(moxsXor_8u, mapPair<bitXor, Mox8u>);
-MOX_EXPORT(moxsXor_16u, mapPair<bitXor, Mox16u>);
-MOX_EXPORT(moxsXor_32u, mapPair<bitXor, Mox32u>);
-MOX_EXPORT(moxsXor_8u_I, inPlace<mapPair<bitXor, Mox8u>>);
-MOX_EXPORT(moxsXor_16u_I, inPlace<mapPair<bitXor, Mox16u>>);
-MOX_EXPORT(moxsXor_32u_I, inPlace<mapPair<bitXor, Mox32u>>);
+MOX_EXPORT_BOTH(moxsXor_8u, moxsXor_8u_I, mapPair<bitXor>);
+MOX_EXPORT_BOTH(moxsXor_16u, moxsXor_16u_I, mapPair<bitXor>);
+MOX_EXPORT_BOTH(moxsXor_32u, moxsXor_32u_I, mapPair<bitXor>);
 
-MOX_EXPORT(moxsAndC_8u, mapConstant<bitAnd, Mox8u>);
-MOX_EXPORT(moxsAndC_16u, mapConstant<bitAnd, Mox16u>);
-MOX_EXPORT(moxsAndC_32u, mapConstant<bitAnd, Mox32u>);
-MOX_EXPORT(moxsAndC_8u_I, inPlace<mapConstant<bitAnd, Mox8u>>);
-MOX_EXPORT(moxsAndC_16u_I, inPlace<mapConstant<bitAnd, Mox16u>>);
-MOX_EXPORT(moxsAndC_32u_I, inPlace<mapConstant<bitAnd, Mox32u>>);
+MOX_EXPORT_BOTH(moxsAndC_8u, moxsAndC_8u_I, mapConstant<bitAnd>);
+MOX_EXPORT_BOTH(moxsAndC_16u, moxsAndC_16u_I, mapConstant<bitAnd>);
+MOX_EXPORT_BOTH(moxsAndC_32u, moxsAndC_32u_I, mapConstant<bitAnd>);
 
-MOX_EXPORT(moxsOrC_8u, mapConstant<bitOr, Mox8u>);
-MOX_EXPORT(moxsOrC_16u, mapConstant<bitOr, Mox16u>);
-MOX_EXPORT(moxsOrC_32u, mapConstant<bitOr, Mox32u>);
-MOX_EXPORT(moxsOrC_8u_I, inPlace<mapConstant<bitOr, Mox8u>>);
-MOX_EXPORT(moxsOrC_16u_I, inPlace<mapConstant<bitOr, Mox16u>>);
-MOX_EXPORT(moxsOrC_32u_I, inPlace<mapConstant<bitOr, Mox32u>>);
+MOX_EXPORT_BOTH(moxsOrC_8u, moxsOrC_8u_I, mapConstant<bitOr>);
+MOX_EXPORT_BOTH(moxsOrC_16u, moxsOrC_16u_I, mapConstant<bitOr>);
+MOX_EXPORT_BOTH(moxsOrC_32u, moxsOrC_32u_I, mapConstant<bitOr>);
 
-MOX_EXPORT(moxsXorC_8u, mapConstant<bitXor, Mox8u>);
-MOX_EXPORT(moxsXorC_16u, mapConstant<bitXor, Mox16u>);
-MOX_EXPORT(moxsXorC_32u, mapConstant<bitXor, Mox32u>);
-MOX_EXPORT(moxsXorC_8u_I, inPlace<mapConstant<bitXor, Mox8u>>);
-MOX_EXPORT(moxsXorC_16u_I, inPlace<mapConstant<bitXor, Mox16u>>);
-MOX_EXPORT(moxsXorC_32u_I, inPlace<mapConstant<bitXor, Mox32u>>);
+MOX_EXPORT_BOTH(moxsXorC_8u, moxsXorC_8u_I, mapConstant<bitXor>);
+MOX_EXPORT_BOTH(moxsXorC_16u, moxsXorC_16u_I, mapConstant<bitXor>);
+MOX_EXPORT_BOTH(moxsXorC_32u, moxsXorC_32u_I, mapConstant<bitXor>);
 
-MOX_EXPORT(moxsNot_8u, bitNot<Mox8u>);
-MOX_EXPORT(moxsNot_16u, bitNot<Mox16u>);
-MOX_EXPORT(moxsNot_32u, bitNot<Mox32u>);
-MOX_EXPORT(moxsNot_8u_I, inPlace<bitNot<Mox8u>>);
-MOX_EXPORT(moxsNot_16u_I, inPlace<bitNot<Mox16u>>);
-MOX_EXPORT(moxsNot_32u_I, inPlace<bitNot<Mox32u>>);
+MOX_EXPORT_BOTH(moxsNot_8u, moxsNot_8u_I, bitNot);
+MOX_EXPORT_BOTH(moxsNot_16u, moxsNot_16u_I, bitNot);
+MOX_EXPORT_BOTH(moxsNot_32u, moxsNot_32u_I, bitNot);
 
 }  // namespace mox::arith

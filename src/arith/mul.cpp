@@ -4,7 +4,6 @@
 #include "arith/element_wise.h"
 #include "arith/mul_constant.h"
 #include "arith/operations.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -32,24 +31,15 @@ MoxStatus mulConstant(const Mox32f* src, Mox32f val, Mox32f* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_32f, mapPair<product, Mox32f>);
-MOX_EXPORT(moxsMul_64f, mapPair<product, Mox64f>);
-MOX_EXPORT(moxsMul_32f_I, inPlace<mapPair<product, Mox32f>>);
-MOX_EXPORT(moxsMul_64f_I, inPlace<mapPair<product, Mox64f>>);
-MOX_EXPORT(moxsMul_32fc, mapPair<complexProduct, Mox32fc>);
-MOX_EXPORT(moxsMul_64fc, mapPair<complexProduct, Mox64fc>);
-MOX_EXPORT(moxsMul_32fc_I, inPlace<mapPair<complexProduct, Mox32fc>>);
-MOX_EXPORT(moxsMul_64fc_I, inPlace<mapPair<complexProduct, Mox64fc>>);
-MOX_EXPORT(moxsMul_32f32fc, mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsMul_32f32fc_I, inPlace<mapPair<realByComplex, Mox32f, Mox32fc, Mox32fc>>);
+MOX_EXPORT_BOTH(moxsMul_32f, moxsMul_32f_I, mapPair<product>);
+MOX_EXPORT_BOTH(moxsMul_64f, moxsMul_64f_I, mapPair<product>);
+MOX_EXPORT_BOTH(moxsMul_32fc, moxsMul_32fc_I, mapPair<complexProduct>);
+MOX_EXPORT_BOTH(moxsMul_64fc, moxsMul_64fc_I, mapPair<complexProduct>);
+MOX_EXPORT_BOTH(moxsMul_32f32fc, moxsMul_32f32fc_I, mapPair<realByComplex>);
 
-MOX_EXPORT(moxsMulC_32f, mulConstant);
-MOX_EXPORT(moxsMulC_32f_I, inPlace<mulConstant>);
-MOX_EXPORT(moxsMulC_64f, mapConstant<product, Mox64f>);
-MOX_EXPORT(moxsMulC_64f_I, inPlace<mapConstant<product, Mox64f>>);
-MOX_EXPORT(moxsMulC_32fc, mapConstant<complexProduct, Mox32fc>);
-MOX_EXPORT(moxsMulC_64fc, mapConstant<complexProduct, Mox64fc>);
-MOX_EXPORT(moxsMulC_32fc_I, inPlace<mapConstant<complexProduct, Mox32fc>>);
-MOX_EXPORT(moxsMulC_64fc_I, inPlace<mapConstant<complexProduct, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsMulC_32f, moxsMulC_32f_I, mulConstant);
+MOX_EXPORT_BOTH(moxsMulC_64f, moxsMulC_64f_I, mapConstant<product>);
+MOX_EXPORT_BOTH(moxsMulC_32fc, moxsMulC_32fc_I, mapConstant<complexProduct>);
+MOX_EXPORT_BOTH(moxsMulC_64fc, moxsMulC_64fc_I, mapConstant<complexProduct>);
 
 }  // namespace mox::arith

@@ -1,10 +1,8 @@
-// Scaled products of 32-bit integers in double precision, to nearest in each step. Compiled to mind
-// the rounding mode.
+// Scaled products of 32-bit integers in double precision, to nearest in each step.
 #include <moxsp/arith.h>
 
 #include "arith/element_wise.h"
 #include "arith/scaled.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 
@@ -24,7 +22,7 @@ MoxStatus mul(const Mox32s* src1, const Mox32s* src2, Mox32s* dst, int len, int 
   if (scaleFactor == 0 || scaleFactor < -31 || scaleFactor > 62)
     return scalePair<product>(src1, src2, dst, len, scaleFactor);
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  const RoundingScope toNearestEven(Rounding::nearEven);
+  const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
   const auto factor = broadcast<Doubles>(powerOfTwo<Mox64f>(-scaleFactor));
   mapWidened<Doubles>([=](auto a, auto b) { return toNearest(a * factor * b); }, dst, len, src1,
                       src2);
@@ -38,12 +36,13 @@ MoxStatus addProduct(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst, int
   if (scaleFactor > 62) {
     move::zeroElements(srcDst, len);
   } else if (scaleFactor == 0 || scaleFactor <= -31) {
-    // Doubles round sums above 2^53, which saturate all the same.
+    // Doubles round sums above 2^53, which saturate with or without that.
+    const HiddenExceptions scope;
     mapScaled<53>(
         scaleFactor, [](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src1, src2,
         srcDst);
   } else {
-    const RoundingScope toNearestEven(Rounding::nearEven);
+    const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
     const auto factor = broadcast<Doubles>(powerOfTwo<Mox64f>(-scaleFactor));
     mapWidened<Doubles>([=](auto a, auto b, auto c) { return toNearest(a * factor * b + c); },
                         srcDst, len, src1, src2, srcDst);
@@ -53,8 +52,7 @@ MoxStatus addProduct(const Mox32s* src1, const Mox32s* src2, Mox32s* srcDst, int
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_32s_Sfs, mul);
-MOX_EXPORT(moxsMul_32s_ISfs, inPlace<mul>);
+MOX_EXPORT_BOTH(moxsMul_32s_Sfs, moxsMul_32s_ISfs, mul);
 MOX_EXPORT(moxsAddProduct_32s_Sfs, addProduct);
 
 }  // namespace mox::arith

@@ -2,8 +2,6 @@
 #include <moxsp/arith.h>
 
 #include "arith/mul_complex.h"
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -25,13 +23,9 @@ MoxStatus mulConstant(const E* src, E val, E* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_16sc_Sfs, mul<Mox16sc>);
-MOX_EXPORT(moxsMul_16sc_ISfs, inPlace<mul<Mox16sc>>);
-MOX_EXPORT(moxsMul_32sc_Sfs, mul<Mox32sc>);
-MOX_EXPORT(moxsMul_32sc_ISfs, inPlace<mul<Mox32sc>>);
-MOX_EXPORT(moxsMulC_16sc_Sfs, mulConstant<Mox16sc>);
-MOX_EXPORT(moxsMulC_16sc_ISfs, inPlace<mulConstant<Mox16sc>>);
-MOX_EXPORT(moxsMulC_32sc_Sfs, mulConstant<Mox32sc>);
-MOX_EXPORT(moxsMulC_32sc_ISfs, inPlace<mulConstant<Mox32sc>>);
+MOX_EXPORT_BOTH(moxsMul_16sc_Sfs, moxsMul_16sc_ISfs, mul);
+MOX_EXPORT_BOTH(moxsMul_32sc_Sfs, moxsMul_32sc_ISfs, mul);
+MOX_EXPORT_BOTH(moxsMulC_16sc_Sfs, moxsMulC_16sc_ISfs, mulConstant);
+MOX_EXPORT_BOTH(moxsMulC_32sc_Sfs, moxsMulC_32sc_ISfs, mulConstant);
 
 }  // namespace mox::arith

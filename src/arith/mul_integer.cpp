@@ -4,17 +4,10 @@
 #include <cmath>
 
 #include "arith/scaled.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
 namespace {
-
-MoxStatus mulConstant64(Mox64s val, Mox64s* srcDst, int len, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, srcDst)) return s;
-  mapScaled<126>(scaleFactor, product, srcDst, len, srcDst, Same<Mox64s>{val});
-  return moxOk;
-}
 
 // A double as the integer `mantissa` times 2^exponent: the exact product with one, times a power of
 // two, is what the scale rule is about. Infinity counts as a power beyond every limit, NaN as 0.
@@ -38,6 +31,7 @@ struct Decomposed {
 
 MoxStatus mulDoubleConstant64(Mox64f val, Mox64s* srcDst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcDst)) return s;
+  const HiddenExceptions scope;
   const Decomposed constant(val);
   const long factor = scaleFactor - constant.exponent;
   mapScaled<116>(int(std::clamp(factor, -2000L, 2000L)), product, srcDst, len, srcDst,
@@ -49,6 +43,7 @@ MoxStatus mulDoubleConstant64(Mox64f val, Mox64s* srcDst, int len, int scaleFact
 // is 0. The rounding mode in force decides.
 MoxStatus mulFloatConstant(const Mox16s* src, Mox32f val, Mox16s* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const HiddenExceptions scope;
   constexpr Mox64f largest = std::numeric_limits<Mox32f>::max();
   const Mox64f scaled = std::ldexp(Mox64f(val), -std::clamp(scaleFactor, -600, 600));
   const auto constant = broadcast<V<Mox32f>>(Mox32f(std::clamp(scaled, -largest, largest)));
@@ -67,32 +62,23 @@ MoxStatus mulFloatConstantUnscaled(const Mox16s* src, Mox32f val, Mox16s* dst, i
 
 }  // namespace
 
-MOX_EXPORT(moxsMul_8u_Sfs, scalePair<product, Mox8u>);
-MOX_EXPORT(moxsMul_8u_ISfs, inPlace<scalePair<product, Mox8u>>);
-MOX_EXPORT(moxsMul_16s_Sfs, scalePair<product, Mox16s>);
-MOX_EXPORT(moxsMul_16s_ISfs, inPlace<scalePair<product, Mox16s>>);
-MOX_EXPORT(moxsMul_16u_Sfs, scalePair<product, Mox16u>);
-MOX_EXPORT(moxsMul_16u_ISfs, inPlace<scalePair<product, Mox16u>>);
-MOX_EXPORT(moxsMul_16s32s_Sfs, scalePair<product, Mox16s, Mox16s, Mox32s>);
-MOX_EXPORT(moxsMul_16u16s_Sfs, scalePair<product, Mox16u, Mox16s, Mox16s>);
-MOX_EXPORT(moxsMul_Low_32s_Sfs, scalePair<product, Mox32s>);
-MOX_EXPORT(moxsMul_32s32sc_Sfs, scalePair<product, Mox32s, Mox32sc, Mox32sc>);
-MOX_EXPORT(moxsMul_32s32sc_ISfs, inPlace<scalePair<product, Mox32s, Mox32sc, Mox32sc>>);
-MOX_EXPORT(moxsMul_16s, saturatePair<product, Mox16s>);
-MOX_EXPORT(moxsMul_16s_I, inPlace<saturatePair<product, Mox16s>>);
-MOX_EXPORT(moxsMul_8u16u, saturatePair<product, Mox8u, Mox8u, Mox16u>);
+MOX_EXPORT_BOTH(moxsMul_8u_Sfs, moxsMul_8u_ISfs, scalePair<product>);
+MOX_EXPORT_BOTH(moxsMul_16s_Sfs, moxsMul_16s_ISfs, scalePair<product>);
+MOX_EXPORT_BOTH(moxsMul_16u_Sfs, moxsMul_16u_ISfs, scalePair<product>);
+MOX_EXPORT(moxsMul_16s32s_Sfs, scalePair<product>);
+MOX_EXPORT(moxsMul_16u16s_Sfs, scalePair<product>);
+MOX_EXPORT(moxsMul_Low_32s_Sfs, scalePair<product>);
+MOX_EXPORT_BOTH(moxsMul_32s32sc_Sfs, moxsMul_32s32sc_ISfs, scalePair<product>);
+MOX_EXPORT_BOTH(moxsMul_16s, moxsMul_16s_I, saturatePair<product>);
+MOX_EXPORT(moxsMul_8u16u, saturatePair<product>);
 MOX_EXPORT(moxsMul_16s32f, pairToFloat<product>);
 
-MOX_EXPORT(moxsMulC_8u_Sfs, scaleConstant<product, Mox8u>);
-MOX_EXPORT(moxsMulC_8u_ISfs, inPlace<scaleConstant<product, Mox8u>>);
-MOX_EXPORT(moxsMulC_16s_Sfs, scaleConstant<product, Mox16s>);
-MOX_EXPORT(moxsMulC_16s_ISfs, inPlace<scaleConstant<product, Mox16s>>);
-MOX_EXPORT(moxsMulC_16u_Sfs, scaleConstant<product, Mox16u>);
-MOX_EXPORT(moxsMulC_16u_ISfs, inPlace<scaleConstant<product, Mox16u>>);
-MOX_EXPORT(moxsMulC_32s_Sfs, scaleConstant<product, Mox32s>);
-MOX_EXPORT(moxsMulC_32s_ISfs, inPlace<scaleConstant<product, Mox32s>>);
-MOX_EXPORT(moxsMulC_16s_I, inPlace<saturateConstant<product, Mox16s>>);
-MOX_EXPORT(moxsMulC_64s_ISfs, mulConstant64);
+MOX_EXPORT_BOTH(moxsMulC_8u_Sfs, moxsMulC_8u_ISfs, scaleConstant<product>);
+MOX_EXPORT_BOTH(moxsMulC_16s_Sfs, moxsMulC_16s_ISfs, scaleConstant<product>);
+MOX_EXPORT_BOTH(moxsMulC_16u_Sfs, moxsMulC_16u_ISfs, scaleConstant<product>);
+MOX_EXPORT_BOTH(moxsMulC_32s_Sfs, moxsMulC_32s_ISfs, scaleConstant<product>);
+MOX_EXPORT_IN_PLACE(moxsMulC_16s_I, saturateConstant<product>);
+MOX_EXPORT_IN_PLACE(moxsMulC_64s_ISfs, scaleConstant<product>);
 MOX_EXPORT(moxsMulC_64f64s_ISfs, mulDoubleConstant64);
 MOX_EXPORT(moxsMulC_32f16s_Sfs, mulFloatConstant);
 MOX_EXPORT(moxsMulC_Low_32f16s, mulFloatConstantUnscaled);

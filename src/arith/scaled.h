@@ -1,12 +1,13 @@
 // Integer members of the element-wise families: an exact operation, the scale rule, and vectors as
-// narrow as the values allow. The rule is total, so that no factor needs a road of its own: one far
-// above the size of the values gives zeros, one far below their signs.
+// narrow as the values allow. Every int is a valid factor, so none is a special case: one far above
+// the size of the values gives zeros, one far below their signs.
 #pragma once
 
 #include <limits>
 
 #include "arith/operations.h"
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/map_scaled.h"
 
 namespace mox::arith {
@@ -24,15 +25,23 @@ template <class Op, class A, class B>
 constexpr int magnitudeOf = std::is_same_v<Op, Product> ? bits<A> + bits<B>
                                                         : std::max(bits<A>, bits<B>) + 1;
 
-// dst[i] = op(a[i], b[i]) by the scale rule: the first road that serves the factor, in lanes as
-// narrow as its values.
+// dst[i] = op(a[i], b[i]) by the scale rule, in the first way of this table that serves the factor
+// and the type of the result, where the operation has it:
+//
+//   factor     type               way              lanes
+//   -1         not below sources  twiceSaturated   of the result
+//   up to 0    not below sources  saturated        of the result
+//   1          16s                halved           of the result
+//   up to 9    8u                 inWords          16 bits, packed to bytes
+//   any        16s                wide             32 bits, two products to one result
+//   any        any                exact            32-bit integers, doubles, or one by one
 template <auto op, class D, class A, class B>
 class Arithmetic {
   using Op = std::remove_cv_t<decltype(op)>;
   using T = Part<D>;
   using SA = Part<ElementOf<A>>;
   using SB = Part<ElementOf<B>>;
-  using Lanes = V<T, 16 / sizeof(T)>;
+  using Lanes = I<T>;
   static constexpr int magnitude = magnitudeOf<Op, SA, SB>;
   static constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
   static constexpr bool of16s = std::is_same_v<T, Mox16s>;
@@ -68,7 +77,7 @@ class Arithmetic {
         lanes, a_, b_);
   }
 
-  // What an instruction has saturated is as good as the exact value when it gets no smaller.
+  // For factors up to 0 saturating before scaling gives the same result.
   [[gnu::always_inline]] Lanes saturatedFrom(long i) const {
     return op.saturated(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
   }
@@ -93,7 +102,7 @@ class Arithmetic {
   // Sixteen bits hold values of bytes and what the rule adds to them: 255 * 255 + 2^8 < 2^16.
   static constexpr int mostFactorInWords = 9;
   [[gnu::always_inline]] void inWords() const {
-    using Words = V<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>, 8>;
+    using Words = I<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>>;
     const auto high = broadcast<Words>(Lane<Words>(255));
     scale_.withRule([&](auto rule) __attribute__((always_inline)) {
       const auto scaled = rule.template forLanes<Words>();
@@ -101,7 +110,7 @@ class Arithmetic {
         const Words r = scaled(Words(op(lanesFrom<Words>(a_, i), lanesFrom<Words>(b_, i))));
         return I<Mox16s>(magnitude > 14 ? lesser(r, high) : r);
       };
-      map(rule, [&](long i) { return packInOrder<Mox8u>(words(i), words(i + 8)); });
+      map(rule, [&](long i) { return packInOrder<Mox8u>(words(i), words(i + laneCount<Words>)); });
     });
   }
 
@@ -115,14 +124,15 @@ class Arithmetic {
     });
   }
 
-  // Doubles round products above 2^53; up to this factor those saturate 32 bits all the same.
+  // Doubles round products above 2^53; up to this factor those saturate 32 bits in any case.
   static constexpr int mostFactorInDoubles = 53 - 32;
   [[gnu::always_inline]] void exact() const {
-    constexpr int inDoubles = std::min(magnitude, 53);
-    if (inDoubles == magnitude || (sizeof(T) == 4 && factor_ <= mostFactorInDoubles))
-      mapScaled<inDoubles>(factor_, op, dst_, len_, a_, b_);
-    else
-      mapScaled<magnitude>(factor_, op, dst_, len_, a_, b_);
+    if constexpr (magnitude > 53 && sizeof(T) == 4)
+      if (factor_ <= mostFactorInDoubles) {
+        const HiddenExceptions scope;
+        return mapScaled<53>(factor_, op, dst_, len_, a_, b_);
+      }
+    mapScaled<magnitude>(factor_, op, dst_, len_, a_, b_);
   }
 
   Scale<T, magnitude> scale_;
@@ -176,20 +186,6 @@ template <auto op>
 MoxStatus pairToFloat(const Mox16s* src1, const Mox16s* src2, Mox32f* dst, int len) {
   if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
   mapWidened<V<Mox32f>, Stores::bypassing>(op, dst, len, src1, src2);
-  return moxOk;
-}
-
-// Of 64-bit elements, exact in wider integers.
-template <auto op, class E>
-MoxStatus scalePair64(const E* src1, const E* src2, E* dst, int len, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, src1, src2, dst)) return s;
-  mapScaled<65>(scaleFactor, op, dst, len, src1, src2);
-  return moxOk;
-}
-template <auto op, class E>
-MoxStatus scaleConstant64(const E* src, E val, E* dst, int len, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapScaled<65>(scaleFactor, op, dst, len, src, Same<E>{val});
   return moxOk;
 }
 

@@ -6,7 +6,6 @@
 #include <type_traits>
 
 #include "arith/element_wise.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 
 namespace mox::arith {
@@ -45,28 +44,20 @@ MoxStatus shift(const E* src, int val, E* dst, int len) {
   if (val >= width<E> && !keepsSign<Shift, E>)
     move::zeroElements(dst, len);
   else
-    mapElements<Stores::bypassing, 16>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
+    mapElements<Stores::bypassing, integerBytes>(Shift{std::min(val, width<E> - 1)}, dst, len, src);
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsLShiftC_8u, shift<LeftShift, Mox8u>);
-MOX_EXPORT(moxsLShiftC_16u, shift<LeftShift, Mox16u>);
-MOX_EXPORT(moxsLShiftC_16s, shift<LeftShift, Mox16s>);
-MOX_EXPORT(moxsLShiftC_32s, shift<LeftShift, Mox32s>);
-MOX_EXPORT(moxsLShiftC_8u_I, inPlace<shift<LeftShift, Mox8u>>);
-MOX_EXPORT(moxsLShiftC_16u_I, inPlace<shift<LeftShift, Mox16u>>);
-MOX_EXPORT(moxsLShiftC_16s_I, inPlace<shift<LeftShift, Mox16s>>);
-MOX_EXPORT(moxsLShiftC_32s_I, inPlace<shift<LeftShift, Mox32s>>);
+MOX_EXPORT_BOTH(moxsLShiftC_8u, moxsLShiftC_8u_I, shift<LeftShift>);
+MOX_EXPORT_BOTH(moxsLShiftC_16u, moxsLShiftC_16u_I, shift<LeftShift>);
+MOX_EXPORT_BOTH(moxsLShiftC_16s, moxsLShiftC_16s_I, shift<LeftShift>);
+MOX_EXPORT_BOTH(moxsLShiftC_32s, moxsLShiftC_32s_I, shift<LeftShift>);
 
-MOX_EXPORT(moxsRShiftC_8u, shift<RightShift, Mox8u>);
-MOX_EXPORT(moxsRShiftC_16u, shift<RightShift, Mox16u>);
-MOX_EXPORT(moxsRShiftC_16s, shift<RightShift, Mox16s>);
-MOX_EXPORT(moxsRShiftC_32s, shift<RightShift, Mox32s>);
-MOX_EXPORT(moxsRShiftC_8u_I, inPlace<shift<RightShift, Mox8u>>);
-MOX_EXPORT(moxsRShiftC_16u_I, inPlace<shift<RightShift, Mox16u>>);
-MOX_EXPORT(moxsRShiftC_16s_I, inPlace<shift<RightShift, Mox16s>>);
-MOX_EXPORT(moxsRShiftC_32s_I, inPlace<shift<RightShift, Mox32s>>);
+MOX_EXPORT_BOTH(moxsRShiftC_8u, moxsRShiftC_8u_I, shift<RightShift>);
+MOX_EXPORT_BOTH(moxsRShiftC_16u, moxsRShiftC_16u_I, shift<RightShift>);
+MOX_EXPORT_BOTH(moxsRShiftC_16s, moxsRShiftC_16s_I, shift<RightShift>);
+MOX_EXPORT_BOTH(moxsRShiftC_32s, moxsRShiftC_32s_I, shift<RightShift>);
 
 }  // namespace mox::arith

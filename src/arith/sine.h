@@ -1,5 +1,5 @@
 // Sine and cosine in double precision. The angle is reduced to at most pi / 4 by multiples of
-// pi / 2, held in three parts (Cody and Waite, Software Manual for the Elementary Functions, 1980),
+// pi / 2, held in four parts (Cody and Waite, Software Manual for the Elementary Functions, 1980),
 // and the power series summed far enough that its rest is below the rounding of the result.
 #pragma once
 
@@ -7,21 +7,26 @@
 
 namespace mox::arith {
 
-// The first two parts have 33 bits each, so that their products with n below 2^20 are exact.
-constexpr Mox64f halfPi1 = 0x1.921fb544p+0, halfPi2 = 0x1.0b4611a6p-34,
-                 halfPi3 = 0x1.3198a2e037073p-69;
-constexpr Mox64f largestAngle = 0x1p20;  // beyond it an angle is reduced one by one
+// All but the last have 33 bits, so that their products with n below 2^20 are exact.
+constexpr Mox64f halfPi1 = 0x1.921fb544p+0, halfPi2 = 0x1.0b4611a6p-34, halfPi3 = 0x1.3198a2ep-69,
+                 halfPi4 = 0x1.b839a252049c1p-104;
+constexpr Mox64f largestAngle = 0x1p20;
 
 struct Reduced {
   V<Mox64f> quarters;  // n, an integer
   V<Mox64f> angle, rest;
 };
 
+// Of an angle beyond the largest, or of what is no number; the same in all lanes.
+Reduced reducedFar(Mox64f x);
+
 [[gnu::always_inline]] inline Reduced reduced(V<Mox64f> x) {
   const V<Mox64f> n = nearestInteger(x * 0x1.45f306dc9c883p-1) + 0.0;  // an angle of -0 stays so
   const V<Mox64f> r = x - n * halfPi1, w = n * halfPi2, first = r - w;
+  // Where the angle is so small that the rounding of `rest` would show, r - w is exact, and so are
+  // `rest` and the difference.
   const V<Mox64f> rest = n * halfPi3 - ((r - first) - w), angle = first - rest;
-  return {n, angle, (first - angle) - rest};
+  return {n, angle, ((first - angle) - rest) - n * halfPi4};
 }
 
 // Horner's rule over coefficients from the lowest power on.
@@ -55,10 +60,10 @@ constexpr Mox64f cosineTerms[] = {
   return head + (((1 - head) - half) + (s * s * polynomial(cosineTerms, s) - angle * rest));
 }
 
-// cos(x) and sin(x), for |x| up to largestAngle.
-[[gnu::always_inline]] inline Pair<V<Mox64f>> phasor(V<Mox64f> x) {
+// The cosine and the sine.
+[[gnu::always_inline]] inline Pair<V<Mox64f>> phasor(Reduced x) {
   using Lanes = V<Mox64f>;
-  const auto [n, angle, rest] = reduced(x);
+  const auto [n, angle, rest] = x;
   const Bits<Lanes> quadrant = quadrantBits(n);
   const Lanes odd = Lanes(quadrant << 63), s = sineOf(angle, rest), c = cosineOf(angle, rest);
   return {Lanes(Bits<Lanes>(select(odd, s, c)) ^ ((quadrant + 1) & 2) << 62),

@@ -1,9 +1,7 @@
 #include <moxsp/arith.h>
 
 #include "arith/mul_complex.h"
-#include "frame/checks.h"
 #include "frame/elements.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_scaled.h"
 
@@ -33,21 +31,13 @@ MoxStatus squareScaled(const E* src, E* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSqr_32f, square<Mox32f>);
-MOX_EXPORT(moxsSqr_64f, square<Mox64f>);
-MOX_EXPORT(moxsSqr_32fc, square<Mox32fc>);
-MOX_EXPORT(moxsSqr_64fc, square<Mox64fc>);
-MOX_EXPORT(moxsSqr_32f_I, inPlace<square<Mox32f>>);
-MOX_EXPORT(moxsSqr_64f_I, inPlace<square<Mox64f>>);
-MOX_EXPORT(moxsSqr_32fc_I, inPlace<square<Mox32fc>>);
-MOX_EXPORT(moxsSqr_64fc_I, inPlace<square<Mox64fc>>);
-MOX_EXPORT(moxsSqr_8u_Sfs, squareScaled<Mox8u>);
-MOX_EXPORT(moxsSqr_16s_Sfs, squareScaled<Mox16s>);
-MOX_EXPORT(moxsSqr_16u_Sfs, squareScaled<Mox16u>);
-MOX_EXPORT(moxsSqr_16sc_Sfs, squareScaled<Mox16sc>);
-MOX_EXPORT(moxsSqr_8u_ISfs, inPlace<squareScaled<Mox8u>>);
-MOX_EXPORT(moxsSqr_16s_ISfs, inPlace<squareScaled<Mox16s>>);
-MOX_EXPORT(moxsSqr_16u_ISfs, inPlace<squareScaled<Mox16u>>);
-MOX_EXPORT(moxsSqr_16sc_ISfs, inPlace<squareScaled<Mox16sc>>);
+MOX_EXPORT_BOTH(moxsSqr_32f, moxsSqr_32f_I, square);
+MOX_EXPORT_BOTH(moxsSqr_64f, moxsSqr_64f_I, square);
+MOX_EXPORT_BOTH(moxsSqr_32fc, moxsSqr_32fc_I, square);
+MOX_EXPORT_BOTH(moxsSqr_64fc, moxsSqr_64fc_I, square);
+MOX_EXPORT_BOTH(moxsSqr_8u_Sfs, moxsSqr_8u_ISfs, squareScaled);
+MOX_EXPORT_BOTH(moxsSqr_16s_Sfs, moxsSqr_16s_ISfs, squareScaled);
+MOX_EXPORT_BOTH(moxsSqr_16u_Sfs, moxsSqr_16u_ISfs, squareScaled);
+MOX_EXPORT_BOTH(moxsSqr_16sc_Sfs, moxsSqr_16sc_ISfs, squareScaled);
 
 }  // namespace mox::arith

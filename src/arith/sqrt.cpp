@@ -4,8 +4,6 @@
 #include <bit>
 #include <type_traits>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 
@@ -52,9 +50,7 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSqrt_32f, squareRoots<Mox32f>);
-MOX_EXPORT(moxsSqrt_64f, squareRoots<Mox64f>);
-MOX_EXPORT(moxsSqrt_32f_I, inPlace<squareRoots<Mox32f>>);
-MOX_EXPORT(moxsSqrt_64f_I, inPlace<squareRoots<Mox64f>>);
+MOX_EXPORT_BOTH(moxsSqrt_32f, moxsSqrt_32f_I, squareRoots);
+MOX_EXPORT_BOTH(moxsSqrt_64f, moxsSqrt_64f_I, squareRoots);
 
 }  // namespace mox::arith

@@ -1,19 +1,33 @@
 // The square root of complex numbers.
-#include "arith/sqrt_complex.h"
 
 #include <moxsp/arith.h>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
-#include "frame/checks.h"
 #include "frame/elements.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
+#include "frame/pair.h"
 
 namespace mox::arith {
 namespace {
+
+using ComplexLanes = Pair<V<Mox64f>>;
+
+// One part of the root is sqrt((|re| + |z|) / 2), the other im over twice that: nothing cancels.
+// Serves zero and all z whose |z|^2 is in the range of normal numbers.
+[[gnu::always_inline]] inline ComplexLanes complexRoot(ComplexLanes z) {
+  const V<Mox64f> modulus = squareRoot(z.re * z.re + z.im * z.im);
+  const V<Mox64f> larger = squareRoot((absolute(z.re) + modulus) * 0.5);
+  const V<Mox64f> divisor =  // never 0, so that the other part of the root of zero is zero
+      greater(larger + larger, broadcast<V<Mox64f>>(std::numeric_limits<Mox64f>::min()));
+  const V<Mox64f> other = z.im / divisor;
+  const V<Mox64f> left = notAtLeast(z.re, 0.0);
+  return {select(left, absolute(other), larger),
+          withSignOf(z.im, select(left, larger, absolute(other)))};
+}
 
 ComplexLanes broadcastPair(Mox64f re, Mox64f im) {
   return {broadcast<V<Mox64f>>(re), broadcast<V<Mox64f>>(im)};
@@ -45,35 +59,35 @@ Mox64fc rootOfOne(Mox64f re, Mox64f im) {
 }
 
 void repairRoots(ComplexLanes z, int bits, ComplexLanes& root) {
-  for (int lane = 0; lane < 4; ++lane) {
+  for (int lane = 0; lane < laneCount<V<Mox64f>>; ++lane) {
     if (!(bits >> lane & 1)) continue;
     const Mox64fc one = rootOfOne(z.re[lane], z.im[lane]);
     root.re[lane] = one.re, root.im[lane] = one.im;
   }
 }
 
-// dst[i] = finish(root of src[i]), where finish() makes lanes of parts from lanes of doubles, four
-// elements at a time.
+// dst[i] = finish(root of src[i]), where finish() makes lanes of parts from lanes of doubles.
 template <class E, class Finish>
 void mapRoots(const E* src, E* dst, int len, Finish finish) {
   using Lanes = V<Mox64f>;
-  const auto four = [&](const E* from, E* to) {
-    const Lanes low = loadWidened<Lanes>(parts(from)), high = loadWidened<Lanes>(parts(from + 2));
-    const ComplexLanes z = {__builtin_shufflevector(low, high, 0, 4, 2, 6),
-                            __builtin_shufflevector(low, high, 1, 5, 3, 7)};
+  constexpr int count = laneCount<Lanes>;
+  const auto block = [&](const E* from, E* to) {
+    const Lanes low = loadWidened<Lanes>(parts(from)),
+                high = loadWidened<Lanes>(parts(from + count / 2));
+    const ComplexLanes z = deinterleaved(low, high);
     ComplexLanes root = complexRoot(z);
     if constexpr (!std::is_integral_v<Part<E>>)
       if (const int bits = signBits(outOfRange(z))) [[unlikely]]
         repairRoots(z, bits, root);
-    store(to, finish(__builtin_shufflevector(root.re, root.im, 0, 4, 2, 6)));
-    store(to + 2, finish(__builtin_shufflevector(root.re, root.im, 1, 5, 3, 7)));
+    store(to, finish(interleavedLow(root)));
+    store(to + count / 2, finish(interleavedHigh(root)));
   };
   int i = 0;
-  for (; i <= len - 4; i += 4) four(src + i, dst + i);
+  for (; i <= len - count; i += count) block(src + i, dst + i);
   if (i < len) {
-    E in[4] = {}, out[4];
+    E in[count] = {}, out[count];
     for (int j = 0; i + j < len; ++j) in[j] = load<E>(src + i + j);
-    four(in, out);
+    block(in, out);
     for (int j = 0; i + j < len; ++j) store(dst + i + j, out[j]);
   }
 }
@@ -81,26 +95,26 @@ void mapRoots(const E* src, E* dst, int len, Finish finish) {
 template <class E>
 MoxStatus complexRoots(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapRoots(src, dst, len, [](V<Mox64f> v) { return __builtin_convertvector(v, V<Part<E>, 4>); });
+  mapRoots(src, dst, len,
+           [](V<Mox64f> v) { return __builtin_convertvector(v, Beside<Part<E>, V<Mox64f>>); });
   return moxOk;
 }
 
 MoxStatus complexRootsScaled(const Mox16sc* src, Mox16sc* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const HiddenExceptions scope;
   const ByPowerOfTwo scale(scaleFactor);
   mapRoots(src, dst, len, [&](V<Mox64f> v) {
-    return __builtin_convertvector(saturate<Mox16s>(nearestInteger(scale(v))), V<Mox16s, 4>);
+    return __builtin_convertvector(saturate<Mox16s>(nearestInteger(scale(v))),
+                                   Beside<Mox16s, V<Mox64f>>);
   });
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsSqrt_32fc, complexRoots<Mox32fc>);
-MOX_EXPORT(moxsSqrt_64fc, complexRoots<Mox64fc>);
-MOX_EXPORT(moxsSqrt_16sc_Sfs, complexRootsScaled);
-MOX_EXPORT(moxsSqrt_16sc_ISfs, inPlace<complexRootsScaled>);
-MOX_EXPORT(moxsSqrt_32fc_I, inPlace<complexRoots<Mox32fc>>);
-MOX_EXPORT(moxsSqrt_64fc_I, inPlace<complexRoots<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsSqrt_32fc, moxsSqrt_32fc_I, complexRoots);
+MOX_EXPORT_BOTH(moxsSqrt_64fc, moxsSqrt_64fc_I, complexRoots);
+MOX_EXPORT_BOTH(moxsSqrt_16sc_Sfs, moxsSqrt_16sc_ISfs, complexRootsScaled);
 
 }  // namespace mox::arith

@@ -3,8 +3,6 @@
 
 #include <bit>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 
@@ -34,7 +32,8 @@ __extension__ typedef unsigned __int128 Wide;
 // runtime library.
 Mox64f approximately(Int128 v) { return Mox64f(Mox64s(v >> 64)) * 0x1p64 + Mox64f(Mox64u(v)); }
 
-// The largest integer whose square is at most v, for v below 2^126.
+// The largest integer whose square is at most v, for v below 2^126; from 2^64 on it may be one less
+// where v is just above a square, from where rounding to nearest leads to the same result.
 Mox64u floorOfRoot(Wide v) {
   // A double's root is off by 2^-52 of itself; one step of Newton's method leaves less than 2.
   Mox64u root = Mox64u(squareRoot(approximately(Int128(v))));
@@ -42,7 +41,6 @@ Mox64u floorOfRoot(Wide v) {
   const Int128 rest = Int128(v - Wide(root) * root);
   root += Mox64u(Mox64s(approximately(rest) / (2 * Mox64f(root))));
   while (Wide(root) * root > v) --root;
-  while (Wide(root + 1) * (root + 1) <= v) ++root;
   return root;
 }
 
@@ -68,6 +66,7 @@ Mox64s rootOfOne(Mox64s x, int factor, Mox64s limit) {
 template <class D>
 MoxStatus rootsOfLong(const Mox64s* src, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const HiddenExceptions scope;
   bool negative = false;
   for (int i = 0; i < len; ++i) {
     const Mox64s x = load<Mox64s>(src + i);
@@ -79,15 +78,11 @@ MoxStatus rootsOfLong(const Mox64s* src, D* dst, int len, int scaleFactor) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSqrt_8u_Sfs, rootsScaled<Mox8u>);
-MOX_EXPORT(moxsSqrt_16s_Sfs, rootsScaled<Mox16s>);
-MOX_EXPORT(moxsSqrt_16u_Sfs, rootsScaled<Mox16u>);
-MOX_EXPORT(moxsSqrt_32s16s_Sfs, rootsScaled<Mox32s, Mox16s>);
-MOX_EXPORT(moxsSqrt_64s_Sfs, rootsOfLong<Mox64s>);
-MOX_EXPORT(moxsSqrt_64s16s_Sfs, rootsOfLong<Mox16s>);
-MOX_EXPORT(moxsSqrt_8u_ISfs, inPlace<rootsScaled<Mox8u>>);
-MOX_EXPORT(moxsSqrt_16s_ISfs, inPlace<rootsScaled<Mox16s>>);
-MOX_EXPORT(moxsSqrt_16u_ISfs, inPlace<rootsScaled<Mox16u>>);
-MOX_EXPORT(moxsSqrt_64s_ISfs, inPlace<rootsOfLong<Mox64s>>);
+MOX_EXPORT_BOTH(moxsSqrt_8u_Sfs, moxsSqrt_8u_ISfs, rootsScaled);
+MOX_EXPORT_BOTH(moxsSqrt_16s_Sfs, moxsSqrt_16s_ISfs, rootsScaled);
+MOX_EXPORT_BOTH(moxsSqrt_16u_Sfs, moxsSqrt_16u_ISfs, rootsScaled);
+MOX_EXPORT(moxsSqrt_32s16s_Sfs, rootsScaled);
+MOX_EXPORT_BOTH(moxsSqrt_64s_Sfs, moxsSqrt_64s_ISfs, rootsOfLong);
+MOX_EXPORT(moxsSqrt_64s16s_Sfs, rootsOfLong);
 
 }  // namespace mox::arith

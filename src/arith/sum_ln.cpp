@@ -5,14 +5,16 @@
 #include <algorithm>
 
 #include "arith/ln.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/widen.h"
 
 namespace mox::arith {
 namespace {
 
-constexpr int vectorsPerStep = 4, elementsPerStep = 16;
+// The lanes of an order of additions: they are four on every machine.
+using Lanes = V<Mox64f, orderBytes / sizeof(Mox64f)>;
+constexpr int lanes = laneCount<Lanes>, vectorsPerStep = 4,
+              elementsPerStep = vectorsPerStep * lanes;
 
 class Product {
  public:
@@ -20,6 +22,8 @@ class Product {
     exponent_ += x.exponent;
     mantissa_ *= x.mantissa;
   }
+
+  void multiplyByPowerOfTwo(int n) { exponent_[0] += n; }
 
   // Brings the mantissas back to about 1; due before a thousand of them can leave the range.
   void normalize() {
@@ -31,22 +35,22 @@ class Product {
   Mox64f ln() {
     normalize();
     LnArgument all(mantissa_);
-    all.exponent = V<Mox64f>{exponent_[0] + exponent_[1] + exponent_[2] + exponent_[3]};
-    const V<Mox64f> lanes = lnOf(all);
-    return lanes[0] + ((lanes[1] + lanes[2]) + lanes[3]);
+    all.exponent = Lanes{exponent_[0] + exponent_[1] + exponent_[2] + exponent_[3]};
+    const Lanes r = lnOf(all);
+    return r[0] + ((r[1] + r[2]) + r[3]);
   }
 
  private:
-  V<Mox64f> exponent_ = broadcast<V<Mox64f>>(0.0), mantissa_ = broadcast<V<Mox64f>>(1.0);
+  Lanes exponent_ = broadcast<Lanes>(0.0), mantissa_ = broadcast<Lanes>(1.0);
 };
 
 class LnSum {
  public:
   template <class S>
   void add(const S* src) {
-    V<Mox64f> x[vectorsPerStep];
+    Lanes x[vectorsPerStep];
     for (int j = 0; j < vectorsPerStep; ++j) {
-      x[j] = loadWidened<V<Mox64f>>(src + 4 * j);
+      x[j] = loadWidened<Lanes>(src + lanes * j);
       if (signBits(Ln64f::special(x[j]))) [[unlikely]]
         x[j] = takeSpecial(x[j]);
     }
@@ -62,15 +66,21 @@ class LnSum {
   MoxStatus status() const { return lnStatus(code_); }
 
  private:
-  // Adds the logarithms of special lanes one by one and puts 1 in their place.
-  [[gnu::noinline, gnu::cold]] V<Mox64f> takeSpecial(V<Mox64f> x) {
+  // Makes subnormal numbers normal. Of what has no logarithm the result is added instead, and 1
+  // takes its place.
+  [[gnu::noinline, gnu::cold]] Lanes takeSpecial(Lanes x) {
     const int bits = signBits(Ln64f::special(x));
-    for (int lane = 0; lane < 4; ++lane) {
+    for (int lane = 0; lane < lanes; ++lane) {
       if (!(bits >> lane & 1)) continue;
       int noted = 0;
-      special_ += Ln64f::one(x[lane], noted);
+      if (const auto special = lnOutsideItsDomain(x[lane], noted)) {
+        special_ += *special;
+        x[lane] = 1;
+      } else {
+        product_.multiplyByPowerOfTwo(-54);
+        x[lane] *= 0x1p54;
+      }
       if (code_ == 0) code_ = noted;
-      x[lane] = 1;
     }
     return x;
   }
@@ -99,9 +109,9 @@ MoxStatus sumLn(const S* src, int len, D* sum) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSumLn_32f, sumLn<Mox32f, Mox32f>);
-MOX_EXPORT(moxsSumLn_64f, sumLn<Mox64f, Mox64f>);
-MOX_EXPORT(moxsSumLn_32f64f, sumLn<Mox32f, Mox64f>);
-MOX_EXPORT(moxsSumLn_16s32f, sumLn<Mox16s, Mox32f>);
+MOX_EXPORT(moxsSumLn_32f, sumLn);
+MOX_EXPORT(moxsSumLn_64f, sumLn);
+MOX_EXPORT(moxsSumLn_32f64f, sumLn);
+MOX_EXPORT(moxsSumLn_16s32f, sumLn);
 
 }  // namespace mox::arith

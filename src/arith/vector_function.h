@@ -1,43 +1,30 @@
-// The road of the elementary functions on floats: vectors throughout, and a routine for one
-// element where a lane is out of the vector's reach. A function is a class with
-//   Element              what it computes in, Mox32f or Mox64f;
-//   lanes(x)             the results of a vector;
-//   special(x)           optional: the mask of the lanes that lanes() does not serve;
-//   one(element, code)   with it: the result of such an element, and a code to remember if it is
-//                        one that the caller is to be warned of.
+// The driver of the elementary functions on floats: vectors throughout, and a routine for one
+// element where a lane is out of the vector's reach.
 #pragma once
 
 #include <algorithm>
 #include <bit>
+#include <concepts>
 
 #include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/map.h"
 
 namespace mox::arith {
 
-// Masks the floating-point exceptions for the length of a scope.
-class MaskedExceptions {
- public:
-  MaskedExceptions() : outer_(_mm_getcsr()), changed_((outer_ & masks) != masks) {
-    if (changed_) set(outer_ | masks);
-  }
-  ~MaskedExceptions() {
-    if (changed_) set(outer_);
-  }
-  MaskedExceptions(const MaskedExceptions&) = delete;
-  MaskedExceptions& operator=(const MaskedExceptions&) = delete;
+// A class that computes in the type Element: lanes(x) gives the results of a vector.
+template <class Function>
+concept VectorFunction = requires(V<typename Function::Element> x) {
+  { Function::lanes(x) } -> std::same_as<decltype(x)>;
+};
 
- private:
-  static constexpr unsigned masks = 0x1F80;
-
-  static void set(unsigned word) {
-    asm volatile("" ::: "memory");
-    _mm_setcsr(word);
-    asm volatile("" ::: "memory");
-  }
-
-  unsigned outer_;
-  bool changed_;
+// special(x) masks the lanes that lanes() does not serve; one(element, code) gives the result of
+// such an element, and a code to remember if the caller is to be warned of it.
+template <class Function>
+concept WithSpecialLanes = VectorFunction<Function> &&
+    requires(V<typename Function::Element> x, typename Function::Element e, int& code) {
+  { Function::special(x) } -> std::same_as<decltype(x)>;
+  { Function::one(e, code) } -> std::same_as<decltype(e)>;
 };
 
 namespace detail {
@@ -74,7 +61,7 @@ template <class Function, class S, class D>
   Lanes x[vectors], result[vectors];
   for (int j = 0; j < vectors; ++j) x[j] = loadWidened<Lanes>(src + j * lanes);
   for (int j = 0; j < vectors; ++j) result[j] = Function::lanes(x[j]);
-  if constexpr (requires { Function::special(x[0]); }) {
+  if constexpr (WithSpecialLanes<Function>) {
     Lanes special = Function::special(x[0]);
     for (int j = 1; j < vectors; ++j) special = either(special, Function::special(x[j]));
     if (signBits(special)) [[unlikely]] {
@@ -107,7 +94,7 @@ template <class Function, class S, class D>
 
 // dst[i] = function of src[i]: a part up to the first vector boundary of `src`, blocks of 16, and a
 // part for the rest. Returns the first code that an element noted, else 0.
-template <class Function, class S, class D>
+template <VectorFunction Function, class S, class D>
 int runFunction(const S* src, D* dst, int len) {
   if (len < 1 || anyNull(src, dst)) return 0;
   const MaskedExceptions scope;
@@ -118,6 +105,14 @@ int runFunction(const S* src, D* dst, int len) {
     detail::runBlock<Function>(src + i, dst + i, code);
   if (i < len) detail::runPart<Function>(src + i, dst + i, len - i, code);
   return code;
+}
+
+// The body of functions that give no warning.
+template <VectorFunction Function, class S, class D>
+MoxStatus elementary(const S* src, D* dst, int len) {
+  if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  runFunction<Function>(src, dst, len);
+  return moxOk;
 }
 
 }  // namespace mox::arith

@@ -1,9 +1,8 @@
 // Magnitude and phase together.
 #include <moxsp/complex.h>
 
-#include "convert/magnitude_integer.h"
-#include "convert/phase_integer.h"
-#include "frame/checks.h"
+#include "convert/magnitude.h"
+#include "convert/phase.h"
 #include "frame/export.h"
 
 namespace mox::convert {
@@ -44,16 +43,17 @@ MoxStatus cartToPolarOfTwo(const F* srcRe, const F* srcIm, F* dstMagn, F* dstPha
 }
 MoxStatus cartToPolarScaled(const Mox16sc* src, Mox16s* dstMagn, Mox16s* dstPhase, int len,
                             int scaleFactor) {
+  const HiddenExceptions scope;
   return mapPolar(ScaledMagnitude<Mox16s>(scaleFactor), ScaledPhase<Mox16s>(scaleFactor),
                   Array<const Mox16sc>{src}, dstMagn, dstPhase, len);
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsCartToPolar_32f, cartToPolarOfTwo<Mox32f>);
-MOX_EXPORT(moxsCartToPolar_64f, cartToPolarOfTwo<Mox64f>);
-MOX_EXPORT(moxsCartToPolar_32fc, cartToPolar<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsCartToPolar_64fc, cartToPolar<Mox64fc, Mox64f>);
+MOX_EXPORT(moxsCartToPolar_32f, cartToPolarOfTwo);
+MOX_EXPORT(moxsCartToPolar_64f, cartToPolarOfTwo);
+MOX_EXPORT(moxsCartToPolar_32fc, cartToPolar);
+MOX_EXPORT(moxsCartToPolar_64fc, cartToPolar);
 MOX_EXPORT(moxsCartToPolar_16sc_Sfs, cartToPolarScaled);
 
 }  // namespace mox::convert

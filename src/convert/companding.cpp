@@ -2,7 +2,7 @@
 #include <moxsp/companding.h>
 
 #include "convert/companding_laws.h"
-#include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/map.h"
 
@@ -51,7 +51,7 @@ WordPair expand(Codes codes) {
 // interval in a segment, at the top of the fraction: together they count intervals from 2^0 on.
 Words intervalsFromOne(Words x) {
   const auto intervals = [](Words extended) {
-    const auto number = __builtin_convertvector(I<Mox32s>(extended), V<Mox32f, 4>);
+    const auto number = __builtin_convertvector(I<Mox32s>(extended), Beside<Mox32f, I<Mox32s>>);
     return (I<Mox32s>(number) >> 19) - (127 << 4);
   };
   return packInOrder<Mox16s>(intervals(unpackLow<Mox16s>(x, Words{})),
@@ -133,6 +133,7 @@ MoxStatus fromIntegers(const Mox16s* src, Mox8u* dst, int len) {
 
 template <class Law>
 MoxStatus fromFloats(const Mox32f* src, Mox8u* dst, int len) {
+  const HiddenExceptions scope;
   return mapCodes(src, dst, len, [](const Mox32f* from, Mox8u* to, auto put) {
     put(to, compress<Law>(
                 {rounded<Law>(load<V<Mox32f>>(from)), rounded<Law>(load<V<Mox32f>>(from + 8))}));

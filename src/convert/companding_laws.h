@@ -2,7 +2,8 @@
 //
 // The low seven bits of a code, once the inversion of the line is undone, tell an interval: three
 // bits for a segment, four for one of the equal steps within it. The value of a code is that of the
-// first interval of its segment plus so many steps. Bit 7 is set unless the sample is negative.
+// first interval of its segment plus its number of steps. Bit 7 is set unless the sample is
+// negative.
 #pragma once
 
 #include <moxsp/types.h>

@@ -8,15 +8,11 @@
 namespace mox::convert {
 namespace {
 
-// Integers are shuffled 16 bytes at a time.
-template <class F>
-using Lanes = V<F, (std::is_integral_v<F> ? 16 : vectorBytes) / int(sizeof(F))>;
-
 // Both parts, from one shape to another.
 template <class F>
 struct Both {
-  static constexpr int lanes = laneCount<Lanes<F>>;
-  auto operator()(auto src, long i) const { return src.template lanes<Lanes<F>>(i); }
+  static constexpr int lanes = laneCount<Register<F>>;
+  auto operator()(auto src, long i) const { return src.template lanes<Register<F>>(i); }
 };
 template <class F>
 struct RealPart : Both<F> {
@@ -30,11 +26,15 @@ struct ImaginaryPart : Both<F> {
 // Numbers with one part zero, from an array of the other.
 template <class F>
 struct OnlyReal : Both<F> {
-  auto operator()(auto src, long i) const { return Pair{Both<F>::operator()(src, i), Lanes<F>{}}; }
+  auto operator()(auto src, long i) const {
+    return Pair{Both<F>::operator()(src, i), Register<F>{}};
+  }
 };
 template <class F>
 struct OnlyImaginary : Both<F> {
-  auto operator()(auto src, long i) const { return Pair{Lanes<F>{}, Both<F>::operator()(src, i)}; }
+  auto operator()(auto src, long i) const {
+    return Pair{Register<F>{}, Both<F>::operator()(src, i)};
+  }
 };
 
 template <class E, class F>
@@ -72,17 +72,17 @@ MoxStatus realToComplex(const F* srcRe, const F* srcIm, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsReal_16sc, realParts<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsReal_32fc, realParts<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsReal_64fc, realParts<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsImag_16sc, imaginaryParts<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsImag_32fc, imaginaryParts<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsImag_64fc, imaginaryParts<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsCplxToReal_16sc, complexToReal<Mox16sc, Mox16s>);
-MOX_EXPORT(moxsCplxToReal_32fc, complexToReal<Mox32fc, Mox32f>);
-MOX_EXPORT(moxsCplxToReal_64fc, complexToReal<Mox64fc, Mox64f>);
-MOX_EXPORT(moxsRealToCplx_16s, realToComplex<Mox16s, Mox16sc>);
-MOX_EXPORT(moxsRealToCplx_32f, realToComplex<Mox32f, Mox32fc>);
-MOX_EXPORT(moxsRealToCplx_64f, realToComplex<Mox64f, Mox64fc>);
+MOX_EXPORT(moxsReal_16sc, realParts);
+MOX_EXPORT(moxsReal_32fc, realParts);
+MOX_EXPORT(moxsReal_64fc, realParts);
+MOX_EXPORT(moxsImag_16sc, imaginaryParts);
+MOX_EXPORT(moxsImag_32fc, imaginaryParts);
+MOX_EXPORT(moxsImag_64fc, imaginaryParts);
+MOX_EXPORT(moxsCplxToReal_16sc, complexToReal);
+MOX_EXPORT(moxsCplxToReal_32fc, complexToReal);
+MOX_EXPORT(moxsCplxToReal_64fc, complexToReal);
+MOX_EXPORT(moxsRealToCplx_16s, realToComplex);
+MOX_EXPORT(moxsRealToCplx_32f, realToComplex);
+MOX_EXPORT(moxsRealToCplx_64f, realToComplex);
 
 }  // namespace mox::convert

@@ -4,8 +4,6 @@
 #include <bit>
 #include <limits>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "move/flip.h"
@@ -51,8 +49,7 @@ struct Conjugate {
 template <class E>
 MoxStatus conj(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  constexpr int registerBytes = std::is_integral_v<Part<E>> ? 16 : vectorBytes;
-  mapElements<Stores::bypassing, registerBytes>(Conjugate<E>(), dst, len, src);
+  mapElements<Stores::bypassing, registerBytes<Part<E>>>(Conjugate<E>(), dst, len, src);
   return moxOk;
 }
 
@@ -68,14 +65,11 @@ MoxStatus conjFlip(const E* src, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsConj_16sc, conj<Mox16sc>);
-MOX_EXPORT(moxsConj_32fc, conj<Mox32fc>);
-MOX_EXPORT(moxsConj_64fc, conj<Mox64fc>);
-MOX_EXPORT(moxsConj_16sc_I, inPlace<conj<Mox16sc>>);
-MOX_EXPORT(moxsConj_32fc_I, inPlace<conj<Mox32fc>>);
-MOX_EXPORT(moxsConj_64fc_I, inPlace<conj<Mox64fc>>);
-MOX_EXPORT(moxsConjFlip_16sc, conjFlip<Mox16sc>);
-MOX_EXPORT(moxsConjFlip_32fc, conjFlip<Mox32fc>);
-MOX_EXPORT(moxsConjFlip_64fc, conjFlip<Mox64fc>);
+MOX_EXPORT_BOTH(moxsConj_16sc, moxsConj_16sc_I, conj);
+MOX_EXPORT_BOTH(moxsConj_32fc, moxsConj_32fc_I, conj);
+MOX_EXPORT_BOTH(moxsConj_64fc, moxsConj_64fc_I, conj);
+MOX_EXPORT(moxsConjFlip_16sc, conjFlip);
+MOX_EXPORT(moxsConjFlip_32fc, conjFlip);
+MOX_EXPORT(moxsConjFlip_64fc, conjFlip);
 
 }  // namespace mox::convert

@@ -4,8 +4,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "convert/pieces.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 #include "frame/rounding_control.h"
@@ -27,12 +25,13 @@ void decode(const Mox16f* src, Mox32f* dst, long len) {
 template <HalfRounding rounding>
 void encodeRounding(const Mox32f* src, Mox16f* dst, long len) {
   if (hasInstructions()) {
+    const HiddenExceptions scope;
     mapWidened<V<Mox32f>, Stores::bypassing>([](auto v) { return floatToHalf<int(rounding)>(v); },
                                              dst, len, src);
     return;
   }
   const RoundingScope scope(
-      rounding == HalfRounding::nearEven ? Rounding::nearEven : Rounding::zero, Traps::masked);
+      rounding == HalfRounding::nearEven ? Rounding::nearEven : Rounding::zero, Exceptions::hidden);
   mapWidened<V<Mox32f>>(
       [](auto v) {
         const auto [low, high] = halves(v);
@@ -80,6 +79,7 @@ MoxStatus integersToHalf(const Mox16s* src, Mox16f* dst, int len, int roundMode)
 MoxStatus halfToIntegers(const Mox16f* src, Mox16s* dst, int len, int roundMode, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = checkMode(roundMode)) return s;
+  const HiddenExceptions scope;
   inPieces<Mox32f>(len, [&](Mox32f* piece, long start, long count) {
     decode(src + start, piece, count);
     convertToInteger(piece, dst + start, count, roundMode, scaleFactor);

@@ -3,7 +3,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 #include "frame/packed24.h"
@@ -11,6 +10,11 @@
 
 namespace mox::convert {
 namespace {
+
+template <class T>
+constexpr int digitsOf(const T*) {
+  return Limits<T>::digits;
+}
 
 template <class Row>
 MoxStatus checkRows(const void* interleaved, Row* const* rows, int channels, int len) {
@@ -23,7 +27,7 @@ MoxStatus checkRows(const void* interleaved, Row* const* rows, int channels, int
 }
 
 // A stretch of the interleaved array: whole frames, or a part of one that is very wide. In between
-// it is held in floats.
+// it stands in floats.
 struct Stretch {
   static constexpr int size = 512;
 
@@ -54,26 +58,27 @@ void inStretches(int channels, int len, Step step) {
     }
 }
 
-template <class T>
-MoxStatus join(const Mox32f* const* srcRows, int channels, int len, Public<T>* dst) {
+template <class Packed = void, class D>
+MoxStatus join(const Mox32f* const* srcRows, int channels, int len, D* dst) {
   if (MoxStatus s = checkRows(dst, srcRows, channels, len)) return s;
-  alignas(32) Mox32f piece[Stretch::size];
+  const HiddenExceptions scope;
+  auto* const out = samples<Packed>(dst);
+  alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
     s.eachSample(srcRows, piece, [](const Mox32f* x, Mox32f& p) { p = load<Mox32f>(x); });
-    convertToInteger(piece, reinterpret_cast<T*>(dst) + s.start, s.count, moxRoundNearEven,
-                     -Limits<T>::digits);
+    convertToInteger(piece, out + s.start, s.count, moxRoundNearEven, -digitsOf(out));
   });
   return moxOk;
 }
 
-template <class S>
-MoxStatus split(const Public<S>* src, Mox32f* const* dstRows, int channels, int len) {
+template <class Packed = void, class E>
+MoxStatus split(const E* src, Mox32f* const* dstRows, int channels, int len) {
   if (MoxStatus s = checkRows(src, dstRows, channels, len)) return s;
-  const Mox32f scale = powerOfTwo<Mox32f>(-Limits<S>::digits);
-  alignas(32) Mox32f piece[Stretch::size];
+  const auto* const in = samples<Packed>(src);
+  const Mox32f scale = powerOfTwo<Mox32f>(-digitsOf(in));
+  alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
-    mapWidened<V<Mox32f>>([=](auto v) { return v * scale; }, piece, s.count,
-                          reinterpret_cast<const S*>(src) + s.start);
+    mapWidened<V<Mox32f>>([=](auto v) { return v * scale; }, piece, s.count, in + s.start);
     s.eachSample(dstRows, piece, [](Mox32f* y, Mox32f p) { store(y, p); });
   });
   return moxOk;
@@ -81,9 +86,9 @@ MoxStatus split(const Public<S>* src, Mox32f* const* dstRows, int channels, int 
 
 }  // namespace
 
-MOX_EXPORT(moxsJoinScaled_32f16s_D2L, join<Mox16s>);
+MOX_EXPORT(moxsJoinScaled_32f16s_D2L, join);
 MOX_EXPORT(moxsJoinScaled_32f24s_D2L, join<Packed24s>);
-MOX_EXPORT(moxsSplitScaled_16s32f_D2L, split<Mox16s>);
+MOX_EXPORT(moxsSplitScaled_16s32f_D2L, split);
 MOX_EXPORT(moxsSplitScaled_24s32f_D2L, split<Packed24s>);
 
 }  // namespace mox::convert

@@ -1,6 +1,7 @@
-// Magnitudes and their squares, on the shapes of frame/map_complex.h.
+// Magnitudes and their squares, as operations of mapComplex().
 #pragma once
 
+#include "convert/round_once.h"
 #include "frame/map_complex.h"
 
 namespace mox::convert {
@@ -13,16 +14,16 @@ struct Magnitude {
   }
 };
 
-// Four numbers of 16-bit parts, interleaved.
+// A register of numbers of 16-bit parts, interleaved.
 inline I<Mox16s> interleavedWords(Array<const Mox16sc> src, long i) {
   return load<I<Mox16s>>(src.p + i);
 }
 inline I<Mox16s> interleavedWords(Split<const Mox16s> src, long i) {
-  const auto half = [i](const Mox16s* p) { return I<Mox16s>(V<Mox64s, 2>{load<Mox64s>(p + i)}); };
+  const auto half = [i](const Mox16s* p) { return I<Mox16s>(I<Mox64s>{load<Mox64s>(p + i)}); };
   return unpackLow<Mox16s>(half(src.re), half(src.im));
 }
 
-// The squares of four magnitudes. The one that 32 bits don't hold, 2^31, is -2^31 here.
+// The squares of as many magnitudes. The one that 32 bits don't hold, 2^31, is -2^31 here.
 [[gnu::always_inline]] inline I<Mox32s> squaredMagnitudeOfWords(auto src, long i) {
   const auto words = interleavedWords(src, i);
   return multiplyAddPairs(words, words);
@@ -30,8 +31,47 @@ inline I<Mox16s> interleavedWords(Split<const Mox16s> src, long i) {
 
 // The same as floats, exact before their one rounding.
 [[gnu::always_inline]] inline V<Mox32f> squaredMagnitudeAsFloat(auto src, long i) {
-  return absolute(floatsOf(
-      join<V<Mox32s>>(squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + 4))));
+  return absolute(floatsOf(join<V<Mox32s>>(
+      squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + laneCount<I<Mox32s>>))));
 }
+
+// Whether sqrt(square) * 2^-factor is above n + 1/2, or just that and n odd.
+inline bool isAboveTie(Mox64u square, int factor, Mox64s n) {
+  __extension__ typedef unsigned __int128 Wide;
+  // 2 n + 1 is below 2^35, and a root that is near to it after scaling not much larger.
+  const Wide tie = Wide(2 * n + 1);
+  const Wide lhs = factor > 0 ? square : Wide(square) << 2 * (1 - factor);
+  const Wide root = factor > 0 ? tie << (factor - 1) : tie;
+  return lhs > root * root || (lhs == root * root && n % 2 == 1);
+}
+
+// The exact root times 2^-factor, rounded to the nearest integer with ties to even.
+template <class D>
+struct ScaledMagnitude {
+  static constexpr int lanes = integerLanes<D>;
+
+  explicit ScaledMagnitude(int scaleFactor) : factor(scaleFactor), scale(scaleFactor) {}
+
+  auto operator()(auto src, long i) const {
+    return integersFrom<D>([&](long j) {
+      if constexpr (sizeof(D) == 2) {
+        // Doubles suffice: a scaled root up to 2^16 that isn't half an odd number keeps more than
+        // 2^-36 of itself away from one.
+        const auto squares = squaredMagnitudeOfWords(src, i + j);
+        return nearestInteger(
+            scale(squareRoot(absolute(__builtin_convertvector(squares, V<Mox64f>)))));
+      } else {
+        const auto z = src.template lanes<V<Mox64f>>(i + j);
+        return roundedOnce(scale(squareRoot(squaredMagnitude(z))), [&](int lane, Mox64s n) {
+          const auto square = [](Mox64f x) { return Mox64u(Mox64s(x) * Mox64s(x)); };
+          return isAboveTie(square(z.re[lane]) + square(z.im[lane]), factor, n);
+        });
+      }
+    });
+  }
+
+  int factor;
+  ByPowerOfTwo scale;
+};
 
 }  // namespace mox::convert

@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "arith/arctan.h"
+#include "convert/exact_angle.h"
+#include "convert/round_once.h"
 #include "frame/map_complex.h"
 
 namespace mox::convert {
@@ -70,6 +73,14 @@ struct Angle {
   return {withSignOf(z.im, absolute(from + (t + (arith::arctanExcess(t) + rest)))), o.isOut};
 }
 
+// x 2^n, rounded once; unlike the C library's it leaves errno alone.
+template <class F>
+F timesPowerOfTwo(F x, int n) {
+  constexpr int most = std::numeric_limits<F>::max_exponent - 1;
+  const int near = std::clamp(n, 1 - most, most);
+  return x * powerOfTwo<F>(n - near) * powerOfTwo<F>(near);
+}
+
 // Of any number; what the kernels leave out is brought into their reach.
 template <class F>
 F phaseOfOne(F re, F im) {
@@ -79,8 +90,8 @@ F phaseOfOne(F re, F im) {
     im = std::copysign(F(std::isinf(im)), im);
   } else {
     const int exponent = std::ilogb(std::max(std::fabs(re), std::fabs(im)));
-    re = std::scalbn(re, -exponent);
-    im = std::scalbn(im, -exponent);
+    re = timesPowerOfTwo(re, -exponent);
+    im = timesPowerOfTwo(im, -exponent);
   }
   return phaseLanes(Pair{broadcast<V<F>>(re), broadcast<V<F>>(im)}).value[0];
 }
@@ -108,6 +119,26 @@ struct Phase {
       return detail::repairPhases(z, angle);
     return angle.value;
   }
+};
+
+// Radians times 2^-factor, rounded to the nearest integer.
+template <class D>
+struct ScaledPhase {
+  static constexpr int lanes = integerLanes<D>;
+
+  explicit ScaledPhase(int scaleFactor) : factor(scaleFactor), scale(scaleFactor) {}
+
+  auto operator()(auto src, long i) const {
+    return integersFrom<D>([&](long j) {
+      const auto z = src.template lanes<V<Mox64f>>(i + j);
+      return roundedOnce(scale(phaseLanes(z).value), [&](int lane, Mox64s n) {
+        return isPhaseAboveTie(Mox32s(z.re[lane]), Mox32s(z.im[lane]), factor, n);
+      });
+    });
+  }
+
+  int factor;
+  ByPowerOfTwo scale;
 };
 
 }  // namespace mox::convert

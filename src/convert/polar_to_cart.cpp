@@ -3,12 +3,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 
 #include "arith/sine.h"
 #include "convert/exact_angle.h"
 #include "convert/round_once.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map_complex.h"
 
@@ -20,15 +18,16 @@ using Lanes = V<Mox64f>;
 [[gnu::noinline, gnu::cold]] Pair<Lanes> repairPhasors(Lanes x, Pair<Lanes> z, int lanes) {
   for (; lanes; lanes &= lanes - 1) {
     const int lane = std::countr_zero(unsigned(lanes));
-    z.re[lane] = std::cos(x[lane]);
-    z.im[lane] = std::sin(x[lane]);
+    const Pair<Lanes> one = arith::phasor(arith::reducedFar(x[lane]));
+    z.re[lane] = one.re[0];
+    z.im[lane] = one.im[0];
   }
   return z;
 }
 
 // cos(x) and sin(x) for any x.
 [[gnu::always_inline]] inline Pair<Lanes> anyPhasor(Lanes x) {
-  const Pair<Lanes> z = arith::phasor(x);
+  const Pair<Lanes> z = arith::phasor(arith::reduced(x));
   if (const int lanes = signBits(notAtMost(absolute(x), arith::largestAngle))) [[unlikely]]
     return repairPhasors(x, z, lanes);
   return z;
@@ -45,7 +44,7 @@ struct Cartesian;
 
 template <>
 struct Cartesian<Mox64f> {
-  static constexpr int lanes = 4;
+  static constexpr int lanes = laneCount<Lanes>;
   auto operator()(auto src, long i) const {
     const auto [magnitude, phase] = src.template lanes<Lanes>(i);
     return cartesian(magnitude, phase);
@@ -55,12 +54,12 @@ struct Cartesian<Mox64f> {
 // By way of double precision: the result is rounded once more.
 template <>
 struct Cartesian<Mox32f> {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const {
-    const auto low = Cartesian<Mox64f>()(src, i), high = Cartesian<Mox64f>()(src, i + 4);
+    const auto low = Cartesian<Mox64f>()(src, i), high = Cartesian<Mox64f>()(src, i + lanes / 2);
     const auto floats = [](Lanes a, Lanes b) {
-      using Four = V<Mox32f, 4>;
-      return join<V<Mox32f>>(__builtin_convertvector(a, Four), __builtin_convertvector(b, Four));
+      using Half = Beside<Mox32f, Lanes>;
+      return join<V<Mox32f>>(__builtin_convertvector(a, Half), __builtin_convertvector(b, Half));
     };
     return Pair{floats(low.re, high.re), floats(low.im, high.im)};
   }
@@ -76,13 +75,14 @@ class ScaledCartesian {
       : factor_(std::clamp(factor, -20, 16)), unit_(powerOfTwo<Mox64f>(factor_)) {}
 
   auto operator()(auto src, long i) const {
-    Pair<Lanes> four[lanes / 4];
-    for (int j = 0; j < lanes / 4; ++j) {
-      const auto [magnitude, phase] = src.template lanes<Lanes>(i + 4 * j);
-      four[j] = rounded(magnitude, phase);
+    constexpr int count = laneCount<Lanes>;
+    Pair<Lanes> r[lanes / count];
+    for (int j = 0; j < lanes / count; ++j) {
+      const auto [magnitude, phase] = src.template lanes<Lanes>(i + count * j);
+      r[j] = rounded(magnitude, phase);
     }
-    return Pair{integersFrom<D>([&](long j) { return four[j / 4].re; }),
-                integersFrom<D>([&](long j) { return four[j / 4].im; })};
+    return Pair{integersFrom<D>([&](long j) { return r[j / count].re; }),
+                integersFrom<D>([&](long j) { return r[j / count].im; })};
   }
 
  private:
@@ -116,6 +116,7 @@ MoxStatus polarToTwo(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, in
 template <class F, class E>
 MoxStatus polarToCartScaled(const F* srcMagn, const F* srcPhase, E* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, srcMagn, srcPhase, dst)) return s;
+  const HiddenExceptions scope;
   mapComplex(ScaledCartesian<F>(scaleFactor), Split<const F>{srcMagn, srcPhase}, Array<E>{dst},
              len);
   return moxOk;
@@ -127,12 +128,12 @@ MoxStatus polarToCartUnscaled(const F* srcMagn, const F* srcPhase, E* dst, int l
 
 }  // namespace
 
-MOX_EXPORT(moxsPolarToCart_32f, polarToTwo<Mox32f>);
-MOX_EXPORT(moxsPolarToCart_64f, polarToTwo<Mox64f>);
-MOX_EXPORT(moxsPolarToCart_32fc, polarToCart<Mox32f, Mox32fc>);
-MOX_EXPORT(moxsPolarToCart_64fc, polarToCart<Mox64f, Mox64fc>);
-MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled<Mox16s, Mox16sc>);
-MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled<Mox32s, Mox32sc>);
-MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled<Mox16s, Mox16sc>);
+MOX_EXPORT(moxsPolarToCart_32f, polarToTwo);
+MOX_EXPORT(moxsPolarToCart_64f, polarToTwo);
+MOX_EXPORT(moxsPolarToCart_32fc, polarToCart);
+MOX_EXPORT(moxsPolarToCart_64fc, polarToCart);
+MOX_EXPORT(moxsPolarToCart_16sc, polarToCartUnscaled);
+MOX_EXPORT(moxsPolarToCart_32sc, polarToCartUnscaled);
+MOX_EXPORT(moxsPolarToCart_16sc_Sfs, polarToCartScaled);
 
 }  // namespace mox::convert

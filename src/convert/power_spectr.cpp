@@ -17,21 +17,21 @@ struct Power {
 };
 
 struct PowerOfWords {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = lanesOf<Mox32f>;
   auto operator()(auto src, long i) const { return squaredMagnitudeAsFloat(src, i); }
 };
 
 // By the scale rule.
 template <class Rule>
 struct ScaledPower {
-  static constexpr int lanes = 8;
+  static constexpr int lanes = laneCount<I<Mox16s>>;
 
   auto operator()(auto src, long i) const {
-    const auto four = [&](long at) {
+    const auto half = [&](long at) {
       const auto squares = squaredMagnitudeOfWords(src, at);
       return rule(unwrapped(squares));
     };
-    return packInOrder<Mox16s>(four(i), four(i + 4));
+    return packInOrder<Mox16s>(half(i), half(i + lanes / 2));
   }
 
   Rule rule;
@@ -71,15 +71,15 @@ MoxStatus powerOfLong(const Mox32sc* src, Mox32s* dst, int len, int scaleFactor)
 
 }  // namespace
 
-MOX_EXPORT(moxsPowerSpectr_32f, mapSplit<Power<Mox32f>, Mox32f, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_64f, mapSplit<Power<Mox64f>, Mox64f, Mox64f>);
-MOX_EXPORT(moxsPowerSpectr_32fc, mapInterleaved<Power<Mox32f>, Mox32fc, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_64fc, mapInterleaved<Power<Mox64f>, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsPowerSpectr_16s32f, mapSplit<PowerOfWords, Mox16s, Mox32f>);
-MOX_EXPORT(moxsPowerSpectr_16sc32f, mapInterleaved<PowerOfWords, Mox16sc, Mox32f>);
+MOX_EXPORT(moxsPowerSpectr_32f, mapSplit<Power<Mox32f>>);
+MOX_EXPORT(moxsPowerSpectr_64f, mapSplit<Power<Mox64f>>);
+MOX_EXPORT(moxsPowerSpectr_32fc, mapInterleaved<Power<Mox32f>>);
+MOX_EXPORT(moxsPowerSpectr_64fc, mapInterleaved<Power<Mox64f>>);
+MOX_EXPORT(moxsPowerSpectr_16s32f, mapSplit<PowerOfWords>);
+MOX_EXPORT(moxsPowerSpectr_16sc32f, mapInterleaved<PowerOfWords>);
 MOX_EXPORT(moxsPowerSpectr_16s_Sfs, powerScaledOfTwo);
 MOX_EXPORT(moxsPowerSpectr_16sc_Sfs, powerScaled);
-MOX_EXPORT(moxsMagSquared_32fc64f, mapInterleaved<Power<Mox64f>, Mox32fc, Mox64f>);
+MOX_EXPORT(moxsMagSquared_32fc64f, mapInterleaved<Power<Mox64f>>);
 MOX_EXPORT(moxsMagSquared_32sc32s_Sfs, powerOfLong);
 
 }  // namespace mox::convert

@@ -1,4 +1,4 @@
-// Integer results of exact values that doubles hold only nearly: rounded to nearest all the same.
+// Integer results, correctly rounded, of exact values that doubles hold only nearly.
 #pragma once
 
 #include <bit>
@@ -38,16 +38,16 @@ template <class IsAboveTie>
   return rounded;
 }
 
-// Doubles that are integers, saturated to the type of the result: eight of 16 bits, made as two
-// vectors by make(0) and make(4), or four of 32 bits, made by make(0).
+// Doubles that are integers, saturated to a register of the result's type: make(i) makes a vector
+// of them from element i on.
 template <class D, class Make>
 [[gnu::always_inline]] inline auto integersFrom(Make make) {
   if constexpr (sizeof(D) == 2)
-    return packInOrder<D>(saturate<D>(make(0L)), saturate<D>(make(4L)));
+    return packInOrder<D>(saturate<D>(make(0)), saturate<D>(make(laneCount<V<Mox64f>>)));
   else
-    return saturate<D>(make(0L));
+    return saturate<D>(make(0));
 }
 template <class D>
-constexpr int integerLanes = 16 / int(sizeof(D));
+constexpr int integerLanes = laneCount<I<D>>;
 
 }  // namespace mox::convert

@@ -2,9 +2,8 @@
 #include <bit>
 
 #include "convert/threshold.h"
-#include "convert/threshold_relations.h"
 #include "frame/complex16.h"
-#include "frame/export.h"
+#include "frame/control_word.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "move/copy.h"
@@ -53,6 +52,7 @@ MoxStatus magnitude(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level) {
       move::copyElements(src, dst, len);
     return moxOk;
   }
+  const HiddenExceptions scope;
   const auto square = broadcast<Elements>(Mox32s(level) * level);
   mapRegisters(
       [=](Elements z) {
@@ -82,19 +82,14 @@ MoxStatus magnitudeBy(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level, i
 
 }  // namespace
 
-MOX_EXPORT(moxsThreshold_16sc, magnitudeBy);
-MOX_EXPORT(moxsThreshold_16sc_I, inPlace<magnitudeBy>);
+MOX_EXPORT_BOTH(moxsThreshold_16sc, moxsThreshold_16sc_I, magnitudeBy);
 
-MOX_EXPORT(moxsThreshold_LT_16sc, magnitude<LT>);
-MOX_EXPORT(moxsThreshold_LT_16sc_I, inPlace<magnitude<LT>>);
+MOX_EXPORT_BOTH(moxsThreshold_LT_16sc, moxsThreshold_LT_16sc_I, magnitude<LT>);
 
-MOX_EXPORT(moxsThreshold_GT_16sc, magnitude<GT>);
-MOX_EXPORT(moxsThreshold_GT_16sc_I, inPlace<magnitude<GT>>);
+MOX_EXPORT_BOTH(moxsThreshold_GT_16sc, moxsThreshold_GT_16sc_I, magnitude<GT>);
 
-MOX_EXPORT(moxsThreshold_LTVal_16sc, replace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_16sc_I, inPlace<replace<LTVal>>);
+MOX_EXPORT_BOTH(moxsThreshold_LTVal_16sc, moxsThreshold_LTVal_16sc_I, replace<LTVal>);
 
-MOX_EXPORT(moxsThreshold_GTVal_16sc, replace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_16sc_I, inPlace<replace<GTVal>>);
+MOX_EXPORT_BOTH(moxsThreshold_GTVal_16sc, moxsThreshold_GTVal_16sc_I, replace<GTVal>);
 
 }  // namespace mox::convert

@@ -2,8 +2,6 @@
 #include "convert/threshold_complex.h"
 
 #include "convert/threshold.h"
-#include "convert/threshold_relations.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "move/copy.h"
 #include "move/fill.h"
@@ -63,6 +61,7 @@ MoxStatus magnitude(const E* src, E* dst, int len, Part<E> level) {
   using F = Part<E>;
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
+  const WiderScope<F> scope;
   const ToLevel<Relation, E> op(level);
   if (level == 0) {
     if (Relation::changes(1, 0))
@@ -87,6 +86,7 @@ MoxStatus replace(const E* src, E* dst, int len, Part<E> level, E value) {
   using F = Part<E>;
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
+  const WiderScope<F> scope;
   if (squaresWell(level)) {
     const F square = level * level;
     mapElements<Stores::bypassing>(
@@ -115,29 +115,19 @@ MoxStatus magnitudeBy(const E* src, E* dst, int len, Part<E> level, int relOp) {
 
 }  // namespace
 
-MOX_EXPORT(moxsThreshold_32fc, magnitudeBy);
-MOX_EXPORT(moxsThreshold_64fc, magnitudeBy);
-MOX_EXPORT(moxsThreshold_32fc_I, inPlace<magnitudeBy<Mox32fc>>);
-MOX_EXPORT(moxsThreshold_64fc_I, inPlace<magnitudeBy<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_32fc, moxsThreshold_32fc_I, magnitudeBy);
+MOX_EXPORT_BOTH(moxsThreshold_64fc, moxsThreshold_64fc_I, magnitudeBy);
 
-MOX_EXPORT(moxsThreshold_LT_32fc, magnitude<LT>);
-MOX_EXPORT(moxsThreshold_LT_64fc, magnitude<LT>);
-MOX_EXPORT(moxsThreshold_LT_32fc_I, inPlace<magnitude<LT, Mox32fc>>);
-MOX_EXPORT(moxsThreshold_LT_64fc_I, inPlace<magnitude<LT, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_LT_32fc, moxsThreshold_LT_32fc_I, magnitude<LT>);
+MOX_EXPORT_BOTH(moxsThreshold_LT_64fc, moxsThreshold_LT_64fc_I, magnitude<LT>);
 
-MOX_EXPORT(moxsThreshold_GT_32fc, magnitude<GT>);
-MOX_EXPORT(moxsThreshold_GT_64fc, magnitude<GT>);
-MOX_EXPORT(moxsThreshold_GT_32fc_I, inPlace<magnitude<GT, Mox32fc>>);
-MOX_EXPORT(moxsThreshold_GT_64fc_I, inPlace<magnitude<GT, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_GT_32fc, moxsThreshold_GT_32fc_I, magnitude<GT>);
+MOX_EXPORT_BOTH(moxsThreshold_GT_64fc, moxsThreshold_GT_64fc_I, magnitude<GT>);
 
-MOX_EXPORT(moxsThreshold_LTVal_32fc, replace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_64fc, replace<LTVal>);
-MOX_EXPORT(moxsThreshold_LTVal_32fc_I, inPlace<replace<LTVal, Mox32fc>>);
-MOX_EXPORT(moxsThreshold_LTVal_64fc_I, inPlace<replace<LTVal, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_LTVal_32fc, moxsThreshold_LTVal_32fc_I, replace<LTVal>);
+MOX_EXPORT_BOTH(moxsThreshold_LTVal_64fc, moxsThreshold_LTVal_64fc_I, replace<LTVal>);
 
-MOX_EXPORT(moxsThreshold_GTVal_32fc, replace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_64fc, replace<GTVal>);
-MOX_EXPORT(moxsThreshold_GTVal_32fc_I, inPlace<replace<GTVal, Mox32fc>>);
-MOX_EXPORT(moxsThreshold_GTVal_64fc_I, inPlace<replace<GTVal, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_GTVal_32fc, moxsThreshold_GTVal_32fc_I, replace<GTVal>);
+MOX_EXPORT_BOTH(moxsThreshold_GTVal_64fc, moxsThreshold_GTVal_64fc_I, replace<GTVal>);
 
 }  // namespace mox::convert

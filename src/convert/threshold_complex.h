@@ -15,19 +15,40 @@ namespace mox::convert {
 template <class F>
 using Wider = std::conditional_t<sizeof(F) == 4, Mox64f, long double>;
 
+// Holds the x87 unit, where it computes Wider<F>, at full precision, which the caller may have
+// lowered.
+template <class F>
+class WiderScope {
+ public:
+  WiderScope() {
+    if constexpr (onX87) {
+      asm volatile("fnstcw %0" : "=m"(outer_));
+      if (isLowered()) load(outer_ | full);
+    }
+  }
+  ~WiderScope() {
+    if (onX87 && isLowered()) load(outer_);
+  }
+
+ private:
+  static constexpr bool onX87 = sizeof(F) == 8;
+  static constexpr Mox16u full = 0x0300;
+
+  bool isLowered() const { return (outer_ & full) != full; }
+  static void load(Mox16u word) { asm volatile("fldcw %0" : : "m"(word) : "memory"); }
+
+  Mox16u outer_ = full;
+};
+
 // Within these bounds the square of a level is far from the ends of F, and so is every squared
 // magnitude between the next two: its reciprocal is a normal number.
 template <class F>
-struct Bounds;
-template <>
-struct Bounds<Mox32f> {
-  static constexpr Mox32f leastLevel = 0x1p-40f, mostLevel = 0x1p60f;
-  static constexpr Mox32f leastSquare = 0x1p-96f, mostSquare = 0x1p126f;
-};
-template <>
-struct Bounds<Mox64f> {
-  static constexpr Mox64f leastLevel = 0x1p-400, mostLevel = 0x1p500;
-  static constexpr Mox64f leastSquare = 0x1p-900, mostSquare = 0x1p1022;
+struct Bounds {
+  static constexpr bool isSingle = sizeof(F) == 4;
+  static constexpr F leastLevel = isSingle ? 0x1p-40 : 0x1p-400,
+                     mostLevel = isSingle ? 0x1p60 : 0x1p500;
+  static constexpr F leastSquare = isSingle ? 0x1p-96 : 0x1p-900,
+                     mostSquare = isSingle ? 0x1p126 : 0x1p1022;
 };
 
 template <class F>

@@ -3,8 +3,6 @@
 
 #include "convert/threshold.h"
 #include "convert/threshold_complex.h"
-#include "convert/threshold_relations.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/rounding_control.h"
 #include "frame/vec/vec.h"
@@ -88,19 +86,16 @@ template <class E>
 MoxStatus reciprocal(const E* src, E* dst, int len, Part<E> level) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
-  const RoundingScope scope(Rounding::nearEven, Traps::masked);
+  const WiderScope<Part<E>> widerScope;
+  const RoundingScope scope(Rounding::nearEven, Exceptions::masked);
   return mapReciprocals(src, dst, len, level) ? moxWarnInvZero : moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsThreshold_LTInv_32f, reciprocal);
-MOX_EXPORT(moxsThreshold_LTInv_64f, reciprocal);
-MOX_EXPORT(moxsThreshold_LTInv_32fc, reciprocal);
-MOX_EXPORT(moxsThreshold_LTInv_64fc, reciprocal);
-MOX_EXPORT(moxsThreshold_LTInv_32f_I, inPlace<reciprocal<Mox32f>>);
-MOX_EXPORT(moxsThreshold_LTInv_64f_I, inPlace<reciprocal<Mox64f>>);
-MOX_EXPORT(moxsThreshold_LTInv_32fc_I, inPlace<reciprocal<Mox32fc>>);
-MOX_EXPORT(moxsThreshold_LTInv_64fc_I, inPlace<reciprocal<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsThreshold_LTInv_32f, moxsThreshold_LTInv_32f_I, reciprocal);
+MOX_EXPORT_BOTH(moxsThreshold_LTInv_64f, moxsThreshold_LTInv_64f_I, reciprocal);
+MOX_EXPORT_BOTH(moxsThreshold_LTInv_32fc, moxsThreshold_LTInv_32fc_I, reciprocal);
+MOX_EXPORT_BOTH(moxsThreshold_LTInv_64fc, moxsThreshold_LTInv_64fc_I, reciprocal);
 
 }  // namespace mox::convert

@@ -2,8 +2,6 @@
 #include <moxsp/convert.h>
 
 #include "convert/convert.h"
-#include "convert/pieces.h"
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 #include "frame/rounding_control.h"
@@ -21,10 +19,7 @@ bool addsHalf(int roundMode) { return roundMode != moxRoundZero && roundMode != 
 // One half with the sign of each lane.
 template <class Vector>
 Vector signedHalf(Vector v) {
-  using Bits = V<std::conditional_t<sizeof(Lane<Vector>) == 4, Mox32u, Mox64u>, laneCount<Vector>>;
-  const auto sign = broadcast<Vector>(Lane<Vector>(-0.0)),
-             half = broadcast<Vector>(Lane<Vector>(0.5));
-  return Vector((Bits(v) & Bits(sign)) | Bits(half));
+  return withSignOf(v, broadcast<Vector>(Lane<Vector>(0.5)));
 }
 
 // The mode's kernel on vectors. It stops values at the upper limit, where NaN ends as well; at the
@@ -60,18 +55,18 @@ template <class F>
 constexpr int largestPower = std::numeric_limits<F>::max_exponent - 2;  // normal up and down
 
 template <class F, class T>
-void convertScaled(const F* src, T* dst, long len, int roundMode, F scale) {
-  const RoundingScope scope(controlFor(roundMode));
+void convertScaled(const F* src, T* dst, long len, int roundMode, F scale, Exceptions exceptions) {
+  const RoundingScope scope(controlFor(roundMode), exceptions);
   if (addsHalf(roundMode))
     runKernel<T, true>(src, dst, len, scale);
   else
     runKernel<T, false>(src, dst, len, scale);
 }
 
-template <class F, class T>
-MoxStatus convert(const F* src, Public<T>* dst, int len, int roundMode, int scaleFactor) {
+template <class Packed = void, class F, class D>
+MoxStatus convert(const F* src, D* dst, int len, int roundMode, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  convertToInteger(src, reinterpret_cast<T*>(dst), len, roundMode, scaleFactor);
+  convertToInteger(src, samples<Packed>(dst), len, roundMode, scaleFactor, Exceptions::hidden);
   return moxOk;
 }
 
@@ -94,7 +89,7 @@ MoxStatus convert64s(const Mox64f* src, Mox64s* dst, int len, int roundMode, int
   const long count = unsigned(len);
   const TwoPowers<Mox64f> scale(scaleFactor);
   const bool half = addsHalf(roundMode);
-  const RoundingScope scope(controlFor(roundMode));
+  const RoundingScope scope(controlFor(roundMode), Exceptions::hidden);
   for (long i = 0; i < count; ++i) {
     Mox64f x = load<Mox64f>(src + i) * scale.first * scale.second;
     if (half) x += x < 0 ? -0.5 : 0.5;
@@ -108,29 +103,31 @@ MoxStatus convert64s(const Mox64f* src, Mox64s* dst, int len, int roundMode, int
 // A factor beyond the exponents of F is applied in two steps, the first of them to pieces of the
 // source; what underflows there is far below one half.
 template <class F, class T>
-void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor) {
+void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor,
+                      Exceptions exceptions) {
   const TwoPowers<F> scale(scaleFactor);
-  if (scale.second == 1) return convertScaled(src, dst, len, roundMode, scale.first);
+  if (scale.second == 1) return convertScaled(src, dst, len, roundMode, scale.first, exceptions);
+  const HiddenExceptions scope;
   inPieces<F>(len, [&](F* piece, long start, long count) {
     mapElements([&](auto v) { return v * scale.first; }, piece, count, src + start);
-    convertScaled(piece, dst + start, count, roundMode, scale.second);
+    convertScaled(piece, dst + start, count, roundMode, scale.second, exceptions);
   });
 }
 
-template void convertToInteger(const Mox32f*, Mox16s*, long, int, int);
-template void convertToInteger(const Mox32f*, Packed24s*, long, int, int);
-template void convertToInteger(const Mox64f*, Mox16s*, long, int, int);
-template void convertToInteger(const Mox64f*, Mox32s*, long, int, int);
+template void convertToInteger(const Mox32f*, Mox16s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox32f*, Packed24s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox64f*, Mox16s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox64f*, Mox32s*, long, int, int, Exceptions);
 
-MOX_EXPORT(moxsConvert_32f8s_Sfs, convert<Mox32f, Mox8s>);
-MOX_EXPORT(moxsConvert_32f8u_Sfs, convert<Mox32f, Mox8u>);
-MOX_EXPORT(moxsConvert_32f16s_Sfs, convert<Mox32f, Mox16s>);
-MOX_EXPORT(moxsConvert_32f16u_Sfs, convert<Mox32f, Mox16u>);
-MOX_EXPORT(moxsConvert_32f24s_Sfs, convert<Mox32f, Packed24s>);
-MOX_EXPORT(moxsConvert_32f24u_Sfs, convert<Mox32f, Packed24u>);
-MOX_EXPORT(moxsConvert_32f32s_Sfs, convert<Mox32f, Mox32s>);
-MOX_EXPORT(moxsConvert_64f16s_Sfs, convert<Mox64f, Mox16s>);
-MOX_EXPORT(moxsConvert_64f32s_Sfs, convert<Mox64f, Mox32s>);
+MOX_EXPORT(moxsConvert_32f8s_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f8u_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f16s_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f16u_Sfs, convert);
+MOX_EXPORT(moxsConvert_32f24s_Sfs, convert<Packed24s>);
+MOX_EXPORT(moxsConvert_32f24u_Sfs, convert<Packed24u>);
+MOX_EXPORT(moxsConvert_32f32s_Sfs, convert);
+MOX_EXPORT(moxsConvert_64f16s_Sfs, convert);
+MOX_EXPORT(moxsConvert_64f32s_Sfs, convert);
 MOX_EXPORT(moxsConvert_64f64s_Sfs, convert64s);
 
 }  // namespace mox::convert

@@ -3,6 +3,8 @@
 // numbers; an array of real elements is seen the same way.
 #pragma once
 
+#include <concepts>
+
 #include "frame/map.h"
 #include "frame/pair.h"
 
@@ -10,13 +12,24 @@ namespace mox {
 
 constexpr long complexBlock = 16;
 
+// What drivers need of a view. A piece takes up to a block of numbers out of memory and back.
+template <class View>
+concept ComplexView = requires(View view, typename View::Piece piece, long i) {
+  View::bytes;
+  { view.from(i) } -> std::same_as<View>;
+  { view.peel() } -> std::same_as<int>;
+  { view.aligned() } -> std::same_as<bool>;
+  { piece.array() } -> std::same_as<View>;
+  piece.load(view, i), piece.store(view, i);
+};
+
 // Consecutive numbers from `z` on, each part widened to a lane of T.
 template <class T, class F>
 [[gnu::always_inline]] inline Pair<T> loadDeinterleavedAs(const F* z) {
   constexpr int lanes = laneCount<T>;
   if constexpr (std::is_same_v<F, Lane<T>>) {
     return loadDeinterleaved<T>(z);
-  } else if constexpr (lanes == 8) {
+  } else if constexpr (std::is_same_v<T, V<Mox32f>>) {
     const Pair low = loadDeinterleavedAs<I<Mox32s>>(z),
                high = loadDeinterleavedAs<I<Mox32s>>(z + lanes);
     return {floatsOf(join<V<Mox32s>>(low.re, high.re)), floatsOf(join<V<Mox32s>>(low.im, high.im))};
@@ -33,7 +46,7 @@ template <class T, class F>
 template <class T>
 [[gnu::always_inline]] inline void storeInterleaved(Lane<T>* z, Pair<T> v, auto put) {
   const T low = interleavedLow(v), high = interleavedHigh(v);
-  if constexpr (sizeof(T) == 16)
+  if constexpr (sizeof(T) == integerBytes)
     put(z, low), put(z + laneCount<T>, high);
   else
     put(z, joinLow(low, high)), put(z + laneCount<T>, joinHigh(low, high));

@@ -16,43 +16,25 @@ concept Complex = requires(E e) {
 
 namespace detail {
 template <class E>
-struct PartOf {
-  using type = E;
-};
-template <Complex E>
-struct PartOf<E> {
-  using type = decltype(E::re);
-};
+auto partOf(E e) {
+  if constexpr (Complex<E>)
+    return e.re;
+  else
+    return e;
+}
+Mox16sc complexOf(Mox16s);
+Mox32sc complexOf(Mox32s);
+Mox32fc complexOf(Mox32f);
+Mox64fc complexOf(Mox64f);
 }  // namespace detail
-
-namespace detail {
-template <class F>
-struct ComplexOf;
-template <>
-struct ComplexOf<Mox16s> {
-  using type = Mox16sc;
-};
-template <>
-struct ComplexOf<Mox32s> {
-  using type = Mox32sc;
-};
-template <>
-struct ComplexOf<Mox32f> {
-  using type = Mox32fc;
-};
-template <>
-struct ComplexOf<Mox64f> {
-  using type = Mox64fc;
-};
-}  // namespace detail
-
-// The complex element that has parts F.
-template <class F>
-using ComplexOf = typename detail::ComplexOf<F>::type;
 
 // The type of one number: the real and imaginary part of a complex element, else the element.
 template <class E>
-using Part = typename detail::PartOf<E>::type;
+using Part = decltype(detail::partOf(E()));
+
+// The complex element that has parts F.
+template <class F>
+using ComplexOf = decltype(detail::complexOf(F()));
 
 template <class E>
 constexpr int partsPerElement = Complex<E> ? 2 : 1;
@@ -67,30 +49,11 @@ Part<E>* parts(E* p) {
   return reinterpret_cast<Part<E>*>(p);
 }
 
-namespace detail {
-template <int bytes>
-struct UnsignedOf;
-template <>
-struct UnsignedOf<1> {
-  using type = Mox8u;
-};
-template <>
-struct UnsignedOf<2> {
-  using type = Mox16u;
-};
-template <>
-struct UnsignedOf<4> {
-  using type = Mox32u;
-};
-template <>
-struct UnsignedOf<8> {
-  using type = Mox64u;
-};
-}  // namespace detail
-
 // The unsigned integer that holds the bits of an element.
 template <class E>
-using BitsOf = typename detail::UnsignedOf<sizeof(E)>::type;
+using BitsOf = std::conditional_t<
+    sizeof(E) == 1, Mox8u,
+    std::conditional_t<sizeof(E) == 2, Mox16u, std::conditional_t<sizeof(E) == 4, Mox32u, Mox64u>>>;
 
 __extension__ typedef __int128 Int128;
 

@@ -3,8 +3,10 @@
 // The slot has the type of the public declaration, so a body with another signature does not
 // compile. Bodies call bodies, never public names: whoever replaces a slot redirects outside
 // callers only. entry_table.ld gathers the slots in alphabetical order. The relocation of no bytes
-// makes a static link take support/attach.cpp along.
+// makes a static link take support/attach.cpp along. Checks, with which bodies begin, come along.
 #pragma once
+
+#include "frame/checks.h"
 
 #define MOX_EXPORT(name, ...)                                                                 \
   extern "C" [[gnu::used, gnu::visibility("hidden"),                                          \

@@ -1,4 +1,4 @@
-// The road of an element-wise kernel: a peel until the destination is aligned, blocks of vectors,
+// The drivers of element-wise kernels: a peel until the destination is aligned, blocks of vectors,
 // and a tail; all three apply the same operation.
 #pragma once
 
@@ -10,12 +10,11 @@
 
 namespace mox {
 
-// Elements before `dst` reaches a vector boundary; none when it never does.
-template <int alignment = vectorBytes, class D>
-int peelCount(const D* dst) {
-  const int past = int(addressOf(dst) & (alignment - 1));
-  const int missing = past ? alignment - past : 0;
-  return missing % int(sizeof(D)) ? 0 : missing / int(sizeof(D));
+// Elements before `p` reaches the alignment; none when it never does.
+template <int alignment = vectorBytes, class E>
+int peelCount(const E* p) {
+  const int past = int(addressOf(p) & (alignment - 1)), missing = past ? alignment - past : 0;
+  return missing % int(sizeof(E)) ? 0 : missing / int(sizeof(E));
 }
 
 // Whether the stores of a large call bypass the cache.
@@ -163,12 +162,12 @@ template <long count, class S, class D, class Block>
 // complex elements as interleaved parts; all loads of a block come before its stores, so that `dst`
 // may be one of the sources. An operation that takes long by itself gains nothing from a block of
 // several vectors, and has a shorter tail without.
-template <Stores stores = Stores::cached, int registerBytes = vectorBytes, long leastBlock = 16,
-          class D, class Op, class... Source>
+template <Stores stores = Stores::cached, int width = vectorBytes, long leastBlock = 16, class D,
+          class Op, class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
-  constexpr long lanes = registerBytes / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
+  constexpr long lanes = width / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   // The same number of bytes through narrow registers takes more instructions: share the loop's.
-  constexpr long vecsAtLeast = registerBytes < vectorBytes ? 4 : 1;
+  constexpr long vecsAtLeast = width < vectorBytes ? 4 : 1;
   constexpr long block = std::max(vecsAtLeast * lanes, leastBlock), vecs = block / lanes;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
     return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);

@@ -9,6 +9,13 @@
 
 namespace mox {
 
+// op(src, i) makes the results from element i on, Op::lanes of them.
+template <class Op, class Source>
+concept ComplexOperation = ComplexView<Source> && requires(Op op, Source src, long i) {
+  Op::lanes;
+  op(src, i);
+};
+
 namespace detail {
 
 // Elements in parts that fill no more than a block: empty lanes compute the function of 0.
@@ -25,8 +32,8 @@ template <class Op, class Source, class Target>
   }
 }
 
-// From a place on where `dst` is aligned, if it ever is. It calls another function as its last act
-// only, and so need not save registers, which a short call would notice.
+// From a place on where `dst` is aligned, if it ever is. The last call is a tail call, so no
+// registers are saved: short arrays gain.
 template <Stores stores, class Op, class Source, class Target>
 [[gnu::noinline]] void mapFromBoundary(Op op, Source src, Target dst, long len) {
   constexpr long block = Op::lanes;
@@ -46,9 +53,10 @@ template <Stores stores, class Op, class Source, class Target>
 
 }  // namespace detail
 
-// Applies `op` to all elements: op(src, i) makes the results from element i on, Op::lanes of them;
-// they are stored before the next are made, so that `dst` may be a source.
-template <Stores stores = Stores::cached, class Op, class Source, class Target>
+// Applies `op` to all elements. Results are stored before the next are made, so that `dst` may be a
+// source.
+template <Stores stores = Stores::cached, class Op, ComplexView Source, ComplexView Target>
+requires ComplexOperation<Op, Source>
 [[gnu::always_inline]] inline void mapComplex(Op op, Source src, Target dst, long len) {
   if (const long peel = std::min(long(dst.peel()), len)) {
     detail::mapParts(op, src, dst, peel);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/control_word.h"
 #include "frame/map_scaled.h"
 
 namespace mox {
@@ -26,6 +27,7 @@ class ByPowerOfTwo {
 // element fills all of its lanes.
 template <class D, class Op, class S>
 void mapRounded(Op op, D* dst, int len, const S* src) {
+  const HiddenExceptions scope;
   const auto lanes = [&](V<Mox64f> x) { return nearestInteger(op(x)); };
   const auto one = [&](long i) {
     const V<Mox64f> x = broadcast<V<Mox64f>>(Mox64f(load<S>(src + i)));

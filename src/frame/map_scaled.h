@@ -75,22 +75,22 @@ template <class D, class One, class Lanes, class... Source>
                                                vectors(std::integral_constant<int, 1>()));
 }
 
-// dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within 2^magnitude.
-// It takes scalars of Exact<magnitude> or, up to 2^53, vectors; all loads of a block come before
+// dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within `bound`.
+// It takes scalars of Exact<bound> or, up to 2^53, vectors; all loads of a block come before
 // its stores. Results of more than 31 bits, and complex ones made of real sources, go one by one.
-template <int magnitude, class D, class Op, class... Source>
+template <int bound, class D, class Op, class... Source>
 void mapScaled(int factor, Op exact, D* dst, long len, Source... src) {
   constexpr bool alike = ((partsPerElement<ElementOf<Source>> == partsPerElement<D>)&&...);
   constexpr bool fits = Limits<Part<D>>::max < Int128(1) << 31;
-  Scale<Part<D>, magnitude>(factor).withRule([&](auto rule) __attribute__((always_inline)) {
-    using R = Exact<magnitude>;
+  Scale<Part<D>, bound>(factor).withRule([&](auto rule) __attribute__((always_inline)) {
+    using R = Exact<bound>;
     const auto one = [&](long i) {
       for (int part = 0; part < partsPerElement<D>; ++part)
         store(parts(dst + i) + part,
               saturate<Part<D>>(rule(R(exact(R(partFrom(src, i, part))...)))));
     };
-    if constexpr (hasExactVector<magnitude> && alike && fits)
-      mapToInteger<ExactVector<magnitude>>(
+    if constexpr (hasExactVector<bound> && alike && fits)
+      mapToInteger<ExactVector<bound>>(
           one, [&](auto... v) { return rule(exact(v...)); }, dst, len, src...);
     else
       for (long i = 0; i < len; ++i) one(i);

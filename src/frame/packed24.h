@@ -23,9 +23,12 @@ struct Packed24 {
 using Packed24s = Packed24<Mox32s>;
 using Packed24u = Packed24<Mox32u>;
 
-// What a public prototype calls an element: packed samples are bytes there.
-template <class E>
-using Public = std::conditional_t<sizeof(E) == 3, Mox8u, E>;
+// The elements of a public prototype: themselves, or the packed samples that its bytes hold.
+template <class Packed, class E>
+auto* samples(E* p) {
+  using Sample = std::conditional_t<std::is_void_v<Packed>, E, Packed>;
+  return reinterpret_cast<std::conditional_t<std::is_const_v<E>, const Sample, Sample>*>(p);
+}
 
 template <class Value>
 struct Limits<Packed24<Value>> {

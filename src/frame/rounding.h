@@ -1,11 +1,15 @@
 // The scale rule of integer results: the exact value r of an operation times 2^-factor, rounded to
 // nearest with ties to even and saturated to the type of the result. Every factor is valid.
 //
-// A family says how large its exact values get: `magnitude` stands for |r| <= 2^magnitude, except
-// that 31 stands for all values of Mox32s in vectors and 63 for all of Mox64s in scalars: where r
-// can reach 2^63 itself, it is 64. From it follow the types that hold r without loss,
-// Exact<magnitude> for a scalar and ExactVector<magnitude> for four lanes; the operation is written
-// once, for both.
+// A family says how large its exact values get, as a power of two:
+//
+//   bound           what r can be
+//   31, in vectors  any Mox32s
+//   63, in scalars  any Mox64s (64 where r can be 2^63)
+//   others          |r| <= 2^bound
+//
+// From it follow the types that hold r without loss, Exact<bound> for a scalar and
+// ExactVector<bound> for vectors; the operation is written once, for both.
 #pragma once
 
 #include <algorithm>
@@ -18,17 +22,17 @@
 
 namespace mox {
 
-template <int magnitude>
-using Exact = std::conditional_t<magnitude <= 30, Mox32s,
-                                 std::conditional_t<magnitude <= 63, Mox64s, Int128>>;
+template <int bound>
+using Exact =
+    std::conditional_t<bound <= 30, Mox32s, std::conditional_t<bound <= 63, Mox64s, Int128>>;
 
 // Doubles hold what 32 bits don't: the powers of two that the rule multiplies by leave their 53
 // bits as they are, and AVX has no 64-bit arithmetic shift.
-template <int magnitude>
-using ExactVector = std::conditional_t<magnitude <= 31, I<Mox32s>, V<Mox64f>>;
+template <int bound>
+using ExactVector = std::conditional_t<bound <= 31, I<Mox32s>, V<Mox64f>>;
 
-template <int magnitude>
-constexpr bool hasExactVector = magnitude <= 53;
+template <int bound>
+constexpr bool hasExactVector = bound <= 53;
 
 // 2^n for the exponents of normal numbers.
 template <class F>
@@ -39,7 +43,7 @@ F powerOfTwo(int n) {
     return std::bit_cast<F>(Mox64u(1023 + n) << 52);
 }
 
-// The rules below take scalars and vectors of Exact<magnitude> and ExactVector<magnitude>.
+// The rules below take scalars and vectors of Exact<bound> and ExactVector<bound>.
 // forLanes<W>() is the same rule for integer vectors W of another width, which must hold what the
 // rule makes of r on the way; it is made once, before a loop.
 
@@ -56,27 +60,26 @@ struct Unscaled {
 };
 
 // Division of integers by 2^n, n > 0, to nearest with ties to even; R is E or a vector of it.
-// `bitFree` says that a bit of E is free for the sum with half a unit.
-template <class R, class E, bool bitFree>
+// hasHeadroom says that a bit of E is free for the sum with half a unit.
+template <class R, class E, bool hasHeadroom>
 class RoundedShift {
-  using Unsigned = std::conditional_t<sizeof(E) == 2, Mox16u,
-                                      std::conditional_t<sizeof(E) == 4, Mox32u, Mox64u>>;
+  using Unsigned = BitsOf<E>;
   using UnsignedR =
       std::conditional_t<std::is_same_v<R, E>, Unsigned, V<Unsigned, sizeof(R) / sizeof(E)>>;
   static constexpr int bits = 8 * sizeof(E);
 
  public:
   explicit RoundedShift(int n) : n_(std::min(n, bits - 1)), bias_(lanes((E(1) << (n_ - 1)) - 1)) {
-    if constexpr (!bitFree) {
+    if constexpr (!hasHeadroom) {
       mask_ = lanes(E((Unsigned(1) << n_) - 1));
-      // From 2^bits on the parity of the whole alone, -1 or 0, decides on a carry that makes it 0.
+      // For n >= bits every result is 0: the bias carries exactly when `whole` is -1.
       if (n >= bits) mask_ = lanes(0), bias_ = lanes(std::numeric_limits<E>::max());
     }
   }
 
   [[gnu::always_inline]] R operator()(R r) const {
     const R whole = r >> n_;
-    if constexpr (bitFree) return (r + bias_ + (whole & 1)) >> n_;
+    if constexpr (hasHeadroom) return (r + bias_ + (whole & 1)) >> n_;
     // The fraction is rounded apart from the whole, and its carry added.
     const auto fraction = UnsignedR(r & mask_) + UnsignedR(bias_) + UnsignedR(whole & 1);
     return whole + R(fraction >> n_);
@@ -94,12 +97,12 @@ class RoundedShift {
   R mask_, bias_;
 };
 
-// The same for doubles that are integers up to 2^magnitude.
-template <int magnitude>
+// The same for doubles that are integers up to 2^bound.
+template <int bound>
 class RoundedQuotient {
  public:
   explicit RoundedQuotient(int n)
-      : factor_(broadcast<V<Mox64f>>(powerOfTwo<Mox64f>(-std::min(n, magnitude + 2)))) {}
+      : factor_(broadcast<V<Mox64f>>(powerOfTwo<Mox64f>(-std::min(n, bound + 2)))) {}
 
   [[gnu::always_inline]] V<Mox64f> operator()(V<Mox64f> r) const {
     return nearestInteger(r * factor_);
@@ -110,10 +113,10 @@ class RoundedQuotient {
 };
 
 // A factor above 0: division by 2^n.
-template <int magnitude>
+template <int bound>
 class ScaledDown {
-  using Scalar = Exact<magnitude>;
-  using Vector = ExactVector<magnitude>;
+  using Scalar = Exact<bound>;
+  using Vector = ExactVector<bound>;
 
  public:
   explicit ScaledDown(int n) : n_(n), scalar_(n), vector_(n) {}
@@ -128,26 +131,25 @@ class ScaledDown {
 
  private:
   int n_;
-  RoundedShift<Scalar, Scalar, magnitude != 63> scalar_;
-  std::conditional_t<magnitude <= 31, RoundedShift<Vector, Mox32s, magnitude != 31>,
-                     RoundedQuotient<magnitude>>
+  RoundedShift<Scalar, Scalar, bound != 63> scalar_;
+  std::conditional_t<bound <= 31, RoundedShift<Vector, Mox32s, bound != 31>, RoundedQuotient<bound>>
       vector_;
 };
 
 // A factor below 0: multiplication by 2^n, stopped at the limits of T before it can wrap. From 2^n
 // above the largest value of T on the sign alone decides.
-template <class T, int magnitude>
+template <class T, int bound>
 class ScaledUp {
-  using Scalar = Exact<magnitude>;
-  using Vector = ExactVector<magnitude>;
-  static_assert(Int128(Scalar(Limits<T>::max)) == Limits<T>::max, "name a larger magnitude");
+  using Scalar = Exact<bound>;
+  using Vector = ExactVector<bound>;
+  static_assert(Int128(Scalar(Limits<T>::max)) == Limits<T>::max, "name a larger bound");
 
  public:
   explicit ScaledUp(int n)
       : n_(std::min(n, Limits<T>::digits)),
         high_(Scalar(Limits<T>::max >> n_)),
         low_(Scalar(Limits<T>::min >> n_)) {
-    if constexpr (magnitude <= 31) {
+    if constexpr (bound <= 31) {
       highLanes_ = broadcast<Vector>(Mox32s(high_));
       lowLanes_ = broadcast<Vector>(Mox32s(low_));
       ones_ = broadcast<Vector>(Mox32s((Int128(1) << n_) - 1));
@@ -163,7 +165,7 @@ class ScaledUp {
   }
 
   [[gnu::always_inline]] Vector operator()(Vector r) const {
-    if constexpr (magnitude <= 31)
+    if constexpr (bound <= 31)
       return (greater(lesser(r, highLanes_), lowLanes_) << n_) | ((r > highLanes_) & ones_);
     else
       return r * factor_;
@@ -211,7 +213,7 @@ auto saturate(R r) {
 // What the factor of a call asks for. withRule() names the rule once, around a loop, so that the
 // loop has no branch on it; it is inlined, so that the loop's arrays stay in registers. apply() is
 // for code whose time isn't spent here.
-template <class T, int magnitude>
+template <class T, int bound>
 class Scale {
  public:
   explicit Scale(int factor) : factor_(factor) {}
@@ -219,7 +221,7 @@ class Scale {
   template <class Loop>
   [[gnu::always_inline]] void withRule(Loop loop) const {
     if (factor_ > 0)
-      loop(ScaledDown<magnitude>(factor_));
+      loop(ScaledDown<bound>(factor_));
     else
       withUpwardRule(loop);
   }
@@ -230,13 +232,13 @@ class Scale {
     if (factor_ == 0)
       loop(Unscaled());
     else
-      loop(ScaledUp<T, magnitude>(-std::max(factor_, -1000)));
+      loop(ScaledUp<T, bound>(-std::max(factor_, -1000)));
   }
 
   template <class R>
   T apply(R r) const {
     T result;
-    withRule([&](auto rule) { result = saturate<T>(rule(Exact<magnitude>(r))); });
+    withRule([&](auto rule) { result = saturate<T>(rule(Exact<bound>(r))); });
     return result;
   }
 

@@ -15,7 +15,8 @@ template <class Wide, class E>
   } else if constexpr (std::is_same_v<Wide, V<Mox32f>>) {
     // The two halves of an integer register are joined for one conversion.
     using Half = I<Mox32s>;
-    return Wide(_mm256_cvtepi32_ps(join<__m256i>(loadWidened<Half>(p), loadWidened<Half>(p + 4))));
+    return Wide(_mm256_cvtepi32_ps(
+        join<__m256i>(loadWidened<Half>(p), loadWidened<Half>(p + laneCount<Half>))));
   } else if constexpr (std::is_same_v<Wide, V<Mox64f>>) {
     if constexpr (std::is_same_v<E, Mox32f>)
       return Wide(_mm256_cvtps_pd(load<__m128>(p)));
@@ -24,11 +25,11 @@ template <class Wide, class E>
              0x1p31;
     else
       return Wide(_mm256_cvtepi32_pd(__m128i(loadWidened<I<Mox32s>>(p))));
-  } else if constexpr (sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 2) {
+  } else if constexpr (sizeof(Wide) == integerBytes && sizeof(Lane<Wide>) == 2) {
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));
   } else {
-    static_assert(sizeof(Wide) == 16 && sizeof(Lane<Wide>) == 4);
+    static_assert(sizeof(Wide) == integerBytes && sizeof(Lane<Wide>) == 4);
     if constexpr (sizeof(E) == 3) {
       return Wide(loadLanes(p));
     } else if constexpr (sizeof(E) == 2) {

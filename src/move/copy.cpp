@@ -2,7 +2,6 @@
 
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "move/copy_kernels.h"
 

@@ -15,9 +15,4 @@ void copyElements(const E* src, E* dst, long len) {
   copyBytes(src, dst, len * long(sizeof(E)));
 }
 
-template <class E>
-void moveElements(const E* src, E* dst, long len) {
-  moveBytes(src, dst, len * long(sizeof(E)));
-}
-
 }  // namespace mox::move

@@ -1,6 +1,5 @@
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 #include "move/copy.h"

@@ -5,11 +5,10 @@
 #include <moxsp/types.h>
 
 #include "frame/vec/vec.h"
-#include "move/string_instructions.h"
 
 namespace mox::move {
 
-constexpr long shortCopyBytes = 256;
+constexpr long shortCopyBytes = 8 * vectorBytes;
 constexpr long stringMoveBytes = 32768;  // from here on the string move wins
 
 // Between N and 2 N vectors, N from each end of the arrays.
@@ -25,10 +24,10 @@ template <class T, int n = 1>
 
 // At most shortCopyBytes, overlapping in any way.
 inline void copyShort(const Mox8u* src, Mox8u* dst, long bytes) {
-  if (bytes > 128) return copyEnds<V<Mox8u>, 4>(src, dst, bytes);
-  if (bytes > 64) return copyEnds<V<Mox8u>, 2>(src, dst, bytes);
-  if (bytes >= 32) return copyEnds<V<Mox8u>>(src, dst, bytes);
-  if (bytes >= 16) return copyEnds<I<Mox8u>>(src, dst, bytes);
+  if (bytes > 4 * vectorBytes) return copyEnds<V<Mox8u>, 4>(src, dst, bytes);
+  if (bytes > 2 * vectorBytes) return copyEnds<V<Mox8u>, 2>(src, dst, bytes);
+  if (bytes >= vectorBytes) return copyEnds<V<Mox8u>>(src, dst, bytes);
+  if (bytes >= integerBytes) return copyEnds<I<Mox8u>>(src, dst, bytes);
   if (bytes >= 8) return copyEnds<Mox64u>(src, dst, bytes);
   if (bytes >= 4) return copyEnds<Mox32u>(src, dst, bytes);
   if (bytes >= 2) return copyEnds<Mox16u>(src, dst, bytes);
@@ -64,6 +63,35 @@ inline void copyBackward(const Mox8u* src, Mox8u* dst, long bytes) {
   for (; i > size; i -= size) storeAligned(dst + i - size, load<V<Mox8u>>(src + i - size));
   store(dst, head);
   store(dst + bytes - size, tail);
+}
+
+// While it lives, string instructions go upwards; the direction flag is put back at the end.
+class StringsUpwards {
+ public:
+  StringsUpwards() : wereDownwards_(__builtin_ia32_readeflags_u64() & directionFlag) {
+    if (wereDownwards_) asm volatile("cld");
+  }
+  ~StringsUpwards() {
+    if (wereDownwards_) asm volatile("std");
+  }
+  StringsUpwards(const StringsUpwards&) = delete;
+  StringsUpwards& operator=(const StringsUpwards&) = delete;
+
+ private:
+  static constexpr unsigned long directionFlag = 1 << 10;
+  bool wereDownwards_;
+};
+
+// `count` elements of E, of 1, 2 or 4 bytes.
+template <class E>
+void repeatMove(const Mox8u* src, Mox8u* dst, long count) {
+  const StringsUpwards upwards;
+  if constexpr (sizeof(E) == 4)
+    asm volatile("rep movsl" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
+  else if constexpr (sizeof(E) == 2)
+    asm volatile("rep movsw" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
+  else
+    asm volatile("rep movsb" : "+S"(src), "+D"(dst), "+c"(count) : : "memory");
 }
 
 // The widest element on whose boundaries both arrays can be at once: single moves up to the first

@@ -28,23 +28,14 @@ Pattern patternOf(E val) {
   }
 }
 
-// The plain fill, for a count that is a multiple of the width; nothing for one below 1.
+// Fills `bytes` bytes, a multiple of the width; nothing for a count below 1.
 void fill(const Pattern& pattern, void* dst, long bytes);
-// The same through stores that bypass the cache, from 64 bytes on.
-void fillBypassingCache(const Pattern& pattern, void* dst, long bytes);
 
-// These pick the fill that suits the size.
-void zeroBytes(void* dst, long bytes);
-void setBytes(const Pattern& pattern, void* dst, long bytes);
+inline void zeroBytes(void* dst, long bytes) { fill(Pattern{{}, 1}, dst, bytes); }
 
 template <class E>
 void zeroElements(E* dst, long len) {
   zeroBytes(dst, len * long(sizeof(E)));
-}
-
-template <class E>
-void setElements(E val, E* dst, long len) {
-  setBytes(patternOf(val), dst, len * long(sizeof(E)));
 }
 
 }  // namespace mox::move

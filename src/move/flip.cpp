@@ -1,7 +1,5 @@
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "move/flip.h"
 
@@ -22,17 +20,11 @@ MoxStatus flip(const E* src, E* dst, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsFlip_8u, flip<Mox8u>);
-MOX_EXPORT(moxsFlip_16u, flip<Mox16u>);
-MOX_EXPORT(moxsFlip_32f, flip<Mox32f>);
-MOX_EXPORT(moxsFlip_32fc, flip<Mox32fc>);
-MOX_EXPORT(moxsFlip_64f, flip<Mox64f>);
-MOX_EXPORT(moxsFlip_64fc, flip<Mox64fc>);
-MOX_EXPORT(moxsFlip_8u_I, inPlace<flip<Mox8u>>);
-MOX_EXPORT(moxsFlip_16u_I, inPlace<flip<Mox16u>>);
-MOX_EXPORT(moxsFlip_32f_I, inPlace<flip<Mox32f>>);
-MOX_EXPORT(moxsFlip_32fc_I, inPlace<flip<Mox32fc>>);
-MOX_EXPORT(moxsFlip_64f_I, inPlace<flip<Mox64f>>);
-MOX_EXPORT(moxsFlip_64fc_I, inPlace<flip<Mox64fc>>);
+MOX_EXPORT_BOTH(moxsFlip_8u, moxsFlip_8u_I, flip);
+MOX_EXPORT_BOTH(moxsFlip_16u, moxsFlip_16u_I, flip);
+MOX_EXPORT_BOTH(moxsFlip_32f, moxsFlip_32f_I, flip);
+MOX_EXPORT_BOTH(moxsFlip_32fc, moxsFlip_32fc_I, flip);
+MOX_EXPORT_BOTH(moxsFlip_64f, moxsFlip_64f_I, flip);
+MOX_EXPORT_BOTH(moxsFlip_64fc, moxsFlip_64fc_I, flip);
 
 }  // namespace mox::move

@@ -14,9 +14,8 @@ namespace mox::move {
 template <class E>
 struct Carrier {
   using Single = BitsOf<E>;
-  using Vector = std::conditional_t<
-      sizeof(E) == 8, V<Mox64f>,
-      std::conditional_t<sizeof(E) == 4, V<Mox32f>, V<Single, 16 / int(sizeof(E))>>>;
+  using Vector = std::conditional_t<sizeof(E) == 8, V<Mox64f>,
+                                    std::conditional_t<sizeof(E) == 4, V<Mox32f>, I<Single>>>;
 };
 template <>
 struct Carrier<Mox64fc> {

@@ -1,8 +1,8 @@
 #include <moxsp/move.h>
 
 #include <algorithm>
+#include <limits>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
@@ -49,15 +49,15 @@ MoxStatus packBits(const Mox32u* src, const int* bitWidths, int len, Mox8u* dst,
   if (dstBitOffset < 0) return moxErrSize;
   BitWriter writer(dst, dstBitOffset & 7);
   MoxStatus status = moxOk;
-  unsigned total = 0;
+  long total = 0;
   for (long i = 0; i < len; ++i) {
     const int asked = load<int>(bitWidths + i), width = std::clamp(asked, 0, 32);
     if (width != asked) status = moxWarnBitWidth;
     writer.put(load<Mox32u>(src + i), width);
-    total += unsigned(width);
+    total += width;
   }
   writer.finish();
-  store(dstBitLen, int(total));
+  store(dstBitLen, int(std::min(total, long(std::numeric_limits<int>::max()))));
   return status;
 }
 

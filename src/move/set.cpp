@@ -1,6 +1,5 @@
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "move/fill.h"
 
@@ -13,22 +12,22 @@ MoxStatus set(E val, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, dst)) return s;
   // Wide elements are counted as such, narrow ones by their bytes in 32 bits.
   const long bytes = sizeof(E) < 8 ? int(unsigned(len) * sizeof(E)) : len * long(sizeof(E));
-  setBytes(patternOf(val), dst, bytes);
+  fill(patternOf(val), dst, bytes);
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsSet_8u, set<Mox8u>);
-MOX_EXPORT(moxsSet_16s, set<Mox16s>);
-MOX_EXPORT(moxsSet_32f, set<Mox32f>);
-MOX_EXPORT(moxsSet_32s, set<Mox32s>);
-MOX_EXPORT(moxsSet_16sc, set<Mox16sc>);
-MOX_EXPORT(moxsSet_64f, set<Mox64f>);
-MOX_EXPORT(moxsSet_64s, set<Mox64s>);
-MOX_EXPORT(moxsSet_32fc, set<Mox32fc>);
-MOX_EXPORT(moxsSet_32sc, set<Mox32sc>);
-MOX_EXPORT(moxsSet_64fc, set<Mox64fc>);
-MOX_EXPORT(moxsSet_64sc, set<Mox64sc>);
+MOX_EXPORT(moxsSet_8u, set);
+MOX_EXPORT(moxsSet_16s, set);
+MOX_EXPORT(moxsSet_32f, set);
+MOX_EXPORT(moxsSet_32s, set);
+MOX_EXPORT(moxsSet_16sc, set);
+MOX_EXPORT(moxsSet_64f, set);
+MOX_EXPORT(moxsSet_64s, set);
+MOX_EXPORT(moxsSet_32fc, set);
+MOX_EXPORT(moxsSet_32sc, set);
+MOX_EXPORT(moxsSet_64fc, set);
+MOX_EXPORT(moxsSet_64sc, set);
 
 }  // namespace mox::move

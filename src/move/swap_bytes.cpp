@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "frame/checks.h"
-#include "frame/export.h"
 #include "frame/in_place.h"
 #include "frame/map.h"
 #include "frame/packed24.h"
@@ -62,22 +60,18 @@ void swapElements(const E* src, E* dst, long len) {
       });
 }
 
-template <class E>
-MoxStatus swapBytes(const Public<E>* src, Public<E>* dst, int len) {
+template <class Packed = void, class E>
+MoxStatus swapBytes(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  swapElements(reinterpret_cast<const E*>(src), reinterpret_cast<E*>(dst), len);
+  swapElements(samples<Packed>(src), samples<Packed>(dst), len);
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsSwapBytes_16u, swapBytes<Mox16u>);
-MOX_EXPORT(moxsSwapBytes_24u, swapBytes<Packed24u>);
-MOX_EXPORT(moxsSwapBytes_32u, swapBytes<Mox32u>);
-MOX_EXPORT(moxsSwapBytes_64u, swapBytes<Mox64u>);
-MOX_EXPORT(moxsSwapBytes_16u_I, inPlace<swapBytes<Mox16u>>);
-MOX_EXPORT(moxsSwapBytes_24u_I, inPlace<swapBytes<Packed24u>>);
-MOX_EXPORT(moxsSwapBytes_32u_I, inPlace<swapBytes<Mox32u>>);
-MOX_EXPORT(moxsSwapBytes_64u_I, inPlace<swapBytes<Mox64u>>);
+MOX_EXPORT_BOTH(moxsSwapBytes_16u, moxsSwapBytes_16u_I, swapBytes);
+MOX_EXPORT_BOTH(moxsSwapBytes_24u, moxsSwapBytes_24u_I, swapBytes<Packed24u>);
+MOX_EXPORT_BOTH(moxsSwapBytes_32u, moxsSwapBytes_32u_I, swapBytes);
+MOX_EXPORT_BOTH(moxsSwapBytes_64u, moxsSwapBytes_64u_I, swapBytes);
 
 }  // namespace mox::move

@@ -1,6 +1,5 @@
 #include <moxsp/move.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "move/fill.h"
 

@@ -10,7 +10,8 @@ namespace mox::stats {
 
 constexpr int byteValues = 256;
 
-// Consecutive bytes go to different tables, lest a run of one value waits for its own counter.
+// Consecutive bytes go to different tables, so that in a run of one value no byte waits for the
+// counter of the one before.
 inline void countBytes(const Mox8u* src, long len, Mox32s (&counts)[byteValues]) {
   constexpr int tables = 4;
   Mox32s partial[tables][byteValues] = {};

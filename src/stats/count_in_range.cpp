@@ -1,7 +1,6 @@
 // Elements between two bounds.
 #include <moxsp/measures.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 

@@ -1,7 +1,6 @@
 // Dot products of floats, and of 32-bit integers as doubles.
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "frame/rounding_control.h"
@@ -23,7 +22,7 @@ constexpr Order shortDot = {.lanes = 2, .tail = Tail::last};
 constexpr Order integerDot = {.lanes = 4, .tail = Tail::pairs};
 // Parts of products by one part; four registers.
 template <class F>
-constexpr Order complexDot = {.lanes = 4 * lanesOf<F>, .tail = Tail::folded};
+constexpr Order complexDot = {.lanes = 4 * orderBytes / sizeof(F), .tail = Tail::folded};
 
 // In the type F; elements are converted to it first.
 template <Order order, class F, class A, class B>
@@ -95,7 +94,7 @@ Mox32s scaledDot(Mox64f sum, int factor) {
 template <class A, class B, class D>
 MoxStatus dotProdScaled(const A* src1, const B* src2, int len, D* dp, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, dp)) return s;
-  const RoundingScope nearest(Rounding::nearEven);
+  const RoundingScope scope(Rounding::nearEven, Exceptions::hidden);
   const auto sum = dotOf<Mox64f>(src1, src2, len);
   if constexpr (Complex<D>)
     store(dp, D{scaledDot(sum[0], scaleFactor), scaledDot(sum[1], scaleFactor)});
@@ -106,19 +105,19 @@ MoxStatus dotProdScaled(const A* src1, const B* src2, int len, D* dp, int scaleF
 
 }  // namespace
 
-MOX_EXPORT(moxsDotProd_32f, dotProd<Mox32f, Mox32f, Mox32f>);
-MOX_EXPORT(moxsDotProd_64f, dotProd<Mox64f, Mox64f, Mox64f>);
-MOX_EXPORT(moxsDotProd_32f64f, dotProd<Mox32f, Mox32f, Mox64f>);
-MOX_EXPORT(moxsDotProd_32fc, dotProd<Mox32fc, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsDotProd_64fc, dotProd<Mox64fc, Mox64fc, Mox64fc>);
-MOX_EXPORT(moxsDotProd_32fc64fc, dotProd<Mox32fc, Mox32fc, Mox64fc>);
-MOX_EXPORT(moxsDotProd_32f32fc, dotProd<Mox32f, Mox32fc, Mox32fc>);
-MOX_EXPORT(moxsDotProd_64f64fc, dotProd<Mox64f, Mox64fc, Mox64fc>);
-MOX_EXPORT(moxsDotProd_32f32fc64fc, dotProd<Mox32f, Mox32fc, Mox64fc>);
+MOX_EXPORT(moxsDotProd_32f, dotProd);
+MOX_EXPORT(moxsDotProd_64f, dotProd);
+MOX_EXPORT(moxsDotProd_32f64f, dotProd);
+MOX_EXPORT(moxsDotProd_32fc, dotProd);
+MOX_EXPORT(moxsDotProd_64fc, dotProd);
+MOX_EXPORT(moxsDotProd_32fc64fc, dotProd);
+MOX_EXPORT(moxsDotProd_32f32fc, dotProd);
+MOX_EXPORT(moxsDotProd_64f64fc, dotProd);
+MOX_EXPORT(moxsDotProd_32f32fc64fc, dotProd);
 
-MOX_EXPORT(moxsDotProd_32s_Sfs, dotProdScaled<Mox32s, Mox32s, Mox32s>);
-MOX_EXPORT(moxsDotProd_16s32s32s_Sfs, dotProdScaled<Mox16s, Mox32s, Mox32s>);
-MOX_EXPORT(moxsDotProd_32sc_Sfs, dotProdScaled<Mox32sc, Mox32sc, Mox32sc>);
-MOX_EXPORT(moxsDotProd_32s32sc_Sfs, dotProdScaled<Mox32s, Mox32sc, Mox32sc>);
+MOX_EXPORT(moxsDotProd_32s_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_16s32s32s_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_32sc_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_32s32sc_Sfs, dotProdScaled);
 
 }  // namespace mox::stats

@@ -3,24 +3,12 @@
 
 #include <algorithm>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
 
 namespace mox::stats {
 namespace {
-
-// One sum, or that of either part.
-std::array<Mox64s, 1> exactDot(const Mox16s* a, const Mox16s* b, long len) {
-  return {dotOf16s(a, b, len)};
-}
-std::array<Mox64s, 2> exactDot(const Mox16s* a, const Mox16sc* b, long len) {
-  return dotOf16s16sc(a, b, len);
-}
-std::array<Mox64s, 2> exactDot(const Mox16sc* a, const Mox16sc* b, long len) {
-  return dotOf16sc(a, b, len);
-}
 
 template <class A, class B, class D, class Finish>
 MoxStatus dotProdFinished(const A* src1, const B* src2, int len, D* dp, Finish finish) {
@@ -47,19 +35,19 @@ MoxStatus dotProdScaled(const A* src1, const B* src2, int len, D* dp, int scaleF
 
 }  // namespace
 
-MOX_EXPORT(moxsDotProd_16s64s, dotProd<Mox16s, Mox16s, Mox64s>);
-MOX_EXPORT(moxsDotProd_16s32f, dotProd<Mox16s, Mox16s, Mox32f>);
-MOX_EXPORT(moxsDotProd_16s_Sfs, dotProdScaled<Mox16s, Mox16s, Mox16s>);
-MOX_EXPORT(moxsDotProd_16s32s_Sfs, dotProdScaled<Mox16s, Mox16s, Mox32s>);
+MOX_EXPORT(moxsDotProd_16s64s, dotProd);
+MOX_EXPORT(moxsDotProd_16s32f, dotProd);
+MOX_EXPORT(moxsDotProd_16s_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_16s32s_Sfs, dotProdScaled);
 
-MOX_EXPORT(moxsDotProd_16s16sc64sc, dotProd<Mox16s, Mox16sc, Mox64sc>);
-MOX_EXPORT(moxsDotProd_16s16sc32fc, dotProd<Mox16s, Mox16sc, Mox32fc>);
-MOX_EXPORT(moxsDotProd_16s16sc_Sfs, dotProdScaled<Mox16s, Mox16sc, Mox16sc>);
-MOX_EXPORT(moxsDotProd_16s16sc32sc_Sfs, dotProdScaled<Mox16s, Mox16sc, Mox32sc>);
+MOX_EXPORT(moxsDotProd_16s16sc64sc, dotProd);
+MOX_EXPORT(moxsDotProd_16s16sc32fc, dotProd);
+MOX_EXPORT(moxsDotProd_16s16sc_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_16s16sc32sc_Sfs, dotProdScaled);
 
-MOX_EXPORT(moxsDotProd_16sc64sc, dotProd<Mox16sc, Mox16sc, Mox64sc>);
-MOX_EXPORT(moxsDotProd_16sc32fc, dotProd<Mox16sc, Mox16sc, Mox32fc>);
-MOX_EXPORT(moxsDotProd_16sc_Sfs, dotProdScaled<Mox16sc, Mox16sc, Mox16sc>);
-MOX_EXPORT(moxsDotProd_16sc32sc_Sfs, dotProdScaled<Mox16sc, Mox16sc, Mox32sc>);
+MOX_EXPORT(moxsDotProd_16sc64sc, dotProd);
+MOX_EXPORT(moxsDotProd_16sc32fc, dotProd);
+MOX_EXPORT(moxsDotProd_16sc_Sfs, dotProdScaled);
+MOX_EXPORT(moxsDotProd_16sc32sc_Sfs, dotProdScaled);
 
 }  // namespace mox::stats

@@ -12,11 +12,15 @@
 
 namespace mox::stats {
 
-// A kind of term: from `step` elements of each source it makes four lanes for each channel, which
-// stay below 2^32 when `bias` is added to their sum over `block` elements.
+// A kind of term: from `step` elements of each source it makes lanes for each channel, each of them
+// from `least` to `most`.
 struct IntegerTerms {
-  long step, block;
-  Mox32u bias;
+  long step;
+  Mox64s least, most;
+
+  // The steps whose sum 32 bits hold, once `bias` has made it a number from 0 on.
+  constexpr long stepsPerBlock() const { return 0xFFFFFFFF / (most - least); }
+  constexpr Mox32u bias() const { return Mox32u(-least * stepsPerBlock()); }
 };
 
 // Where real and imaginary parts alternate, the even lanes are real.
@@ -42,8 +46,12 @@ class WideLanes {
     odd_ += other.odd_;
   }
   LaneTotals total(Mox64u bias) const {
-    const Mox64u odd = odd_[0] + odd_[1], even = pairs_[0] + pairs_[1] - (odd << 32);
-    return {Mox64s(even - 2 * bias), Mox64s(odd - 2 * bias)};
+    Mox64u odd = 0, even = 0;
+    for (int i = 0; i < laneCount<I<Mox64u>>; ++i) {
+      odd += odd_[i] - bias;
+      even += pairs_[i] - (odd_[i] << 32) - bias;
+    }
+    return {Mox64s(even), Mox64s(odd)};
   }
 
  private:
@@ -71,13 +79,13 @@ auto sumExactly(const Terms& terms, long len, const E*... src) {
   detail::WideLanes wide[chains][channels];
   Mox64u blocks = 0;
   const auto widen = [&](int chain, const auto& lanes) {
-    for (int c = 0; c < channels; ++c) wide[chain][c].add(Lanes32(lanes[c]) + kind.bias);
+    for (int c = 0; c < channels; ++c) wide[chain][c].add(Lanes32(lanes[c]) + kind.bias());
     ++blocks;
   };
   long i = 0;
   while (len - i >= stride) {
     Lanes lanes[chains] = {};
-    const long end = i + std::min(chains * kind.block, (len - i) / stride * stride);
+    const long end = i + std::min(stride * kind.stepsPerBlock(), (len - i) / stride * stride);
     for (; i < end; i += stride) {
       if constexpr (sizeof...(src) == 1) PagesAhead(src..., len).template ask<stride>(i);
       for (int chain = 0; chain < chains; ++chain) {
@@ -93,7 +101,7 @@ auto sumExactly(const Terms& terms, long len, const E*... src) {
   std::array<LaneTotals, channels> totals;
   for (int c = 0; c < channels; ++c) {
     for (int chain = 1; chain < chains; ++chain) wide[0][c].add(wide[chain][c]);
-    totals[c] = wide[0][c].total(blocks * kind.bias);
+    totals[c] = wide[0][c].total(blocks * kind.bias());
   }
   return totals;
 }

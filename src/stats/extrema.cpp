@@ -1,7 +1,6 @@
 // The largest and smallest elements of a vector, by value or magnitude, and their indices.
 #include <moxsp/extrema.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/extrema_scan.h"
 
@@ -68,52 +67,52 @@ MoxStatus minMaxWithIndex(const E* src, int len, E* min, int* minIndex, E* max, 
 
 }  // namespace
 
-MOX_EXPORT(moxsMax_16s, extreme<Larger, Value, Mox16s>);
-MOX_EXPORT(moxsMax_32f, extreme<Larger, Value, Mox32f>);
-MOX_EXPORT(moxsMax_32s, extreme<Larger, Value, Mox32s>);
-MOX_EXPORT(moxsMax_64f, extreme<Larger, Value, Mox64f>);
+MOX_EXPORT(moxsMax_16s, extreme<Larger, Value>);
+MOX_EXPORT(moxsMax_32f, extreme<Larger, Value>);
+MOX_EXPORT(moxsMax_32s, extreme<Larger, Value>);
+MOX_EXPORT(moxsMax_64f, extreme<Larger, Value>);
 
-MOX_EXPORT(moxsMin_16s, extreme<Smaller, Value, Mox16s>);
-MOX_EXPORT(moxsMin_32f, extreme<Smaller, Value, Mox32f>);
-MOX_EXPORT(moxsMin_32s, extreme<Smaller, Value, Mox32s>);
-MOX_EXPORT(moxsMin_64f, extreme<Smaller, Value, Mox64f>);
+MOX_EXPORT(moxsMin_16s, extreme<Smaller, Value>);
+MOX_EXPORT(moxsMin_32f, extreme<Smaller, Value>);
+MOX_EXPORT(moxsMin_32s, extreme<Smaller, Value>);
+MOX_EXPORT(moxsMin_64f, extreme<Smaller, Value>);
 
-MOX_EXPORT(moxsMaxAbs_16s, extreme<Larger, HeldMagnitude, Mox16s>);
-MOX_EXPORT(moxsMaxAbs_32s, extreme<Larger, HeldMagnitude, Mox32s>);
+MOX_EXPORT(moxsMaxAbs_16s, extreme<Larger, HeldMagnitude>);
+MOX_EXPORT(moxsMaxAbs_32s, extreme<Larger, HeldMagnitude>);
 
-MOX_EXPORT(moxsMinAbs_16s, extreme<Smaller, HeldMagnitude, Mox16s>);
-MOX_EXPORT(moxsMinAbs_32s, extreme<Smaller, HeldMagnitude, Mox32s>);
+MOX_EXPORT(moxsMinAbs_16s, extreme<Smaller, HeldMagnitude>);
+MOX_EXPORT(moxsMinAbs_32s, extreme<Smaller, HeldMagnitude>);
 
-MOX_EXPORT(moxsMaxIndx_16s, extremeWithIndex<Larger, Value, Mox16s>);
-MOX_EXPORT(moxsMaxIndx_32f, extremeWithIndex<Larger, Value, Mox32f>);
-MOX_EXPORT(moxsMaxIndx_32s, extremeWithIndex<Larger, Value, Mox32s>);
-MOX_EXPORT(moxsMaxIndx_64f, extremeWithIndex<Larger, Value, Mox64f>);
+MOX_EXPORT(moxsMaxIndx_16s, extremeWithIndex<Larger, Value>);
+MOX_EXPORT(moxsMaxIndx_32f, extremeWithIndex<Larger, Value>);
+MOX_EXPORT(moxsMaxIndx_32s, extremeWithIndex<Larger, Value>);
+MOX_EXPORT(moxsMaxIndx_64f, extremeWithIndex<Larger, Value>);
 
-MOX_EXPORT(moxsMinIndx_16s, extremeWithIndex<Smaller, Value, Mox16s>);
-MOX_EXPORT(moxsMinIndx_32f, extremeWithIndex<Smaller, Value, Mox32f>);
-MOX_EXPORT(moxsMinIndx_32s, extremeWithIndex<Smaller, Value, Mox32s>);
-MOX_EXPORT(moxsMinIndx_64f, extremeWithIndex<Smaller, Value, Mox64f>);
+MOX_EXPORT(moxsMinIndx_16s, extremeWithIndex<Smaller, Value>);
+MOX_EXPORT(moxsMinIndx_32f, extremeWithIndex<Smaller, Value>);
+MOX_EXPORT(moxsMinIndx_32s, extremeWithIndex<Smaller, Value>);
+MOX_EXPORT(moxsMinIndx_64f, extremeWithIndex<Smaller, Value>);
 
-MOX_EXPORT(moxsMaxAbsIndx_16s, extremeWithIndex<Larger, HeldMagnitude, Mox16s>);
-MOX_EXPORT(moxsMaxAbsIndx_32s, extremeWithIndex<Larger, HeldMagnitude, Mox32s>);
+MOX_EXPORT(moxsMaxAbsIndx_16s, extremeWithIndex<Larger, HeldMagnitude>);
+MOX_EXPORT(moxsMaxAbsIndx_32s, extremeWithIndex<Larger, HeldMagnitude>);
 
-MOX_EXPORT(moxsMinAbsIndx_16s, extremeWithIndex<Smaller, HeldMagnitude, Mox16s>);
-MOX_EXPORT(moxsMinAbsIndx_32s, extremeWithIndex<Smaller, HeldMagnitude, Mox32s>);
+MOX_EXPORT(moxsMinAbsIndx_16s, extremeWithIndex<Smaller, HeldMagnitude>);
+MOX_EXPORT(moxsMinAbsIndx_32s, extremeWithIndex<Smaller, HeldMagnitude>);
 
-MOX_EXPORT(moxsMinMax_16s, minMax<Mox16s>);
-MOX_EXPORT(moxsMinMax_16u, minMax<Mox16u>);
-MOX_EXPORT(moxsMinMax_32f, minMax<Mox32f>);
-MOX_EXPORT(moxsMinMax_32s, minMax<Mox32s>);
-MOX_EXPORT(moxsMinMax_32u, minMax<Mox32u>);
-MOX_EXPORT(moxsMinMax_64f, minMax<Mox64f>);
-MOX_EXPORT(moxsMinMax_8u, minMax<Mox8u>);
+MOX_EXPORT(moxsMinMax_16s, minMax);
+MOX_EXPORT(moxsMinMax_16u, minMax);
+MOX_EXPORT(moxsMinMax_32f, minMax);
+MOX_EXPORT(moxsMinMax_32s, minMax);
+MOX_EXPORT(moxsMinMax_32u, minMax);
+MOX_EXPORT(moxsMinMax_64f, minMax);
+MOX_EXPORT(moxsMinMax_8u, minMax);
 
-MOX_EXPORT(moxsMinMaxIndx_16s, minMaxWithIndex<Mox16s>);
-MOX_EXPORT(moxsMinMaxIndx_16u, minMaxWithIndex<Mox16u>);
-MOX_EXPORT(moxsMinMaxIndx_32f, minMaxWithIndex<Mox32f>);
-MOX_EXPORT(moxsMinMaxIndx_32s, minMaxWithIndex<Mox32s>);
-MOX_EXPORT(moxsMinMaxIndx_32u, minMaxWithIndex<Mox32u>);
-MOX_EXPORT(moxsMinMaxIndx_64f, minMaxWithIndex<Mox64f>);
-MOX_EXPORT(moxsMinMaxIndx_8u, minMaxWithIndex<Mox8u>);
+MOX_EXPORT(moxsMinMaxIndx_16s, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_16u, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_32f, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_32s, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_32u, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_64f, minMaxWithIndex);
+MOX_EXPORT(moxsMinMaxIndx_8u, minMaxWithIndex);
 
 }  // namespace mox::stats

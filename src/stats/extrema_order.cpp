@@ -4,7 +4,6 @@
 #include <bit>
 #include <limits>
 
-#include "frame/checks.h"
 #include "frame/elements.h"
 #include "frame/export.h"
 #include "stats/extrema_scan.h"
@@ -74,9 +73,9 @@ MoxStatus maxOrder(const E* src, int len, int* order) {
 
 }  // namespace
 
-MOX_EXPORT(moxsMaxOrder_16s, maxOrder<Mox16s>);
-MOX_EXPORT(moxsMaxOrder_32f, maxOrder<Mox32f>);
-MOX_EXPORT(moxsMaxOrder_32s, maxOrder<Mox32s>);
-MOX_EXPORT(moxsMaxOrder_64f, maxOrder<Mox64f>);
+MOX_EXPORT(moxsMaxOrder_16s, maxOrder);
+MOX_EXPORT(moxsMaxOrder_32f, maxOrder);
+MOX_EXPORT(moxsMaxOrder_32s, maxOrder);
+MOX_EXPORT(moxsMaxOrder_64f, maxOrder);
 
 }  // namespace mox::stats

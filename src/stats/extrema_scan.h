@@ -51,10 +51,6 @@ struct Extreme {
 
 namespace detail {
 
-// Integers are the faster in 16 bytes.
-template <class E>
-using ScanVector = V<E, (std::is_integral_v<E> ? 16 : vectorBytes) / int(sizeof(E))>;
-
 // The best lane of a vector, in all lanes.
 template <class Relation, int apart, class W>
 [[gnu::always_inline]] inline W bestLane(W v) {
@@ -112,8 +108,8 @@ class Scan : Best<Relation, W>... {
 
 // A vector of the first elements, when there are not enough of them to load one.
 template <class E>
-[[gnu::noinline]] ScanVector<E> shortVector(const E* src, long len) {
-  auto v = broadcast<ScanVector<E>>(load<E>(src));
+[[gnu::noinline]] Register<E> shortVector(const E* src, long len) {
+  auto v = broadcast<Register<E>>(load<E>(src));
   for (long i = 1; i < len; ++i) v[i] = load<E>(src + i);
   return v;
 }
@@ -123,7 +119,7 @@ template <class E>
 // The extreme under each relation, in one pass.
 template <int blockVectors, class Key, class... Relation, class E>
 [[gnu::always_inline]] inline auto scan(const E* src, long len) {
-  using Vector = detail::ScanVector<E>;
+  using Vector = Register<E>;
   constexpr long lanes = laneCount<Vector>, stepVectors = 8;
   constexpr long step = stepVectors * lanes, block = blockVectors * lanes;
   const auto keys = [src](long i) {
@@ -164,7 +160,7 @@ template <int blockVectors, class Key, class... Relation, class E>
 // The index of the first element that has an extreme key; 0 for a NaN, which can only be there.
 template <class Key, class E, class K>
 [[gnu::always_inline]] inline long indexOf(Extreme<K> extreme, const E* src) {
-  using Vector = detail::ScanVector<E>;
+  using Vector = Register<E>;
   const long last = extreme.end - laneCount<Vector>;
   const auto equal = [&](Vector v) { return Key()(v) == extreme.key; };
   if (last < 0) {

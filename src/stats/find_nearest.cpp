@@ -1,7 +1,6 @@
 // Entries of an ascending table nearest to given values.
 #include <moxsp/measures.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 

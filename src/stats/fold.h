@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 #include <cstring>
 #include <type_traits>
 
@@ -22,7 +23,8 @@ namespace mox::stats {
 
 enum class Tail {
   halves,  // lanes/2 terms to the lanes from 0 on, then lanes/4, and so on down to 1, as they fit
-  folded,  // the same, but registers fold as soon as one of their halves has had its terms
+  folded,  // after the whole steps: fold to half the lanes, add one more half step if it fits,
+           // repeat; from orderBytes on the rest goes in as with `halves`
   single,  // all to lane 0
   pairs,   // to lanes 0 and 1 in turn
   last,    // to the last lane
@@ -40,8 +42,8 @@ struct Order {
   Tail tail;
   Neighbours neighbours = {};
   int step = lanes;  // what remains of this is the rest
-  // Floats become doubles where this many lanes are left, and one half of them is added to the
-  // other and both to a total. With a block that happens each time so many terms have been added.
+  // At this lane count lanes are widened to double, their halves added, and the sum added to the
+  // total; 0: never. With a block that happens after each `block` terms.
   int widenAt = 0;
   long block = 0;
 };
@@ -64,6 +66,11 @@ struct Max {
 // for each channel, where T is a number, for term i, or a vector, for the terms from i on.
 template <class T>
 inline constexpr std::type_identity<T> as{};
+template <class Terms, class F>
+concept TermsOf = requires(const Terms& terms) {
+  { terms(as<F>, 0L)[0] } -> std::convertible_to<F>;
+  terms(as<F>, 0L).size();
+};
 
 template <class T, int channels, int parts>
 struct Folded {
@@ -78,8 +85,9 @@ struct OneSource : Terms {
 
 namespace detail {
 
+// The rest of a sum goes in where this many lanes are left, whatever registers there are.
 template <class F>
-constexpr int registerLanes = (std::is_integral_v<F> ? 16 : vectorBytes) / int(sizeof(F));
+constexpr int registerLanes = (std::is_integral_v<F> ? integerBytes : orderBytes) / int(sizeof(F));
 
 template <class F, int count_, int channels>
 struct Lanes {
@@ -190,8 +198,8 @@ class Folding {
 
   // Adds the terms up to `end` to the lanes, and those to the total.
   [[gnu::always_inline]] void addBlock(All lanes, long end) {
-    // The fewer instructions stand between the loads, the further ahead of a chain of additions do
-    // those reach that memory keeps waiting. Two channels of two sources lack the registers.
+    // Long steps keep more loads in flight while the additions wait. Two channels of two sources
+    // lack the registers.
     constexpr long longStep = (8 * All::width + order.step - 1) / order.step * order.step;
     if constexpr (ofOneSource || channels == 1) addSteps<longStep>(lanes, end);
     addSteps<order.step>(lanes, end);
@@ -262,10 +270,10 @@ class Folding {
 }  // namespace detail
 
 // Folds the first n terms in the given order to one number for each channel, or two where real and
-// imaginary parts alternate. The first `peel` terms are peeled.
-template <Order order, class F, int parts = 1, class Combine = Plus, class Terms>
+// imaginary parts alternate. The first `peel` terms, of n at the most, are peeled.
+template <Order order, class F, int parts = 1, class Combine = Plus, TermsOf<F> Terms>
 [[gnu::always_inline]] inline auto fold(const Terms& terms, long n, long peel = 0) {
-  return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(peel);
+  return detail::Folding<order, F, parts, Combine, Terms>(terms, n).run(std::min(peel, n));
 }
 
 }  // namespace mox::stats

@@ -1,7 +1,6 @@
 // Means.
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
@@ -32,20 +31,13 @@ MoxStatus mean64fc(const Mox64fc* src, int len, Mox64fc* mean) {
   return moxOk;
 }
 
-MoxStatus mean16s(const Mox16s* src, int len, Mox16s* mean, int scaleFactor) {
+template <class E>
+MoxStatus meanShort(const E* src, int len, E* mean, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, mean)) return s;
-  const Mox64f scaled = Mox64f(sumOf16s(src, len)) * scaleMultiplier(scaleFactor);
-  store(mean, heldInteger<Mox16s>(scaled / len));
-  return moxOk;
-}
-
-MoxStatus mean16sc(const Mox16sc* src, int len, Mox16sc* mean, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, src, mean)) return s;
-  const auto sums = sumOf16sc(src, len);
-  for (int p = 0; p < 2; ++p)
-    store(
-        parts(mean) + p,
-        saturate<Mox16s>(heldInteger<Mox32s>(halvedOrDoubled(Mox64f(sums[p]), scaleFactor) / len)));
+  const HiddenExceptions scope;
+  const auto sums = exactSum(src, len);
+  for (int p = 0; p < partsPerElement<E>; ++p)
+    store(parts(mean) + p, saturatedInteger<Mox16s>(scaled<E>(Mox64f(sums[p]), scaleFactor) / len));
   return moxOk;
 }
 
@@ -78,18 +70,18 @@ Mox32s scaledMean(Mox64s sum, int len, int factor) {
 
 MoxStatus mean32s(const Mox32s* src, int len, Mox32s* mean, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, mean)) return s;
-  store(mean, scaledMean(sumOf32s(src, len), len, scaleFactor));
+  store(mean, scaledMean(exactSum(src, len)[0], len, scaleFactor));
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsMean_32f, meanHinted<Mox32f>);
-MOX_EXPORT(moxsMean_32fc, meanHinted<Mox32fc>);
+MOX_EXPORT(moxsMean_32f, meanHinted);
+MOX_EXPORT(moxsMean_32fc, meanHinted);
 MOX_EXPORT(moxsMean_64f, mean64f);
 MOX_EXPORT(moxsMean_64fc, mean64fc);
-MOX_EXPORT(moxsMean_16s_Sfs, mean16s);
-MOX_EXPORT(moxsMean_16sc_Sfs, mean16sc);
+MOX_EXPORT(moxsMean_16s_Sfs, meanShort);
+MOX_EXPORT(moxsMean_16sc_Sfs, meanShort);
 MOX_EXPORT(moxsMean_32s_Sfs, mean32s);
 
 }  // namespace mox::stats

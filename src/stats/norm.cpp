@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/terms.h"
 
@@ -42,7 +41,7 @@ E normOf(long len, const E* src, const Second*... second) {
     return std::array{kind == Norm::L2 ? x * x : magnitude(x)};
   };
   using Combine = std::conditional_t<kind == Norm::Inf, Max, Plus>;
-  const long peel = peelTo(peelAlignment, src, len);
+  const long peel = peelCount<peelAlignment>(src);
   const E folded =
       fold<realNorm<E>, E, 1, Combine>(ofSources(terms, src, second...), len, peel).of[0][0];
   return kind == Norm::L2 ? squareRoot(folded) : folded;
@@ -81,7 +80,7 @@ template <class T>
 template <Norm kind, Complex E, class... Second>
 auto normOf(long len, const E* src, const Second*... second) {
   using F = Part<E>;
-  const long peel = peelTo(peelAlignment, src, len);
+  const long peel = peelCount<peelAlignment>(src);
   const auto numbers = numbersOf(src, second...);
   if constexpr (kind == Norm::L2 && sizeof(F) == 4) {
     const auto squares = [numbers]<class T>(std::type_identity<T> type, long i) {
@@ -120,30 +119,30 @@ MoxStatus normDiff(const E* src1, const E* src2, int len, D* result) {
 
 }  // namespace
 
-MOX_EXPORT(moxsNorm_Inf_32f, norm<Norm::Inf, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNorm_Inf_64f, norm<Norm::Inf, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNorm_Inf_32fc32f, norm<Norm::Inf, Mox32fc, Mox32f>);
-MOX_EXPORT(moxsNorm_Inf_64fc64f, norm<Norm::Inf, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsNorm_L1_32f, norm<Norm::L1, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNorm_L1_64f, norm<Norm::L1, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNorm_L1_32fc64f, norm<Norm::L1, Mox32fc, Mox64f>);
-MOX_EXPORT(moxsNorm_L1_64fc64f, norm<Norm::L1, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsNorm_L2_32f, norm<Norm::L2, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNorm_L2_64f, norm<Norm::L2, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNorm_L2_32fc64f, norm<Norm::L2, Mox32fc, Mox64f>);
-MOX_EXPORT(moxsNorm_L2_64fc64f, norm<Norm::L2, Mox64fc, Mox64f>);
+MOX_EXPORT(moxsNorm_Inf_32f, norm<Norm::Inf>);
+MOX_EXPORT(moxsNorm_Inf_64f, norm<Norm::Inf>);
+MOX_EXPORT(moxsNorm_Inf_32fc32f, norm<Norm::Inf>);
+MOX_EXPORT(moxsNorm_Inf_64fc64f, norm<Norm::Inf>);
+MOX_EXPORT(moxsNorm_L1_32f, norm<Norm::L1>);
+MOX_EXPORT(moxsNorm_L1_64f, norm<Norm::L1>);
+MOX_EXPORT(moxsNorm_L1_32fc64f, norm<Norm::L1>);
+MOX_EXPORT(moxsNorm_L1_64fc64f, norm<Norm::L1>);
+MOX_EXPORT(moxsNorm_L2_32f, norm<Norm::L2>);
+MOX_EXPORT(moxsNorm_L2_64f, norm<Norm::L2>);
+MOX_EXPORT(moxsNorm_L2_32fc64f, norm<Norm::L2>);
+MOX_EXPORT(moxsNorm_L2_64fc64f, norm<Norm::L2>);
 
-MOX_EXPORT(moxsNormDiff_Inf_32f, normDiff<Norm::Inf, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNormDiff_Inf_64f, normDiff<Norm::Inf, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNormDiff_Inf_32fc32f, normDiff<Norm::Inf, Mox32fc, Mox32f>);
-MOX_EXPORT(moxsNormDiff_Inf_64fc64f, normDiff<Norm::Inf, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L1_32f, normDiff<Norm::L1, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNormDiff_L1_64f, normDiff<Norm::L1, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L1_32fc64f, normDiff<Norm::L1, Mox32fc, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L1_64fc64f, normDiff<Norm::L1, Mox64fc, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L2_32f, normDiff<Norm::L2, Mox32f, Mox32f>);
-MOX_EXPORT(moxsNormDiff_L2_64f, normDiff<Norm::L2, Mox64f, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L2_32fc64f, normDiff<Norm::L2, Mox32fc, Mox64f>);
-MOX_EXPORT(moxsNormDiff_L2_64fc64f, normDiff<Norm::L2, Mox64fc, Mox64f>);
+MOX_EXPORT(moxsNormDiff_Inf_32f, normDiff<Norm::Inf>);
+MOX_EXPORT(moxsNormDiff_Inf_64f, normDiff<Norm::Inf>);
+MOX_EXPORT(moxsNormDiff_Inf_32fc32f, normDiff<Norm::Inf>);
+MOX_EXPORT(moxsNormDiff_Inf_64fc64f, normDiff<Norm::Inf>);
+MOX_EXPORT(moxsNormDiff_L1_32f, normDiff<Norm::L1>);
+MOX_EXPORT(moxsNormDiff_L1_64f, normDiff<Norm::L1>);
+MOX_EXPORT(moxsNormDiff_L1_32fc64f, normDiff<Norm::L1>);
+MOX_EXPORT(moxsNormDiff_L1_64fc64f, normDiff<Norm::L1>);
+MOX_EXPORT(moxsNormDiff_L2_32f, normDiff<Norm::L2>);
+MOX_EXPORT(moxsNormDiff_L2_64f, normDiff<Norm::L2>);
+MOX_EXPORT(moxsNormDiff_L2_32fc64f, normDiff<Norm::L2>);
+MOX_EXPORT(moxsNormDiff_L2_64fc64f, normDiff<Norm::L2>);
 
 }  // namespace mox::stats

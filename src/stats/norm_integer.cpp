@@ -5,7 +5,7 @@
 #include <bit>
 #include <cstdlib>
 
-#include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "stats/integer_sums.h"
 #include "stats/terms.h"
@@ -30,14 +30,14 @@ struct Inf {
 struct L1 {
   template <class... E>
   Mox64u operator()(long len, const E*... src) const {
-    return sumOfMagnitudes16s(len, src...);
+    return exactSumOfMagnitudes(len, src...);
   }
 };
 
 struct L2Sqr {
   template <class... E>
   Mox64u operator()(long len, const E*... src) const {
-    return sumOfSquares16s(len, src...);
+    return exactSumOfSquares(len, src...);
   }
 };
 
@@ -76,6 +76,7 @@ Mox64s shiftedWide(Mox64u value, int factor) {
 
 // The factor is 1 << n in 32 signed bits, n modulo 32: 31 makes it negative.
 Mox32s scaledRoot(Mox64u value, int factor) {
+  const HiddenExceptions scope;
   const Mox64f root = squareRoot(Mox64f(Mox64s(value)));
   const Mox32u places = factor > 0 ? Mox32u(factor) : -Mox32u(factor);
   const Mox64f power = Mox32s(1u << places % 32);
@@ -114,22 +115,22 @@ MoxStatus scaledNormDiff(const Mox16s* src1, const Mox16s* src2, int len, D* res
 
 }  // namespace
 
-MOX_EXPORT(moxsNorm_Inf_16s32f, norm<Converted<Inf>, Mox32f>);
-MOX_EXPORT(moxsNorm_L1_16s32f, norm<Converted<L1>, Mox32f>);
-MOX_EXPORT(moxsNorm_L2_16s32f, norm<ConvertedRoot, Mox32f>);
-MOX_EXPORT(moxsNorm_Inf_16s32s_Sfs, scaledNorm<Inf, shifted, Mox32s>);
-MOX_EXPORT(moxsNorm_L1_16s32s_Sfs, scaledNorm<L1, shifted, Mox32s>);
-MOX_EXPORT(moxsNorm_L1_16s64s_Sfs, scaledNorm<L1, shiftedWide, Mox64s>);
-MOX_EXPORT(moxsNorm_L2Sqr_16s64s_Sfs, scaledNorm<L2Sqr, shiftedWide, Mox64s>);
-MOX_EXPORT(moxsNorm_L2_16s32s_Sfs, scaledNorm<L2Sqr, scaledRoot, Mox32s>);
+MOX_EXPORT(moxsNorm_Inf_16s32f, norm<Converted<Inf>>);
+MOX_EXPORT(moxsNorm_L1_16s32f, norm<Converted<L1>>);
+MOX_EXPORT(moxsNorm_L2_16s32f, norm<ConvertedRoot>);
+MOX_EXPORT(moxsNorm_Inf_16s32s_Sfs, scaledNorm<Inf, shifted>);
+MOX_EXPORT(moxsNorm_L1_16s32s_Sfs, scaledNorm<L1, shifted>);
+MOX_EXPORT(moxsNorm_L1_16s64s_Sfs, scaledNorm<L1, shiftedWide>);
+MOX_EXPORT(moxsNorm_L2Sqr_16s64s_Sfs, scaledNorm<L2Sqr, shiftedWide>);
+MOX_EXPORT(moxsNorm_L2_16s32s_Sfs, scaledNorm<L2Sqr, scaledRoot>);
 
-MOX_EXPORT(moxsNormDiff_Inf_16s32f, normDiff<Converted<Inf>, Mox32f>);
-MOX_EXPORT(moxsNormDiff_L1_16s32f, normDiff<Converted<L1>, Mox32f>);
-MOX_EXPORT(moxsNormDiff_L2_16s32f, normDiff<ConvertedRoot, Mox32f>);
-MOX_EXPORT(moxsNormDiff_Inf_16s32s_Sfs, scaledNormDiff<Inf, shifted, Mox32s>);
-MOX_EXPORT(moxsNormDiff_L1_16s32s_Sfs, scaledNormDiff<L1, shifted, Mox32s>);
-MOX_EXPORT(moxsNormDiff_L1_16s64s_Sfs, scaledNormDiff<L1, shiftedWide, Mox64s>);
-MOX_EXPORT(moxsNormDiff_L2Sqr_16s64s_Sfs, scaledNormDiff<L2Sqr, shiftedWide, Mox64s>);
-MOX_EXPORT(moxsNormDiff_L2_16s32s_Sfs, scaledNormDiff<L2Sqr, scaledRoot, Mox32s>);
+MOX_EXPORT(moxsNormDiff_Inf_16s32f, normDiff<Converted<Inf>>);
+MOX_EXPORT(moxsNormDiff_L1_16s32f, normDiff<Converted<L1>>);
+MOX_EXPORT(moxsNormDiff_L2_16s32f, normDiff<ConvertedRoot>);
+MOX_EXPORT(moxsNormDiff_Inf_16s32s_Sfs, scaledNormDiff<Inf, shifted>);
+MOX_EXPORT(moxsNormDiff_L1_16s32s_Sfs, scaledNormDiff<L1, shifted>);
+MOX_EXPORT(moxsNormDiff_L1_16s64s_Sfs, scaledNormDiff<L1, shiftedWide>);
+MOX_EXPORT(moxsNormDiff_L2Sqr_16s64s_Sfs, scaledNormDiff<L2Sqr, shiftedWide>);
+MOX_EXPORT(moxsNormDiff_L2_16s32s_Sfs, scaledNormDiff<L2Sqr, scaledRoot>);
 
 }  // namespace mox::stats

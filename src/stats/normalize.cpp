@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"
 
@@ -30,6 +30,7 @@ template <class E>
 MoxStatus normalizeScaled(const E* src, E* dst, int len, E sub, int div, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (div == 0) return moxErrDivByZero;
+  const HiddenExceptions scope;
   using T = V<Mox32f>;
   // Past 2^60 either way every quotient is 0, or beyond all limits.
   const Mox32f divisor = Mox32f(div);
@@ -51,11 +52,11 @@ MoxStatus normalizeScaled(const E* src, E* dst, int len, E sub, int div, int sca
 
 }  // namespace
 
-MOX_EXPORT(moxsNormalize_32f, normalize<Mox32f>);
-MOX_EXPORT(moxsNormalize_64f, normalize<Mox64f>);
-MOX_EXPORT(moxsNormalize_32fc, normalize<Mox32fc>);
-MOX_EXPORT(moxsNormalize_64fc, normalize<Mox64fc>);
-MOX_EXPORT(moxsNormalize_16s_Sfs, normalizeScaled<Mox16s>);
-MOX_EXPORT(moxsNormalize_16sc_Sfs, normalizeScaled<Mox16sc>);
+MOX_EXPORT(moxsNormalize_32f, normalize);
+MOX_EXPORT(moxsNormalize_64f, normalize);
+MOX_EXPORT(moxsNormalize_32fc, normalize);
+MOX_EXPORT(moxsNormalize_64fc, normalize);
+MOX_EXPORT(moxsNormalize_16s_Sfs, normalizeScaled);
+MOX_EXPORT(moxsNormalize_16sc_Sfs, normalizeScaled);
 
 }  // namespace mox::stats

@@ -3,25 +3,27 @@
 
 #include <algorithm>
 
+#include "frame/control_word.h"
+#include "frame/elements.h"
 #include "frame/rounding.h"
 #include "frame/vec/vec.h"
 
 namespace mox::stats {
 
-// 2^-factor; from 2^-1023 on it is 0.
+// 2^-factor. Powers beyond these leave no sum that an integer could tell apart.
 inline Mox64f scaleMultiplier(int factor) {
-  return powerOfTwo<Mox64f>(-std::clamp(factor, -1023, 1023));
+  return powerOfTwo<Mox64f>(-std::clamp(factor, -100, 100));
 }
 
-// x halved `factor` times, or doubled where that is negative. Powers beyond these leave no x that
-// an integer could tell apart.
-inline Mox64f halvedOrDoubled(Mox64f x, int factor) {
-  return x * powerOfTwo<Mox64f>(-std::clamp(factor, -1000, 1000));
+// The sum or mean of elements E times 2^-factor. Of real ones nothing is left from 2^-1023 on.
+template <class E>
+Mox64f scaled(Mox64f x, int factor) {
+  return !Complex<E> && factor >= 1023 ? 0 : x * scaleMultiplier(factor);
 }
 
 // In the rounding mode in force, saturated to T.
 template <class T>
-T heldInteger(Mox64f x) {
+T saturatedInteger(Mox64f x) {
   return T(toInteger(std::clamp(x, Mox64f(Limits<T>::min), Mox64f(Limits<T>::max))));
 }
 

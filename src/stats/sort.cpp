@@ -3,7 +3,6 @@
 
 #include <type_traits>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/count_bytes.h"
 #include "stats/sort_order.h"
@@ -36,29 +35,29 @@ MoxStatus sortIndex(T* srcDst, Mox32s* dstIdx, int len) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSortAscend_8u_I, sort<Ascending, Mox8u>);
-MOX_EXPORT(moxsSortAscend_16s_I, sort<Ascending, Mox16s>);
-MOX_EXPORT(moxsSortAscend_16u_I, sort<Ascending, Mox16u>);
-MOX_EXPORT(moxsSortAscend_32s_I, sort<Ascending, Mox32s>);
-MOX_EXPORT(moxsSortAscend_32f_I, sort<Ascending, Mox32f>);
-MOX_EXPORT(moxsSortAscend_64f_I, sort<Ascending, Mox64f>);
-MOX_EXPORT(moxsSortDescend_8u_I, sort<Descending, Mox8u>);
-MOX_EXPORT(moxsSortDescend_16s_I, sort<Descending, Mox16s>);
-MOX_EXPORT(moxsSortDescend_16u_I, sort<Descending, Mox16u>);
-MOX_EXPORT(moxsSortDescend_32s_I, sort<Descending, Mox32s>);
-MOX_EXPORT(moxsSortDescend_32f_I, sort<Descending, Mox32f>);
-MOX_EXPORT(moxsSortDescend_64f_I, sort<Descending, Mox64f>);
-MOX_EXPORT(moxsSortIndexAscend_8u_I, sortIndex<Ascending, Mox8u>);
-MOX_EXPORT(moxsSortIndexAscend_16s_I, sortIndex<Ascending, Mox16s>);
-MOX_EXPORT(moxsSortIndexAscend_16u_I, sortIndex<Ascending, Mox16u>);
-MOX_EXPORT(moxsSortIndexAscend_32s_I, sortIndex<Ascending, Mox32s>);
-MOX_EXPORT(moxsSortIndexAscend_32f_I, sortIndex<Ascending, Mox32f>);
-MOX_EXPORT(moxsSortIndexAscend_64f_I, sortIndex<Ascending, Mox64f>);
-MOX_EXPORT(moxsSortIndexDescend_8u_I, sortIndex<Descending, Mox8u>);
-MOX_EXPORT(moxsSortIndexDescend_16s_I, sortIndex<Descending, Mox16s>);
-MOX_EXPORT(moxsSortIndexDescend_16u_I, sortIndex<Descending, Mox16u>);
-MOX_EXPORT(moxsSortIndexDescend_32s_I, sortIndex<Descending, Mox32s>);
-MOX_EXPORT(moxsSortIndexDescend_32f_I, sortIndex<Descending, Mox32f>);
-MOX_EXPORT(moxsSortIndexDescend_64f_I, sortIndex<Descending, Mox64f>);
+MOX_EXPORT(moxsSortAscend_8u_I, sort<Ascending>);
+MOX_EXPORT(moxsSortAscend_16s_I, sort<Ascending>);
+MOX_EXPORT(moxsSortAscend_16u_I, sort<Ascending>);
+MOX_EXPORT(moxsSortAscend_32s_I, sort<Ascending>);
+MOX_EXPORT(moxsSortAscend_32f_I, sort<Ascending>);
+MOX_EXPORT(moxsSortAscend_64f_I, sort<Ascending>);
+MOX_EXPORT(moxsSortDescend_8u_I, sort<Descending>);
+MOX_EXPORT(moxsSortDescend_16s_I, sort<Descending>);
+MOX_EXPORT(moxsSortDescend_16u_I, sort<Descending>);
+MOX_EXPORT(moxsSortDescend_32s_I, sort<Descending>);
+MOX_EXPORT(moxsSortDescend_32f_I, sort<Descending>);
+MOX_EXPORT(moxsSortDescend_64f_I, sort<Descending>);
+MOX_EXPORT(moxsSortIndexAscend_8u_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexAscend_16s_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexAscend_16u_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexAscend_32s_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexAscend_32f_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexAscend_64f_I, sortIndex<Ascending>);
+MOX_EXPORT(moxsSortIndexDescend_8u_I, sortIndex<Descending>);
+MOX_EXPORT(moxsSortIndexDescend_16s_I, sortIndex<Descending>);
+MOX_EXPORT(moxsSortIndexDescend_16u_I, sortIndex<Descending>);
+MOX_EXPORT(moxsSortIndexDescend_32s_I, sortIndex<Descending>);
+MOX_EXPORT(moxsSortIndexDescend_32f_I, sortIndex<Descending>);
+MOX_EXPORT(moxsSortIndexDescend_64f_I, sortIndex<Descending>);
 
 }  // namespace mox::stats

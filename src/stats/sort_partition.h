@@ -22,12 +22,12 @@ constexpr int scanBlock = 64;
 // Bit k is set where the test does not hold of element k; count is at most 64.
 template <class T, class Test>
 [[gnu::always_inline]] inline Mox64u stops(const T* elements, int count, Test passes) {
-  constexpr int lanes = (std::is_floating_point_v<T> ? vectorBytes : 16) / sizeof(T);
+  constexpr int lanes = laneCount<Register<T>>;
   constexpr unsigned every = (1u << lanes) - 1;
   Mox64u bits = 0;
   int k = 0;
   for (; k <= count - lanes; k += lanes) {
-    const unsigned passed = unsigned(signBits(passes(load<V<T, lanes>>(elements + k))));
+    const unsigned passed = unsigned(signBits(passes(load<Register<T>>(elements + k))));
     bits |= Mox64u(passed ^ every) << k;
   }
   for (; k < count; ++k) bits |= Mox64u(!passes(load<T>(elements + k))) << k;
@@ -121,7 +121,7 @@ Cut partition(Sequence s, Segment segment) {
   const auto pivot = middle.key;
   const long split = separate<Order>(s, lo + 1, hi, pivot);
   // Where a NaN stands at the end, all can be before the split. The end stays out of the left side
-  // even so, lest a segment be its own part for ever.
+  // even so, so that every segment shrinks.
   Cut cut = {std::min(split, hi) - 1, std::min(split, hi)};
   while (cut.leftEnd > lo && s.key(cut.leftEnd) == pivot) --cut.leftEnd;
   return cut;

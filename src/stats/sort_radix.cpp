@@ -1,7 +1,6 @@
 // Stable sorts by the digits of keys, of vectors in place and of indices.
 #include <moxsp/sorting.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 #include "stats/count_bytes.h"
@@ -63,31 +62,31 @@ MoxStatus sortRadixIndex(const T* src, int srcStrideBytes, Mox32s* dstIdx, Mox32
 
 }  // namespace
 
-MOX_EXPORT(moxsSortRadixAscend_8u_I, sortRadix<Ascending, Mox8u>);
-MOX_EXPORT(moxsSortRadixAscend_16s_I, sortRadix<Ascending, Mox16s>);
-MOX_EXPORT(moxsSortRadixAscend_16u_I, sortRadix<Ascending, Mox16u>);
-MOX_EXPORT(moxsSortRadixAscend_32s_I, sortRadix<Ascending, Mox32s>);
-MOX_EXPORT(moxsSortRadixAscend_32u_I, sortRadix<Ascending, Mox32u>);
-MOX_EXPORT(moxsSortRadixAscend_32f_I, sortRadix<Ascending, Mox32f>);
-MOX_EXPORT(moxsSortRadixAscend_64f_I, sortRadix<Ascending, Mox64f>);
-MOX_EXPORT(moxsSortRadixDescend_8u_I, sortRadix<Descending, Mox8u>);
-MOX_EXPORT(moxsSortRadixDescend_16s_I, sortRadix<Descending, Mox16s>);
-MOX_EXPORT(moxsSortRadixDescend_16u_I, sortRadix<Descending, Mox16u>);
-MOX_EXPORT(moxsSortRadixDescend_32s_I, sortRadix<Descending, Mox32s>);
-MOX_EXPORT(moxsSortRadixDescend_32u_I, sortRadix<Descending, Mox32u>);
-MOX_EXPORT(moxsSortRadixDescend_32f_I, sortRadix<Descending, Mox32f>);
-MOX_EXPORT(moxsSortRadixDescend_64f_I, sortRadix<Descending, Mox64f>);
-MOX_EXPORT(moxsSortRadixIndexAscend_8u, sortRadixIndex<Ascending, Mox8u>);
-MOX_EXPORT(moxsSortRadixIndexAscend_16s, sortRadixIndex<Ascending, Mox16s>);
-MOX_EXPORT(moxsSortRadixIndexAscend_16u, sortRadixIndex<Ascending, Mox16u>);
-MOX_EXPORT(moxsSortRadixIndexAscend_32s, sortRadixIndex<Ascending, Mox32s>);
-MOX_EXPORT(moxsSortRadixIndexAscend_32u, sortRadixIndex<Ascending, Mox32u>);
-MOX_EXPORT(moxsSortRadixIndexAscend_32f, sortRadixIndex<Ascending, Mox32f>);
-MOX_EXPORT(moxsSortRadixIndexDescend_8u, sortRadixIndex<Descending, Mox8u>);
-MOX_EXPORT(moxsSortRadixIndexDescend_16s, sortRadixIndex<Descending, Mox16s>);
-MOX_EXPORT(moxsSortRadixIndexDescend_16u, sortRadixIndex<Descending, Mox16u>);
-MOX_EXPORT(moxsSortRadixIndexDescend_32s, sortRadixIndex<Descending, Mox32s>);
-MOX_EXPORT(moxsSortRadixIndexDescend_32u, sortRadixIndex<Descending, Mox32u>);
-MOX_EXPORT(moxsSortRadixIndexDescend_32f, sortRadixIndex<Descending, Mox32f>);
+MOX_EXPORT(moxsSortRadixAscend_8u_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_16s_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_16u_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_32s_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_32u_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_32f_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixAscend_64f_I, sortRadix<Ascending>);
+MOX_EXPORT(moxsSortRadixDescend_8u_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_16s_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_16u_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_32s_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_32u_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_32f_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixDescend_64f_I, sortRadix<Descending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_8u, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_16s, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_16u, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_32s, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_32u, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexAscend_32f, sortRadixIndex<Ascending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_8u, sortRadixIndex<Descending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_16s, sortRadixIndex<Descending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_16u, sortRadixIndex<Descending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_32s, sortRadixIndex<Descending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_32u, sortRadixIndex<Descending>);
+MOX_EXPORT(moxsSortRadixIndexDescend_32f, sortRadixIndex<Descending>);
 
 }  // namespace mox::stats

@@ -19,7 +19,7 @@ constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
 constexpr int fineBits = 11, fineParts = 1 << fineBits;
 
-// The digits that remain within a part after so many bits.
+// The digits that remain within a part when the highest `bits` bits are taken off.
 template <class Bits, int bits>
 struct Below;
 template <>
@@ -39,10 +39,10 @@ struct Below<Mox64u, fineBits> {
   static constexpr Digit digits[] = {{0, 11}, {11, 11}, {22, 11}, {33, 10}, {43, 10}};
 };
 
-// All keys agree in the bits above so many. As a rule the first few already differ in all.
+// The number of low bits in which keys differ. Most often the first few keys show them all.
 template <class Bits>
 int differingBits(const Bits* keys, long len) {
-  using Vector = V<Bits, 16 / sizeof(Bits)>;
+  using Vector = I<Bits>;
   constexpr int lanes = laneCount<Vector>;
   constexpr long block = 1024;
   const Bits first = load<Bits>(keys);
@@ -110,7 +110,7 @@ Parts cut(const T* from, T* to, long len, int bits) {
   return parts;
 }
 
-// Sorts `keys`, which are as good as `other`, into either.
+// Sorts `keys` with `other` as scratch, into the one that `intoOther` tells.
 template <class Key, class T>
 void sortByParts(T* keys, T* other, long len, bool intoOther) {
   using Bits = typename Key::Bits;

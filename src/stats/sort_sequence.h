@@ -49,7 +49,8 @@ template <class Sequence>
   s.put(j, a);
 }
 
-// Puts two items in order, without a branch, for nothing foretells it. Equal keys stay.
+// Puts two items in order, without a branch: it would be mispredicted half of the time. Equal keys
+// stay.
 template <class Order, class Item>
 [[gnu::always_inline]] inline void arrange(Item& a, Item& b) {
   if constexpr (requires { a.index; }) {

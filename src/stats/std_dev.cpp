@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "stats/integer_sums.h"
 #include "stats/scaled_result.h"
@@ -36,8 +35,8 @@ Moments<Mox64f> momentsInOrder(const E* src, long len, long peel) {
 
 Moments<Mox64f> momentsOf(const Mox32f* src, long len, int hint) {
   if (hint == fastHint && isAligned(src, sizeof(Mox32f)))
-    return momentsInOrder<fastSum, Mox32f>(src, len, peelTo(vectorBytes, src, len));
-  return momentsInOrder<accurateMoments, Mox64f>(src, len, peelTo(16, src, len));
+    return momentsInOrder<fastSum, Mox32f>(src, len, peelCount<orderBytes>(src));
+  return momentsInOrder<accurateMoments, Mox64f>(src, len, peelCount<16>(src));
 }
 
 Moments<Mox64f> momentsOf(const Mox64f* src, long len) {
@@ -45,7 +44,7 @@ Moments<Mox64f> momentsOf(const Mox64f* src, long len) {
 }
 
 Moments<Mox64f> momentsOf(const Mox16s* src, long len) {
-  const auto sums = exactMomentsOf16s(src, len);
+  const auto sums = exactMoments(src, len);
   return {Mox64f(len), Mox64f(sums[0]), Mox64f(sums[1])};
 }
 
@@ -77,13 +76,6 @@ Mox64f stdDevOf(const Moments<Mox64f>& m) {
   return squareRoot(greater(m.spread(), 0.0) / m.pairs());
 }
 
-Mox32s scaledStdDev(const Moments<Mox64f>& m, int factor) {
-  return heldInteger<Mox32s>(halvedOrDoubled(stdDevOf(m), factor));
-}
-Mox32s scaledMean(const Moments<Mox64f>& m, int factor) {
-  return heldInteger<Mox32s>(m.mean() * scaleMultiplier(factor));
-}
-
 template <class... D>
 MoxStatus checkDeviation(int len, const D*... arrays) {
   if (anyNull(arrays...)) return moxErrNullPtr;
@@ -105,11 +97,12 @@ MoxStatus stdDev64f(const Mox64f* src, int len, Mox64f* stdDev) {
 template <class D>
 MoxStatus stdDev16s(const Mox16s* src, int len, D* stdDev, int scaleFactor) {
   if (MoxStatus s = checkDeviation(len, src, stdDev)) return s;
-  store(stdDev, saturate<D>(scaledStdDev(momentsOf(src, len), scaleFactor)));
+  const HiddenExceptions scope;
+  store(stdDev, saturatedInteger<D>(stdDevOf(momentsOf(src, len)) * scaleMultiplier(scaleFactor)));
   return moxOk;
 }
 
-// One road for every hint.
+// The hint is ignored.
 MoxStatus meanStdDev32f(const Mox32f* src, int len, Mox32f* mean, Mox32f* stdDev, int /*hint*/) {
   if (MoxStatus s = checkDeviation(len, src, mean, stdDev)) return s;
   const auto m = extendedMomentsOf(src, len);
@@ -130,9 +123,10 @@ MoxStatus meanStdDev64f(const Mox64f* src, int len, Mox64f* mean, Mox64f* stdDev
 template <class D>
 MoxStatus meanStdDev16s(const Mox16s* src, int len, D* mean, D* stdDev, int scaleFactor) {
   if (MoxStatus s = checkDeviation(len, src, mean, stdDev)) return s;
+  const HiddenExceptions scope;
   const auto m = momentsOf(src, len);
-  store(mean, saturate<D>(scaledMean(m, scaleFactor)));
-  store(stdDev, saturate<D>(scaledStdDev(m, scaleFactor)));
+  store(mean, saturatedInteger<D>(scaled<Mox16s>(m.mean(), scaleFactor)));
+  store(stdDev, saturatedInteger<D>(stdDevOf(m) * scaleMultiplier(scaleFactor)));
   return moxOk;
 }
 
@@ -140,12 +134,12 @@ MoxStatus meanStdDev16s(const Mox16s* src, int len, D* mean, D* stdDev, int scal
 
 MOX_EXPORT(moxsStdDev_32f, stdDev32f);
 MOX_EXPORT(moxsStdDev_64f, stdDev64f);
-MOX_EXPORT(moxsStdDev_16s_Sfs, stdDev16s<Mox16s>);
-MOX_EXPORT(moxsStdDev_16s32s_Sfs, stdDev16s<Mox32s>);
+MOX_EXPORT(moxsStdDev_16s_Sfs, stdDev16s);
+MOX_EXPORT(moxsStdDev_16s32s_Sfs, stdDev16s);
 
 MOX_EXPORT(moxsMeanStdDev_32f, meanStdDev32f);
 MOX_EXPORT(moxsMeanStdDev_64f, meanStdDev64f);
-MOX_EXPORT(moxsMeanStdDev_16s_Sfs, meanStdDev16s<Mox16s>);
-MOX_EXPORT(moxsMeanStdDev_16s32s_Sfs, meanStdDev16s<Mox32s>);
+MOX_EXPORT(moxsMeanStdDev_16s_Sfs, meanStdDev16s);
+MOX_EXPORT(moxsMeanStdDev_16s32s_Sfs, meanStdDev16s);
 
 }  // namespace mox::stats

@@ -3,7 +3,6 @@
 
 #include <moxsp/reductions.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 #include "stats/integer_sums.h"
@@ -29,40 +28,32 @@ MoxStatus sumDouble(const E* src, int len, E* sum) {
   return sumHinted(src, len, sum, 0);
 }
 
-template <class D>
-MoxStatus sum16s(const Mox16s* src, int len, D* sum, int scaleFactor) {
+template <class E, class D>
+MoxStatus sumShort(const E* src, int len, D* sum, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, sum)) return s;
-  const Mox64f scaled = Mox64f(sumOf16s(src, len)) * scaleMultiplier(scaleFactor);
-  store(sum, saturate<D>(heldInteger<Mox32s>(scaled)));
-  return moxOk;
-}
-
-template <class D>
-MoxStatus sum16sc(const Mox16sc* src, int len, D* sum, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, src, sum)) return s;
-  const auto sums = sumOf16sc(src, len);
-  for (int p = 0; p < 2; ++p)
-    store(parts(sum) + p,
-          saturate<Part<D>>(heldInteger<Mox32s>(halvedOrDoubled(Mox64f(sums[p]), scaleFactor))));
+  const HiddenExceptions scope;
+  const auto sums = exactSum(src, len);
+  for (int p = 0; p < partsPerElement<E>; ++p)
+    store(parts(sum) + p, saturatedInteger<Part<D>>(scaled<E>(Mox64f(sums[p]), scaleFactor)));
   return moxOk;
 }
 
 MoxStatus sum32s(const Mox32s* src, int len, Mox32s* sum, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, sum)) return s;
-  store(sum, Scale<Mox32s, 62>(scaleFactor).apply(sumOf32s(src, len)));
+  store(sum, Scale<Mox32s, 62>(scaleFactor).apply(exactSum(src, len)[0]));
   return moxOk;
 }
 
 }  // namespace
 
-MOX_EXPORT(moxsSum_32f, sumHinted<Mox32f>);
-MOX_EXPORT(moxsSum_32fc, sumHinted<Mox32fc>);
-MOX_EXPORT(moxsSum_64f, sumDouble<Mox64f>);
-MOX_EXPORT(moxsSum_64fc, sumDouble<Mox64fc>);
-MOX_EXPORT(moxsSum_16s_Sfs, sum16s<Mox16s>);
-MOX_EXPORT(moxsSum_16s32s_Sfs, sum16s<Mox32s>);
-MOX_EXPORT(moxsSum_16sc_Sfs, sum16sc<Mox16sc>);
-MOX_EXPORT(moxsSum_16sc32sc_Sfs, sum16sc<Mox32sc>);
+MOX_EXPORT(moxsSum_32f, sumHinted);
+MOX_EXPORT(moxsSum_32fc, sumHinted);
+MOX_EXPORT(moxsSum_64f, sumDouble);
+MOX_EXPORT(moxsSum_64fc, sumDouble);
+MOX_EXPORT(moxsSum_16s_Sfs, sumShort);
+MOX_EXPORT(moxsSum_16s32s_Sfs, sumShort);
+MOX_EXPORT(moxsSum_16sc_Sfs, sumShort);
+MOX_EXPORT(moxsSum_16sc32sc_Sfs, sumShort);
 MOX_EXPORT(moxsSum_32s_Sfs, sum32s);
 
 }  // namespace mox::stats

@@ -46,7 +46,7 @@ PartSums<E> sumOf(const E* src, long len, int hint = 0) {
   using F = Part<E>;
   constexpr bool real = partsPerElement<E> == 1;
   const bool aligned = isAligned(src, sizeof(F));
-  const long n = partsPerElement<E> * len, peel = peelTo(vectorBytes, parts(src), n);
+  const long n = partsPerElement<E> * len, peel = peelCount<orderBytes>(parts(src));
   if constexpr (sizeof(F) == 4) {
     constexpr Order fast = real ? fastSum : fastComplexSum;
     constexpr Order accurate = real ? accurateSum : accurateComplexSum;

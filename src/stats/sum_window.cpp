@@ -1,7 +1,6 @@
 // Sums over a window that slides along a vector.
 #include <moxsp/measures.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/vec/vec.h"
 
@@ -26,7 +25,7 @@ MoxStatus sumWindow(const E* src, Mox32f* dst, int len, int maskSize) {
 
 }  // namespace
 
-MOX_EXPORT(moxsSumWindow_8u32f, sumWindow<Mox8u>);
-MOX_EXPORT(moxsSumWindow_16s32f, sumWindow<Mox16s>);
+MOX_EXPORT(moxsSumWindow_8u32f, sumWindow);
+MOX_EXPORT(moxsSumWindow_16s32f, sumWindow);
 
 }  // namespace mox::stats

@@ -4,18 +4,10 @@
 #include <algorithm>
 #include <array>
 
-#include "frame/elements.h"
-#include "frame/widen.h"
+#include "frame/map.h"
 #include "stats/fold.h"
 
 namespace mox::stats {
-
-// Elements before `p` reaches the alignment, `len` at the most; none when it never does.
-template <class E>
-long peelTo(long alignment, const E* p, long len) {
-  const long missing = long(-addressOf(p) & std::uintptr_t(alignment - 1));
-  return missing % long(sizeof(E)) ? 0 : std::min(len, missing / long(sizeof(E)));
-}
 
 // One number as T, or a vector of T from there on.
 template <class T, class E>

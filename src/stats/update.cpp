@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "frame/checks.h"
+#include "frame/control_word.h"
 #include "frame/export.h"
 #include "frame/rounding.h"
 
@@ -21,7 +21,7 @@ struct Power {
 };
 
 // Exact. With a factor beyond -1 to 1, y grows with every element once it is past 2^47, and only
-// its sign matters: it is held there. With the other factors it stays far below 2^62.
+// its sign matters: it is kept there. With the other factors it stays far below 2^62.
 template <class Term>
 Mox32s updatedExactly(Term term, long len, Mox64s y, int alpha) {
   const Mox64s limit = std::abs(alpha) > 1 ? Mox64s(1) << 47 : Mox64s(1) << 62;
@@ -33,6 +33,7 @@ Mox32s updatedExactly(Term term, long len, Mox64s y, int alpha) {
 // Four elements a step, what is left by two and one.
 template <class Term>
 Mox32s updatedInDouble(Term term, long len, Mox64f y, int alpha) {
+  const HiddenExceptions scope;
   const Mox64f a = alpha, a2 = a * a, a3 = a2 * a, a4 = a2 * a2, rest = 1 - a;
   const auto x = [&](long i) { return Mox64f(term(i)); };
   long i = 0;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <bit>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/map.h"
 
@@ -55,7 +54,7 @@ MoxStatus zeroCrossing(const E* src, int len, Mox32f* result, int zcType) {
 
 }  // namespace
 
-MOX_EXPORT(moxsZeroCrossing_32f, zeroCrossing<Mox32f>);
-MOX_EXPORT(moxsZeroCrossing_16s32f, zeroCrossing<Mox16s>);
+MOX_EXPORT(moxsZeroCrossing_32f, zeroCrossing);
+MOX_EXPORT(moxsZeroCrossing_16s32f, zeroCrossing);
 
 }  // namespace mox::stats

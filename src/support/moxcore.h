@@ -11,14 +11,10 @@ void* moxMalloc(int bytes);
 void moxFree(void* p);
 // `p` rounded up to a multiple of `alignment`, a power of two.
 void* moxAlignPtr(void* p, int alignment);
-// The largest data cache that one core can use, in bytes. Non-zero where it can't be told.
-int moxGetMaxCacheSizeB(int* bytes);
 // What the processor has and the system lets us use.
 std::uint64_t moxGetEnabledCpuFeatures();
 // Non-zero when all features of the mask are enabled.
 int ownGetFeature(std::uint64_t mask);
-// The registers a, b, c, d of the CPUID instruction; zeros where it does not know the leaf.
-void ownGetCpuid(unsigned leaf, unsigned (*registers)[4]);
 }
 
 namespace mox {

@@ -4,6 +4,7 @@
 #include <moxsp.h>
 
 #include <bit>
+#include <cfenv>
 
 #include "arith/exact_scaled.h"
 
@@ -145,6 +146,20 @@ TEST(Division, WarnsOfAZeroAtAnyPlace) {
   expectWarnings<Mox64f>(MEMBER(Div_64f), 0, 3);
   expectWarnings<Mox32fc>(MEMBER(Div_32fc), {0, -0.0f}, {0, 1e-30f});
   expectWarnings<Mox64fc>(MEMBER(Div_64fc), {0, 0}, {-1, 0});
+}
+
+// The bits of both parts together would be those of a signalling NaN.
+template <class E>
+void expectNoException(MoxStatus (*divide)(const E*, const E*, E*, int), E a, E b) {
+  std::vector<E> divisors(17, a), dividends(17, b), quotients(17);
+  std::feclearexcept(FE_ALL_EXCEPT);
+  EXPECT_EQ(divide(divisors.data(), dividends.data(), quotients.data(), 17), moxOk);
+  EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT & ~FE_INEXACT), 0);
+}
+
+TEST(Division, ComplexNumbersRaiseNoException) {
+  expectNoException<Mox32fc>(moxsDiv_32fc, {9.4375f, 1.1875f}, {58.5f, 33.5625f});
+  expectNoException<Mox64fc>(moxsDiv_64fc, {1.1875, 2.3125}, {58.5, 33.5625});
 }
 
 }  // namespace

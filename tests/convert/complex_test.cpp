@@ -3,6 +3,7 @@
 #include <moxsp.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <deque>
 
@@ -281,6 +282,28 @@ TEST(Complex, CartToPolarIsMagnitudeAndPhase) {
                     MEMBER(Phase_32fc));
   expectCartToPolar(moxsCartToPolar_64fc, moxsCartToPolar_64f, MEMBER(Magnitude_64fc),
                     MEMBER(Phase_64fc));
+}
+
+TEST(Polar, LeavesErrnoAlone) {
+  const Mox64f large[] = {1e308, 0x1p-1074, INFINITY, 1e300}, small[] = {0x1p-1074, 1e308, 1, NAN};
+  const Mox32f largeFloat[] = {3e38f, 0x1p-149f}, smallFloat[] = {0x1p-149f, 3e38f};
+  Mox64f first[4], second[4];
+  Mox32f angle[2];
+  errno = 0;
+  EXPECT_EQ(moxsPhase_64f(large, small, first, 4), moxOk);
+  EXPECT_EQ(moxsPhase_32f(largeFloat, smallFloat, angle, 2), moxOk);
+  EXPECT_EQ(moxsCartToPolar_64f(small, large, first, second, 4), moxOk);
+  EXPECT_EQ(moxsPolarToCart_64f(small, large, first, second, 4), moxOk);
+  EXPECT_EQ(errno, 0);
+}
+
+// The double that comes closest of all to a multiple of pi / 2.
+TEST(Polar, TheAngleNextToAQuarterKeepsItsDigits) {
+  const Mox64f one = 1, phase = 0x1.6ac5b262ca1ffp+849;
+  Mox64fc z;
+  ASSERT_EQ(moxsPolarToCart_64fc(&one, &phase, &z, 1), moxOk);
+  EXPECT_DOUBLE_EQ(z.re, -4.68716592425462761112e-19);
+  EXPECT_EQ(z.im, 1);
 }
 
 }  // namespace

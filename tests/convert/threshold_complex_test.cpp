@@ -192,4 +192,32 @@ TEST(ThresholdComplex, ReciprocalsOfRaisedMagnitudes) {
   EXPECT_EQ(run(MEMBER(Threshold_LTInv_32fc), noZero, 0).status, moxOk);
 }
 
+// Beyond the range of squares doubles go through the x87 unit, whose precision the caller may
+// lower.
+template <class Call>
+Mox64fc atSinglePrecision(Call call) {
+  const unsigned short single = 0x007F, full = 0x037F;
+  asm volatile("fldcw %0" : : "m"(single));
+  const Mox64fc z = call();
+  unsigned short after;
+  asm volatile("fnstcw %0" : "=m"(after));
+  asm volatile("fldcw %0" : : "m"(full));
+  EXPECT_EQ(after, single);
+  return z;
+}
+
+TEST(ComplexThreshold, KeepsItsDigitsWhereTheX87IsAtSinglePrecision) {
+  const Mox64fc z = {1.2345678901234567e-200, 9.8765432109876543e-201};
+  for (const auto function : {moxsThreshold_LT_64fc, moxsThreshold_LTInv_64fc}) {
+    const auto call = [&] {
+      Mox64fc result;
+      EXPECT_EQ(function(&z, &result, 1, 1e-190), moxOk);
+      return result;
+    };
+    const Mox64fc expected = call(), result = atSinglePrecision(call);
+    EXPECT_EQ(result.re, expected.re);
+    EXPECT_EQ(result.im, expected.im);
+  }
+}
+
 }  // namespace

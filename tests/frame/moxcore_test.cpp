@@ -48,33 +48,6 @@ TEST(Core, AlignPtrGivesTheFirstMultipleAtOrAfter) {
     }
 }
 
-// What the kernel says of the caches of the first processor: "48K", "2048K", "260M".
-long largestCacheOfKernel() {
-  long largest = 0;
-  for (int i = 0; i < 8; ++i) {
-    const std::string folder = "/sys/devices/system/cpu/cpu0/cache/index" + std::to_string(i) + '/';
-    std::string type, size;
-    if (!(std::ifstream(folder + "type") >> type) || !(std::ifstream(folder + "size") >> size))
-      continue;
-    if (type == "Instruction") continue;
-    const long unit = size.back() == 'M' ? 1L << 20 : size.back() == 'K' ? 1L << 10 : 1;
-    largest = std::max(largest, std::stol(size) * unit);
-  }
-  return largest;
-}
-
-TEST(Core, CacheSizeIsTheKernels) {
-  int bytes = -1;
-  if (moxGetMaxCacheSizeB(&bytes) != 0) GTEST_SKIP() << "this processor does not tell";
-  EXPECT_GE(bytes, 4 << 10);
-  int again = 0;
-  ASSERT_EQ(moxGetMaxCacheSizeB(&again), 0);
-  EXPECT_EQ(again, bytes);
-  const long kernels = std::min<long>(largestCacheOfKernel(), INT_MAX);
-  if (kernels == 0) GTEST_SKIP() << "this kernel does not tell";
-  EXPECT_EQ(bytes, kernels);
-}
-
 TEST(Core, FeaturesAgreeWithTheProcessor) {
   unsigned eax, ebx, ecx, edx;
   ASSERT_TRUE(__get_cpuid(1, &eax, &ebx, &ecx, &edx));

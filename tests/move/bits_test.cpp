@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <limits>
+#include <vector>
 
 #include "support/guarded_array.h"
 #include "support/random.h"
@@ -92,6 +93,16 @@ TEST(PackBits, AgreesWithSingleBits) {
       for (const auto& [lowest, widest] :
            {std::pair(0, 0), {0, 3}, {1, 1}, {0, 32}, {7, 9}, {31, 32}, {32, 32}, {-2, 35}})
         checkPacking(random, len, offset, lowest, widest);
+}
+
+TEST(PackBits, ALengthBeyondIntIsTheLargest) {
+  const std::vector<int> widths((1 << 26) + 1, 32);
+  std::vector<Mox8u> dst(4 * widths.size());
+  int bits = 0;
+  const auto* src = reinterpret_cast<const Mox32u*>(widths.data());
+  EXPECT_EQ(moxsPackBits_32u8u(src, widths.data(), int(widths.size()), dst.data(), 0, &bits),
+            moxOk);
+  EXPECT_EQ(bits, std::numeric_limits<int>::max());
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 extern "C" {
 void* __real_moxMalloc(int bytes);
 void __real_moxFree(void* p);
-int __real_moxGetMaxCacheSizeB(int* bytes);
 int __real_ownGetFeature(std::uint64_t mask);
 }
 
@@ -27,13 +26,6 @@ void CoreProbe::release(void* p) {
   __real_moxFree(p);
 }
 
-int CoreProbe::maxCacheSize(int* bytes) const {
-  if (!cacheFixed_) return __real_moxGetMaxCacheSizeB(bytes);
-  if (!cache_) return -1;
-  *bytes = *cache_;
-  return 0;
-}
-
 int CoreProbe::feature(std::uint64_t mask) const {
   return features_ ? (*features_ & mask) == mask : __real_ownGetFeature(mask);
 }
@@ -43,9 +35,6 @@ void* __wrap_moxMalloc(int bytes) {
   return active ? active->allocate(bytes) : __real_moxMalloc(bytes);
 }
 void __wrap_moxFree(void* p) { active ? active->release(p) : __real_moxFree(p); }
-int __wrap_moxGetMaxCacheSizeB(int* bytes) {
-  return active ? active->maxCacheSize(bytes) : __real_moxGetMaxCacheSizeB(bytes);
-}
 int __wrap_ownGetFeature(std::uint64_t mask) {
   return active ? active->feature(mask) : __real_ownGetFeature(mask);
 }

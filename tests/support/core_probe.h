@@ -1,6 +1,5 @@
 // Stands between the library and moxcore while it lives: counts and fails allocations, fixes the
-// cache size and the feature mask. It hooks in at link time (--wrap), so the library
-// carries no trace of it.
+// feature mask. It hooks in at link time (--wrap), so the library carries no trace of it.
 #pragma once
 
 #include <cstdint>
@@ -14,9 +13,6 @@ class CoreProbe {
   CoreProbe& operator=(const CoreProbe&) = delete;
 
   void failAllocation(int nth) { failAt_ = allocations_ + nth; }  // 1 is the next one
-  void fixCacheSize(std::optional<int> bytes) {
-    cacheFixed_ = true, cache_ = bytes;
-  }  // none: unknown
   void fixFeatures(std::uint64_t mask) { features_ = mask; }
 
   int allocations() const { return allocations_; }  // asked for, failed ones included
@@ -26,14 +22,11 @@ class CoreProbe {
   // Called by the hooks.
   void* allocate(int bytes);
   void release(void* p);
-  int maxCacheSize(int* bytes) const;
   int feature(std::uint64_t mask) const;
 
  private:
   CoreProbe* outer_;  // which stands by meanwhile
   int allocations_ = 0, live_ = 0, failAt_ = 0;
   long lastBytes_ = 0;
-  bool cacheFixed_ = false;
-  std::optional<int> cache_;
   std::optional<std::uint64_t> features_;
 };

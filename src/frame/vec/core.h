@@ -36,6 +36,12 @@ using V = typename detail::VectorOf<E, N>::type;
 template <class E>
 using I = V<E, integerBytes / int(sizeof(E))>;
 
+// The register in which arithmetic on E goes.
+template <class E>
+constexpr int registerBytes = std::is_integral_v<E> ? integerBytes : vectorBytes;
+template <class E>
+using Register = V<E, registerBytes<E> / int(sizeof(E))>;
+
 template <class Vector>
 using Lane = std::remove_cvref_t<decltype(Vector{}[0])>;
 

@@ -45,17 +45,31 @@ bool x87StackIsEmpty() {
 
 }  // namespace
 
+// Such a function shows nothing of how it computes: no flag is raised, no trap taken. Transforms
+// and filters are none, for they keep floats.
+bool hasIntegerResults(Call& call) {
+  for (const char* kind : {"FIR", "IIR", "LMS", "FFT", "DFT"})
+    if (call.function().name.find(kind) != std::string::npos) return false;
+  int integers = 0, floats = 0;
+  for (const auto& array : call.arrays())
+    if (!array->isConst && array->element) ++(array->element->isFloat ? floats : integers);
+  return integers > 0 && floats == 0;
+}
+
 void checkControlWords(const Function& f, Position& at) {
   constexpr ControlWords settings[] = {
       {allMasked, x87Default},
       {allMasked | roundDown, x87DoubleToZero},
       {allMasked | roundToZero | flushToZero, x87Default},
-      {allMasked & ~(trapInvalid | trapZeroDivide | trapOverflow), x87Default}};
+      {allMasked & ~(trapInvalid | trapZeroDivide | trapOverflow), x87Default},
+      {0, x87Default}};
   forLengths(f, at, [&](int length) {
     if (length % 8 != 1 && length > 2) return;
     for (const ControlWords& words : settings) {
       at.detail = "with vector control word " + std::to_string(words.vector);
       Call call(f, {.length = length});
+      const bool hides = hasIntegerResults(call);
+      if (words.vector == 0 && !hides) continue;
       ControlWords after = words;
       bool emptyStack = true;
       setControlWords(words);
@@ -64,13 +78,15 @@ void checkControlWords(const Function& f, Position& at) {
         after = controlWords();
         emptyStack = x87StackIsEmpty();
       } catch (const FloatingPointTrap&) {
+        setControlWords(settings[0]);
+        if (hides) throw;
         // The caller asked for it; what a trap interrupts need not restore anything.
       } catch (...) {
         setControlWords(settings[0]);
         throw;
       }
       setControlWords(settings[0]);
-      if ((after.vector ^ words.vector) & ~statusFlags)
+      if ((after.vector ^ words.vector) & (hides ? ~0u : ~statusFlags))
         throw Misbehaved("leaves vector control word " + std::to_string(after.vector));
       if (after.x87 != words.x87)
         throw Misbehaved("leaves x87 control word " + std::to_string(after.x87));

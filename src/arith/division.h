@@ -1,15 +1,44 @@
-// Integer quotients times 2^-factor by floating-point arithmetic, in vectors W of floats or doubles
-// that hold the integers exactly. They run under rounding to nearest.
+// What divisions share: the note of zero divisors, integer quotients times 2^-factor by
+// floating-point arithmetic, and those in integers. Vectors W of floats or doubles hold the
+// integers exactly, and run under rounding to nearest.
 #pragma once
 
 #include <moxsp/types.h>
 
 #include <algorithm>
 
-#include "arith/div_zeros.h"
 #include "frame/rounding.h"
 
 namespace mox::arith {
+
+// Remembers whether a divisor was zero.
+template <class F>
+class ZeroDivisors {
+ public:
+  // The mask of those that are.
+  [[gnu::always_inline]] V<F> note(V<F> divisors) { return found(V<F>(divisors == V<F>{})); }
+  void note(F divisor) { one_ |= divisor == 0; }
+
+  // A complex divisor, of interleaved parts, is zero where both of them are. Only a sum of squares
+  // of 0, which the quotient is made of as well, asks for a closer look.
+  [[gnu::always_inline]] void noteComplex(V<F> divisors) {
+    const V<F> re = realParts(divisors), im = imaginaryParts(divisors);
+    if (anyLane(re * re + im * im == V<F>{})) [[unlikely]]
+      found(V<F>((re == V<F>{}) & (im == V<F>{})));
+  }
+  void noteComplex(V<F, 2> divisor) { one_ |= (divisor[0] == 0) & (divisor[1] == 0); }
+
+  MoxStatus status() const { return one_ || signBits(found_) ? moxWarnDivByZero : moxOk; }
+
+ private:
+  [[gnu::always_inline]] V<F> found(V<F> zero) {
+    found_ = either(found_, zero);
+    return zero;
+  }
+
+  V<F> found_ = {};
+  bool one_ = false;
+};
 
 // A divisor of zero is noted, and counts as one so small that any dividend but 0 reaches the limits
 // of its type.
@@ -86,6 +115,22 @@ template <int rounding, class T, class W>
       quotient += withSignOf(quotient, broadcast<W>(F(0.5)));
     return __builtin_convertvector(quotient, V<Mox32s, laneCount<W>>);
   }
+}
+
+// The absolute value; that of the minimum is no Mox64s.
+inline Mox64u absoluteValue(Mox64s v) { return v < 0 ? 0 - Mox64u(v) : Mox64u(v); }
+
+// quotient + remainder / divisor to the nearest integer, ties to the even one.
+inline Mox64u nearestQuotient(Mox64u quotient, Mox64u remainder, Mox64u divisor) {
+  const Mox64u rest = divisor - remainder;
+  return quotient + (remainder > rest || (remainder == rest && (quotient & 1)));
+}
+
+// The number of that magnitude and sign, saturated to T.
+template <class T>
+T saturatedTo(Mox64u magnitude, bool negative) {
+  constexpr Mox64u max = Mox64u(Limits<T>::max);
+  return negative ? T(0 - std::min(magnitude, max + 1)) : T(std::min(magnitude, max));
 }
 
 }  // namespace mox::arith
