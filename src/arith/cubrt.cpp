@@ -6,7 +6,6 @@
 #include "arith/vector_function.h"
 #include "frame/export.h"
 #include "frame/map_rounded.h"
-#include "frame/vec/vec.h"
 
 namespace mox::arith {
 namespace {

@@ -26,7 +26,11 @@ class ZeroDivisors {
     if (anyLane(re * re + im * im == V<F>{})) [[unlikely]]
       found(V<F>((re == V<F>{}) & (im == V<F>{})));
   }
-  void noteComplex(V<F, 2> divisor) { one_ |= (divisor[0] == 0) & (divisor[1] == 0); }
+  [[gnu::always_inline]] void noteComplex(V<F, 2> divisor) {
+    const V<F, 2> re = realParts(divisor), im = imaginaryParts(divisor);
+    if ((re * re + im * im)[0] == 0) [[unlikely]]
+      one_ |= divisor[0] == 0 && divisor[1] == 0;
+  }
 
   MoxStatus status() const { return one_ || signBits(found_) ? moxWarnDivByZero : moxOk; }
 

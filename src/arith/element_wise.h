@@ -3,7 +3,6 @@
 #pragma once
 
 #include "frame/checks.h"
-#include "frame/elements.h"
 #include "frame/map.h"
 #include "move/copy.h"
 #include "move/fill.h"

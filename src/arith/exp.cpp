@@ -7,7 +7,6 @@
 #include "arith/vector_function.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
-#include "frame/vec/vec.h"
 
 namespace mox::arith {
 namespace {

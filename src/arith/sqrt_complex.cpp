@@ -6,7 +6,6 @@
 #include <cmath>
 #include <limits>
 
-#include "frame/elements.h"
 #include "frame/in_place.h"
 #include "frame/map_rounded.h"
 #include "frame/pair.h"

@@ -11,10 +11,8 @@
 namespace mox::convert {
 namespace {
 
-template <class T>
-constexpr int digitsOf(const T*) {
-  return Limits<T>::digits;
-}
+template <class Pointer>
+constexpr int digits = Limits<std::remove_cvref_t<decltype(*Pointer())>>::digits;
 
 template <class Row>
 MoxStatus checkRows(const void* interleaved, Row* const* rows, int channels, int len) {
@@ -66,7 +64,7 @@ MoxStatus join(const Mox32f* const* srcRows, int channels, int len, D* dst) {
   alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
     s.eachSample(srcRows, piece, [](const Mox32f* x, Mox32f& p) { p = load<Mox32f>(x); });
-    convertToInteger(piece, out + s.start, s.count, moxRoundNearEven, -digitsOf(out));
+    convertToInteger(piece, out + s.start, s.count, moxRoundNearEven, -digits<decltype(out)>);
   });
   return moxOk;
 }
@@ -75,7 +73,7 @@ template <class Packed = void, class E>
 MoxStatus split(const E* src, Mox32f* const* dstRows, int channels, int len) {
   if (MoxStatus s = checkRows(src, dstRows, channels, len)) return s;
   const auto* const in = samples<Packed>(src);
-  const Mox32f scale = powerOfTwo<Mox32f>(-digitsOf(in));
+  const Mox32f scale = powerOfTwo<Mox32f>(-digits<decltype(in)>);
   alignas(vectorBytes) Mox32f piece[Stretch::size];
   inStretches(channels, len, [&](const Stretch& s) {
     mapWidened<V<Mox32f>>([=](auto v) { return v * scale; }, piece, s.count, in + s.start);

@@ -4,10 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "frame/elements.h"
 #include "frame/map.h"
 #include "frame/pair.h"
-#include "frame/vec/vec.h"
 
 namespace mox::convert {
 

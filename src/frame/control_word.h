@@ -53,6 +53,13 @@ class ControlScope {
 class HiddenExceptions : ControlScope {
  public:
   HiddenExceptions() : ControlScope(modeInForce, Exceptions::hidden) {}
+
+  // The same integer, computed before the scope ends even where it is not stored there.
+  template <class E>
+  E settled(E e) const {
+    asm volatile("" : "+r"(e));
+    return e;
+  }
 };
 class MaskedExceptions : ControlScope {
  public:

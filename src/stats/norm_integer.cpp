@@ -81,9 +81,8 @@ Mox32s scaledRoot(Mox64u value, int factor) {
   const Mox32u places = factor > 0 ? Mox32u(factor) : -Mox32u(factor);
   const Mox64f power = Mox32s(1u << places % 32);
   const Mox64f scaled = factor > 0 ? root / power : root * power;
-  if (scaled > Mox64f(Limits<Mox32s>::max)) return Mox32s(Limits<Mox32s>::max);
-  if (scaled < Mox64f(Limits<Mox32s>::min)) return Mox32s(Limits<Mox32s>::min);
-  return Mox32s(scaled);
+  constexpr Mox64f least = Limits<Mox32s>::min, most = Limits<Mox32s>::max;
+  return scope.settled(Mox32s(std::clamp(scaled, least, most)));
 }
 
 template <class Kind, class D>

@@ -4,9 +4,7 @@
 #include <algorithm>
 
 #include "frame/control_word.h"
-#include "frame/elements.h"
 #include "frame/rounding.h"
-#include "frame/vec/vec.h"
 
 namespace mox::stats {
 

@@ -12,14 +12,10 @@ namespace mox::stats {
 namespace {
 
 template <class E>
-void storeSums(E* sum, PartSums<E> sums) {
-  for (int p = 0; p < partsPerElement<E>; ++p) store(parts(sum) + p, Part<E>(sums[p]));
-}
-
-template <class E>
 MoxStatus sumHinted(const E* src, int len, E* sum, int hint) {
   if (MoxStatus s = checkArrays(len, src, sum)) return s;
-  storeSums(sum, sumOf(src, len, hint));
+  const auto sums = sumOf(src, len, hint);
+  for (int p = 0; p < partsPerElement<E>; ++p) store(parts(sum) + p, Part<E>(sums[p]));
   return moxOk;
 }
 

@@ -44,7 +44,7 @@ Mox32s updatedInDouble(Term term, long len, Mox64f y, int alpha) {
     i += 2;
   }
   if (len & 1) y = a * y + rest * x(i);
-  return saturate<Mox32s>(nearestInteger(broadcast<V<Mox64f>>(y)))[0];
+  return scope.settled(saturate<Mox32s>(nearestInteger(broadcast<V<Mox64f>>(y)))[0]);
 }
 
 template <class Kind>
