@@ -31,9 +31,11 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
+#include <moxsp/fir_direct.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>
+#include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 #include <moxsp/stats.h>

@@ -1,0 +1,104 @@
+// A block of sums stays in registers while the taps run by. Two neighbouring real samples, or one
+// complex, fill a 32-bit lane, and a tap that goes with them is the same in all lanes.
+#include "kernels/wrapping_dot.h"
+
+#include <algorithm>
+
+namespace mox::kernels {
+namespace {
+
+using Words = I<Mox16s>;
+using Sums = I<Mox32s>;
+constexpr int wordsLanes = laneCount<Words>;
+
+Words everyLane(Mox32u pair) { return Words(broadcast<I<Mox32u>>(pair)); }
+
+// Outputs at even and at odd places meet a pair of taps at places one apart.
+struct RealSums {
+  using A = Mox16s;
+  static constexpr int outputs = wordsLanes, tapsPerStep = 2;
+  struct Taps {
+    Taps(const A* p, int count)
+        : pair(everyLane(count == 1 ? Mox32u(Mox16u(load<A>(p))) : load<Mox32u>(p))) {}
+    Words pair;
+  };
+  [[gnu::always_inline]] void add(const Taps& taps, const Mox16s* x) {
+    first = addWrapping(first, multiplyAddPairs(load<Words>(x), taps.pair));
+    second = addWrapping(second, multiplyAddPairs(load<Words>(x + 1), taps.pair));
+  }
+  Sums first{}, second{};
+};
+
+// Real and imaginary parts meet the two factors of a tap.
+struct ComplexSums {
+  using A = Mox16sc;
+  static constexpr int outputs = wordsLanes / 2, tapsPerStep = 1;
+  struct Taps : ComplexTap {
+    Taps(const A* p, int) : ComplexTap(everyLane(load<Mox32u>(p))) {}
+  };
+  [[gnu::always_inline]] void add(const Taps& taps, const Mox16s* x) {
+    const Words samples = load<Words>(x);
+    first = addWrapping(first, multiplyAddPairs(samples, taps.real));
+    second = addWrapping(second, multiplyAddPairs(samples, taps.crossed));
+  }
+  Sums first{}, second{};
+};
+
+// A block of that many times S::outputs. An odd tap comes first, beside samples that others need.
+template <class S, int... j>
+void sumBlock(std::integer_sequence<int, j...>, const Mox16s* x, Mox32s* dst,
+              const typename S::A* taps, long tapsLen) {
+  constexpr int width = partsPerElement<typename S::A>;
+  S sums[sizeof...(j)];
+  const auto step = [&](int count) __attribute__((always_inline)) {
+    const typename S::Taps tap(taps, count);
+    (sums[j].add(tap, x + j * wordsLanes), ...);
+    taps += count;
+    x += count * width;
+  };
+  long left = tapsLen;
+  if (left % S::tapsPerStep) step(1), --left;
+  for (; left > 0; left -= S::tapsPerStep) step(S::tapsPerStep);
+  ((store(dst + j * wordsLanes, unpackLow<Mox32s>(sums[j].first, sums[j].second)),
+    store(dst + j * wordsLanes + wordsLanes / 2,
+          unpackHigh<Mox32s>(sums[j].first, sums[j].second))),
+   ...);
+}
+
+template <class S, int most = 6>
+void sumRegisters(long registers, const Mox16s* x, Mox32s* dst, const typename S::A* taps,
+                  long tapsLen) {
+  if constexpr (most > 1)
+    if (registers < most) return sumRegisters<S, most - 1>(registers, x, dst, taps, tapsLen);
+  sumBlock<S>(std::make_integer_sequence<int, most>(), x, dst, taps, tapsLen);
+}
+
+// A single real tap would read the sample behind the last.
+template <class S, class A, class Sum>
+void sumOutputs(const A* window, Sum* dst, long count, const A* taps, long tapsLen) {
+  if (count < S::outputs || tapsLen < S::tapsPerStep) {
+    for (long i = 0; i < count; ++i)
+      dst[i] = dotProduct<Sum, TapOrder::reversed>(window + i, taps, tapsLen);
+    return;
+  }
+  for (long i = 0; i < count;) {
+    long registers = (count - i) / S::outputs;
+    if (registers == 0) i = count - S::outputs, registers = 1;  // some of them again
+    registers = std::min(registers, 6L);
+    sumRegisters<S>(registers, parts(window + i), parts(dst + i), taps, tapsLen);
+    i += registers * S::outputs;
+  }
+}
+
+}  // namespace
+
+void filterWindow(const Mox16s* window, Mox32s* dst, long count, const Mox16s* revTaps,
+                  long tapsLen) {
+  sumOutputs<RealSums>(window, dst, count, revTaps, tapsLen);
+}
+void filterWindow(const Mox16sc* window, Mox32sc* dst, long count, const Mox16sc* revTaps,
+                  long tapsLen) {
+  sumOutputs<ComplexSums>(window, dst, count, revTaps, tapsLen);
+}
+
+}  // namespace mox::kernels
