@@ -23,6 +23,7 @@
 #ifndef MOXSP_H
 #define MOXSP_H
 
+#include <moxsp/adaptive.h>
 #include <moxsp/arith.h>
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>

@@ -33,8 +33,12 @@ struct RealSums {
 struct ComplexSums {
   using A = Mox16sc;
   static constexpr int outputs = wordsLanes / 2, tapsPerStep = 1;
-  struct Taps : ComplexTap {
-    Taps(const A* p, int) : ComplexTap(everyLane(load<Mox32u>(p))) {}
+  struct Taps {
+    Taps(const A* p, int) : crossed(everyLane(load<Mox32u>(p))) {
+      real = (crossed ^ imaginaryLanes()) - imaginaryLanes();
+      crossed = swapParts(crossed);
+    }
+    Words real, crossed;
   };
   [[gnu::always_inline]] void add(const Taps& taps, const Mox16s* x) {
     const Words samples = load<Words>(x);

@@ -1,5 +1,5 @@
 // Sums of products of 16-bit integers that wrap around in 32 bits: their order is free, and so they
-// are made by pairs. Parts of complex taps are above -32768.
+// are made by pairs.
 #pragma once
 
 #include "frame/elements.h"
@@ -47,15 +47,8 @@ class WordTaps {
   int shift_;
 };
 
-// The factors of the two parts of a complex product with samples (re, im).
-struct ComplexTap {
-  [[gnu::always_inline]] explicit ComplexTap(I<Mox16s> tap)
-      : real((tap ^ imaginary()) - imaginary()), crossed(swapParts(tap)) {}
-  I<Mox16s> real, crossed;
-
- private:
-  static I<Mox16s> imaginary() { return I<Mox16s>(broadcast<I<Mox32s>>(-0x10000)); }
-};
+// -1 in the lanes of imaginary parts.
+inline I<Mox16s> imaginaryLanes() { return I<Mox16s>(broadcast<I<Mox32s>>(-0x10000)); }
 
 inline Mox32s sumOfLanes(I<Mox32s> v) {
   Mox32u sum = 0;
@@ -85,10 +78,11 @@ Mox32sc wrappingDot(const Mox16sc* window, WordTaps<order, A> taps, long n) {
   I<Mox32s> re{}, im{};
   long k = 0;
   for (; k <= 2 * n - lanes; k += lanes) {
-    const ComplexTap tap(taps.from(k));
-    const auto x = load<I<Mox16s>>(numbers + k);
-    re = addWrapping(re, multiplyAddPairs(x, tap.real));
-    im = addWrapping(im, multiplyAddPairs(x, tap.crossed));
+    const I<Mox16s> tap = taps.from(k), x = load<I<Mox16s>>(numbers + k);
+    // There is no -d in 16 bits for every d, but there is ~d, which is -d - 1.
+    const auto straight = multiplyAddPairs(x, tap ^ imaginaryLanes());
+    re = addWrapping(re, addWrapping(straight, I<Mox32s>(x) >> 16));
+    im = addWrapping(im, multiplyAddPairs(x, swapParts(tap)));
   }
   Mox32u realSum = Mox32u(sumOfLanes(re)), imaginarySum = Mox32u(sumOfLanes(im));
   for (; k < 2 * n; k += 2) {
@@ -112,7 +106,8 @@ requires std::is_same_v<Sum, Mox32sc> Sum dotProduct(const Mox16sc* window, cons
   return wrappingDot(window, WordTaps<order, Mox16sc>(taps, n), n);
 }
 
-// dst[i] = sum over k of revTaps[k] * window[i + k], for 0 <= i < count.
+// dst[i] = sum over k of revTaps[k] * window[i + k], for 0 <= i < count. The parts of complex taps
+// are above -32768.
 void filterWindow(const Mox16s* window, Mox32s* dst, long count, const Mox16s* revTaps,
                   long tapsLen);
 void filterWindow(const Mox16sc* window, Mox32sc* dst, long count, const Mox16sc* revTaps,
