@@ -68,7 +68,8 @@ Held heldFloats(const std::vector<E>& taps) {
   while (factor < 33 && largest > std::ldexp(32767.0L, factor)) ++factor;
   Held h{{}, factor};
   for (long i = 0; i < n; ++i)
-    h.taps.push_back(long(std::clamp(std::round(std::ldexp((long double)p[i], -factor)), -32767.0L, 32767.0L)));
+    h.taps.push_back(
+        long(std::clamp(std::round(std::ldexp((long double)p[i], -factor)), -32767.0L, 32767.0L)));
   return h;
 }
 
