@@ -48,21 +48,21 @@ struct ComplexSums {
   Sums first{}, second{};
 };
 
-// A block of that many times S::outputs. An odd tap comes first, beside samples that others need.
+// A block of that many times S::outputs. Pairs of taps leave out an odd one at the start, whose
+// neighbour others need, so that nothing behind the window is read. It comes last: the compiler
+// would take loads that are due to both over into the loop, and sums out of registers for it.
 template <class S, int... j>
 void sumBlock(std::integer_sequence<int, j...>, const Mox16s* x, Mox32s* dst,
               const typename S::A* taps, long tapsLen) {
   constexpr int width = partsPerElement<typename S::A>;
   S sums[sizeof...(j)];
-  const auto step = [&](int count) __attribute__((always_inline)) {
-    const typename S::Taps tap(taps, count);
-    (sums[j].add(tap, x + j * wordsLanes), ...);
-    taps += count;
-    x += count * width;
+  const auto step = [&](long k, int count) __attribute__((always_inline)) {
+    const typename S::Taps tap(taps + k, count);
+    (sums[j].add(tap, x + k * width + j * wordsLanes), ...);
   };
-  long left = tapsLen;
-  if (left % S::tapsPerStep) step(1), --left;
-  for (; left > 0; left -= S::tapsPerStep) step(S::tapsPerStep);
+  const long odd = tapsLen % S::tapsPerStep;
+  for (long k = odd; k < tapsLen; k += S::tapsPerStep) step(k, S::tapsPerStep);
+  if (odd) step(0, 1);
   ((store(dst + j * wordsLanes, unpackLow<Mox32s>(sums[j].first, sums[j].second)),
     store(dst + j * wordsLanes + wordsLanes / 2,
           unpackHigh<Mox32s>(sums[j].first, sums[j].second))),

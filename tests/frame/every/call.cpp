@@ -68,7 +68,7 @@ std::vector<std::byte> floatPool(std::size_t count, bool anyFloats) {
 // Random elements; a slice of one long run, since a sweep fills millions of arrays.
 std::vector<std::byte> randomContent(const ElementType& element, std::size_t bytes, int stream,
                                      bool anyFloats) {
-  constexpr std::size_t count = 1 << 17, starts = 1 << 14;
+  constexpr std::size_t count = 1 << 18, starts = 1 << 14;
   static const std::vector<std::byte> pools[] = {
       floatPool<float>(count, false), floatPool<float>(count, true),
       floatPool<double>(count, false), floatPool<double>(count, true), [] {

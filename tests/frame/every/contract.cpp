@@ -64,6 +64,7 @@ constexpr Pointer optionalPointers[] = {
     {"moxs@(FIR|IIR|FIRLMSMR|FIRLMS)SetDlyLine*", "dlyLine", "the delay line is cleared"},
     {"moxs@(Max|Min)?(Abs)Indx_*", "index", "the index is not wanted"},
     {"moxsFIRLMS*InitAlloc*", "taps", "the taps start at zero"},
+    {"moxsFIRLMSMRSetTaps*", "taps", "the taps are cleared"},
     {"moxs@(FFT|DFT|DCT)*Init_*", "initBuf", "tables of small lengths need none"},
     {"moxsRealToCplx_*", "srcRe", "that part is zero"},
     {"moxsRealToCplx_*", "srcIm", "that part is zero"},

@@ -122,8 +122,13 @@ const Row<long> countRows[] = {
     {"moxs@(FIR|IIR)*Init*", "buffer", sizeFrom("GetStateSize", "size")},
     {"moxs@(Tone|Triangle)Init*", "state", sizeFrom("GetStateSize", "size")},
     {"moxsRand@(Uniform|Gauss)Init*", "state", sizeFrom("GetSize", "size")},
-    {"moxsFIRMR*Init*", "dlyLine",
+    {"moxsFIRMR*", "dlyLine",
      [](const Call& c) { return (c("tapsLen") + c("upFactor") - 1) / c("upFactor"); }},
+    {"moxsFIRLMSMR*", "dlyLine",
+     [](const Call& c) { return c("tapsLen") * c("dlyStep") + c("updateDly"); }},
+    {"moxsFIRLMS*One*", "dst", fixed(1)},
+    {"moxsFIRLMSOne_Direct*", "dlyLine", times(2, "tapsLen")},
+    {"moxsFIRLMSMRGetDlyVal*", "val", fixed(1)},
     {"moxs@(FIR|IIR)One*", "@(dst|srcDst)", fixed(1)},
     {"moxsFIRMR*_Direct_*", "src", [](const Call& c) { return c("numIters") * c("downFactor"); }},
     {"moxsFIRMR*_Direct_*", "dst", [](const Call& c) { return c("numIters") * c("upFactor"); }},
@@ -178,6 +183,10 @@ const Maker makers[] = {
     {"moxs(DCTFwd|DCTInv)_([0-9]+[a-z]+)(_.*)?", "moxs$1Init_$2"},
     {"moxs(Hilbert)(?:_|Free_)(.*)", "moxs$1InitAlloc_$2"},
     {"moxs(FIR|IIR|FIRLMS|FIRLMSMR|FFT|DFT|DCTFwd|DCTInv|WTFwd|WTInv)Free(.*)",
+     "moxs$1InitAlloc$2"},
+    {"moxs(FIRLMS|FIRLMSMR)(?:GetTaps|SetTaps|GetTapsPointer|GetDlyLine|SetDlyLine|GetDlyVal|"
+     "PutVal|"
+     "SetMu|One|OneVal|UpdateTaps)?([0-9a-z]*_[0-9]+[a-z]+)",
      "moxs$1InitAlloc$2"},
     {"moxs(FIR|IIR)(?:One|GetTaps|SetTaps|GetDlyLine|SetDlyLine)?([0-9a-z]*_(?:BiQuad_|DF1_)?"
      "[0-9]+[a-z]+(?:32f|32fc)?)(_.*)?",
