@@ -59,7 +59,7 @@ template <class HeldTap, class Held, class Sum>
 void sumCycles(const State<HeldTap, Held, Sum>& s, const Held* x, long history, long cycles,
                Sum* sums) {
   const long inputs = s.rates.cycleInputs(), outputs = s.rates.cycleOutputs();
-  const kernels::Rows<Held> in{s.inputs, rowLength(s.rates, s.dlyLen), inputs};
+  const auto in = inputRows(s.inputs, s.rates, s.dlyLen);
   if (inputs > 1) kernels::deal(x - history, history + cycles * inputs, in);
   const TapPhases phases(s.tapsLen, s.rates.up);
   PhaseWalk walk(s.rates);
@@ -70,12 +70,12 @@ void sumCycles(const State<HeldTap, Held, Sum>& s, const Held* x, long history, 
     if (count == 0)
       std::fill_n(to, cycles, Sum{});
     else if (inputs > 1)
-      kernels::filterStriped<Held>({in.first, in.stride, inputs}, history + start, to, cycles, taps,
-                                   count);
+      kernels::filterStriped<Held>({in.first, in.count, in.stride, in.toCopy}, history + start, to,
+                                   cycles, taps, count);
     else
       kernels::filterWindow(x + start, to, cycles, taps, count);
   }
-  if (outputs > 1) kernels::collect<Sum>({s.outputs, cycles, outputs}, cycles, sums);
+  if (outputs > 1) kernels::collect<Sum>({s.outputs, outputs, cycles}, cycles, sums);
 }
 
 // Runs step(done, cycles) over the cycles of `len` iterations.
@@ -92,8 +92,14 @@ void filterByCycles(StateOf<C>& s, const typename C::Data* src, typename C::Data
   forCycles(s.rates, len, [&](long done, long cycles) {
     auto* const x = s.dlyLine + s.dlyLen;
     convert::takeIn(src + done * inputs, x, cycles * inputs);
-    sumCycles(s, x, s.dlyLen, cycles, s.staging);
-    output(s.staging, dst + done * outputs, cycles * outputs);
+    // All samples of the step have been copied by now, so that outputs may go in their place.
+    auto* const to = dst + done * outputs;
+    if constexpr (converts<C>) {
+      sumCycles(s, x, s.dlyLen, cycles, s.staging);
+      output(s.staging, to, cycles * outputs);
+    } else {
+      sumCycles(s, x, s.dlyLen, cycles, to);
+    }
     std::memmove(s.dlyLine, s.dlyLine + cycles * inputs, std::size_t(s.dlyLen) * sizeof *x);
   });
 }
@@ -129,8 +135,7 @@ inline MoxStatus runStreamMultirate32f(MoxsFIRState* state, const Mox32f* src, M
   if (s.byCycles) {
     const long inputs = s.rates.cycleInputs(), outputs = s.rates.cycleOutputs();
     forCycles(s.rates, len, [&](long done, long cycles) {
-      sumCycles(s, src + history + done * inputs, history, cycles, s.staging);
-      std::memcpy(dst + done * outputs, s.staging, std::size_t(cycles * outputs) * sizeof *dst);
+      sumCycles(s, src + history + done * inputs, history, cycles, dst + done * outputs);
     });
   } else {
     PhaseWalk walk(s.rates);

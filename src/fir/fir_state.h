@@ -10,6 +10,7 @@
 #include "fir/fixed_point.h"
 #include "fir/rates.h"
 #include "frame/lifecycle.h"
+#include "kernels/striped_dot.h"
 #include "transforms/overlap_save.h"
 
 struct MoxsFIRState {
@@ -60,12 +61,16 @@ constexpr long outputsFromStore(long tapsLen) {
   return long(roundUp(std::size_t(tapsLen), sizeof(Part<Held>) == 4 && !Complex<Held> ? 8 : 4));
 }
 
-// Cycles that one step of a multirate filter runs through, and the inputs of a row for them.
+// Cycles that one step of a multirate filter runs through.
 constexpr long cyclesOfStep(const Rates& r) {
   return pieceLen / std::max(r.cycleInputs(), r.cycleOutputs());
 }
-constexpr long rowLength(const Rates& r, long history) {
-  return cyclesOfStep(r) + history / r.cycleInputs() + 1;
+
+// A step's samples and those before them, in one row for each input of a cycle.
+template <class Held>
+constexpr kernels::Rows<Held> inputRows(Held* first, const Rates& r, long history) {
+  const long count = r.cycleInputs();
+  return kernels::rowsOf(first, count, cyclesOfStep(r) + history / count + 1);
 }
 
 struct Shape {
@@ -104,7 +109,8 @@ struct Shape {
     const int inputs = rates.cycleInputs(), outputs = rates.cycleOutputs();
     s.byCycles = !rates.areSingle() && std::max(inputs, outputs) <= longestCycle;
     if (!s.byCycles) return;
-    s.inputs = arena.place<Held>(std::size_t(inputs * rowLength(rates, history)), partAlignment);
+    const auto rows = inputRows<Held>(nullptr, rates, history);
+    s.inputs = arena.place<Held>(std::size_t(rows.elements()), partAlignment);
     s.outputs = arena.place<Held>(std::size_t(outputs * cyclesOfStep(rates)), partAlignment);
   }
 };

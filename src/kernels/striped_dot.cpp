@@ -5,12 +5,12 @@
 namespace mox::kernels {
 namespace {
 
-// Successive taps meet successive rows.
+// Successive taps meet successive rows, in one column after the other. A register's samples cross a
+// line half of the time, unless they come from the one of two copies where they don't.
 template <class A>
 struct Stripe {
-  const A* sample;
-  long row;  // of `sample`
-  long stride, count;
+  const A *even, *odd;  // samples of the registers at even and at odd places
+  long row, stride, count;
 
   template <class, class T, int... j>
   [[gnu::always_inline]] void sumBlock(std::integer_sequence<int, j...>, A* dst, const A* revTaps,
@@ -19,11 +19,12 @@ struct Stripe {
     Sum<A, T> sums[sizeof...(j)];
     for (long k = 0; k < tapsLen;) {
       const long end = std::min(tapsLen, k + count - row);
-      for (; k < end; ++k, sample += stride) {
+      for (; k < end; ++k, even += stride, odd += stride) {
         const typename Sum<A, T>::Tap tap(revTaps + k);
-        (sums[j].add(tap, load<T>(parts(sample) + j * lanes)), ...);
+        (sums[j].add(tap, load<T>(parts(j % 2 ? odd : even) + j * lanes)), ...);
       }
-      sample += 1 - count * stride;
+      even += 1 - count * stride, odd += 1 - count * stride;
+      if (addressOf(even) % vectorBytes == 0) std::swap(even, odd);
       row = 0;
     }
     (store(parts(dst) + j * lanes, sums[j].result()), ...);
@@ -37,9 +38,10 @@ struct Stripes {
 
   Stripes narrow() const { return *this; }
   Stripe<A> from(long part) const {
-    const long row = start % rows.count;
-    return {rows.row(row) + start / rows.count + part / partsPerElement<A>, row, rows.stride,
-            rows.count};
+    const long row = start % rows.count, place = start / rows.count + part / partsPerElement<A>;
+    const A *even = rows.row(row) + place, *odd = even + rows.toCopy;
+    if (addressOf(even) & vectorBytes) std::swap(even, odd);
+    return {even, odd, row, rows.stride, rows.count};
   }
 };
 
