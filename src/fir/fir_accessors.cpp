@@ -13,7 +13,7 @@ MoxStatus requireState(const MoxsFIRState* state) {
 }
 
 template <class C>
-MoxStatus getTaps(const MoxsFIRState* state, typename C::Tap* taps) {
+MoxStatus getTapsAlone(const MoxsFIRState* state, typename C::Tap* taps) {
   using Tap = typename C::Tap;
   if (anyNull(state, taps)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
@@ -31,7 +31,7 @@ MoxStatus getTaps(const MoxsFIRState* state, typename C::Tap* taps) {
 template <class C>
 MoxStatus getTapsAndFactor(const MoxsFIRState* state, typename C::Tap* taps, int* tapsFactor) {
   if (anyNull(tapsFactor)) return moxErrNullPtr;
-  if (MoxStatus s = getTaps<C>(state, taps)) return s;
+  if (MoxStatus s = getTapsAlone<C>(state, taps)) return s;
   store(tapsFactor, state->tapsFactor);
   return moxOk;
 }
@@ -44,9 +44,28 @@ MoxStatus setTapsAndFactor(const typename C::Tap* taps, MoxsFIRState* state, int
   return moxOk;
 }
 template <class C>
-MoxStatus setTaps(const typename C::Tap* taps, MoxsFIRState* state) {
+MoxStatus setTapsAlone(const typename C::Tap* taps, MoxsFIRState* state) {
   return setTapsAndFactor<C>(taps, state, 0);
 }
+
+template <class C>
+constexpr auto getTapsOf() {
+  if constexpr (takesFactor<C>)
+    return getTapsAndFactor<C>;
+  else
+    return getTapsAlone<C>;
+}
+template <class C>
+constexpr auto setTapsOf() {
+  if constexpr (takesFactor<C>)
+    return setTapsAndFactor<C>;
+  else
+    return setTapsAlone<C>;
+}
+template <class C>
+constexpr auto getTaps = getTapsOf<C>();
+template <class C>
+constexpr auto setTaps = setTapsOf<C>();
 
 template <class C>
 MoxStatus getDlyLine(const MoxsFIRState* state, typename C::Data* dlyLine) {
@@ -79,9 +98,9 @@ MOX_EXPORT(moxsFIRGetTaps64fc_16sc, getTaps<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRGetTaps64f_32s, getTaps<Fir64f32s>);
 MOX_EXPORT(moxsFIRGetTaps64fc_32sc, getTaps<Fir64fc32sc>);
 MOX_EXPORT(moxsFIRGetTaps_32s, getTaps<Fir32s>);
-MOX_EXPORT(moxsFIRGetTaps_16s, getTapsAndFactor<Fir16s>);
-MOX_EXPORT(moxsFIRGetTaps32s_16s, getTapsAndFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRGetTaps32sc_16sc, getTapsAndFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRGetTaps_16s, getTaps<Fir16s>);
+MOX_EXPORT(moxsFIRGetTaps32s_16s, getTaps<Fir32s16s>);
+MOX_EXPORT(moxsFIRGetTaps32sc_16sc, getTaps<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRGetTaps32s_16s32f, getTaps<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRGetTaps32sc_16sc32fc, getTaps<Fir32sc16sc32fc>);
 
@@ -98,9 +117,9 @@ MOX_EXPORT(moxsFIRSetTaps64fc_16sc, setTaps<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRSetTaps64f_32s, setTaps<Fir64f32s>);
 MOX_EXPORT(moxsFIRSetTaps64fc_32sc, setTaps<Fir64fc32sc>);
 MOX_EXPORT(moxsFIRSetTaps_32s, setTaps<Fir32s>);
-MOX_EXPORT(moxsFIRSetTaps_16s, setTapsAndFactor<Fir16s>);
-MOX_EXPORT(moxsFIRSetTaps32s_16s, setTapsAndFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRSetTaps32sc_16sc, setTapsAndFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRSetTaps_16s, setTaps<Fir16s>);
+MOX_EXPORT(moxsFIRSetTaps32s_16s, setTaps<Fir32s16s>);
+MOX_EXPORT(moxsFIRSetTaps32sc_16sc, setTaps<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRSetTaps32s_16s32f, setTaps<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRSetTaps32sc_16sc32fc, setTaps<Fir32sc16sc32fc>);
 

@@ -114,6 +114,10 @@ struct FirDirect16s : FixedPoint<Mox16s, Mox16s> {
 template <class C>
 constexpr bool isFloating = std::is_floating_point_v<Part<typename C::Held>>;
 
+// Whether a caller gives the power of two of fixed-point taps.
+template <class C>
+constexpr bool takesFactor = std::is_integral_v<Part<typename C::Tap>> && !isFloating<C>;
+
 // Whether samples or results change their type on the way.
 template <class C>
 constexpr bool converts = !std::is_same_v<typename C::Data, typename C::Sum>;

@@ -14,11 +14,13 @@ MoxStatus directWithFactor(const typename C::Data* src, typename C::Data* dst, i
                            int upPhase, int downFactor, int downPhase, typename C::Data* dlyLine,
                            int scaleFactor) {
   if (MoxStatus e = checkArrays(numIters, src, dst, taps, dlyLine)) return e;
-  const Rates rates{upFactor, upPhase, downFactor, downPhase};
+  const Setup<C> setup(taps, tapsLen, dlyLine, tapsFactor, upFactor, upPhase, downFactor,
+                       downPhase);
   MoxsFIRState* state;
-  if (MoxStatus e = initAllocFrom<C>(&state, {taps, tapsLen, tapsFactor, rates, dlyLine})) return e;
+  if (MoxStatus e = initAllocFrom(&state, setup)) return e;
   const MoxStatus status =
-      (rates.areSingle() ? runSingle<C> : runMultirate<C>)(state, src, dst, numIters, scaleFactor);
+      (setup.rates.areSingle() ? runSingle<C> : runMultirate<C>)(state, src, dst, numIters,
+                                                                 scaleFactor);
   if (status == moxOk) readDelayLine<C>(stateOf<C>(state), dlyLine);
   moxFree(state);
   return status;

@@ -30,70 +30,45 @@ MoxStatus getMultirateStateSize(int tapsLen, int upFactor, int downFactor, int* 
   return moxOk;
 }
 
-template <class C>
-MoxStatus initFrom(MoxsFIRState** state, const Setup<C>& setup, Mox8u* buffer,
-                   bool isStream = false) {
-  if (anyNull(state, setup.taps, buffer)) return moxErrNullPtr;
+// `numbers` are those of Setup.
+template <class C, class... Numbers>
+MoxStatus initWith(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
+                   Numbers... numbers, const typename C::Data* dlyLine, Mox8u* buffer) {
+  if (anyNull(state, taps, buffer)) return moxErrNullPtr;
+  const Setup<C> setup(taps, tapsLen, dlyLine, numbers...);
   if (MoxStatus s = setup.check()) return s;
-  return mox::init<Kind<C>>(state, setup.id(isStream), setup.shape(C::leastTapsForFft), buffer,
-                            setup);
+  return mox::init<Kind<C>>(state, setup.id(), setup.shape(C::leastTapsForFft), buffer, setup);
+}
+template <class C, class... Numbers>
+MoxStatus initAllocWith(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
+                        Numbers... numbers, const typename C::Data* dlyLine) {
+  if (anyNull(state, taps)) return moxErrNullPtr;
+  return initAllocFrom(state, Setup<C>(taps, tapsLen, dlyLine, numbers...));
 }
 
-template <class C>
-MoxStatus init(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-               const typename C::Data* dlyLine, Mox8u* buffer) {
-  return initFrom<C>(state, {.taps = taps, .tapsLen = tapsLen, .dlyLine = dlyLine}, buffer);
+// With the factor of the taps where the combination takes one.
+template <class C, class... Rates>
+constexpr auto initOf() {
+  if constexpr (takesFactor<C>)
+    return initWith<C, int, Rates...>;
+  else
+    return initWith<C, Rates...>;
+}
+template <class C, class... Rates>
+constexpr auto initAllocOf() {
+  if constexpr (takesFactor<C>)
+    return initAllocWith<C, int, Rates...>;
+  else
+    return initAllocWith<C, Rates...>;
 }
 template <class C>
-MoxStatus initWithFactor(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                         int tapsFactor, const typename C::Data* dlyLine, Mox8u* buffer) {
-  return initFrom<C>(state, {taps, tapsLen, tapsFactor, {}, dlyLine}, buffer);
-}
+constexpr auto init = initOf<C>();
 template <class C>
-MoxStatus initMultirate(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                        int upFactor, int upPhase, int downFactor, int downPhase,
-                        const typename C::Data* dlyLine, Mox8u* buffer) {
-  return initFrom<C>(state, {taps, tapsLen, 0, {upFactor, upPhase, downFactor, downPhase}, dlyLine},
-                     buffer);
-}
+constexpr auto initAlloc = initAllocOf<C>();
 template <class C>
-MoxStatus initMultirateWithFactor(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                                  int tapsFactor, int upFactor, int upPhase, int downFactor,
-                                  int downPhase, const typename C::Data* dlyLine, Mox8u* buffer) {
-  return initFrom<C>(
-      state, {taps, tapsLen, tapsFactor, {upFactor, upPhase, downFactor, downPhase}, dlyLine},
-      buffer);
-}
-
+constexpr auto initMultirate = initOf<C, int, int, int, int>();
 template <class C>
-MoxStatus initAlloc(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                    const typename C::Data* dlyLine) {
-  if (anyNull(state, taps)) return moxErrNullPtr;
-  return initAllocFrom<C>(state, {.taps = taps, .tapsLen = tapsLen, .dlyLine = dlyLine});
-}
-template <class C>
-MoxStatus initAllocWithFactor(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                              int tapsFactor, const typename C::Data* dlyLine) {
-  if (anyNull(state, taps)) return moxErrNullPtr;
-  return initAllocFrom<C>(state, {taps, tapsLen, tapsFactor, {}, dlyLine});
-}
-template <class C>
-MoxStatus initAllocMultirate(MoxsFIRState** state, const typename C::Tap* taps, int tapsLen,
-                             int upFactor, int upPhase, int downFactor, int downPhase,
-                             const typename C::Data* dlyLine) {
-  if (anyNull(state, taps)) return moxErrNullPtr;
-  return initAllocFrom<C>(state,
-                          {taps, tapsLen, 0, {upFactor, upPhase, downFactor, downPhase}, dlyLine});
-}
-template <class C>
-MoxStatus initAllocMultirateWithFactor(MoxsFIRState** state, const typename C::Tap* taps,
-                                       int tapsLen, int tapsFactor, int upFactor, int upPhase,
-                                       int downFactor, int downPhase,
-                                       const typename C::Data* dlyLine) {
-  if (anyNull(state, taps)) return moxErrNullPtr;
-  return initAllocFrom<C>(
-      state, {taps, tapsLen, tapsFactor, {upFactor, upPhase, downFactor, downPhase}, dlyLine});
-}
+constexpr auto initAllocMultirate = initAllocOf<C, int, int, int, int>();
 
 template <class C>
 MoxStatus free(MoxsFIRState* state) {
@@ -136,9 +111,9 @@ MOX_EXPORT(moxsFIRInit64fc_16sc, init<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRInit64f_32s, init<Fir64f32s>);
 MOX_EXPORT(moxsFIRInit64fc_32sc, init<Fir64fc32sc>);
 MOX_EXPORT(moxsFIRInit_32s, init<Fir32s>);
-MOX_EXPORT(moxsFIRInit_16s, initWithFactor<Fir16s>);
-MOX_EXPORT(moxsFIRInit32s_16s, initWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRInit32sc_16sc, initWithFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRInit_16s, init<Fir16s>);
+MOX_EXPORT(moxsFIRInit32s_16s, init<Fir32s16s>);
+MOX_EXPORT(moxsFIRInit32sc_16sc, init<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRInit32s_16s32f, init<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRInit32sc_16sc32fc, init<Fir32sc16sc32fc>);
 
@@ -155,9 +130,9 @@ MOX_EXPORT(moxsFIRInitAlloc64fc_16sc, initAlloc<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRInitAlloc64f_32s, initAlloc<Fir64f32s>);
 MOX_EXPORT(moxsFIRInitAlloc64fc_32sc, initAlloc<Fir64fc32sc>);
 MOX_EXPORT(moxsFIRInitAlloc_32s, initAlloc<Fir32s>);
-MOX_EXPORT(moxsFIRInitAlloc_16s, initAllocWithFactor<Fir16s>);
-MOX_EXPORT(moxsFIRInitAlloc32s_16s, initAllocWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRInitAlloc32sc_16sc, initAllocWithFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRInitAlloc_16s, initAlloc<Fir16s>);
+MOX_EXPORT(moxsFIRInitAlloc32s_16s, initAlloc<Fir32s16s>);
+MOX_EXPORT(moxsFIRInitAlloc32sc_16sc, initAlloc<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRInitAlloc32s_16s32f, initAlloc<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRInitAlloc32sc_16sc32fc, initAlloc<Fir32sc16sc32fc>);
 
@@ -209,9 +184,9 @@ MOX_EXPORT(moxsFIRMRInit64f_16s, initMultirate<Fir64f16s>);
 MOX_EXPORT(moxsFIRMRInit64fc_16sc, initMultirate<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRMRInit64f_32s, initMultirate<Fir64f32s>);
 MOX_EXPORT(moxsFIRMRInit64fc_32sc, initMultirate<Fir64fc32sc>);
-MOX_EXPORT(moxsFIRMRInit_16s, initMultirateWithFactor<Fir16s>);
-MOX_EXPORT(moxsFIRMRInit32s_16s, initMultirateWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRMRInit32sc_16sc, initMultirateWithFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRMRInit_16s, initMultirate<Fir16s>);
+MOX_EXPORT(moxsFIRMRInit32s_16s, initMultirate<Fir32s16s>);
+MOX_EXPORT(moxsFIRMRInit32sc_16sc, initMultirate<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRMRInit32s_16s32f, initMultirate<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRMRInit32sc_16sc32fc, initMultirate<Fir32sc16sc32fc>);
 
@@ -227,9 +202,9 @@ MOX_EXPORT(moxsFIRMRInitAlloc64f_16s, initAllocMultirate<Fir64f16s>);
 MOX_EXPORT(moxsFIRMRInitAlloc64fc_16sc, initAllocMultirate<Fir64fc16sc>);
 MOX_EXPORT(moxsFIRMRInitAlloc64f_32s, initAllocMultirate<Fir64f32s>);
 MOX_EXPORT(moxsFIRMRInitAlloc64fc_32sc, initAllocMultirate<Fir64fc32sc>);
-MOX_EXPORT(moxsFIRMRInitAlloc_16s, initAllocMultirateWithFactor<Fir16s>);
-MOX_EXPORT(moxsFIRMRInitAlloc32s_16s, initAllocMultirateWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRMRInitAlloc32sc_16sc, initAllocMultirateWithFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRMRInitAlloc_16s, initAllocMultirate<Fir16s>);
+MOX_EXPORT(moxsFIRMRInitAlloc32s_16s, initAllocMultirate<Fir32s16s>);
+MOX_EXPORT(moxsFIRMRInitAlloc32sc_16sc, initAllocMultirate<Fir32sc16sc>);
 MOX_EXPORT(moxsFIRMRInitAlloc32s_16s32f, initAllocMultirate<Fir32s16s32f>);
 MOX_EXPORT(moxsFIRMRInitAlloc32sc_16sc32fc, initAllocMultirate<Fir32sc16sc32fc>);
 

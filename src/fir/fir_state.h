@@ -195,15 +195,30 @@ MoxStatus checkSize(const Shape& shape) {
   return fitsInInt<Kind<C>>(shape) ? moxOk : MoxStatus(moxErrFirLen);
 }
 
-// The Init functions, and the temporary states of the forms without one: checks of what is not a
-// pointer, and the contents.
+// What the Init functions are given, and the forms without a state that make one for a call. The
+// numbers behind the tap count are the factor of the taps, the rates, both or none.
 template <class C>
 struct Setup {
-  const typename C::Tap* taps;
+  using Tap = typename C::Tap;
+  using Data = typename C::Data;
+
+  Setup(const Tap* t, int n, const Data* d) : taps(t), tapsLen(n), dlyLine(d) {}
+  Setup(const Tap* t, int n, const Data* d, int factor) : Setup(t, n, d) { tapsFactor = factor; }
+  Setup(const Tap* t, int n, const Data* d, int up, int upPhase, int down, int downPhase)
+      : Setup(t, n, d) {
+    rates = {up, upPhase, down, downPhase};
+  }
+  Setup(const Tap* t, int n, const Data* d, int factor, int up, int upPhase, int down,
+        int downPhase)
+      : Setup(t, n, d, up, upPhase, down, downPhase) {
+    tapsFactor = factor;
+  }
+
+  const Tap* taps;
   int tapsLen;
+  const Data* dlyLine;
   int tapsFactor = 0;
   Rates rates = {};
-  const typename C::Data* dlyLine = nullptr;
 
   MoxStatus check() const {
     if (tapsLen < 1) return moxErrFirLen;

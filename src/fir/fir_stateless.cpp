@@ -103,7 +103,7 @@ MoxStatus firDirect16s(const Mox16s* src, Mox16s* dst, int len, const Mox16s* ta
   using C = FirDirect16s;
   if (MoxStatus e = checkDirect16s(src, dst, len, taps, tapsLen, dlyLine, dlyLineIndex)) return e;
   MoxsFIRState* state;
-  if (MoxStatus e = initAllocFrom<C>(&state, {taps, tapsLen, C::tapsFactor, {}, nullptr})) return e;
+  if (MoxStatus e = initAllocFrom<C>(&state, {taps, tapsLen, nullptr, C::tapsFactor})) return e;
   auto& s = stateOf<C>(state);
   convert::takeIn(dlyLine + load<int>(dlyLineIndex), s.dlyLine, tapsLen);
   runSingle<C>(state, src, dst, len, scaleFactor);

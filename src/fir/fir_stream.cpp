@@ -10,8 +10,7 @@ namespace {
 MoxStatus streamInit32f(MoxsFIRState** state, const Mox32f* taps, int tapsLen, int upFactor,
                         int upPhase, int downFactor, int downPhase, Mox8u* buffer) {
   if (anyNull(state, taps, buffer)) return moxErrNullPtr;
-  const Setup<Fir32f> setup{
-      .taps = taps, .tapsLen = tapsLen, .rates = {upFactor, upPhase, downFactor, downPhase}};
+  const Setup<Fir32f> setup(taps, tapsLen, nullptr, upFactor, upPhase, downFactor, downPhase);
   if (MoxStatus s = setup.check()) return s;
   return mox::init<Kind<Fir32f>>(state, setup.id(true), setup.shape(Fir32f::leastTapsForFft),
                                  buffer, setup);
@@ -20,9 +19,7 @@ MoxStatus streamInitAlloc32f(MoxsFIRState** state, const Mox32f* taps, int tapsL
                              int upPhase, int downFactor, int downPhase) {
   if (anyNull(state, taps)) return moxErrNullPtr;
   return initAllocFrom<Fir32f>(
-      state,
-      {.taps = taps, .tapsLen = tapsLen, .rates = {upFactor, upPhase, downFactor, downPhase}},
-      true);
+      state, {taps, tapsLen, nullptr, upFactor, upPhase, downFactor, downPhase}, true);
 }
 
 // The bytes of a single-rate stream are a figure of its own, which holds the object.
