@@ -31,6 +31,8 @@ template <class T>
 struct BlockHalves {
   T low, high;
 };
+template <class T>
+BlockHalves(T, T) -> BlockHalves<T>;
 
 namespace detail {
 template <class T, class E, int... lane>
