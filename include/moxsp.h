@@ -23,6 +23,7 @@
 #ifndef MOXSP_H
 #define MOXSP_H
 
+#include <moxsp/adaptive.h>
 #include <moxsp/arith.h>
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>
@@ -31,9 +32,11 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
+#include <moxsp/fir_direct.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>
+#include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
 #include <moxsp/stats.h>

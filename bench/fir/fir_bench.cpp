@@ -3,11 +3,10 @@
 #include <moxsp.h>
 
 #include <algorithm>
-#include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "fir/signals.h"
 #include "support/compare.h"
 
 namespace {
@@ -95,17 +94,9 @@ class FftwFir {
   fftwf_plan forward_, inverse_;
 };
 
-constexpr int len = 1 << 16;
+using bench::noise, bench::shared;
 
-template <class E>
-std::vector<E> noise(int count) {
-  std::mt19937 engine(1);
-  std::uniform_real_distribution<float> uniform(-1, 1);
-  std::vector<E> v(count);
-  auto* p = reinterpret_cast<float*>(v.data());
-  for (std::size_t i = 0; i < count * sizeof(E) / sizeof(float); ++i) p[i] = uniform(engine);
-  return v;
-}
+constexpr int len = 1 << 16;
 
 template <class E>
 struct Data {
@@ -115,11 +106,6 @@ struct Data {
   const E* x;
   std::vector<E> y;
 };
-
-template <class Object, class Destroy>
-std::shared_ptr<Object> shared(Object* object, Destroy destroy) {
-  return std::shared_ptr<Object>(object, destroy);
-}
 
 void addReal(int taps) {
   auto d = std::make_shared<Data<float>>(taps);

@@ -82,6 +82,7 @@ void convertValues(const S* src, D* dst, long len) {
 }
 
 template void convertValues(const Mox16s*, Mox32f*, long);
+template void convertValues(const Mox16s*, Mox64f*, long);
 template void convertValues(const Mox32s*, Mox64f*, long);
 template void convertValues(const Mox32f*, Mox64f*, long);
 template void convertValues(const Mox64f*, Mox32f*, long);

@@ -1,9 +1,11 @@
 // Single samples by way of a state.
 #include "fir/fir_state.h"
+#include "fir/output.h"
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "kernels/dot.h"
 #include "kernels/ring.h"
+#include "kernels/wrapping_dot.h"
 
 namespace mox::fir {
 namespace {
@@ -18,8 +20,8 @@ MoxStatus firOneScaled(typename C::Data src, typename C::Data* dst, MoxsFIRState
   auto& s = stateOf<C>(state);
   const auto* window = kernels::pushSample(s.dlyLine, s.dlyIndex, s.tapsLen,
                                            convert::converted<typename C::Held>(src));
-  const Sum sum = kernels::dotProduct<Sum, TapOrder::reversed>(window, s.revTaps, s.tapsLen);
-  convert::giveOut(&sum, dst, 1, scaleFactor);
+  const Sum sum = kernels::dotProduct<Sum, TapOrder::reversed>(window, s.heldTaps, s.tapsLen);
+  Output<C>(s.tapsFactor, scaleFactor, SumRounding::nearEven)(&sum, dst, 1);
   return moxOk;
 }
 
@@ -34,6 +36,17 @@ MOX_EXPORT(moxsFIROne_32f, firOne<Fir32f>);
 MOX_EXPORT(moxsFIROne_32fc, firOne<Fir32fc>);
 MOX_EXPORT(moxsFIROne_64f, firOne<Fir64f>);
 MOX_EXPORT(moxsFIROne_64fc, firOne<Fir64fc>);
+MOX_EXPORT(moxsFIROne64f_32f, firOne<Fir64f32f>);
+MOX_EXPORT(moxsFIROne64fc_32fc, firOne<Fir64fc32fc>);
 MOX_EXPORT(moxsFIROne32f_16s_Sfs, firOneScaled<Fir32f16s>);
+MOX_EXPORT(moxsFIROne32fc_16sc_Sfs, firOneScaled<Fir32fc16sc>);
+MOX_EXPORT(moxsFIROne64f_16s_Sfs, firOneScaled<Fir64f16s>);
+MOX_EXPORT(moxsFIROne64fc_16sc_Sfs, firOneScaled<Fir64fc16sc>);
+MOX_EXPORT(moxsFIROne64f_32s_Sfs, firOneScaled<Fir64f32s>);
+MOX_EXPORT(moxsFIROne64fc_32sc_Sfs, firOneScaled<Fir64fc32sc>);
+MOX_EXPORT(moxsFIROne_32s_Sfs, firOneScaled<Fir64f32s>);
+MOX_EXPORT(moxsFIROne_16s_Sfs, firOneScaled<Fir16s>);
+MOX_EXPORT(moxsFIROne32s_16s_Sfs, firOneScaled<Fir32s16s>);
+MOX_EXPORT(moxsFIROne32sc_16sc_Sfs, firOneScaled<Fir32sc16sc>);
 
 }  // namespace mox::fir

@@ -1,13 +1,16 @@
 // The state of a FIR filter: taps, history and scratch, in one block of memory.
 #pragma once
 
-#include <moxsp/fir.h>
+#include <moxsp/multirate.h>
 
 #include <algorithm>
 
 #include "convert/samples.h"
 #include "fir/fir_combination.h"
+#include "fir/fixed_point.h"
+#include "fir/rates.h"
 #include "frame/lifecycle.h"
+#include "kernels/striped_dot.h"
 #include "transforms/overlap_save.h"
 
 struct MoxsFIRState {
@@ -15,7 +18,9 @@ struct MoxsFIRState {
   Mox32s owned;  // 1 when InitAlloc took the memory
   int tapsLen;
   int dlyLen;    // of the delay line that the caller sees
-  int dlyIndex;  // place of the oldest of the last tapsLen samples in the delay store
+  int dlyIndex;  // place of the oldest of the last dlyLen samples in the delay store
+  int tapsFactor;
+  mox::fir::Rates rates;
 };
 
 namespace mox::fir {
@@ -23,22 +28,30 @@ namespace mox::fir {
 // Samples that one step filters by way of `staging`, and those that one step converts.
 constexpr int chunkLen = 4224, pieceLen = chunkLen / 2;
 
-// The least taps with an FFT path, by the type of samples held.
+// Up to this many inputs or outputs of a cycle a multirate filter makes the outputs of one phase
+// side by side.
+constexpr int longestCycle = 16;
+
+// The parts of the engines that only floats have.
 template <class Held>
-constexpr int leastTapsForFft = 64;
+struct Engines {
+  bool hasFft;  // else the filter always sums directly
+  transforms::OverlapSave<Held> fft;
+  bool byCycles;  // else each output of a multirate filter is a sum by itself
+  Held* inputs;   // one row for each input of a cycle
+  Held* outputs;  // and for each output
+};
 template <>
-inline constexpr int leastTapsForFft<Mox32fc> = 16;
+struct Engines<Mox16s> {};
 template <>
-inline constexpr int leastTapsForFft<Mox64fc> = 32;
+struct Engines<Mox16sc> {};
 
 // The whole record.
 template <class HeldTap, class Held, class Sum>
-struct State : MoxsFIRState {
-  HeldTap* revTaps;
-  Held* dlyLine;  // delay store: the samples oldest first, with room to append new ones
-  Sum* staging;   // results of one chunk before they go to the caller
-  bool hasFft;    // else the filter always runs direct
-  transforms::OverlapSave<Held> fft;
+struct State : MoxsFIRState, Engines<Held> {
+  HeldTap* heldTaps;  // in the order of TapPhases
+  Held* dlyLine;      // delay store: the samples oldest first, with room to append new ones
+  Sum* staging;       // results of one chunk before they go to the caller
 };
 
 // The first samples of a long block go through the delay store, for they need the history before
@@ -48,13 +61,26 @@ constexpr long outputsFromStore(long tapsLen) {
   return long(roundUp(std::size_t(tapsLen), sizeof(Part<Held>) == 4 && !Complex<Held> ? 8 : 4));
 }
 
+// Cycles that one step of a multirate filter runs through.
+constexpr long cyclesOfStep(const Rates& r) {
+  return pieceLen / std::max(r.cycleInputs(), r.cycleOutputs());
+}
+
+// A step's samples and those before them, in one row for each input of a cycle.
+template <class Held>
+constexpr kernels::Rows<Held> inputRows(Held* first, const Rates& r, long history) {
+  const long count = r.cycleInputs();
+  return kernels::rowsOf(first, count, cyclesOfStep(r) + history / count + 1);
+}
+
 struct Shape {
   int tapsLen;
+  Rates rates = {};
+  int leastTapsForFft = never;
 
   // Transforms are as long as 2 to 4 times the taps; -1 where there is none.
-  template <class Held>
   constexpr int fftOrder() const {
-    if (tapsLen < leastTapsForFft<Held>) return -1;
+    if (tapsLen < leastTapsForFft || !rates.areSingle()) return -1;
     constexpr int mostOrder = 27;  // samples and spectrum of larger ones take 2^31 bytes
     int order = 3;
     while (1L << (order - 1) <= tapsLen) ++order;
@@ -63,15 +89,29 @@ struct Shape {
 
   template <class HeldTap, class Held, class Sum>
   constexpr void layout(Arena& arena, State<HeldTap, Held, Sum>& s) const {
-    s.tapsLen = s.dlyLen = tapsLen;
-    const std::size_t taps(tapsLen);
-    const long appended = std::max(outputsFromStore<Held>(tapsLen), long(pieceLen));
-    s.revTaps = arena.place<HeldTap>(taps, partAlignment);
-    s.dlyLine = arena.place<Held>(2 * taps + std::size_t(appended), partAlignment);
+    s.tapsLen = tapsLen;
+    s.rates = rates;
+    s.dlyLen = int(TapPhases(tapsLen, rates.up).longest());
+    const std::size_t history(s.dlyLen);
+    const long appended = std::max(outputsFromStore<Held>(s.dlyLen), long(pieceLen));
+    s.heldTaps = arena.place<HeldTap>(std::size_t(tapsLen), partAlignment);
+    s.dlyLine = arena.place<Held>(2 * history + std::size_t(appended), partAlignment);
     s.staging = arena.place<Sum>(chunkLen, partAlignment);
-    const int order = fftOrder<Held>();
+    if constexpr (std::is_same_v<Held, Sum>) layoutEngines<Held>(arena, s, s.dlyLen);
+  }
+
+ private:
+  template <class Held>
+  constexpr void layoutEngines(Arena& arena, Engines<Held>& s, long history) const {
+    const int order = fftOrder();
     s.hasFft = order > 0;
     if (s.hasFft) s.fft.place(arena, tapsLen, order);
+    const int inputs = rates.cycleInputs(), outputs = rates.cycleOutputs();
+    s.byCycles = !rates.areSingle() && std::max(inputs, outputs) <= longestCycle;
+    if (!s.byCycles) return;
+    const auto rows = inputRows<Held>(nullptr, rates, history);
+    s.inputs = arena.place<Held>(std::size_t(rows.elements()), partAlignment);
+    s.outputs = arena.place<Held>(std::size_t(outputs * cyclesOfStep(rates)), partAlignment);
   }
 };
 
@@ -96,13 +136,41 @@ const StateOf<C>& stateOf(const MoxsFIRState* state) {
   return *static_cast<const StateOf<C>*>(state);
 }
 
-// Taps are held in reverse order.
+// How a combination's taps are held, made from all of a caller's.
 template <class C>
-void writeTaps(StateOf<C>& s, const typename C::Tap* taps) {
-  for (int k = 0; k < s.tapsLen; ++k)
-    s.revTaps[s.tapsLen - 1 - k] =
-        convert::converted<typename C::HeldTap>(load<typename C::Tap>(taps + k));
-  if (s.hasFft) s.fft.setTaps(std::reverse_iterator(s.revTaps + s.tapsLen));
+auto tapScale(const typename C::Tap* taps, int tapsLen, int tapsFactor) {
+  using E = Part<typename C::Tap>;
+  const long count = long(tapsLen) * partsPerElement<typename C::Tap>;
+  if constexpr (std::is_integral_v<E>)
+    return TapScale<E>(parts(taps), count, tapsFactor, C::mostTap);
+  else
+    return TapScale<E>(parts(taps), count);
+}
+
+// In a record with heldTaps, and with tapsFactor, where taps have one.
+template <class C, class Record>
+void holdTaps(Record& s, const typename C::Tap* taps, int tapsFactor) {
+  using Tap = typename C::Tap;
+  const TapPhases phases(s.tapsLen, s.rates.up);
+  if constexpr (isFloating<C>) {
+    phases.forEachTap([&](long k, long place) {
+      s.heldTaps[place] = convert::converted<typename C::HeldTap>(load<Tap>(taps + k));
+    });
+  } else {
+    const auto scale = tapScale<C>(taps, s.tapsLen, tapsFactor);
+    s.tapsFactor = scale.factor();
+    phases.forEachTap([&](long k, long place) {
+      for (int i = 0; i < partsPerElement<Tap>; ++i)
+        parts(s.heldTaps + place)[i] = scale(load<Part<Tap>>(parts(taps + k) + i));
+    });
+  }
+}
+
+template <class C>
+void writeTaps(StateOf<C>& s, const typename C::Tap* taps, int tapsFactor) {
+  holdTaps<C>(s, taps, tapsFactor);
+  if constexpr (isFloating<C>)
+    if (s.hasFft) s.fft.setTaps(std::reverse_iterator(s.heldTaps + s.tapsLen));
 }
 
 // The newest sample comes first in `dlyLine`; null stands for silence.
@@ -113,6 +181,70 @@ void writeDelayLine(StateOf<C>& s, const typename C::Data* dlyLine) {
   for (int i = 0; i < s.dlyLen; ++i)
     s.dlyLine[s.dlyLen - 1 - i] =
         dlyLine ? convert::converted<Held>(load<typename C::Data>(dlyLine + i)) : Held{};
+}
+template <class C>
+void readDelayLine(const StateOf<C>& s, typename C::Data* dlyLine) {
+  const auto* newest = s.dlyLine + s.dlyIndex + s.dlyLen - 1;
+  for (int i = 0; i < s.dlyLen; ++i)
+    store(dlyLine + i, convert::converted<typename C::Data>(newest[-i]));
+}
+
+// Filters whose state no int can measure have too many taps.
+template <class C>
+MoxStatus checkSize(const Shape& shape) {
+  return fitsInInt<Kind<C>>(shape) ? moxOk : MoxStatus(moxErrFirLen);
+}
+
+// What the Init functions are given, and the forms without a state that make one for a call. The
+// numbers behind the tap count are the factor of the taps, the rates, both or none.
+template <class C>
+struct Setup {
+  using Tap = typename C::Tap;
+  using Data = typename C::Data;
+
+  Setup(const Tap* t, int n, const Data* d) : taps(t), tapsLen(n), dlyLine(d) {}
+  Setup(const Tap* t, int n, const Data* d, int factor) : Setup(t, n, d) { tapsFactor = factor; }
+  Setup(const Tap* t, int n, const Data* d, int up, int upPhase, int down, int downPhase)
+      : Setup(t, n, d) {
+    rates = {up, upPhase, down, downPhase};
+  }
+  Setup(const Tap* t, int n, const Data* d, int factor, int up, int upPhase, int down,
+        int downPhase)
+      : Setup(t, n, d, up, upPhase, down, downPhase) {
+    tapsFactor = factor;
+  }
+
+  const Tap* taps;
+  int tapsLen;
+  const Data* dlyLine;
+  int tapsFactor = 0;
+  Rates rates = {};
+
+  MoxStatus check() const {
+    if (tapsLen < 1) return moxErrFirLen;
+    if (MoxStatus s = rates.check()) return s;
+    return checkSize<C>(shape(C::leastTapsForFft));
+  }
+  Shape shape(int leastTapsForFft) const { return {tapsLen, rates, leastTapsForFft}; }
+  Mox32s id(bool isStream = false) const {
+    if (rates.areSingle()) return isStream ? C::ids.stream : C::ids.single;
+    return isStream ? C::ids.streamMultirate : C::ids.multirate;
+  }
+
+  MoxStatus operator()(StateOf<C>& s) const {
+    if constexpr (isFloating<C>)
+      if (s.hasFft) s.fft.fill();
+    writeTaps<C>(s, taps, tapsFactor);
+    writeDelayLine<C>(s, dlyLine);
+    return moxOk;
+  }
+};
+
+template <class C>
+MoxStatus initAllocFrom(MoxsFIRState** state, const Setup<C>& setup, bool isStream = false) {
+  if (MoxStatus s = setup.check()) return s;
+  return mox::initAlloc<Kind<C>>(state, setup.id(isStream), setup.shape(C::leastTapsForFftAlloc),
+                                 setup);
 }
 
 }  // namespace mox::fir

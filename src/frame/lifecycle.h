@@ -3,6 +3,7 @@
 // what differs.
 #pragma once
 
+#include <algorithm>
 #include <climits>
 #include <concepts>
 
@@ -25,8 +26,17 @@ concept ObjectKind = requires(const typename K::Shape& shape, Arena& arena,
   { K::alignment } -> std::convertible_to<int>;
 };
 
-// Parts start on a multiple of this behind the record, wherever that is.
+// Parts start on a multiple of this behind the record, wherever that is, unless their kind names
+// its own multiple.
 constexpr int partAlignment = 64;
+
+namespace detail {
+template <class K>
+constexpr int partAlignmentOf = partAlignment;
+template <class K>
+requires requires { K::partAlignment; }
+inline constexpr int partAlignmentOf<K> = K::partAlignment;
+}  // namespace detail
 
 // Bytes of an object that suffice at any address.
 template <ObjectKind K>
@@ -36,7 +46,8 @@ constexpr std::size_t objectBytes(const typename K::Shape& shape) {
   Record record{};
   shape.layout(parts, record);
   if (parts.used() == 0) return K::alignment - 1 + sizeof(Record);
-  return roundUp(sizeof(Record), K::alignment) + partAlignment - 1 + parts.used();
+  const int slack = std::max<int>(K::alignment, detail::partAlignmentOf<K>) - 1;
+  return roundUp(sizeof(Record), K::alignment) + std::size_t(slack) + parts.used();
 }
 template <ObjectKind K>
 constexpr bool fitsInInt(const typename K::Shape& shape) {
@@ -48,7 +59,7 @@ template <ObjectKind K>
 typename K::Record& placeObject(void* memory, const typename K::Shape& shape) {
   auto* record = static_cast<typename K::Record*>(alignUp(memory, K::alignment));
   *record = {};
-  Arena parts(alignUp(static_cast<void*>(record + 1), partAlignment));
+  Arena parts(alignUp(static_cast<void*>(record + 1), detail::partAlignmentOf<K>));
   shape.layout(parts, *record);
   return *record;
 }

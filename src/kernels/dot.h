@@ -4,11 +4,9 @@
 
 #include "frame/elements.h"
 #include "frame/widen.h"
+#include "kernels/tap_order.h"
 
 namespace mox::kernels {
-
-// Whether the first tap belongs to the newest sample or, reversed, to the oldest one.
-enum class TapOrder { forward, reversed };
 
 namespace detail {
 
@@ -61,8 +59,8 @@ Wide dotProduct(const D* window, const A* taps, long n) {
   return total;
 }
 
-template <class Wide, TapOrder order, Complex A>
-A dotProduct(const A* window, const A* taps, long n) {
+template <class Wide, TapOrder order, Complex A, Complex D>
+A dotProduct(const D* window, const A* taps, long n) {
   using F = Part<A>;
   using T = V<F>;
   constexpr long lanes = lanesOf<F>, numbers = lanes / 2;
@@ -70,7 +68,7 @@ A dotProduct(const A* window, const A* taps, long n) {
   T straight[2] = {}, crossed[2] = {};
   const auto add = [&](int i, long k) {
     const T tap = detail::tapLanes<T, order, 2>(parts(taps), 2 * n, 2 * k);
-    const T x = load<T>(parts(window) + 2 * k);
+    const T x = loadWidened<T>(parts(window) + 2 * k);
     straight[i] += tap * x;
     crossed[i] += tap * shuffle<[](int j) { return j ^ 1; }>(x);
   };
@@ -84,9 +82,10 @@ A dotProduct(const A* window, const A* taps, long n) {
   const T signedSquares = shuffle<[](int j) { return j % 2 * lanes + j; }>(squares, zero - squares);
   A total = {detail::sumOfLanes(signedSquares), detail::sumOfLanes(crossed[0] + crossed[1])};
   for (; k < n; ++k) {
-    const A x = load<A>(window + k), tap = detail::tapAt<order>(taps, n, k);
-    total.re += tap.re * x.re - tap.im * x.im;
-    total.im += tap.re * x.im + tap.im * x.re;
+    const D x = load<D>(window + k);
+    const A tap = detail::tapAt<order>(taps, n, k);
+    total.re += tap.re * F(x.re) - tap.im * F(x.im);
+    total.im += tap.re * F(x.im) + tap.im * F(x.re);
   }
   return total;
 }

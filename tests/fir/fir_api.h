@@ -21,41 +21,73 @@ struct WithoutScale<f> {
   static MoxStatus call(P... p, int) { return f(p...); }
 };
 
-#define FIR_FUNCTIONS(types, tapToken, dataToken, taps, len)   \
-  using Tap = Mox##tapToken;                                   \
-  using Data = Mox##dataToken;                                 \
-  static constexpr int fftTaps = taps, fftLen = len;           \
-  static constexpr auto initAlloc = moxsFIRInitAlloc##types;   \
-  static constexpr auto free = moxsFIRFree##types;             \
-  static constexpr auto getTaps = moxsFIRGetTaps##types;       \
-  static constexpr auto setTaps = moxsFIRSetTaps##types;       \
-  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types; \
-  static constexpr auto setDlyLine = moxsFIRSetDlyLine##types
+#define FIR_FUNCTIONS(types, tapToken, dataToken, number, taps, len)  \
+  using Tap = Mox##tapToken;                                          \
+  using Data = Mox##dataToken;                                        \
+  static constexpr Mox32s id = number;                                \
+  static constexpr int fftTaps = taps, fftLen = len;                  \
+  static constexpr auto getStateSize = moxsFIRGetStateSize##types;    \
+  static constexpr auto init = moxsFIRInit##types;                    \
+  static constexpr auto initAlloc = moxsFIRInitAlloc##types;          \
+  static constexpr auto free = moxsFIRFree##types;                    \
+  static constexpr auto getTaps = moxsFIRGetTaps##types;              \
+  static constexpr auto setTaps = moxsFIRSetTaps##types;              \
+  static constexpr auto getDlyLine = moxsFIRGetDlyLine##types;        \
+  static constexpr auto setDlyLine = moxsFIRSetDlyLine##types;        \
+  static constexpr auto multirateSize = moxsFIRMRGetStateSize##types; \
+  static constexpr auto initMultirate = moxsFIRMRInit##types;         \
+  static constexpr auto allocMultirate = moxsFIRMRInitAlloc##types
 
-// Combinations of one type, and where their engines change.
-#define FIR_FLOAT(t, fftTaps, fftLen)                                                 \
+// Combinations of one type: where the engines change, and the word that objects begin with.
+#define FIR_FLOAT(t, id, fftTaps, fftLen)                                             \
   struct Fir##t {                                                                     \
-    FIR_FUNCTIONS(_##t, t, t, fftTaps, fftLen);                                       \
+    FIR_FUNCTIONS(_##t, t, t, id, fftTaps, fftLen);                                   \
     static constexpr auto run = WithoutScale<moxsFIR_##t>::call;                      \
     static constexpr auto runInPlace = WithoutScale<moxsFIR_##t##_I>::call;           \
     static constexpr auto one = WithoutScale<moxsFIROne_##t>::call;                   \
     static constexpr auto direct = WithoutScale<moxsFIR_Direct_##t>::call;            \
     static constexpr auto directInPlace = WithoutScale<moxsFIR_Direct_##t##_I>::call; \
+    static constexpr auto multirateDirect = WithoutScale<moxsFIRMR_Direct_##t>::call; \
     static constexpr auto oneDirect = WithoutScale<moxsFIROne_Direct_##t>::call;      \
   }
-FIR_FLOAT(32f, 64, 512);
-FIR_FLOAT(32fc, 16, 256);
-FIR_FLOAT(64f, 64, 512);
-FIR_FLOAT(64fc, 32, 256);
-struct Fir32f16s {
-  FIR_FUNCTIONS(32f_16s, 32f, 16s, 64, 512);
-  static constexpr auto run = moxsFIR32f_16s_Sfs;
-  static constexpr auto runInPlace = moxsFIR32f_16s_ISfs;
-  static constexpr auto one = moxsFIROne32f_16s_Sfs;
-  static constexpr auto direct = moxsFIR32f_Direct_16s_Sfs;
-  static constexpr auto directInPlace = moxsFIR32f_Direct_16s_ISfs;
-  static constexpr auto oneDirect = moxsFIROne32f_Direct_16s_Sfs;
-};
+FIR_FLOAT(32f, 0x46493031, 64, 512);
+FIR_FLOAT(32fc, 0x46493032, 16, 256);
+FIR_FLOAT(64f, 0x46493133, 64, 512);
+FIR_FLOAT(64fc, 0x46493134, 32, 256);
+
+#define FIR_NARROWED(t, d, id, fftTaps, fftLen)                                            \
+  struct Fir##t##d {                                                                       \
+    FIR_FUNCTIONS(t##_##d, t, d, id, fftTaps, fftLen);                                     \
+    static constexpr auto run = WithoutScale<moxsFIR##t##_##d>::call;                      \
+    static constexpr auto runInPlace = WithoutScale<moxsFIR##t##_##d##_I>::call;           \
+    static constexpr auto one = WithoutScale<moxsFIROne##t##_##d>::call;                   \
+    static constexpr auto direct = WithoutScale<moxsFIR##t##_Direct_##d>::call;            \
+    static constexpr auto directInPlace = WithoutScale<moxsFIR##t##_Direct_##d##_I>::call; \
+    static constexpr auto multirateDirect = WithoutScale<moxsFIRMR##t##_Direct_##d>::call; \
+    static constexpr auto oneDirect = WithoutScale<moxsFIROne##t##_Direct_##d>::call;      \
+  }
+FIR_NARROWED(64f, 32f, 0x46493137, 64, 512);
+FIR_NARROWED(64fc, 32fc, 0x46493138, 32, 256);
+
+#define FIR_SCALED(t, d, id, fftTaps, fftLen)                                \
+  struct Fir##t##d {                                                         \
+    FIR_FUNCTIONS(t##_##d, t, d, id, fftTaps, fftLen);                       \
+    static constexpr auto run = moxsFIR##t##_##d##_Sfs;                      \
+    static constexpr auto runInPlace = moxsFIR##t##_##d##_ISfs;              \
+    static constexpr auto one = moxsFIROne##t##_##d##_Sfs;                   \
+    static constexpr auto direct = moxsFIR##t##_Direct_##d##_Sfs;            \
+    static constexpr auto directInPlace = moxsFIR##t##_Direct_##d##_ISfs;    \
+    static constexpr auto multirateDirect = moxsFIRMR##t##_Direct_##d##_Sfs; \
+    static constexpr auto oneDirect = moxsFIROne##t##_Direct_##d##_Sfs;      \
+  }
+FIR_SCALED(32f, 16s, 0x46493035, 64, 512);
+FIR_SCALED(32fc, 16sc, 0x46493036, 16, 256);
+FIR_SCALED(64f, 32s, 0x46493231, 64, 512);
+FIR_SCALED(64fc, 32sc, 0x46493232, 32, 256);
+FIR_SCALED(64f, 16s, 0x46493235, 64, 512);
+FIR_SCALED(64fc, 16sc, 0x46493236, 32, 256);
+#undef FIR_NARROWED
+#undef FIR_SCALED
 #undef FIR_FLOAT
 #undef FIR_FUNCTIONS
 
@@ -66,7 +98,9 @@ E number(int value) {
   return e;
 }
 
-using AllFirs = ::testing::Types<Fir32f, Fir32fc, Fir64f, Fir64fc, Fir32f16s>;
+using AllFirs =
+    ::testing::Types<Fir32f, Fir32fc, Fir64f, Fir64fc, Fir64f32f, Fir64fc32fc, Fir32f16s,
+                     Fir32fc16sc, Fir64f16s, Fir64fc16sc, Fir64f32s, Fir64fc32sc>;
 
 struct FirFree {
   MoxStatus (*free)(MoxsFIRState*);
@@ -87,7 +121,7 @@ using Exact = std::complex<long double>;
 template <class E>
 Exact exactly(E e) {
   if constexpr (mox::Complex<E>)
-    return {e.re, e.im};
+    return Exact(e.re, e.im);
   else
     return Exact(e);
 }
@@ -116,6 +150,23 @@ std::vector<Reference> filtered(const std::vector<Tap>& taps, const std::vector<
     y[j] = {{re, im}, magnitude};
   }
   return y;
+}
+
+// The least error that storing a value as Data makes: half a unit, or a unit roundoff of it.
+template <class Data>
+long double storeError(Exact value) {
+  using P = mox::Part<Data>;
+  return std::is_integral_v<P> ? std::sqrt(0.5L)
+                               : std::abs(value) * std::numeric_limits<P>::epsilon() / 2;
+}
+
+// The nearest value that Data holds, but for the fraction.
+template <class Data>
+Exact saturated(Exact value) {
+  using L = std::numeric_limits<mox::Part<Data>>;
+  if constexpr (!L::is_integer) return value;
+  const auto part = [](long double v) { return std::clamp<long double>(v, L::min(), L::max()); };
+  return {part(value.real()), part(value.imag())};
 }
 
 }  // namespace test

@@ -97,6 +97,14 @@ template <class T>
 }
 
 // Rows become columns.
+[[gnu::always_inline]] inline void transpose(V<Mox32f, 4> (&r)[4]) {
+  const V<Mox32f, 4> a = unpackLow<Mox32f>(r[0], r[1]), b = unpackHigh<Mox32f>(r[0], r[1]);
+  const V<Mox32f, 4> c = unpackLow<Mox32f>(r[2], r[3]), d = unpackHigh<Mox32f>(r[2], r[3]);
+  r[0] = unpackLow<Mox64f>(a, c);
+  r[1] = unpackHigh<Mox64f>(a, c);
+  r[2] = unpackLow<Mox64f>(b, d);
+  r[3] = unpackHigh<Mox64f>(b, d);
+}
 [[gnu::always_inline]] inline void transpose(V<Mox64f> (&r)[4]) {
   const V<Mox64f> a = unpackLow<Mox64f>(r[0], r[1]), b = unpackHigh<Mox64f>(r[0], r[1]);
   const V<Mox64f> c = unpackLow<Mox64f>(r[2], r[3]), d = unpackHigh<Mox64f>(r[2], r[3]);

@@ -1,0 +1,74 @@
+// Multirate filters without a state: one is made for the call.
+#include "fir/fir_multirate.h"
+#include "fir/fir_single.h"
+#include "frame/checks.h"
+#include "frame/export.h"
+#include "frame/in_place.h"
+
+namespace mox::fir {
+namespace {
+
+template <class C>
+MoxStatus directWithFactor(const typename C::Data* src, typename C::Data* dst, int numIters,
+                           const typename C::Tap* taps, int tapsLen, int tapsFactor, int upFactor,
+                           int upPhase, int downFactor, int downPhase, typename C::Data* dlyLine,
+                           int scaleFactor) {
+  if (MoxStatus e = checkArrays(numIters, src, dst, taps, dlyLine)) return e;
+  const Setup<C> setup(taps, tapsLen, dlyLine, tapsFactor, upFactor, upPhase, downFactor,
+                       downPhase);
+  MoxsFIRState* state;
+  if (MoxStatus e = initAllocFrom(&state, setup)) return e;
+  const MoxStatus status =
+      (setup.rates.areSingle() ? runSingle<C> : runMultirate<C>)(state, src, dst, numIters,
+                                                                 scaleFactor);
+  if (status == moxOk) readDelayLine<C>(stateOf<C>(state), dlyLine);
+  moxFree(state);
+  return status;
+}
+template <class C>
+MoxStatus directScaled(const typename C::Data* src, typename C::Data* dst, int numIters,
+                       const typename C::Tap* taps, int tapsLen, int upFactor, int upPhase,
+                       int downFactor, int downPhase, typename C::Data* dlyLine, int scaleFactor) {
+  return directWithFactor<C>(src, dst, numIters, taps, tapsLen, 0, upFactor, upPhase, downFactor,
+                             downPhase, dlyLine, scaleFactor);
+}
+template <class C>
+MoxStatus direct(const typename C::Data* src, typename C::Data* dst, int numIters,
+                 const typename C::Tap* taps, int tapsLen, int upFactor, int upPhase,
+                 int downFactor, int downPhase, typename C::Data* dlyLine) {
+  return directScaled<C>(src, dst, numIters, taps, tapsLen, upFactor, upPhase, downFactor,
+                         downPhase, dlyLine, 0);
+}
+
+}  // namespace
+
+MOX_EXPORT(moxsFIRMR_Direct_32f, direct<Fir32f>);
+MOX_EXPORT(moxsFIRMR_Direct_32f_I, inPlace<direct<Fir32f>>);
+MOX_EXPORT(moxsFIRMR_Direct_32fc, direct<Fir32fc>);
+MOX_EXPORT(moxsFIRMR_Direct_32fc_I, inPlace<direct<Fir32fc>>);
+MOX_EXPORT(moxsFIRMR_Direct_64f, direct<Fir64f>);
+MOX_EXPORT(moxsFIRMR_Direct_64f_I, inPlace<direct<Fir64f>>);
+MOX_EXPORT(moxsFIRMR_Direct_64fc, direct<Fir64fc>);
+MOX_EXPORT(moxsFIRMR_Direct_64fc_I, inPlace<direct<Fir64fc>>);
+MOX_EXPORT(moxsFIRMR64f_Direct_32f, direct<Fir64f32f>);
+MOX_EXPORT(moxsFIRMR64f_Direct_32f_I, inPlace<direct<Fir64f32f>>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_32fc, direct<Fir64fc32fc>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_32fc_I, inPlace<direct<Fir64fc32fc>>);
+MOX_EXPORT(moxsFIRMR32f_Direct_16s_Sfs, directScaled<Fir32f16s>);
+MOX_EXPORT(moxsFIRMR32f_Direct_16s_ISfs, inPlace<directScaled<Fir32f16s>>);
+MOX_EXPORT(moxsFIRMR32fc_Direct_16sc_Sfs, directScaled<Fir32fc16sc>);
+MOX_EXPORT(moxsFIRMR32fc_Direct_16sc_ISfs, inPlace<directScaled<Fir32fc16sc>>);
+MOX_EXPORT(moxsFIRMR64f_Direct_16s_Sfs, directScaled<Fir64f16s>);
+MOX_EXPORT(moxsFIRMR64f_Direct_16s_ISfs, inPlace<directScaled<Fir64f16s>>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_16sc_Sfs, directScaled<Fir64fc16sc>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_16sc_ISfs, inPlace<directScaled<Fir64fc16sc>>);
+MOX_EXPORT(moxsFIRMR64f_Direct_32s_Sfs, directScaled<Fir64f32s>);
+MOX_EXPORT(moxsFIRMR64f_Direct_32s_ISfs, inPlace<directScaled<Fir64f32s>>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_32sc_Sfs, directScaled<Fir64fc32sc>);
+MOX_EXPORT(moxsFIRMR64fc_Direct_32sc_ISfs, inPlace<directScaled<Fir64fc32sc>>);
+MOX_EXPORT(moxsFIRMR32s_Direct_16s_Sfs, directWithFactor<Fir32s16s>);
+MOX_EXPORT(moxsFIRMR32s_Direct_16s_ISfs, inPlace<directWithFactor<Fir32s16s>>);
+MOX_EXPORT(moxsFIRMR32sc_Direct_16sc_Sfs, directWithFactor<Fir32sc16sc>);
+MOX_EXPORT(moxsFIRMR32sc_Direct_16sc_ISfs, inPlace<directWithFactor<Fir32sc16sc>>);
+
+}  // namespace mox::fir
