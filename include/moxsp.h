@@ -31,6 +31,7 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
+#include <moxsp/iir.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>

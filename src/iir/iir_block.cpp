@@ -1,0 +1,221 @@
+// A recursion waits for its last output before it can go on. So a block is cut into stretches, each
+// in a lane of its own, and every stretch is filtered as if nothing had come out before it. What
+// the outputs before a stretch add to it, is their response, which the state holds: from the first
+// stretch to the last, the outputs that end a stretch are completed, for they are what precedes the
+// next one. Then all others are completed at once; in a cascade on their way into the next section.
+#include "iir/iir_block.h"
+
+#include "iir/iir_steps.h"
+#include "iir/second_order.h"
+
+namespace mox::iir {
+namespace {
+
+// Fewer samples in a stretch take longer than single steps.
+constexpr int leastLength = 8;
+
+// The order of a section, which loops unroll where it is `fixed`.
+template <int fixed>
+struct Order {
+  int value;
+  [[gnu::always_inline]] operator int() const { return fixed ? fixed : value; }
+};
+
+// to[m] += factor * from[m]
+template <class E, int fixed>
+void addProducts(const E* from, Scalar<E> factor, E* to, Order<fixed> order) {
+  int m = 0;
+  if constexpr (!fixed) {
+    using T = V<Part<E>>;
+    for (; m <= order - tileRows<E>; m += tileRows<E>) {
+      const T w = load<T>(from + m);
+      T product;
+      if constexpr (Complex<E>)
+        product = addSubtract(w * factor.re, swapParts(w) * factor.im);
+      else
+        product = w * factor;
+      store(to + m, load<T>(to + m) + product);
+    }
+  }
+  for (; m < order; ++m) store(to + m, numberAt(to + m) + times(numberAt(from + m), factor));
+}
+
+// Writes the last `order` numbers of a signal before each stretch, the newest first. Before the
+// first stretch they are in `past`, the oldest first, which then gets the last of the block. If the
+// rows lack the response to past outputs, it is added.
+template <class E, int fixed>
+void findBefore(const Row<E>* rows, long length, Order<fixed> order, const E* response, E* past,
+                Row<E>* before) {
+  E room[2][fixed ? fixed : mostOrder], *previous = room[0], *next = room[1];
+  std::copy_n(past, int(order), previous);
+  const Row<E>* const last = rows + length - order;
+  for (int stretch = 0; stretch < stretchesOf<E>; ++stretch) {
+    for (int m = 0; m < order; ++m) {
+      setNumber(before[order - 1 - m], stretch, numberAt(previous + m));
+      store(next + m, numberOf(last[m], stretch));
+    }
+    if (response)
+      for (int k = order - 1; k >= 0; --k)
+        addProducts(response + long(k) * responseStride + length - order,
+                    numberAt(previous + order - 1 - k), next, order);
+    std::swap(previous, next);
+  }
+  std::copy_n(previous, int(order), past);
+}
+
+// The response of a section's past outputs, by output and register of lanes.
+template <class E>
+struct Response {
+  const E* weights;
+  const Row<E>* before;
+
+  [[gnu::always_inline]] Lanes<E> of(int past, long j, int r) const {
+    return times(before[past].lanes[r], everyLane(weights + past * responseStride + j));
+  }
+};
+
+// A section whose lanes are stretches of one signal.
+template <class E, class Entering>
+void filterSection(const E* taps, const Row<E>* before, Row<E>* rows, long length,
+                   Entering entering) {
+  Lanes<E> tap[5];
+  for (int k = 0; k < 5; ++k) tap[k] = everyLane(taps + k);
+  Row<E> past[4] = {before[1], before[0]};
+  filterRows([&](int k, int) { return tap[k]; }, past, rows, length, entering);
+}
+
+// Sums for `count` consecutive rows at once, so that none waits for the last addition of another.
+template <class E, int count>
+struct RowSums {
+  Lanes<E> of[count][registersOf<E>];
+
+  [[gnu::always_inline]] void each(auto f) {
+    for (int t = 0; t < count; ++t)
+      for (int r = 0; r < registersOf<E>; ++r) of[t][r] = f(of[t][r], t, r);
+  }
+};
+
+// Calls f(j, count) with a constant of four rows as long as there are as many, then of one.
+void forRows(long length, auto f) {
+  long j = 0;
+  for (; j + 4 <= length; j += 4) f(j, std::integral_constant<int, 4>());
+  for (; j < length; ++j) f(j, std::integral_constant<int, 1>());
+}
+
+// One section of any order. The rows of its past are below both arrays.
+template <class E>
+void filterRows(const E* taps, int order, const Row<E>* before, Row<E>* input, Row<E>* rows,
+                long length) {
+  using T = Lanes<E>;
+  for (int k = 0; k < order; ++k) input[-1 - k] = before[k], rows[-1 - k] = {};
+  forRows(length, [=](long j, auto count) {
+    RowSums<E, count> sums{};
+    for (int k = 0; k <= order; ++k) {
+      const T b = everyLane(taps + k);
+      sums.each([&](T sum, int t, int r) { return sum + times(b, input[j + t - k].lanes[r]); });
+    }
+    int k = order;
+    for (; k >= count; --k) {
+      const T a = everyLane(taps + order + k);
+      sums.each([&](T sum, int t, int r) { return sum - times(a, rows[j + t - k].lanes[r]); });
+    }
+    sums.each([&](T sum, int t, int r) {
+      for (int i = k; i >= 1; --i)
+        sum = sum - times(everyLane(taps + order + i), rows[j + t - i].lanes[r]);
+      return rows[j + t].lanes[r] = sum;
+    });
+  });
+}
+
+template <class E>
+void complete(Row<E>* rows, long length, int order, Response<E> response) {
+  forRows(length, [=](long j, auto count) {
+    RowSums<E, count> sums;
+    sums.each([&](auto, int t, int r) { return rows[j + t].lanes[r]; });
+    for (int k = order - 1; k >= 0; --k)
+      sums.each([&](auto sum, int t, int r) { return sum + response.of(k, j + t, r); });
+    sums.each([&](auto sum, int t, int r) { return rows[j + t].lanes[r] = sum; });
+  });
+}
+
+template <class E>
+void filterCascade(State<E>& s, Row<E>* rows, long length) {
+  constexpr Order<2> order{};
+  Row<E> entering[2];
+  Response<E> response{};
+  findBefore<E>(rows, length, order, nullptr, s.past, entering);
+  for (int k = 0; k < s.sections; ++k) {
+    const E* const taps = s.taps + s.tapsOf(k);
+    if (k == 0)
+      filterSection(taps, entering, rows, length, asItIs);
+    else
+      filterSection(taps, entering, rows, length,
+                 [=](auto x, long j, int r) {
+                   return x + response.of(1, j, r) + response.of(0, j, r);
+                 });
+    E* const outputs = s.past + s.pastOf(k) + order;
+    response = {s.response + s.responseOf(k), s.before[k % 2]};
+    findBefore(rows, length, order, response.weights, outputs, s.before[k % 2]);
+    if (k + 1 == s.sections) break;
+    E* const inputs = outputs + order;  // of the next section, whose past is its own
+    for (int i = 0; i < order; ++i) {
+      entering[i] = response.before[i];
+      setNumber(entering[i], 0, numberAt(inputs + order - 1 - i));
+    }
+    std::copy_n(outputs, int(order), inputs);
+  }
+  complete(rows, length, order, response);
+}
+
+template <class E>
+void filterOneSection(State<E>& s, Row<E>* input, Row<E>* rows, long length) {
+  const Order<0> order{s.order};
+  const Response<E> response{s.response, s.before[1]};
+  findBefore<E>(input, length, order, nullptr, s.past, s.before[0]);
+  filterRows(s.taps, order, s.before[0], input, rows, length);
+  findBefore(rows, length, order, response.weights, s.past + order, s.before[1]);
+  complete(rows, length, order, response);
+}
+
+template <class E>
+void filterStretches(State<E>& s, const E* src, E* dst, long length) {
+  Row<E>* const rows = s.rows + s.order;
+  const auto startIn = [=](const E* p) {
+    return [=](int stretch) { return p + stretch * length; };
+  };
+  if (s.order == 2) {
+    loadRows<E>(startIn(src), length, rows);
+    filterCascade(s, rows, length);
+  } else {
+    Row<E>* const input = s.input + s.order;
+    loadRows<E>(startIn(src), length, input);
+    filterOneSection(s, input, rows, length);
+  }
+  storeRows<E>(rows, length, [=](int stretch) { return dst + stretch * length; });
+}
+
+}  // namespace
+
+template <class E>
+void filterBlock(State<E>& s, const E* src, E* dst, long len) {
+  const int least = std::max(leastLength, s.order);
+  const long first = samplesToSetOff(s), leastSamples = long(stretchesOf<E>) * least;
+  long i = 0;
+  if (s.filtersStretches && s.length >= least && len >= first + leastSamples) {
+    setOff(s, src, dst);
+    for (i = first; len - i >= leastSamples;) {
+      const long length = std::min<long>(s.length, (len - i) / stretchesOf<E>);
+      filterStretches(s, src + i, dst + i, length);
+      i += length * stretchesOf<E>;
+    }
+    refillDelayLine(s);
+  }
+  filterInSteps(s, src + i, dst + i, len - i);
+}
+
+template void filterBlock(State<Mox32f>&, const Mox32f*, Mox32f*, long);
+template void filterBlock(State<Mox64f>&, const Mox64f*, Mox64f*, long);
+template void filterBlock(State<Mox32fc>&, const Mox32fc*, Mox32fc*, long);
+template void filterBlock(State<Mox64fc>&, const Mox64fc*, Mox64fc*, long);
+
+}  // namespace mox::iir
