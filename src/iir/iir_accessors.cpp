@@ -1,6 +1,7 @@
 // What a caller may replace in an IIR state and read from it.
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "iir/iir_delay_line.h"
 #include "iir/iir_taps.h"
 
 namespace mox::iir {
@@ -24,8 +25,7 @@ template <class C, class Line, Mox32s... ids>
 MoxStatus getDlyLineAs(const MoxsIIRState* state, Line* dlyLine) {
   if (anyNull(state, dlyLine)) return moxErrNullPtr;
   if (MoxStatus e = requireId(state, ids...)) return e;
-  const auto& s = stateOf<C>(state);
-  convert::giveOut(s.dlyLine, dlyLine, s.dlyLen, 0);
+  readDelayLine(stateOf<C>(state), dlyLine);
   return moxOk;
 }
 template <class C, class Line, Mox32s... ids>
@@ -70,7 +70,8 @@ MOX_EXPORT(moxsIIRGetDlyLine64f_32s, getDlyLine<Iir64f32s>);
 MOX_EXPORT(moxsIIRGetDlyLine64fc_16sc, getDlyLine<Iir64fc16sc>);
 MOX_EXPORT(moxsIIRGetDlyLine64fc_32fc, getDlyLine<Iir64fc32fc>);
 MOX_EXPORT(moxsIIRGetDlyLine64fc_32sc, getDlyLine<Iir64fc32sc>);
-MOX_EXPORT(moxsIIRGetDlyLine_32f, getDlyLineAs<Iir32f, Mox32f, Iir32f::ar, Iir32f::biquad, Iir32f::directForm1>);
+MOX_EXPORT(moxsIIRGetDlyLine_32f,
+           getDlyLineAs<Iir32f, Mox32f, Iir32f::ar, Iir32f::biquad, Iir32f::directForm1>);
 MOX_EXPORT(moxsIIRGetDlyLine_32fc, getDlyLine<Iir32fc>);
 MOX_EXPORT(moxsIIRGetDlyLine_64f, getDlyLine<Iir64f>);
 MOX_EXPORT(moxsIIRGetDlyLine_64fc, getDlyLine<Iir64fc>);
@@ -86,7 +87,8 @@ MOX_EXPORT(moxsIIRSetDlyLine64f_32s, setDlyLine<Iir64f32s>);
 MOX_EXPORT(moxsIIRSetDlyLine64fc_16sc, setDlyLine<Iir64fc16sc>);
 MOX_EXPORT(moxsIIRSetDlyLine64fc_32fc, setDlyLine<Iir64fc32fc>);
 MOX_EXPORT(moxsIIRSetDlyLine64fc_32sc, setDlyLine<Iir64fc32sc>);
-MOX_EXPORT(moxsIIRSetDlyLine_32f, setDlyLineAs<Iir32f, Mox32f, Iir32f::ar, Iir32f::biquad, Iir32f::directForm1>);
+MOX_EXPORT(moxsIIRSetDlyLine_32f,
+           setDlyLineAs<Iir32f, Mox32f, Iir32f::ar, Iir32f::biquad, Iir32f::directForm1>);
 MOX_EXPORT(moxsIIRSetDlyLine_32fc, setDlyLine<Iir32fc>);
 MOX_EXPORT(moxsIIRSetDlyLine_64f, setDlyLine<Iir64f>);
 MOX_EXPORT(moxsIIRSetDlyLine_64fc, setDlyLine<Iir64fc>);

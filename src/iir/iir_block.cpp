@@ -54,10 +54,12 @@ void findBefore(const Row<E>* rows, long length, Order<fixed> order, const E* re
       setNumber(before[order - 1 - m], stretch, numberAt(previous + m));
       store(next + m, numberOf(last[m], stretch));
     }
-    if (response)
-      for (int k = order - 1; k >= 0; --k)
-        addProducts(response + long(k) * responseStride + length - order,
-                    numberAt(previous + order - 1 - k), next, order);
+    const auto newest = numberAt(previous + order - 1);
+    for (int k = order - 1; k >= 0 && response; --k) {
+      auto factor = numberAt(previous + order - 1 - k);
+      if (fixed == 2 && k == 1) factor = newest - factor;
+      addProducts(response + k * responseStride + length - order, factor, next, order);
+    }
     std::swap(previous, next);
   }
   std::copy_n(previous, int(order), past);
@@ -138,6 +140,13 @@ void complete(Row<E>* rows, long length, int order, Response<E> response) {
   });
 }
 
+// What the responses of order 2 belong to: see respond().
+template <class E>
+void takeDifference(Row<E>* before) {
+  for (int r = 0; r < registersOf<E>; ++r)
+    before[1].lanes[r] = before[0].lanes[r] - before[1].lanes[r];
+}
+
 template <class E>
 void filterCascade(State<E>& s, Row<E>* rows, long length) {
   constexpr Order<2> order{};
@@ -149,20 +158,21 @@ void filterCascade(State<E>& s, Row<E>* rows, long length) {
     if (k == 0)
       filterSection(taps, entering, rows, length, asItIs);
     else
-      filterSection(taps, entering, rows, length,
-                 [=](auto x, long j, int r) {
-                   return x + response.of(1, j, r) + response.of(0, j, r);
-                 });
+      filterSection(taps, entering, rows, length, [=](auto x, long j, int r) {
+        return x + response.of(1, j, r) + response.of(0, j, r);
+      });
     E* const outputs = s.past + s.pastOf(k) + order;
     response = {s.response + s.responseOf(k), s.before[k % 2]};
     findBefore(rows, length, order, response.weights, outputs, s.before[k % 2]);
-    if (k + 1 == s.sections) break;
-    E* const inputs = outputs + order;  // of the next section, whose past is its own
-    for (int i = 0; i < order; ++i) {
-      entering[i] = response.before[i];
-      setNumber(entering[i], 0, numberAt(inputs + order - 1 - i));
+    if (k + 1 < s.sections) {
+      E* const inputs = outputs + order;  // of the next section, whose past is its own
+      for (int i = 0; i < order; ++i) {
+        entering[i] = s.before[k % 2][i];
+        setNumber(entering[i], 0, numberAt(inputs + order - 1 - i));
+      }
+      std::copy_n(outputs, int(order), inputs);
     }
-    std::copy_n(outputs, int(order), inputs);
+    takeDifference(s.before[k % 2]);
   }
   complete(rows, length, order, response);
 }

@@ -152,14 +152,13 @@ MoxStatus iir32fInPlace(F* const* srcDst, int len, int channels, MoxsIIRState* c
 
 MoxStatus iir64f32s(const Mox32s* const* src, Mox32s* const* dst, int len, int channels,
                     MoxsIIRState* const* state, const int* scaleFactor) {
-  if (MoxStatus e =
-          checkChannels(len, channels, moxErrChannelCount, state, src, dst, scaleFactor))
+  if (MoxStatus e = checkChannels(len, channels, moxErrChannelCount, state, src, dst, scaleFactor))
     return e;
   return filterOneByOne<Iir64f32s>(src, dst, len, channels, state,
                                    [=](int c) { return load<int>(scaleFactor + c); });
 }
-MoxStatus iir64f32sInPlace(Mox32s* const* srcDst, int len, int channels,
-                           MoxsIIRState* const* state, const int* scaleFactor) {
+MoxStatus iir64f32sInPlace(Mox32s* const* srcDst, int len, int channels, MoxsIIRState* const* state,
+                           const int* scaleFactor) {
   return iir64f32s(srcDst, srcDst, len, channels, state, scaleFactor);
 }
 

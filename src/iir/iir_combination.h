@@ -14,9 +14,8 @@ constexpr Mox32s id(int number) { return objectWord("II", number); }
 
 // Taps that are integers are held as floats.
 template <class Tap>
-using HeldAs =
-    std::conditional_t<std::is_same_v<Tap, Mox32s>, Mox32f,
-                       std::conditional_t<std::is_same_v<Tap, Mox32sc>, Mox32fc, Tap>>;
+using HeldAs = std::conditional_t<std::is_same_v<Tap, Mox32s>, Mox32f,
+                                  std::conditional_t<std::is_same_v<Tap, Mox32sc>, Mox32fc, Tap>>;
 
 // The number of its identifier: odd for any order, the next one for cascades. Two combinations
 // come in direct form I as well.

@@ -92,9 +92,8 @@ MoxStatus block(const Mox16s* src, Mox16s* dst, int len, const Mox16s* taps, int
     if (cascade.shiftOf(k) < 0) return moxErrIirTapFactor;
   if (MoxStatus e = checkLength(len)) return e;
   MoxsIIRState* state;
-  if (MoxStatus e =
-          initAlloc<Kind<C>>(&state, C::idOf(form), {form, count},
-                             [&](StateOf<C>& s) { return writeContents(cascade, s); }))
+  if (MoxStatus e = initAlloc<Kind<C>>(&state, C::idOf(form), {form, count},
+                                       [&](StateOf<C>& s) { return writeContents(cascade, s); }))
     return e;
   auto& s = stateOf<C>(state);
   filter<C>(s, src, dst, len, 0);

@@ -1,6 +1,7 @@
 // A block of samples of any type through a state.
 #pragma once
 
+#include "convert/samples.h"
 #include "iir/iir_block.h"
 
 namespace mox::iir {

@@ -2,6 +2,7 @@
 #include "iir/iir_state.h"
 
 #include "frame/export.h"
+#include "iir/iir_delay_line.h"
 #include "iir/iir_taps.h"
 
 namespace mox::iir {
@@ -9,8 +10,7 @@ namespace {
 
 // The caller's delay line: raw samples in direct form I, else sums in the type of the state.
 template <class C, Form form>
-using DlyLine =
-    std::conditional_t<form == Form::directForm1, typename C::Data, typename C::Held>;
+using DlyLine = std::conditional_t<form == Form::directForm1, typename C::Data, typename C::Held>;
 
 template <class C, Form form>
 MoxStatus getStateSize(int count, int* size) {

@@ -4,7 +4,6 @@
 
 #include <moxsp/iir.h>
 
-#include "convert/samples.h"
 #include "frame/lifecycle.h"
 #include "iir/iir_combination.h"
 #include "iir/rows.h"
@@ -40,8 +39,8 @@ struct State : MoxsIIRState {
   E* past;        // of each section the last `order` inputs, then outputs; the oldest first
   E* response;    // of each section what a past output adds to the next ones
   int* reach;     // of each section the outputs for which `response` is held
-  Row<E>* rows;       // a block on its way through the sections, below `order` rows of its past
-  Row<E>* input;      // the block that enters, likewise; sections of order 2 work in place
+  Row<E>* rows;   // a block on its way through the sections, below `order` rows of its past
+  Row<E>* input;  // the block that enters, likewise; sections of order 2 work in place
   Row<E>* before[2];  // what precedes each stretch of a section's input and output
   E* staging;         // samples of a piece that are converted
 
@@ -100,15 +99,6 @@ StateOf<C>& stateOf(MoxsIIRState* state) {
 template <class C>
 const StateOf<C>& stateOf(const MoxsIIRState* state) {
   return *static_cast<const StateOf<C>*>(state);
-}
-
-// Null stands for a delay line of zeros.
-template <class E, class Line>
-void writeDelayLine(State<E>& s, const Line* dlyLine) {
-  if (dlyLine)
-    convert::takeIn(dlyLine, s.dlyLine, s.dlyLen);
-  else
-    std::fill_n(s.dlyLine, s.dlyLen, E{});
 }
 
 }  // namespace mox::iir

@@ -17,7 +17,9 @@ Scalar<E> transposedStep(const E* taps, int order, E* d, Scalar<E> x) {
   using S = Scalar<E>;
   const E *const b = taps, *const a = taps + order;  // a[1] is behind b[order]
   const S y = times(numberAt(b), x) + numberAt(d);
-  const auto sum = [&](int i) { return times(numberAt(b + i + 1), x) - times(numberAt(a + i + 1), y); };
+  const auto sum = [&](int i) {
+    return times(numberAt(b + i + 1), x) - times(numberAt(a + i + 1), y);
+  };
   int i = 0;
   if constexpr (!Complex<E>) {
     using T = V<E>;
@@ -36,8 +38,7 @@ Scalar<E> directStep(const E* taps, E* past, Scalar<E> x) {
   const auto term = [=](int tap, int sample) {
     return times(numberAt(taps + tap), numberAt(past + sample));
   };
-  const Scalar<E> y =
-      times(numberAt(taps), x) + term(1, 1) + term(2, 0) - term(4, 2) - term(3, 3);
+  const Scalar<E> y = times(numberAt(taps), x) + term(1, 1) + term(2, 0) - term(4, 2) - term(3, 3);
   store(past, numberAt(past + 1)), store(past + 1, x);
   store(past + 2, numberAt(past + 3)), store(past + 3, y);
   return y;

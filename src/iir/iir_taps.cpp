@@ -49,41 +49,51 @@ void normalise(const E* taps, int order, E* held) {
   }
 }
 
+// Errors of a response come again with every stretch, so it has the digits to be rounded once.
+using Number = long double;
+
 // Responses beyond this are left to single steps: they would soon be infinite, and an infinity
 // times a zero is no number.
-constexpr double mostResponse = 0x1p32;
+constexpr Number mostResponse = 0x1p32;
 
 // What is too small for a normal number is nothing: arithmetic on subnormal ones is slow.
 template <class F>
-bool roundInto(double value, F* to) {
+bool roundInto(Number value, F* to) {
   *to = std::fabs(value) < std::numeric_limits<F>::min() ? F(0) : F(value);
   return std::fabs(value) <= mostResponse;
 }
 template <class F>
-bool roundInto(Pair<double> value, ComplexOf<F>* to) {
+bool roundInto(Pair<Number> value, ComplexOf<F>* to) {
   const bool re = roundInto(value.re, &to->re), im = roundInto(value.im, &to->im);
   return re && im;
 }
 
 // R[k][j] is the weight of y[-1-k] in y[j] where nothing else enters: R[k][0] = -a[k+1], and one
-// step on y[0] stands in for y[-1], so that R[k][j] = R[0][j-1] R[k][0] + R[k+1][j-1]. Returns for
-// how many outputs j the weights are held.
+// step on y[0] stands in for y[-1], so that R[k][j] = R[0][j-1] R[k][0] + R[k+1][j-1]. Order 2
+// holds the weights R[0][j] + R[1][j] of y[-1] and -R[1][j] of y[-1] - y[-2]: poles near 1 make R
+// large, of opposite signs, and outputs that hardly differ. Returns for how many outputs j weights
+// are held.
 template <class E>
 int respond(const E* a, int order, E* response) {
-  using Wide = std::conditional_t<Complex<E>, Pair<double>, double>;
+  using Wide = std::conditional_t<Complex<E>, Pair<Number>, Number>;
   Wide first[mostOrder], weights[mostOrder + 1] = {};
   for (int k = 0; k < order; ++k) {
     const auto tap = load<Scalar<E>>(a + k);
     if constexpr (Complex<E>)
-      first[k] = {-double(tap.re), -double(tap.im)};
+      first[k] = {-Number(tap.re), -Number(tap.im)};
     else
-      first[k] = -double(tap);
+      first[k] = -Number(tap);
     weights[k] = first[k];
   }
   for (int j = 0; j < mostLength; ++j) {
+    const auto hold = [&](int k, Wide weight) {
+      return roundInto<Part<E>>(weight, response + k * responseStride + j);
+    };
     bool held = true;
-    for (int k = 0; k < order; ++k)
-      held = roundInto<Part<E>>(weights[k], response + k * responseStride + j) && held;
+    if (order == 2)
+      held = hold(0, weights[0] + weights[1]) && hold(1, weights[2] - weights[1]);
+    else
+      for (int k = 0; k < order; ++k) held = hold(k, weights[k]) && held;
     if (!held) return j;
     const Wide newest = weights[0];
     for (int k = 0; k < order; ++k) weights[k] = times(newest, first[k]) + weights[k + 1];

@@ -1,6 +1,7 @@
 // Taps on their way into a state, and what follows from them.
 #pragma once
 
+#include "convert/samples.h"
 #include "frame/work_buffer.h"
 #include "iir/iir_state.h"
 

@@ -25,7 +25,7 @@ struct Row {
   Lanes<E> lanes[registersOf<E>];
 };
 template <class E>
-constexpr int stretchesOf = registersOf<E> * lanesOf<Part<E>>;
+constexpr int stretchesOf = registersOf<E>* lanesOf<Part<E>>;
 
 template <class T>
 [[gnu::always_inline]] inline T times(T a, T b) {

@@ -163,6 +163,10 @@ void Call::prepareNumber(int i) {
 
 void Call::prepareObject(int i) {
   if (countFor(*this, i)) return prepareArray(i);
+  slots_[i].set(makeObject(i));
+}
+
+void* Call::makeObject(int i) {
   const std::string& name = function_.parameters[i];
   const std::optional<std::string> maker = makerOf(function_.name);
   if (!maker) unknown(function_, name, "which Init function makes the object");
@@ -178,24 +182,25 @@ void Call::prepareObject(int i) {
     throw Misbehaved("(" + init->name + " answers " + std::to_string(status) +
                      " to valid arguments)");
   for (auto& array : call.arrays_) array->initial.assign(array->data, array->data + array->bytes);
-  slots_[i].set(call.object());
+  return call.object();
 }
 
 void Call::prepareArray(int i) {
   const std::string& name = function_.parameters[i];
   const ArgumentType& type = function_.type(i);
-  const std::optional<long> count = countFor(*this, i);
+  const std::optional<long> count =
+      type.element || type.form != Form::rows ? countFor(*this, i) : 1;
   if (!count) unknown(function_, name, "the length");
   if (setting_.nullOptional && optionalPointer(function_.name, name)) return;
   if (type.form != Form::rows) {
     slots_[i].set<void*>(addArray(i, *count).data);
     return;
   }
-  if (!type.element) unknown(function_, name, "how to make a row of objects, which is the form");
   auto& rows = rows_[i];
   const long channels =
       function_.indexOf("channels") >= 0 ? (*this)("channels") : (*this)("numChannels");
-  for (long r = 0; r < channels; ++r) rows.push_back(addArray(i, *count).data);
+  for (long r = 0; r < channels; ++r)
+    rows.push_back(type.element ? addArray(i, *count).data : makeObject(i));
   slots_[i].set<void*>(rows.data());
 }
 

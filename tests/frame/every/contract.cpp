@@ -43,6 +43,10 @@ constexpr Row rows[] = {
     {"moxsCartToPolar_*", Deviation::outputsApart,
      "magnitudes are computed, then phases: a failure of the first leaves the second"},
 
+    {"moxsIIR*P?(Sfs)", Deviation::outputsApart,
+     "channels are checked one after the other: those before a bad one have been filtered"},
+    {"moxsIIR*", Deviation::notElementwise, "the length decides where stretches begin"},
+
     {"moxs@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f*", Deviation::alignedSums,
      "lanes are summed from the first aligned element on, so that the last bits may differ"},
     {"moxs@(Norm|NormDiff)_*_@(32|64)f*", Deviation::alignedSums,

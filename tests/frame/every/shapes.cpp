@@ -71,6 +71,8 @@ const Row<double> numberRows[] = {
      [](const Call& c) { return c.function().type(0).element->bytes; }},
     {"moxsThreshold_*", "levelGT", real(5)},
     {"moxsRand*", "high", real(90)},
+    {"moxsIIR*Direct_16s*", "taps", real(3)},           // among them the shift
+    {"moxsIIR_32f_?(I)P", "numChannels", real(7)},      // side by side
     {"moxs@(FIR|IIR)*One*", "@(src|srcDst)", real(7)},  // one sample, by value or in place
     {"moxs@(StdDev|MeanStdDev)_*", "len", [](const Call& c) { return std::max(c.length(), 2); }},
 
@@ -133,6 +135,8 @@ const Row<long> countRows[] = {
     {"moxsWT*", "tapsHigh", argument("lenHigh")},
     {"moxsFIR*_Direct_*", "dlyLine", times(2, "tapsLen")},
     {"moxsFIR*", "@(taps|dlyLine)", argument("tapsLen")},
+    {"moxsIIR64f_32s_?(I)PSfs", "scaleFactor", argument("numChannels")},
+    {"moxsIIR*_DF1_*", "dlyLine", times(4, "numBq")},
     {"moxsIIR*_BiQuad*", "taps", times(6, "numBq")},
     {"moxsIIR*_BiQuad*", "dlyLine", times(2, "numBq")},
     {"moxsIIR*", "taps", [](const Call& c) { return 2 * (c("order") + 1); }},
@@ -179,6 +183,8 @@ const Maker makers[] = {
     {"moxs(Hilbert)(?:_|Free_)(.*)", "moxs$1InitAlloc_$2"},
     {"moxs(FIR|IIR|FIRLMS|FIRLMSMR|FFT|DFT|DCTFwd|DCTInv|WTFwd|WTInv)Free(.*)",
      "moxs$1InitAlloc$2"},
+    {"moxsIIR([0-9a-z]*)_(32[fs])_I?P(?:Sfs)?", "moxsIIRInit$1_BiQuad_$2"},
+    {"moxsIIR[GS]etDlyLine64f_DF1_32s", "moxsIIRInit64f_BiQuad_DF1_32s"},
     {"moxs(FIR|IIR)(?:One|GetTaps|SetTaps|GetDlyLine|SetDlyLine)?([0-9a-z]*_(?:BiQuad_|DF1_)?"
      "[0-9]+[a-z]+(?:32f|32fc)?)(_.*)?",
      "moxs$1Init$2"},
@@ -192,6 +198,8 @@ const Maker makers[] = {
 const LengthRule lengthRules[] = {
     {"moxsFFT*", "order", moxErrFftOrder, {-1, INT_MIN, INT_MAX}},
     {"moxsIIR*", "order", moxErrIirOrder, {-1, INT_MIN}},
+    {"moxsIIR_32f_*", "numChannels", moxErrChannel, {0, -1, INT_MIN}},
+    {"moxsIIR64f_32s_*", "numChannels", moxErrChannelCount, {0, -1, INT_MIN}},
     {"moxsIIR*", "numBq", moxErrIirOrder, {0, -1, INT_MIN}},
     {"moxs@(FIRLMS|FIRGen)*", "tapsLen", moxErrSize, {0, -1, INT_MIN}},
     {"moxsFIR*", "tapsLen", moxErrFirLen, {0, -1, INT_MIN}},
