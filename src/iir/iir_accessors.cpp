@@ -11,7 +11,10 @@ template <class C>
 MoxStatus setTapsScaled(const typename C::Tap* taps, MoxsIIRState* state, int tapsFactor) {
   if (anyNull(taps, state)) return moxErrNullPtr;
   if (MoxStatus e = requireId(state, C::ar, C::biquad)) return e;
-  return setTapsOf<C>(stateOf<C>(state), taps, tapsFactor, !isOneOf(state, C::ar));
+  auto& s = stateOf<C>(state);
+  const HeldTaps<C> held(taps, 2L * (s.order + 1) * s.sections, tapsFactor);
+  if (held.failed()) return moxErrMemAlloc;
+  return setTaps(s, held.get(), !isOneOf(state, C::ar));
 }
 
 // Floats have no factor.

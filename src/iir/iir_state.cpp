@@ -23,10 +23,10 @@ MoxStatus getStateSize(int count, int* size) {
 
 // Writes the contents of a state.
 template <class C, Form form>
-auto contents(const typename C::Tap* taps, int tapsFactor, const DlyLine<C, form>* dlyLine) {
-  return [=](StateOf<C>& s) {
+auto contents(const HeldTaps<C>& taps, const DlyLine<C, form>* dlyLine) {
+  return [&taps, dlyLine](StateOf<C>& s) {
     writeDelayLine(s, dlyLine);
-    return setTapsOf<C>(s, taps, tapsFactor, form != Form::ar);
+    return setTaps(s, taps.get(), form != Form::ar);
   };
 }
 
@@ -36,16 +36,20 @@ MoxStatus initScaled(MoxsIIRState** state, const typename C::Tap* taps, int coun
   if (anyNull(state, taps, buffer)) return moxErrNullPtr;
   const Shape shape = {form, count};
   if (count < 1 || !fitsInInt<Kind<C>>(shape)) return moxErrIirOrder;
-  return mox::init<Kind<C>>(state, C::idOf(form), shape, buffer,
-                            contents<C, form>(taps, tapsFactor, dlyLine));
+  const HeldTaps<C> held(taps, shape.taps(), tapsFactor);
+  if (held.failed()) return moxErrMemAlloc;
+  return mox::init<Kind<C>>(state, C::idOf(form), shape, buffer, contents<C, form>(held, dlyLine));
 }
 template <class C, Form form>
 MoxStatus initAllocScaled(MoxsIIRState** state, const typename C::Tap* taps, int count,
                           int tapsFactor, const DlyLine<C, form>* dlyLine) {
   if (anyNull(state, taps)) return moxErrNullPtr;
   if (count < 1) return moxErrIirOrder;
-  return mox::initAlloc<Kind<C>>(state, C::idOf(form), {form, count},
-                                 contents<C, form>(taps, tapsFactor, dlyLine));
+  const Shape shape = {form, count};
+  if (!fitsInInt<Kind<C>>(shape)) return moxErrMemAlloc;
+  const HeldTaps<C> held(taps, shape.taps(), tapsFactor);
+  if (held.failed()) return moxErrMemAlloc;
+  return mox::initAlloc<Kind<C>>(state, C::idOf(form), shape, contents<C, form>(held, dlyLine));
 }
 
 // Floats have no factor.

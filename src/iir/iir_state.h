@@ -59,6 +59,9 @@ struct Shape {
   Form form;
   int count;  // the order, or of a cascade the number of sections
 
+  // The caller's: b[0..order], a[0..order] of each section.
+  constexpr long taps() const { return form == Form::ar ? 2L * count + 2 : 6L * count; }
+
   template <class E>
   constexpr void layout(Arena& arena, State<E>& s) const {
     s.isDirectForm1 = form == Form::directForm1;

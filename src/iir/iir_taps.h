@@ -12,20 +12,31 @@ namespace mox::iir {
 template <class E>
 MoxStatus setTaps(State<E>& s, const E* taps, bool isCascade);
 
-// Integer taps are scaled by 2^-tapsFactor and rounded to floats in memory taken for that.
+// The caller's taps as floats: integers are scaled by 2^-tapsFactor and rounded, in memory taken
+// for that.
 template <class C>
-MoxStatus setTapsOf(StateOf<C>& s, const typename C::Tap* taps, int tapsFactor, bool isCascade) {
-  if constexpr (C::tapsHaveFactor) {
-    using Held = typename C::Held;
-    const long count = 2L * (s.order + 1) * s.sections;
-    const WorkBuffer floats(nullptr, int(count * long(sizeof(Held))));
-    if (floats.failed()) return moxErrMemAlloc;
-    convert::convertScaledValues(parts(taps), parts(floats.as<Held>()),
-                                 count * partsPerElement<Held>, tapsFactor);
-    return setTaps<Held>(s, floats.as<Held>(), isCascade);
-  } else {
-    return setTaps(s, taps, isCascade);
+class HeldTaps {
+ public:
+  using Held = typename C::Held;
+
+  HeldTaps(const typename C::Tap* taps, long count, int tapsFactor)
+      : memory_(nullptr, C::tapsHaveFactor ? int(count * long(sizeof(Held))) : 0) {
+    if constexpr (C::tapsHaveFactor) {
+      taps_ = memory_.template as<Held>();
+      if (!failed())
+        convert::convertScaledValues(parts(taps), parts(memory_.template as<Held>()),
+                                     count * partsPerElement<Held>, tapsFactor);
+    } else {
+      taps_ = taps;
+    }
   }
-}
+
+  bool failed() const { return memory_.failed(); }
+  const Held* get() const { return taps_; }
+
+ private:
+  WorkBuffer memory_;
+  const Held* taps_;
+};
 
 }  // namespace mox::iir

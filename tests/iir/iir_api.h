@@ -37,19 +37,19 @@ struct Unscaled<f> {
   static constexpr auto setTaps = moxsIIRSetTaps##types##suffix;                  \
   static constexpr auto init = moxsIIRInit##types##suffix;                        \
   static constexpr auto initBiQuad = moxsIIRInit##types##_BiQuad##suffix
-#define IIR_FLOAT(name, types, suffix, tap, data)                              \
-  struct name {                                                                \
-    IIR_STATE(types, , suffix, tap, data, tap);                                \
-    static constexpr auto run = Unscaled<moxsIIR##types##suffix>::call;        \
+#define IIR_FLOAT(name, types, suffix, tap, data)                                  \
+  struct name {                                                                    \
+    IIR_STATE(types, , suffix, tap, data, tap);                                    \
+    static constexpr auto run = Unscaled<moxsIIR##types##suffix>::call;            \
     static constexpr auto runInPlace = Unscaled<moxsIIR##types##suffix##_I>::call; \
-    static constexpr auto one = Unscaled<moxsIIROne##types##suffix>::call;     \
+    static constexpr auto one = Unscaled<moxsIIROne##types##suffix>::call;         \
   }
-#define IIR_SCALED(name, types, suffix, tap, data, held)                \
-  struct name {                                                         \
-    IIR_STATE(types, , suffix, tap, data, held);                        \
-    static constexpr auto run = moxsIIR##types##suffix##_Sfs;           \
-    static constexpr auto runInPlace = moxsIIR##types##suffix##_ISfs;   \
-    static constexpr auto one = moxsIIROne##types##suffix##_Sfs;        \
+#define IIR_SCALED(name, types, suffix, tap, data, held)              \
+  struct name {                                                       \
+    IIR_STATE(types, , suffix, tap, data, held);                      \
+    static constexpr auto run = moxsIIR##types##suffix##_Sfs;         \
+    static constexpr auto runInPlace = moxsIIR##types##suffix##_ISfs; \
+    static constexpr auto one = moxsIIROne##types##suffix##_Sfs;      \
   }
 IIR_FLOAT(Iir32f, , _32f, 32f, 32f);
 IIR_FLOAT(Iir32fc, , _32fc, 32fc, 32fc);
@@ -69,9 +69,9 @@ IIR_SCALED(Iir32sc16sc, 32sc, _16sc, 32sc, 16sc, 32fc);
 #undef IIR_SCALED
 #undef IIR_STATE
 
-using AllIirs = ::testing::Types<Iir32f, Iir32fc, Iir64f, Iir64fc, Iir64f32f, Iir64fc32fc, Iir32f16s,
-                                 Iir32fc16sc, Iir64f16s, Iir64fc16sc, Iir64f32s, Iir64fc32sc,
-                                 Iir32s16s, Iir32sc16sc>;
+using AllIirs = ::testing::Types<Iir32f, Iir32fc, Iir64f, Iir64fc, Iir64f32f, Iir64fc32fc,
+                                 Iir32f16s, Iir32fc16sc, Iir64f16s, Iir64fc16sc, Iir64f32s,
+                                 Iir64fc32sc, Iir32s16s, Iir32sc16sc>;
 
 // Integer taps are in units of 2^-tapsFactor.
 constexpr int tapsFactor = 24;
@@ -151,12 +151,14 @@ struct Recurrence {
 template <class F>
 std::vector<typename F::Tap> someTaps(Random& random, Shape shape, int count) {
   using Tap = typename F::Tap;
-  const int order = shape == Shape::cascade ? 2 : count, sections = shape == Shape::cascade ? count : 1;
+  const int order = shape == Shape::cascade ? 2 : count,
+            sections = shape == Shape::cascade ? count : 1;
   const double unit = hasTapsFactor<F> ? 0x1p24 : 1;
   std::vector<Tap> taps;
   for (int k = 0; k < sections; ++k)
     for (int i = 0; i < 2 * (order + 1); ++i) {
-      const auto v = exactly(random.value<std::conditional_t<mox::Complex<Tap>, Mox64fc, Mox64f>>());
+      const auto v =
+          exactly(random.value<std::conditional_t<mox::Complex<Tap>, Mox64fc, Mox64f>>());
       const long double size = i <= order ? 0.5 / std::sqrt(order + 1.0) : 0.6 / order;
       taps.push_back(rounded<Tap>((i == order + 1 ? Exact(1.25) : v * size) * Exact(unit)));
     }

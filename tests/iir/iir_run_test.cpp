@@ -13,9 +13,9 @@ using test::Shape;
 using test::someTaps;
 
 constexpr std::pair<Shape, int> shapes[] = {
-    {Shape::anyOrder, 1},  {Shape::anyOrder, 2},   {Shape::anyOrder, 3},   {Shape::anyOrder, 5},
-    {Shape::anyOrder, 20}, {Shape::anyOrder, 64},  {Shape::anyOrder, 128}, {Shape::anyOrder, 129},
-    {Shape::cascade, 1},   {Shape::cascade, 2},    {Shape::cascade, 5},    {Shape::cascade, 16}};
+    {Shape::anyOrder, 1},  {Shape::anyOrder, 2},  {Shape::anyOrder, 3},   {Shape::anyOrder, 5},
+    {Shape::anyOrder, 20}, {Shape::anyOrder, 64}, {Shape::anyOrder, 128}, {Shape::anyOrder, 129},
+    {Shape::cascade, 1},   {Shape::cascade, 2},   {Shape::cascade, 5},    {Shape::cascade, 16}};
 
 // The largest magnitude among what enters a filter and what comes out.
 template <class D>
@@ -69,9 +69,11 @@ TYPED_TEST(IirRun, AgreesWithTheRecurrenceAboutEveryThreshold) {
     std::vector<int> lengths = {1, 2, 3, 4 * order, 4 * order + 1};
     for (const int stretches : {4, 8, 16})
       for (const int block : {std::max(8, order), 128})
-        for (const int more : {-1, 0, 1, stretches + 3}) lengths.push_back(order + stretches * block + more);
+        for (const int more : {-1, 0, 1, stretches + 3})
+          lengths.push_back(order + stretches * block + more);
     for (const int len : lengths) {
-      SCOPED_TRACE(testing::Message() << "order " << order << ", count " << count << ", len " << len);
+      SCOPED_TRACE(testing::Message()
+                   << "order " << order << ", count " << count << ", len " << len);
       test::Recurrence exact(shape, taps, count);
       const auto d = random.vector<typename F::Held>(long(exact.d.size()));
       std::transform(d.begin(), d.end(), exact.d.begin(), [](auto e) { return test::exactly(e); });
@@ -92,7 +94,8 @@ TYPED_TEST(IirRun, AgreesWithTheRecurrenceAboutEveryThreshold) {
       ASSERT_EQ(F::getDlyLine(state.get(), kept.data()), moxOk);
       for (std::size_t i = 0; i < kept.size(); ++i)
         ASSERT_NEAR(double(std::abs(test::exactly(kept[i]) - exact.d[i])), 0,
-                    double((16 + order) * largest * std::numeric_limits<mox::Part<typename F::Held>>::epsilon()));
+                    double((16 + order) * largest *
+                           std::numeric_limits<mox::Part<typename F::Held>>::epsilon()));
     }
   }
 }
@@ -103,7 +106,8 @@ TYPED_TEST(IirRun, AStreamInAnyPiecesIsOneSignal) {
   using D = typename F::Data;
   SCOPED_TRACE(test::seedNote());
   test::Random random(1);
-  for (const auto& [shape, count] : {std::pair{Shape::anyOrder, 2}, {Shape::anyOrder, 7}, {Shape::cascade, 3}}) {
+  for (const auto& [shape, count] :
+       {std::pair{Shape::anyOrder, 2}, {Shape::anyOrder, 7}, {Shape::cascade, 3}}) {
     const auto taps = someTaps<F>(random, shape, count);
     const auto src = random.vector<D>(9000);
     test::Recurrence exact(shape, taps, count);
@@ -135,12 +139,17 @@ TYPED_TEST(IirRun, AStreamInAnyPiecesIsOneSignal) {
 // The error of blocks beside that of single steps, for pairs of poles close to the unit circle.
 template <class F>
 void expectSmallErrorGrowth(double radius, double angle, double limit) {
-  const std::vector<typename F::Tap> taps = {1, 1, 0.5, 1, typename F::Tap(-2 * radius * std::cos(angle)),
+  const std::vector<typename F::Tap> taps = {1,
+                                             1,
+                                             0.5,
+                                             1,
+                                             typename F::Tap(-2 * radius * std::cos(angle)),
                                              typename F::Tap(radius * radius)};
   test::Random random(2);
   const auto src = random.vector<typename F::Data>(20000);
   test::Recurrence exact(Shape::cascade, taps, 1);
-  const auto blocks = makeIir<F>(Shape::cascade, taps, 1), steps = makeIir<F>(Shape::cascade, taps, 1);
+  const auto blocks = makeIir<F>(Shape::cascade, taps, 1),
+             steps = makeIir<F>(Shape::cascade, taps, 1);
   auto y = src;
   ASSERT_EQ(F::runInPlace(y.data(), int(y.size()), blocks.get(), 0), moxOk);
   long double ofBlocks = 0, ofSteps = 0;
@@ -181,9 +190,12 @@ TEST(IirRun, ResponsesAreThoseOfTheRecursion) {
           for (int k = 1; k <= s.order; ++k)
             next -= test::exactly(a[k]) / test::exactly(a[0]) * y[std::size_t(s.order + j - k)];
           const auto held = [&](int k) {
-            return test::exactly(s.response[s.responseOf(section) + k * mox::iir::responseStride + j]);
+            return test::exactly(
+                s.response[s.responseOf(section) + k * mox::iir::responseStride + j]);
           };
-          const test::Exact weight = s.order != 2 ? held(past) : past == 0 ? held(0) + held(1) : -held(1);
+          const test::Exact weight = s.order != 2 ? held(past)
+                                     : past == 0  ? held(0) + held(1)
+                                                  : -held(1);
           ASSERT_NEAR(double(std::abs(next - weight)), 0, 1e-14) << past << ' ' << j;
         }
       }
@@ -209,7 +221,8 @@ TYPED_TEST(IirInteger, RoundsHalfToEvenAndSaturates) {
   using F = TypeParam;
   using D = typename F::Data;
   test::Random random(4);
-  for (const int scale : {-40, -9, -1, 0, 1, 2, 5, 40, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+  for (const int scale : {-40, -9, -1, 0, 1, 2, 5, 40, std::numeric_limits<int>::min(),
+                          std::numeric_limits<int>::max()}) {
     const auto state = makeIir<F>(Shape::cascade, {1, 0, 0, 1, -1, 0}, 1);
     std::vector<D> x(3000), y(3000);
     for (D& v : x) v = D(random.below(201) - 100);
@@ -221,7 +234,8 @@ TYPED_TEST(IirInteger, RoundsHalfToEvenAndSaturates) {
       }
       sum += x[i];
       const long double y0 = std::nearbyint(std::ldexp(sum, -std::clamp(scale, -100, 100)));
-      ASSERT_EQ(y[i], D(std::clamp<long double>(y0, std::numeric_limits<D>::min(), std::numeric_limits<D>::max())))
+      ASSERT_EQ(y[i], D(std::clamp<long double>(y0, std::numeric_limits<D>::min(),
+                                                std::numeric_limits<D>::max())))
           << "output " << i << ", factor " << scale;
     }
   }
