@@ -32,7 +32,8 @@ struct Channels {
 // Channels, also side by side, get what each gets on its own, but for rounding.
 TEST(IirChannels, GetWhatEachGetsAlone) {
   using F = test::Iir32f;
-  for (const auto& [shape, filters] : {std::pair{Shape::cascade, 3}, {Shape::cascade, 1}, {Shape::anyOrder, 5}})
+  for (const auto& [shape, filters] :
+       {std::pair{Shape::cascade, 3}, {Shape::cascade, 1}, {Shape::anyOrder, 5}})
     for (const int count : {1, 2, 5, 6, 7, 8, 16, 17, 40})
       for (const int len : {1, 9, 10, 300}) {
         const auto make = [&](test::Random& random, int c) {
@@ -41,7 +42,8 @@ TEST(IirChannels, GetWhatEachGetsAlone) {
         };
         Channels<F> together(count, len, 1, make), alone(count, len, 1, make);
         for (int call = 0; call < 2; ++call) {
-          ASSERT_EQ(moxsIIR_32f_IP(together.rows.data(), len, count, together.states.data()), moxOk);
+          ASSERT_EQ(moxsIIR_32f_IP(together.rows.data(), len, count, together.states.data()),
+                    moxOk);
           for (int c = 0; c < count; ++c) {
             ASSERT_EQ(moxsIIR_32f_I(alone.rows[c], len, alone.states[c]), moxOk);
             for (int i = 0; i < len; ++i)
@@ -58,7 +60,8 @@ TEST(IirChannels, ScaleIntegersEachByItsFactor) {
   };
   Channels<F> together(3, 500, 2, make), alone(3, 500, 2, make);
   const int factors[] = {0, 3, 40};
-  ASSERT_EQ(moxsIIR64f_32s_IPSfs(together.rows.data(), 500, 3, together.states.data(), factors), moxOk);
+  ASSERT_EQ(moxsIIR64f_32s_IPSfs(together.rows.data(), 500, 3, together.states.data(), factors),
+            moxOk);
   for (int c = 0; c < 3; ++c)
     ASSERT_EQ(moxsIIR64f_32s_ISfs(alone.rows[c], 500, alone.states[c], factors[c]), moxOk);
   EXPECT_EQ(together.x, alone.x);
@@ -80,7 +83,8 @@ TEST(IirChannels, StopAtABadState) {
       EXPECT_EQ(moxsIIR_32f_IP(channels.rows.data(), 100, 9, channels.states.data()),
                 state ? moxErrContext : moxErrNullPtr);
       for (int c = 0; c < 9; ++c)
-        EXPECT_EQ(channels.x[c] != before[c], c / 2 < bad / 2) << "channel " << c << ", bad " << bad;
+        EXPECT_EQ(channels.x[c] != before[c], c / 2 < bad / 2)
+            << "channel " << c << ", bad " << bad;
     }
   }
 }

@@ -41,8 +41,11 @@ TYPED_TEST(IirState, LivesInTheBytesThatItAsksFor) {
   using F = TypeParam;
   using D = typename F::Data;
   test::Random random;
-  for (const auto& [shape, count] : {std::pair{Shape::anyOrder, 1}, {Shape::anyOrder, 9},
-                                     {Shape::anyOrder, 129}, {Shape::cascade, 1}, {Shape::cascade, 7}}) {
+  for (const auto& [shape, count] : {std::pair{Shape::anyOrder, 1},
+                                     {Shape::anyOrder, 9},
+                                     {Shape::anyOrder, 129},
+                                     {Shape::cascade, 1},
+                                     {Shape::cascade, 7}}) {
     int size = 0;
     ASSERT_EQ((shape == Shape::cascade ? F::sizeBiQuad : F::size)(count, &size), moxOk);
     for (int slack = 0; slack < 64; slack += slack < 20 ? 3 : 11) {
@@ -73,7 +76,8 @@ TYPED_TEST(IirState, SetsTheTapsOfSectionsBeforeABadOne) {
       auto taps = someTaps<F>(random, Shape::cascade, 4), mixed = taps;
       std::copy(old.begin() + 6 * section, old.end(), mixed.begin() + 6 * section);
       taps[std::size_t(6 * section + bad)] = typename F::Tap{};
-      const auto state = makeIir<F>(Shape::cascade, old, 4), twin = makeIir<F>(Shape::cascade, mixed, 4);
+      const auto state = makeIir<F>(Shape::cascade, old, 4),
+                 twin = makeIir<F>(Shape::cascade, mixed, 4);
       ASSERT_EQ(this->setTaps(taps, state.get()), moxErrDivByZero);
       auto a = random.vector<typename F::Data>(700), b = a;
       ASSERT_EQ(F::runInPlace(a.data(), 700, state.get(), 0), moxOk);
@@ -153,7 +157,8 @@ void expectRawHistory(auto make, auto free, auto run, auto get, auto set, const 
     for (int k = 0; k < 2; ++k) {
       long double* p = &past[std::size_t(4 * k)];
       const auto* t = &taps[std::size_t(6 * k)];
-      const long double y = (t[0] * v + t[1] * p[1] + t[2] * p[0] - t[4] * p[3] - t[5] * p[2]) / t[3];
+      const long double y =
+          (t[0] * v + t[1] * p[1] + t[2] * p[0] - t[4] * p[3] - t[5] * p[2]) / t[3];
       p[0] = p[1], p[1] = v, p[2] = p[3], p[3] = y, v = y;
     }
     const long double bound = std::is_integral_v<Data> ? 0.51L : 0.01L;
@@ -161,17 +166,21 @@ void expectRawHistory(auto make, auto free, auto run, auto get, auto set, const 
     ASSERT_NEAR(double(cut[std::size_t(i)]), double(v), double(bound));
   }
   ASSERT_EQ(get(s, kept.data()), moxOk);
-  for (int i = 0; i < 8; ++i) EXPECT_NEAR(double(kept[std::size_t(i)]), double(past[std::size_t(i)]), 0.51) << i;
+  for (int i = 0; i < 8; ++i)
+    EXPECT_NEAR(double(kept[std::size_t(i)]), double(past[std::size_t(i)]), 0.51) << i;
   EXPECT_EQ(free(s), moxOk);
   EXPECT_EQ(free(twin), moxOk);
 }
 
 TEST(IirDirectForm1, GoesOnFromRawSamples) {
-  const std::vector<Mox32f> taps = {0.5f, 0.2f, 0.1f, 1, -0.6f, 0.3f, 0.9f, -0.3f, 0.2f, 2, 0.8f, 0.4f};
+  const std::vector<Mox32f> taps = {0.5f, 0.2f,  0.1f, 1, -0.6f, 0.3f,
+                                    0.9f, -0.3f, 0.2f, 2, 0.8f,  0.4f};
   const std::vector<Mox64f> wide(taps.begin(), taps.end());
   expectRawHistory<Mox32f>(moxsIIRInitAlloc_BiQuad_DF1_32f, moxsIIRFree_32f, moxsIIR_32f_I,
                            moxsIIRGetDlyLine_32f, moxsIIRSetDlyLine_32f, taps);
-  const auto run = [](Mox32s* x, int len, MoxsIIRState* s) { return moxsIIR64f_32s_ISfs(x, len, s, 0); };
+  const auto run = [](Mox32s* x, int len, MoxsIIRState* s) {
+    return moxsIIR64f_32s_ISfs(x, len, s, 0);
+  };
   expectRawHistory<Mox32s>(moxsIIRInitAlloc64f_BiQuad_DF1_32s, moxsIIRFree64f_32s, run,
                            moxsIIRGetDlyLine64f_DF1_32s, moxsIIRSetDlyLine64f_DF1_32s, wide);
   MoxsIIRState* s = nullptr;

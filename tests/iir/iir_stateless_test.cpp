@@ -17,8 +17,9 @@ Mox32s stepOf(const Mox16s* taps, int order, Mox32s* d, Mox32s x) {
   const Mox64s half = (Mox64s(1) << ((s + 31) & 31)) - 1;
   const Mox32s y = wrapped(sum + ((sum >> s) & 1) + half) >> s;
   for (int i = 0; i < order; ++i)
-    d[i] = wrapped(wrapped(Mox64s(taps[i + 1]) * x) - Mox64s(wrapped(Mox64s(taps[order + 2 + i]) * y)) +
-                   (i + 1 < order ? d[i + 1] : 0));
+    d[i] =
+        wrapped(wrapped(Mox64s(taps[i + 1]) * x) -
+                Mox64s(wrapped(Mox64s(taps[order + 2 + i]) * y)) + (i + 1 < order ? d[i + 1] : 0));
   return y;
 }
 
@@ -38,11 +39,13 @@ TEST(IirStateless, SingleSamplesWrapAndRoundByTheRule) {
       const Mox16s x = random.value<Mox16s>();
       Mox16s y, yq = x;
       ASSERT_EQ(moxsIIROne_Direct_16s(x, &y, taps.data(), order, d.data()), moxOk);
-      ASSERT_EQ(y, std::clamp(stepOf(taps.data(), order, e.data(), x), -32768, 32767)) << taps[std::size_t(order + 1)];
+      ASSERT_EQ(y, std::clamp(stepOf(taps.data(), order, e.data(), x), -32768, 32767))
+          << taps[std::size_t(order + 1)];
       ASSERT_EQ(d, e);
       ASSERT_EQ(moxsIIROne_BiQuadDirect_16s_I(&yq, sections.data(), numBq, dq.data()), moxOk);
       Mox32s v = x;
-      for (int k = 0; k < numBq; ++k) v = stepOf(&sections[std::size_t(6 * k)], 2, &eq[std::size_t(2 * k)], v);
+      for (int k = 0; k < numBq; ++k)
+        v = stepOf(&sections[std::size_t(6 * k)], 2, &eq[std::size_t(2 * k)], v);
       ASSERT_EQ(yq, std::clamp(v, -32768, 32767));
       ASSERT_EQ(dq, eq);
     }
@@ -59,7 +62,8 @@ TEST(IirStateless, ANegativeShiftStopsACascade) {
   Mox32s d[4] = {1, 2, 3, 4};
   Mox16s x[3] = {100, 200, 300}, y = 77;
   EXPECT_EQ(moxsIIR_BiQuadDirect_16s_I(x, 3, taps.data(), 2, d), moxErrIirTapFactor);
-  EXPECT_EQ(moxsIIR_Direct_16s_I(x, 0, taps.data() + 6, 2, d), moxErrIirTapFactor);  // before the length
+  EXPECT_EQ(moxsIIR_Direct_16s_I(x, 0, taps.data() + 6, 2, d),
+            moxErrIirTapFactor);  // before the length
   EXPECT_EQ(x[0], 100);
   EXPECT_EQ(d[0], 1);
   EXPECT_EQ(moxsIIROne_BiQuadDirect_16s(100, &y, taps.data(), 2, d), moxErrIirTapFactor);
@@ -76,27 +80,38 @@ TEST(IirStateless, BlocksFilterByFloats) {
   test::Random random(1);
   for (const bool cascade : {false, true})
     for (const int len : {1, 50, 700, 5000}) {
-      const Words taps = cascade ? Words{8192, 4096, 2048, 14, -9000, 3000, 4000, -200, 500, 13, 1000, 900}
-                                 : Words{8192, 4096, 2048, 100, 14, -9000, 3000, 500};
+      const Words taps =
+          cascade ? Words{8192, 4096, 2048, 14, -9000, 3000, 4000, -200, 500, 13, 1000, 900}
+                  : Words{8192, 4096, 2048, 100, 14, -9000, 3000, 500};
       std::vector<double> scaled(taps.begin(), taps.end());
       const int order = cascade ? 2 : 3, sections = cascade ? 2 : 1;
       std::vector<Mox32s> d(std::size_t(order * sections), 100000);
       for (int k = 0; k < sections; ++k) {
         const std::size_t at = std::size_t(2 * (order + 1) * k);
         const int s = taps[at + std::size_t(order) + 1];
-        for (int i = 0; i < 2 * (order + 1); ++i) scaled[at + std::size_t(i)] = std::ldexp(scaled[at + std::size_t(i)], -s);
+        for (int i = 0; i < 2 * (order + 1); ++i)
+          scaled[at + std::size_t(i)] = std::ldexp(scaled[at + std::size_t(i)], -s);
         scaled[at + std::size_t(order) + 1] = 1;
       }
-      test::Recurrence exact(cascade ? test::Shape::cascade : test::Shape::anyOrder, scaled, cascade ? 2 : 3);
-      const auto shiftOf = [&](int i) { return int(taps[std::size_t(2 * (order + 1) * (i / order) + order + 1)]); };
-      for (int i = 0; i < order * sections; ++i) exact.d[std::size_t(i)] = std::ldexp(100000.0L, -shiftOf(i));
+      test::Recurrence exact(cascade ? test::Shape::cascade : test::Shape::anyOrder, scaled,
+                             cascade ? 2 : 3);
+      const auto shiftOf = [&](int i) {
+        return int(taps[std::size_t(2 * (order + 1) * (i / order) + order + 1)]);
+      };
+      for (int i = 0; i < order * sections; ++i)
+        exact.d[std::size_t(i)] = std::ldexp(100000.0L, -shiftOf(i));
       const auto src = random.vector<Mox16s>(len);
       Words y(src.size());
-      ASSERT_EQ((cascade ? moxsIIR_BiQuadDirect_16s : moxsIIR_Direct_16s)(src.data(), y.data(), len, taps.data(), cascade ? 2 : 3, d.data()), moxOk);
+      ASSERT_EQ((cascade ? moxsIIR_BiQuadDirect_16s : moxsIIR_Direct_16s)(
+                    src.data(), y.data(), len, taps.data(), cascade ? 2 : 3, d.data()),
+                moxOk);
       for (int i = 0; i < len; ++i)
-        ASSERT_NEAR(y[std::size_t(i)], double(std::clamp(exact(src[std::size_t(i)]).real(), -32768.0L, 32767.0L)), 0.52);
+        ASSERT_NEAR(y[std::size_t(i)],
+                    double(std::clamp(exact(src[std::size_t(i)]).real(), -32768.0L, 32767.0L)),
+                    0.52);
       for (int i = 0; i < order * sections; ++i)
-        ASSERT_NEAR(d[std::size_t(i)], double(std::ldexp(exact.d[std::size_t(i)].real(), shiftOf(i))), 2000);
+        ASSERT_NEAR(d[std::size_t(i)],
+                    double(std::ldexp(exact.d[std::size_t(i)].real(), shiftOf(i))), 2000);
     }
 }
 

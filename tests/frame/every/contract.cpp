@@ -45,6 +45,7 @@ constexpr Row rows[] = {
 
     {"moxsIIR*P?(Sfs)", Deviation::outputsApart,
      "channels are checked one after the other: those before a bad one have been filtered"},
+    {"moxsIIRInit32s*_16s?(c)", Deviation::ownMemory, "integer taps become floats there"},
     {"moxsIIR*", Deviation::notElementwise, "the length decides where stretches begin"},
 
     {"moxs@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f*", Deviation::alignedSums,

@@ -13,6 +13,7 @@ enum class Deviation {
   notElementwise,   // an output depends on the length, or on inputs at other places
   otherInPlace,     // the _I form differs from the plain form by definition
   alignedSums,      // the order of a sum follows the alignment: compared within a tolerance
+  ownMemory,        // takes memory beside the buffer that it is given
   outputsApart,     // one null output does not keep the call from writing the others
   noIdentifier      // cannot tell a foreign object from its own
 };
