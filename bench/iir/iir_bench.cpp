@@ -134,6 +134,11 @@ void run(const std::vector<double>& x, std::vector<double>& y, MoxsIIRState* s) 
   moxsIIR_64f(x.data(), y.data(), len, s);
 }
 
+template <class F>
+bench::Work operations(double count) {
+  return sizeof(F) == 4 ? bench::Work{.floatOps = count} : bench::Work{.doubleOps = count};
+}
+
 using Peers = std::vector<std::pair<std::string, bench::Call>>;
 
 void addLiquid(Peers& peers, const std::shared_ptr<Data<float>>& d, int order, int sections) {
@@ -146,9 +151,8 @@ void addLiquid(Peers& peers, const std::shared_ptr<Data<float>>& d, int order, i
   iirfilt_rrrf made = order == 2 ? iirfilt_rrrf_create_sos(b.data(), a.data(), sections)
                                  : iirfilt_rrrf_create(b.data(), order + 1, a.data(), order + 1);
   const std::shared_ptr<iirfilt_rrrf_s> filter(made, iirfilt_rrrf_destroy);
-  peers.emplace_back("liquid", [=] {
-    iirfilt_rrrf_execute_block(filter.get(), d->x.data(), len, d->y.data());
-  });
+  peers.emplace_back(
+      "liquid", [=] { iirfilt_rrrf_execute_block(filter.get(), d->x.data(), len, d->y.data()); });
 }
 void addLiquid(Peers&, const std::shared_ptr<Data<double>>&, int, int) {}  // has floats only
 
@@ -156,27 +160,25 @@ template <int sections, class F>
 void addCascade(const std::string& type) {
   const auto d = std::make_shared<Data<F>>(cascade<F>(sections), 2);
   const Handle state = make(d->taps, sections);
-  Peers peers = {{"loop",
-                  [=] {
-                    plainCascade(d->x.data(), d->y.data(), len, d->packed.data(), d->d.data(),
-                                 sections);
-                    bench::clobber(d->y.data());
-                  }},
-                 {"unrolled",
-                  [=] {
-                    unrolledCascade<sections>(d->x.data(), d->y.data(), len, d->packed.data(),
-                                              d->d.data());
-                    bench::clobber(d->y.data());
-                  }},
-                 {"passes", [=] {
-                    cascadeInPasses(d->x.data(), d->y.data(), len, d->packed.data(), d->d.data(),
-                                    sections);
-                    bench::clobber(d->y.data());
-                  }}};
+  Peers peers = {
+      {"loop",
+       [=] {
+         plainCascade(d->x.data(), d->y.data(), len, d->packed.data(), d->d.data(), sections);
+         bench::clobber(d->y.data());
+       }},
+      {"unrolled",
+       [=] {
+         unrolledCascade<sections>(d->x.data(), d->y.data(), len, d->packed.data(), d->d.data());
+         bench::clobber(d->y.data());
+       }},
+      {"passes", [=] {
+         cascadeInPasses(d->x.data(), d->y.data(), len, d->packed.data(), d->d.data(), sections);
+         bench::clobber(d->y.data());
+       }}};
   addLiquid(peers, d, 2, sections);
   bench::add({.family = "iir_cascade_" + type,
               .size = sections,
-              .work = {.floatOps = 13.0 * sections * len},
+              .work = operations<F>(13.0 * sections * len),
               .ours = [=] { run(d->x, d->y, state.get()); },
               .peers = peers});
 }
@@ -195,7 +197,7 @@ void addOrder(const std::string& type, int order) {
   addLiquid(peers, d, order, 1);
   bench::add({.family = "iir_order_" + type,
               .size = order,
-              .work = {.floatOps = (6.0 * order + 1) * len},
+              .work = operations<F>((6.0 * order + 1) * len),
               .ours = [=] { run(d->x, d->y, state.get()); },
               .peers = peers});
 }
@@ -216,17 +218,18 @@ void addChannels(int count, int samples) {
     c->owners.push_back(make(cascade<float>(4), 4));
     c->states.push_back(c->owners.back().get());
   }
-  for (int i = 0; i < count; ++i) c->src.push_back(c->x[i].data()), c->dst.push_back(c->y[i].data());
-  bench::add({.family = "iir_channels_" + std::to_string(samples),
-              .size = count,
-              .work = {.floatOps = 9.0 * 4 * count * samples},
-              .ours = [=] {
-                moxsIIR_32f_P(c->src.data(), c->dst.data(), samples, count, c->states.data());
-              },
-              .peers = {{"single calls", [=] {
-                           for (int i = 0; i < count; ++i)
-                             moxsIIR_32f(c->src[i], c->dst[i], samples, c->states[i]);
-                         }}}});
+  for (int i = 0; i < count; ++i)
+    c->src.push_back(c->x[i].data()), c->dst.push_back(c->y[i].data());
+  bench::add(
+      {.family = "iir_channels_" + std::to_string(samples),
+       .size = count,
+       .work = {.floatOps = 9.0 * 4 * count * samples},
+       .ours =
+           [=] { moxsIIR_32f_P(c->src.data(), c->dst.data(), samples, count, c->states.data()); },
+       .peers = {{"single calls", [=] {
+                    for (int i = 0; i < count; ++i)
+                      moxsIIR_32f(c->src[i], c->dst[i], samples, c->states[i]);
+                  }}}});
 }
 
 // 16-bit samples, beside the float filter on as many floats.

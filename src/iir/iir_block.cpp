@@ -14,55 +14,66 @@ namespace {
 // Fewer samples in a stretch take longer than single steps.
 constexpr int leastLength = 8;
 
-// The order of a section, which loops unroll where it is `fixed`.
-template <int fixed>
-struct Order {
-  int value;
-  [[gnu::always_inline]] operator int() const { return fixed ? fixed : value; }
-};
-
 // to[m] += factor * from[m]
-template <class E, int fixed>
-void addProducts(const E* from, Scalar<E> factor, E* to, Order<fixed> order) {
+template <class E>
+void addProducts(const E* from, Scalar<E> factor, E* to, int count) {
+  using T = V<Part<E>>;
   int m = 0;
-  if constexpr (!fixed) {
-    using T = V<Part<E>>;
-    for (; m <= order - tileRows<E>; m += tileRows<E>) {
-      const T w = load<T>(from + m);
-      T product;
-      if constexpr (Complex<E>)
-        product = addSubtract(w * factor.re, swapParts(w) * factor.im);
-      else
-        product = w * factor;
-      store(to + m, load<T>(to + m) + product);
-    }
+  for (; m <= count - tileRows<E>; m += tileRows<E>) {
+    const T w = load<T>(from + m);
+    T product;
+    if constexpr (Complex<E>)
+      product = addSubtract(w * factor.re, swapParts(w) * factor.im);
+    else
+      product = w * factor;
+    store(to + m, load<T>(to + m) + product);
   }
-  for (; m < order; ++m) store(to + m, numberAt(to + m) + times(numberAt(from + m), factor));
+  for (; m < count; ++m) store(to + m, numberAt(to + m) + times(numberAt(from + m), factor));
 }
 
 // Writes the last `order` numbers of a signal before each stretch, the newest first. Before the
 // first stretch they are in `past`, the oldest first, which then gets the last of the block. If the
 // rows lack the response to past outputs, it is added.
-template <class E, int fixed>
-void findBefore(const Row<E>* rows, long length, Order<fixed> order, const E* response, E* past,
+template <class E>
+void findBefore(const Row<E>* rows, long length, int order, const E* response, E* past,
                 Row<E>* before) {
-  E room[2][fixed ? fixed : mostOrder], *previous = room[0], *next = room[1];
-  std::copy_n(past, int(order), previous);
+  E room[2][mostOrder], *previous = room[0], *next = room[1];
+  std::copy_n(past, order, previous);
   const Row<E>* const last = rows + length - order;
   for (int stretch = 0; stretch < stretchesOf<E>; ++stretch) {
     for (int m = 0; m < order; ++m) {
       setNumber(before[order - 1 - m], stretch, numberAt(previous + m));
       store(next + m, numberOf(last[m], stretch));
     }
-    const auto newest = numberAt(previous + order - 1);
-    for (int k = order - 1; k >= 0 && response; --k) {
-      auto factor = numberAt(previous + order - 1 - k);
-      if (fixed == 2 && k == 1) factor = newest - factor;
-      addProducts(response + k * responseStride + length - order, factor, next, order);
-    }
+    for (int k = 0; k < order && response; ++k)
+      addProducts(response + k * responseStride + length - order,
+                  numberAt(previous + order - 1 - k), next, order);
     std::swap(previous, next);
   }
-  std::copy_n(previous, int(order), past);
+  std::copy_n(previous, order, past);
+}
+
+// The same of order 2, in registers, where a response belongs to an output and a difference.
+template <bool lacksResponse, class E>
+void findPairBefore(const Row<E>* rows, long length, const E* response, E* past, Row<E>* before) {
+  using S = Scalar<E>;
+  S weights[2][2] = {};  // by past and by place from the end
+  for (int k = 0; k < 2 && lacksResponse; ++k)
+    for (int i = 0; i < 2; ++i)
+      weights[k][i] = numberAt(response + k * responseStride + length - 1 - i);
+  S newest = numberAt(past + 1), older = numberAt(past);
+  for (int stretch = 0; stretch < stretchesOf<E>; ++stretch) {
+    setNumber(before[0], stretch, newest), setNumber(before[1], stretch, older);
+    const S difference = newest - older;
+    S last[2];
+    for (int i = 0; i < 2; ++i) {
+      last[i] = numberOf(rows[length - 1 - i], stretch);
+      if (lacksResponse)
+        last[i] = last[i] + times(weights[0][i], newest) + times(weights[1][i], difference);
+    }
+    newest = last[0], older = last[1];
+  }
+  store(past + 1, newest), store(past, older);
 }
 
 // The response of a section's past outputs, by output and register of lanes.
@@ -73,6 +84,14 @@ struct Response {
 
   [[gnu::always_inline]] Lanes<E> of(int past, long j, int r) const {
     return times(before[past].lanes[r], everyLane(weights + past * responseStride + j));
+  }
+  // Completes numbers of row j of a section of order 2.
+  [[gnu::always_inline]] auto at(long j) const {
+    const Lanes<E> ofNewest = everyLane(weights + j),
+                   ofDifference = everyLane(weights + responseStride + j);
+    return [=, this](Lanes<E> y, int r) {
+      return y + times(before[1].lanes[r], ofDifference) + times(before[0].lanes[r], ofNewest);
+    };
   }
 };
 
@@ -147,39 +166,38 @@ void takeDifference(Row<E>* before) {
     before[1].lanes[r] = before[0].lanes[r] - before[1].lanes[r];
 }
 
+// Returns the response that the rows still lack.
 template <class E>
-void filterCascade(State<E>& s, Row<E>* rows, long length) {
-  constexpr Order<2> order{};
+Response<E> filterCascade(State<E>& s, Row<E>* rows, long length) {
+  constexpr int order = 2;
   Row<E> entering[2];
   Response<E> response{};
-  findBefore<E>(rows, length, order, nullptr, s.past, entering);
+  findPairBefore<false, E>(rows, length, nullptr, s.past, entering);
   for (int k = 0; k < s.sections; ++k) {
     const E* const taps = s.taps + s.tapsOf(k);
     if (k == 0)
       filterSection(taps, entering, rows, length, asItIs);
     else
-      filterSection(taps, entering, rows, length, [=](auto x, long j, int r) {
-        return x + response.of(1, j, r) + response.of(0, j, r);
-      });
+      filterSection(taps, entering, rows, length, [=](long j) { return response.at(j); });
     E* const outputs = s.past + s.pastOf(k) + order;
     response = {s.response + s.responseOf(k), s.before[k % 2]};
-    findBefore(rows, length, order, response.weights, outputs, s.before[k % 2]);
+    findPairBefore<true>(rows, length, response.weights, outputs, s.before[k % 2]);
     if (k + 1 < s.sections) {
       E* const inputs = outputs + order;  // of the next section, whose past is its own
       for (int i = 0; i < order; ++i) {
         entering[i] = s.before[k % 2][i];
         setNumber(entering[i], 0, numberAt(inputs + order - 1 - i));
       }
-      std::copy_n(outputs, int(order), inputs);
+      std::copy_n(outputs, order, inputs);
     }
     takeDifference(s.before[k % 2]);
   }
-  complete(rows, length, order, response);
+  return response;
 }
 
 template <class E>
 void filterOneSection(State<E>& s, Row<E>* input, Row<E>* rows, long length) {
-  const Order<0> order{s.order};
+  const int order = s.order;
   const Response<E> response{s.response, s.before[1]};
   findBefore<E>(input, length, order, nullptr, s.past, s.before[0]);
   filterRows(s.taps, order, s.before[0], input, rows, length);
@@ -190,18 +208,19 @@ void filterOneSection(State<E>& s, Row<E>* input, Row<E>* rows, long length) {
 template <class E>
 void filterStretches(State<E>& s, const E* src, E* dst, long length) {
   Row<E>* const rows = s.rows + s.order;
-  const auto startIn = [=](const E* p) {
-    return [=](int stretch) { return p + stretch * length; };
-  };
+  const auto startIn = [=](int stretch) { return src + stretch * length; };
+  const auto startOut = [=](int stretch) { return dst + stretch * length; };
   if (s.order == 2) {
-    loadRows<E>(startIn(src), length, rows);
-    filterCascade(s, rows, length);
+    loadRows(startIn, length, rows);
+    const Response<E> response = filterCascade(s, rows, length);
+    storeRows<E>([=](long j, int r) { return response.at(j)(rows[j].lanes[r], r); }, length,
+                 startOut);
   } else {
     Row<E>* const input = s.input + s.order;
-    loadRows<E>(startIn(src), length, input);
+    loadRows(startIn, length, input);
     filterOneSection(s, input, rows, length);
+    storeRows(rows, length, startOut);
   }
-  storeRows<E>(rows, length, [=](int stretch) { return dst + stretch * length; });
 }
 
 }  // namespace

@@ -63,10 +63,28 @@ Scalar<E> step(State<E>& s, Scalar<E> x) {
   return step(s, x, [](auto...) {});
 }
 
-// Samples that may be converted on the way.
+// The same steps of one section of order 2, which keeps its sums in registers.
+template <class E>
+void filterSectionInSteps(const E* taps, E* d, const E* src, E* dst, long len) {
+  using S = Scalar<E>;
+  S tap[5], d0 = numberAt(d), d1 = numberAt(d + 1);
+  for (int k = 0; k < 5; ++k) tap[k] = numberAt(taps + k);
+  for (long i = 0; i < len; ++i) {
+    const S x = numberAt(src + i), y = times(tap[0], x) + d0;
+    d0 = times(tap[1], x) - times(tap[3], y) + d1;
+    d1 = times(tap[2], x) - times(tap[4], y);
+    store(dst + i, y);
+  }
+  store(d, d0), store(d + 1, d1);
+}
+
 template <class E>
 void filterInSteps(State<E>& s, const E* src, E* dst, long len) {
-  for (long i = 0; i < len; ++i) store(dst + i, step(s, numberAt(src + i)));
+  if (s.order == 2 && !s.isDirectForm1)
+    for (int k = 0; k < s.sections; ++k)
+      filterSectionInSteps(s.taps + s.tapsOf(k), s.dlyLine + 2L * k, k ? dst : src, dst, len);
+  else
+    for (long i = 0; i < len; ++i) store(dst + i, step(s, numberAt(src + i)));
 }
 
 // Blocks go on from past inputs and outputs. Direct form I has them; else the first samples are

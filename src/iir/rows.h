@@ -75,16 +75,12 @@ constexpr int tileRows = lanesOf<Part<E>> / partsPerElement<E>;
 
 namespace detail {
 
-// Tiles of one register that share cache lines follow each other: the lines of many stretches may
-// have to go by then. The last tile covers rows of the one before it where the length is no
-// multiple.
+// One register after the other: the lines of more stretches might not stay in the cache from tile
+// to tile. The last tile covers rows of the one before it where the length is no multiple.
 template <class E, class Tile>
 void forTiles(long length, Tile tile) {
-  constexpr long lineRows = 2 * tileRows<E>;
-  for (long line = 0; line < length; line += lineRows)
-    for (int r = 0; r < registersOf<E>; ++r)
-      for (long j = line; j < std::min(line + lineRows, length); j += tileRows<E>)
-        tile(std::min(j, length - tileRows<E>), r);
+  for (int r = 0; r < registersOf<E>; ++r)
+    for (long j = 0; j < length; j += tileRows<E>) tile(std::min(j, length - tileRows<E>), r);
 }
 
 }  // namespace detail
@@ -103,17 +99,24 @@ void loadRows(Start start, long length, Row<E>* rows) {
   });
 }
 
-template <class E, class Start>
-void storeRows(const Row<E>* rows, long length, Start start) {
+// `row(j, register)` is what goes to row j.
+template <class E, class Row, class Start>
+void storeRows(Row row, long length, Start start) {
   using T = V<Part<E>>;
   constexpr int lanes = lanesOf<Part<E>>, numbers = partsPerElement<E>;
   detail::forTiles<E>(length, [=](long at, int r) {
     T tile[lanes];
-    for (int i = 0; i < lanes; ++i)
-      tile[i] = reinterpret_cast<const T*>(&rows[at + i / numbers].lanes[r])[i % numbers];
+    for (int i = 0; i < lanes; i += numbers) {
+      const Lanes<E> value = row(at + i / numbers, r);
+      std::memcpy(tile + i, &value, sizeof value);
+    }
     transpose(tile);
     for (int i = 0; i < lanes; ++i) store(start(r * lanes + i) + at, tile[i]);
   });
+}
+template <class E, class Start>
+void storeRows(const Row<E>* rows, long length, Start start) {
+  storeRows<E>([=](long j, int r) { return rows[j].lanes[r]; }, length, start);
 }
 
 }  // namespace mox::iir

@@ -6,7 +6,8 @@
 namespace mox::iir {
 
 // A section of order 2, in place. `tap(k, register)` is b[0], b[1], b[2], a[1] or a[2]; `past` the
-// last inputs and outputs of the lanes as a state has them; `entering` completes an input.
+// last inputs and outputs of the lanes as a state has them; `entering(j)` completes
+// inputs of row j.
 template <class E, class Tap, class Entering>
 [[gnu::always_inline]] inline void filterRows(Tap tap, Row<E>* past, Row<E>* rows, long length,
                                               Entering entering) {
@@ -16,20 +17,26 @@ template <class E, class Tap, class Entering>
   for (int r = 0; r < registers; ++r)
     x2[r] = past[0].lanes[r], x1[r] = past[1].lanes[r], y2[r] = past[2].lanes[r],
     y1[r] = past[3].lanes[r];
-  for (long j = 0; j < length; ++j)
+  // The newest numbers take the place of the oldest ones.
+  const auto row = [=](long j, T(&xNew)[registers], T(&xOld)[registers], T(&yNew)[registers],
+                       T(&yOld)[registers]) {
+    const auto complete = entering(j);
     for (int r = 0; r < registers; ++r) {
-      const T x = entering(rows[j].lanes[r], j, r);
-      const T y = times(tap(0, r), x) + times(tap(1, r), x1[r]) + times(tap(2, r), x2[r]) -
-                  times(tap(4, r), y2[r]) - times(tap(3, r), y1[r]);
-      x2[r] = x1[r], x1[r] = x;
-      y2[r] = y1[r], y1[r] = y;
+      const T x = complete(rows[j].lanes[r], r);
+      const T y = times(tap(0, r), x) + times(tap(1, r), xNew[r]) + times(tap(2, r), xOld[r]) -
+                  times(tap(4, r), yOld[r]) - times(tap(3, r), yNew[r]);
+      xOld[r] = x, yOld[r] = y;
       rows[j].lanes[r] = y;
     }
+  };
+  long j = 0;
+  for (; j + 2 <= length; j += 2) row(j, x1, x2, y1, y2), row(j + 1, x2, x1, y2, y1);
+  if (j < length) row(j, x1, x2, y1, y2), std::swap(x1, x2), std::swap(y1, y2);
   for (int r = 0; r < registers; ++r)
     past[0].lanes[r] = x2[r], past[1].lanes[r] = x1[r], past[2].lanes[r] = y2[r],
     past[3].lanes[r] = y1[r];
 }
 
-constexpr auto asItIs = [](auto x, long, int) { return x; };
+constexpr auto asItIs = [](long) { return [](auto x, int) { return x; }; };
 
 }  // namespace mox::iir
