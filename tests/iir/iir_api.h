@@ -23,30 +23,26 @@ struct Unscaled<f> {
   static MoxStatus call(P... p, int) { return f(p...); }
 };
 
-#define IIR_STATE(types, bq, suffix, tap, data, held)                             \
-  using Tap = Mox##tap;                                                           \
-  using Data = Mox##data;                                                         \
-  using Held = Mox##held;                                                         \
-  static constexpr auto size = moxsIIRGetStateSize##types##suffix;                \
-  static constexpr auto sizeBiQuad = moxsIIRGetStateSize##types##_BiQuad##suffix; \
-  static constexpr auto make = moxsIIRInitAlloc##types##suffix;                   \
-  static constexpr auto makeBiQuad = moxsIIRInitAlloc##types##_BiQuad##suffix;    \
-  static constexpr auto free = moxsIIRFree##types##suffix;                        \
-  static constexpr auto getDlyLine = moxsIIRGetDlyLine##types##suffix;            \
-  static constexpr auto setDlyLine = moxsIIRSetDlyLine##types##suffix;            \
-  static constexpr auto setTaps = moxsIIRSetTaps##types##suffix;                  \
-  static constexpr auto init = moxsIIRInit##types##suffix;                        \
-  static constexpr auto initBiQuad = moxsIIRInit##types##_BiQuad##suffix
+#define IIR_STATE(types, suffix, tap, data, held)                              \
+  using Tap = Mox##tap;                                                        \
+  using Data = Mox##data;                                                      \
+  using Held = Mox##held;                                                      \
+  static constexpr auto make = moxsIIRInitAlloc##types##suffix;                \
+  static constexpr auto makeBiQuad = moxsIIRInitAlloc##types##_BiQuad##suffix; \
+  static constexpr auto free = moxsIIRFree##types##suffix;                     \
+  static constexpr auto getDlyLine = moxsIIRGetDlyLine##types##suffix;         \
+  static constexpr auto setDlyLine = moxsIIRSetDlyLine##types##suffix;         \
+  static constexpr auto setTaps = moxsIIRSetTaps##types##suffix
 #define IIR_FLOAT(name, types, suffix, tap, data)                                  \
   struct name {                                                                    \
-    IIR_STATE(types, , suffix, tap, data, tap);                                    \
+    IIR_STATE(types, suffix, tap, data, tap);                                      \
     static constexpr auto run = Unscaled<moxsIIR##types##suffix>::call;            \
     static constexpr auto runInPlace = Unscaled<moxsIIR##types##suffix##_I>::call; \
     static constexpr auto one = Unscaled<moxsIIROne##types##suffix>::call;         \
   }
 #define IIR_SCALED(name, types, suffix, tap, data, held)              \
   struct name {                                                       \
-    IIR_STATE(types, , suffix, tap, data, held);                      \
+    IIR_STATE(types, suffix, tap, data, held);                        \
     static constexpr auto run = moxsIIR##types##suffix##_Sfs;         \
     static constexpr auto runInPlace = moxsIIR##types##suffix##_ISfs; \
     static constexpr auto one = moxsIIROne##types##suffix##_Sfs;      \
@@ -129,21 +125,27 @@ struct Recurrence {
   Recurrence(Shape shape, const std::vector<Tap>& t, int count)
       : order(shape == Shape::cascade ? 2 : count),
         sections(shape == Shape::cascade ? count : 1),
-        d(std::size_t(order * sections)) {
+        d(order * sections) {
     for (const Tap& tap : t)
       taps.push_back(std::is_integral_v<mox::Part<Tap>> ? exactly(tap) * 0x1p-24L : exactly(tap));
   }
 
   Exact operator()(Exact x) {
     for (int k = 0; k < sections; ++k) {
-      const Exact *b = &taps[std::size_t(2 * (order + 1) * k)], *a = b + order + 1;
-      Exact* s = &d[std::size_t(order * k)];
+      const Exact *b = &taps[2 * (order + 1) * k], *a = b + order + 1;
+      Exact* s = &d[order * k];
       const Exact y = b[0] / a[0] * x + s[0];
       for (int i = 0; i < order; ++i)
         s[i] = (b[i + 1] * x - a[i + 1] * y) / a[0] + (i + 1 < order ? s[i + 1] : 0);
       x = y;
     }
     return x;
+  }
+  template <class Data>
+  std::vector<Exact> outputsFor(const std::vector<Data>& src) {
+    std::vector<Exact> outputs;
+    for (const Data& x : src) outputs.push_back((*this)(exactly(x)));
+    return outputs;
   }
 };
 

@@ -32,13 +32,11 @@ struct Channels {
 // Channels, also side by side, get what each gets on its own, but for rounding.
 TEST(IirChannels, GetWhatEachGetsAlone) {
   using F = test::Iir32f;
-  for (const auto& [shape, filters] :
-       {std::pair{Shape::cascade, 3}, {Shape::cascade, 1}, {Shape::anyOrder, 5}})
-    for (const int count : {1, 2, 5, 6, 7, 8, 16, 17, 40})
+  for (const Shape shape : {Shape::cascade, Shape::anyOrder})
+    for (const int count : {1, 2, 5, 6, 7, 16, 17, 40})
       for (const int len : {1, 9, 10, 300}) {
-        const auto make = [&](test::Random& random, int c) {
-          const int sections = c == 16 && shape == Shape::cascade ? filters + 1 : filters;
-          return makeIir<F>(shape, someTaps<F>(random, shape, sections), sections);
+        const auto make = [=](test::Random& random, int c) {
+          return makeIir<F>(shape, someTaps<F>(random, shape, c / 16 + 3), c / 16 + 3);
         };
         Channels<F> together(count, len, 1, make), alone(count, len, 1, make);
         for (int call = 0; call < 2; ++call) {
@@ -46,8 +44,7 @@ TEST(IirChannels, GetWhatEachGetsAlone) {
                     moxOk);
           for (int c = 0; c < count; ++c) {
             ASSERT_EQ(moxsIIR_32f_I(alone.rows[c], len, alone.states[c]), moxOk);
-            for (int i = 0; i < len; ++i)
-              ASSERT_NEAR(together.x[c][i], alone.x[c][i], 1e-5) << count << " channels, " << c;
+            for (int i = 0; i < len; ++i) ASSERT_NEAR(together.x[c][i], alone.x[c][i], 1e-5) << c;
           }
         }
       }

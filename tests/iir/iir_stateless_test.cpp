@@ -6,6 +6,8 @@
 
 namespace {
 
+using test::makeIir;
+using test::Shape;
 using Words = std::vector<Mox16s>;
 
 // The rule of single samples in 64-bit arithmetic, cut to 32 bits after each operation.
@@ -32,20 +34,19 @@ TEST(IirStateless, SingleSamplesWrapAndRoundByTheRule) {
     const int shifts[] = {0, 1, 2, 14, 15, 30, 31, 32, 33, 32767};
     const auto shift = [&] { return Mox16s(shifts[random.below(10)]); };
     Words taps = random.vector<Mox16s>(2 * order + 2), sections = random.vector<Mox16s>(6 * numBq);
-    taps[std::size_t(order + 1)] = shift();
-    for (int k = 0; k < numBq; ++k) sections[std::size_t(6 * k + 3)] = shift();
+    taps[order + 1] = shift();
+    for (int k = 0; k < numBq; ++k) sections[6 * k + 3] = shift();
     auto d = random.vector<Mox32s>(order), dq = random.vector<Mox32s>(2 * numBq), e = d, eq = dq;
     for (int i = 0; i < 20; ++i) {
       const Mox16s x = random.value<Mox16s>();
       Mox16s y, yq = x;
       ASSERT_EQ(moxsIIROne_Direct_16s(x, &y, taps.data(), order, d.data()), moxOk);
       ASSERT_EQ(y, std::clamp(stepOf(taps.data(), order, e.data(), x), -32768, 32767))
-          << taps[std::size_t(order + 1)];
+          << taps[order + 1];
       ASSERT_EQ(d, e);
       ASSERT_EQ(moxsIIROne_BiQuadDirect_16s_I(&yq, sections.data(), numBq, dq.data()), moxOk);
       Mox32s v = x;
-      for (int k = 0; k < numBq; ++k)
-        v = stepOf(&sections[std::size_t(6 * k)], 2, &eq[std::size_t(2 * k)], v);
+      for (int k = 0; k < numBq; ++k) v = stepOf(&sections[6 * k], 2, &eq[2 * k], v);
       ASSERT_EQ(yq, std::clamp(v, -32768, 32767));
       ASSERT_EQ(dq, eq);
     }
@@ -75,43 +76,32 @@ TEST(IirStateless, ANegativeShiftStopsACascade) {
   EXPECT_EQ(d[2], 3);
 }
 
-// Blocks run in floats, whose delay line goes back in units of 2^-s.
+// Blocks are those of a state with float taps and sums in units of 2^-s.
 TEST(IirStateless, BlocksFilterByFloats) {
   test::Random random(1);
-  for (const bool cascade : {false, true})
-    for (const int len : {1, 50, 700, 5000}) {
-      const Words taps =
-          cascade ? Words{8192, 4096, 2048, 14, -9000, 3000, 4000, -200, 500, 13, 1000, 900}
-                  : Words{8192, 4096, 2048, 100, 14, -9000, 3000, 500};
-      std::vector<double> scaled(taps.begin(), taps.end());
-      const int order = cascade ? 2 : 3, sections = cascade ? 2 : 1;
-      std::vector<Mox32s> d(std::size_t(order * sections), 100000);
-      for (int k = 0; k < sections; ++k) {
-        const std::size_t at = std::size_t(2 * (order + 1) * k);
-        const int s = taps[at + std::size_t(order) + 1];
-        for (int i = 0; i < 2 * (order + 1); ++i)
-          scaled[at + std::size_t(i)] = std::ldexp(scaled[at + std::size_t(i)], -s);
-        scaled[at + std::size_t(order) + 1] = 1;
-      }
-      test::Recurrence exact(cascade ? test::Shape::cascade : test::Shape::anyOrder, scaled,
-                             cascade ? 2 : 3);
-      const auto shiftOf = [&](int i) {
-        return int(taps[std::size_t(2 * (order + 1) * (i / order) + order + 1)]);
+  const Words taps = {8192, 4096, 2048, 14, -9000, 3000, 4000, -200, 500, 13, 1000, 900};
+  for (const int sections : {1, 2})
+    for (const int len : {1, 50, 5000}) {
+      std::vector<Mox32f> held, sums;
+      std::vector<Mox32s> d = random.vector<Mox32s>(2 * sections);
+      const auto scaled = [&](double v, int section) {
+        return Mox32f(std::ldexp(v, -taps[6 * section + 3]));
       };
-      for (int i = 0; i < order * sections; ++i)
-        exact.d[std::size_t(i)] = std::ldexp(100000.0L, -shiftOf(i));
-      const auto src = random.vector<Mox16s>(len);
-      Words y(src.size());
-      ASSERT_EQ((cascade ? moxsIIR_BiQuadDirect_16s : moxsIIR_Direct_16s)(
-                    src.data(), y.data(), len, taps.data(), cascade ? 2 : 3, d.data()),
-                moxOk);
-      for (int i = 0; i < len; ++i)
-        ASSERT_NEAR(y[std::size_t(i)],
-                    double(std::clamp(exact(src[std::size_t(i)]).real(), -32768.0L, 32767.0L)),
-                    0.52);
-      for (int i = 0; i < order * sections; ++i)
-        ASSERT_NEAR(d[std::size_t(i)],
-                    double(std::ldexp(exact.d[std::size_t(i)].real(), shiftOf(i))), 2000);
+      for (int i = 0; i < 6 * sections; ++i)
+        held.push_back(i % 6 == 3 ? 1 : scaled(taps[i], i / 6));
+      for (int i = 0; i < 2 * sections; ++i) sums.push_back(scaled(Mox32f(d[i]), i / 2));
+      const bool cascade = sections == 2;  // a single section has an order, too
+      const auto state = makeIir<test::Iir32f16s>(cascade ? Shape::cascade : Shape::anyOrder, held,
+                                                  2, sums.data());
+      auto x = random.vector<Mox16s>(len), y = x;
+      ASSERT_EQ(moxsIIR32f_16s_ISfs(x.data(), len, state.get(), 0), moxOk);
+      const auto direct = cascade ? moxsIIR_BiQuadDirect_16s_I : moxsIIR_Direct_16s_I;
+      ASSERT_EQ(direct(y.data(), len, taps.data(), 2, d.data()), moxOk);
+      EXPECT_EQ(x, y);
+      ASSERT_EQ(moxsIIRGetDlyLine32f_16s(state.get(), sums.data()), moxOk);
+      for (int i = 0; i < 2 * sections; ++i)
+        EXPECT_EQ(d[i], std::clamp(std::nearbyint(std::ldexp(double(sums[i]), taps[i / 2 * 6 + 3])),
+                                   -0x1p31, 0x1p31 - 1));
     }
 }
 
