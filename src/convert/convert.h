@@ -15,8 +15,13 @@ namespace mox::convert {
 template <class S, class D>
 void convertValues(const S* src, D* dst, long len);
 
+// Each integer times 2^-scaleFactor as the float D, rounded once in the current mode. For 16s32f
+// and 32s32f.
+template <class S, class D>
+void convertScaledValues(const S* src, D* dst, long len, int scaleFactor);
+
 // Each float times 2^-scaleFactor as the integer T, rounded under `roundMode` and saturated. For
-// 32f16s, 64f16s and 64f32s.
+// 32f16s, 32f32s, 64f16s and 64f32s.
 template <class F, class T>
 void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor,
                       Exceptions exceptions = Exceptions::raised);

@@ -43,26 +43,10 @@ MoxStatus widen(const S* src, D* dst, int len) {
   return moxOk;
 }
 
-// The power of two stays a normal number: a factor further below 0 counts as the one whose power
-// brings the largest integers just short of infinity. Where the result may not be normal, a second
-// multiplication does what is left, so that it is rounded once.
 template <class S, class D>
 MoxStatus scaledToFloat(const S* src, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  constexpr int largest = std::numeric_limits<D>::max_exponent - 1;
-  if (scaleFactor == 0) {
-    convertValues(src, dst, len);
-  } else if (wordsToFloats(src, dst, len, scaleFactor)) {
-    return moxOk;
-  } else if (scaleFactor < largest) {
-    const D scale = powerOfTwo<D>(-std::max(scaleFactor, Limits<S>::digits - largest));
-    mapWidened<Register<D>, Stores::bypassing>([=](auto v) { return v * scale; }, dst, len, src);
-  } else {
-    const D scale = powerOfTwo<D>(1 - largest);
-    const D rest = powerOfTwo<D>(largest - 1 - std::min(scaleFactor, 2 * largest - 2));
-    mapWidened<Register<D>, Stores::bypassing>([=](auto v) { return v * scale * rest; }, dst, len,
-                                               src);
-  }
+  convertScaledValues(src, dst, len, scaleFactor);
   return moxOk;
 }
 
@@ -81,6 +65,29 @@ void convertValues(const S* src, D* dst, long len) {
     mapWidened<Register<D>, Stores::bypassing>([](auto v) { return v; }, dst, len, src);
 }
 
+// The power of two stays a normal number: a factor further below 0 counts as the one whose power
+// brings the largest integers just short of infinity. Where the result may not be normal, a second
+// multiplication does what is left, so that it is rounded once.
+template <class S, class D>
+void convertScaledValues(const S* src, D* dst, long len, int scaleFactor) {
+  constexpr int largest = std::numeric_limits<D>::max_exponent - 1;
+  if (scaleFactor == 0) {
+    convertValues(src, dst, len);
+  } else if (wordsToFloats(src, dst, len, scaleFactor)) {
+    return;
+  } else if (scaleFactor < largest) {
+    const D scale = powerOfTwo<D>(-std::max(scaleFactor, Limits<S>::digits - largest));
+    mapWidened<Register<D>, Stores::bypassing>([=](auto v) { return v * scale; }, dst, len, src);
+  } else {
+    const D scale = powerOfTwo<D>(1 - largest);
+    const D rest = powerOfTwo<D>(largest - 1 - std::min(scaleFactor, 2 * largest - 2));
+    mapWidened<Register<D>, Stores::bypassing>([=](auto v) { return v * scale * rest; }, dst, len,
+                                            src);
+  }
+}
+
+template void convertScaledValues(const Mox16s*, Mox32f*, long, int);
+template void convertScaledValues(const Mox32s*, Mox32f*, long, int);
 template void convertValues(const Mox16s*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox64f*, long);
 template void convertValues(const Mox32s*, Mox64f*, long);

@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "iir/iir_api.h"
+#include "support/guarded_array.h"
+
+namespace {
+
+using test::makeIir;
+using test::Shape;
+using test::someTaps;
+
+constexpr std::pair<Shape, int> shapes[] = {
+    {Shape::anyOrder, 1},  {Shape::anyOrder, 2},  {Shape::anyOrder, 3},   {Shape::anyOrder, 5},
+    {Shape::anyOrder, 20}, {Shape::anyOrder, 64}, {Shape::anyOrder, 128}, {Shape::anyOrder, 129},
+    {Shape::cascade, 1},   {Shape::cascade, 2},   {Shape::cascade, 5},    {Shape::cascade, 16}};
+
+// The largest magnitude among what enters a filter and what comes out.
+template <class D>
+long double largestOf(const std::vector<D>& src, const std::vector<test::Exact>& expected) {
+  long double largest = 1;
+  for (const D& x : src) largest = std::max(largest, std::abs(test::exactly(x)));
+  for (const auto& y : expected) largest = std::max(largest, std::abs(y));
+  return largest;
+}
+
+// Outputs of a stable filter are off by some roundings of that; integers by half a unit more.
+template <class F>
+long double tolerance(long double largest, int order) {
+  using P = mox::Part<typename F::Held>;
+  using D = mox::Part<typename F::Data>;
+  long double bound = (16 + order) * std::numeric_limits<P>::epsilon() * largest;
+  if (std::is_integral_v<D>) return bound + 0.5L;
+  return bound + largest * std::numeric_limits<D>::epsilon();
+}
+
+template <class F>
+void expectNear(const std::vector<test::Exact>& expected, const typename F::Data* got,
+                long double largest, int order) {
+  using D = mox::Part<typename F::Data>;
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    test::Exact y = expected[i];
+    if (std::is_integral_v<D>) {
+      const long double low = std::numeric_limits<D>::min(), high = std::numeric_limits<D>::max();
+      y = {std::clamp(y.real(), low, high), std::clamp(y.imag(), low, high)};
+    }
+    const test::Exact off = test::exactly(got[i]) - y;
+    ASSERT_LE(std::max(std::abs(off.real()), std::abs(off.imag())), tolerance<F>(largest, order))
+        << "output " << i << " of " << expected.size();
+  }
+}
+
+template <class F>
+class IirRun : public testing::Test {};
+TYPED_TEST_SUITE(IirRun, test::AllIirs);
+
+// Lengths about those at which blocks are filtered by stretches: 4, 8 or 16 of them, of at least 8
+// samples and at least the order; and about those of 128 samples, at which blocks and pieces end.
+TYPED_TEST(IirRun, AgreesWithTheRecurrenceAboutEveryThreshold) {
+  using F = TypeParam;
+  using D = typename F::Data;
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  for (const auto& [shape, count] : shapes) {
+    const int order = shape == Shape::cascade ? 2 : count;
+    const auto taps = someTaps<F>(random, shape, count);
+    std::vector<int> lengths = {1, 2, 3, 4 * order, 4 * order + 1};
+    for (const int stretches : {4, 8, 16})
+      for (const int block : {std::max(8, order), 128})
+        for (const int more : {-1, 0, 1, stretches + 3})
+          lengths.push_back(order + stretches * block + more);
+    for (const int len : lengths) {
+      SCOPED_TRACE(testing::Message()
+                   << "order " << order << ", count " << count << ", len " << len);
+      test::Recurrence exact(shape, taps, count);
+      const auto d = random.vector<typename F::Held>(long(exact.d.size()));
+      std::transform(d.begin(), d.end(), exact.d.begin(), [](auto e) { return test::exactly(e); });
+      const auto state = makeIir<F>(shape, taps, count, d.data());
+      const auto src = random.vector<D>(len);
+      const test::GuardedArray<D> in(len), out(len);
+      std::copy(src.begin(), src.end(), in.begin());
+      const auto expected = exact.outputsFor(src);
+      ASSERT_EQ(F::run(in.data(), out.data(), len, state.get(), 0), moxOk);
+      const long double largest = largestOf(src, expected);
+      expectNear<F>(expected, out.data(), largest, order);
+      ASSERT_EQ(F::setDlyLine(state.get(), d.data()), moxOk);
+      auto inPlace = src;
+      ASSERT_EQ(F::runInPlace(inPlace.data(), len, state.get(), 0), moxOk);
+      ASSERT_EQ(std::memcmp(inPlace.data(), out.data(), len * sizeof(D)), 0);
+      std::vector<typename F::Held> kept(d.size());
+      ASSERT_EQ(F::getDlyLine(state.get(), kept.data()), moxOk);
+      for (std::size_t i = 0; i < kept.size(); ++i)
+        ASSERT_NEAR(double(std::abs(test::exactly(kept[i]) - exact.d[i])), 0,
+                    double((16 + order) * largest *
+                           std::numeric_limits<mox::Part<typename F::Held>>::epsilon()));
+    }
+  }
+}
+
+// Blocks in place and not, and single samples, with taps and delay line set again in between.
+TYPED_TEST(IirRun, AStreamInAnyPiecesIsOneSignal) {
+  using F = TypeParam;
+  using D = typename F::Data;
+  SCOPED_TRACE(test::seedNote());
+  test::Random random(1);
+  for (const auto& [shape, count] :
+       {std::pair{Shape::anyOrder, 2}, {Shape::anyOrder, 7}, {Shape::cascade, 3}}) {
+    const auto taps = someTaps<F>(random, shape, count);
+    const auto src = random.vector<D>(9000);
+    test::Recurrence exact(shape, taps, count);
+    const auto expected = exact.outputsFor(src);
+    const auto state = makeIir<F>(shape, taps, count);
+    auto y = src;
+    for (long at = 0; at < long(src.size());) {
+      const long way = random.below(3);
+      const int len = int(std::min(1 + random.below(way == 0 ? 3000 : 150), long(src.size()) - at));
+      MoxStatus status = moxOk;
+      if (way == 0) status = F::run(&src[at], &y[at], len, state.get(), 0);
+      if (way == 1) status = F::runInPlace(&y[at], len, state.get(), 0);
+      for (int i = 0; way == 2 && i < len; ++i)
+        status = F::one(src[at + i], &y[at + i], state.get(), 0);
+      ASSERT_EQ(status, moxOk);
+      at += len;
+    }
+    expectNear<F>(expected, y.data(), largestOf(src, expected), exact.order);
+    if (this->HasFatalFailure()) return;
+  }
+}
+
+// The error of blocks beside that of single steps, for pairs of poles close to the unit circle.
+template <class F>
+void expectSmallErrorGrowth(double radius, double angle) {
+  using Tap = typename F::Tap;
+  const Tap a1 = Tap(-2 * radius * std::cos(angle)), a2 = Tap(radius * radius);
+  const std::vector<Tap> taps = {1, 1, 0.5, 1, a1, a2};
+  test::Random random(2);
+  const auto src = random.vector<typename F::Data>(20000);
+  test::Recurrence exact(Shape::cascade, taps, 1);
+  const auto blocks = makeIir<F>(Shape::cascade, taps, 1),
+             steps = makeIir<F>(Shape::cascade, taps, 1);
+  auto y = src;
+  ASSERT_EQ(F::runInPlace(y.data(), int(y.size()), blocks.get(), 0), moxOk);
+  long double ofBlocks = 0, ofSteps = 0;
+  for (std::size_t i = 0; i < src.size(); ++i) {
+    typename F::Data one;
+    ASSERT_EQ(F::one(src[i], &one, steps.get(), 0), moxOk);
+    const long double expected = exact(src[i]).real();
+    ofBlocks = std::max(ofBlocks, std::abs(y[i] - expected));
+    ofSteps = std::max(ofSteps, std::abs(one - expected));
+  }
+  EXPECT_LE(ofBlocks, 2 * ofSteps) << "radius " << radius << ", angle " << angle;
+}
+
+TEST(IirRun, ErrorsOfBlocksStayNearThoseOfSingleSteps) {
+  for (const double radius : {0.9, 0.99, 0.999, 0.9999})
+    for (const double angle : {0.01, 0.1, 1.0, 2.0, 3.0}) {
+      expectSmallErrorGrowth<test::Iir32f>(radius, angle);
+      expectSmallErrorGrowth<test::Iir64f>(radius, angle);
+    }
+}
+
+// What the block engine adds for past outputs is the response of the recursion to each of them.
+TEST(IirRun, ResponsesAreThoseOfTheRecursion) {
+  test::Random random(3);
+  for (const auto& [shape, count] : shapes) {
+    if (shape == Shape::anyOrder && count > mox::iir::mostOrder) continue;
+    const auto taps = someTaps<test::Iir64fc>(random, shape, count);
+    const auto state = makeIir<test::Iir64fc>(shape, taps, count);
+    const auto& s = *static_cast<mox::iir::State<Mox64fc>*>(state.get());
+    ASSERT_EQ(s.length, mox::iir::mostLength);
+    for (int section = 0; section < s.sections; ++section)
+      for (int past = 0; past < s.order; ++past) {
+        std::vector<test::Exact> y(s.order + s.length);
+        y[s.order - 1 - past] = 1;
+        for (int j = 0; j < s.length; ++j) {
+          test::Exact& next = y[s.order + j];
+          const auto* a = &taps[(2 * section + 1) * (s.order + 1)];
+          for (int k = 1; k <= s.order; ++k)
+            next -= test::exactly(a[k]) / test::exactly(a[0]) * y[s.order + j - k];
+          const auto held = [&](int k) {
+            return test::exactly(
+                s.response[s.responseOf(section) + k * mox::iir::responseStride + j]);
+          };
+          const test::Exact weight = s.order != 2 ? held(past)
+                                     : past == 0  ? held(0) + held(1)
+                                                  : -held(1);
+          ASSERT_NEAR(double(std::abs(next - weight)), 0, 1e-14) << past << ' ' << j;
+        }
+      }
+  }
+}
+
+// Filters that grow: no infinity may meet a zero of a silent input.
+TEST(IirRun, UnstableFiltersAreSilentOnSilence) {
+  for (const Mox32f a : {-1.05f, -2.0f, 1e6f, -1e30f}) {
+    const auto state = makeIir<test::Iir32f>(Shape::anyOrder, {1, 0, 0, 1, a, 0}, 2);
+    std::vector<Mox32f> x(3000);
+    ASSERT_EQ(moxsIIR_32f_I(x.data(), 3000, state.get()), moxOk);
+    EXPECT_TRUE(std::ranges::all_of(x, [](Mox32f v) { return v == 0; })) << a;
+  }
+}
+
+// An integrator of small integers is exact in floats, so that every output is known to the bit.
+template <class F>
+class IirInteger : public testing::Test {};
+using RealIntegers = testing::Types<test::Iir32f16s, test::Iir64f16s, test::Iir64f32s>;
+TYPED_TEST_SUITE(IirInteger, RealIntegers);
+TYPED_TEST(IirInteger, RoundsHalfToEvenAndSaturates) {
+  using F = TypeParam;
+  using D = typename F::Data;
+  test::Random random(4);
+  for (const int scale : {-40, -9, -1, 0, 1, 2, 5, 40, std::numeric_limits<int>::min(),
+                          std::numeric_limits<int>::max()}) {
+    const auto state = makeIir<F>(Shape::cascade, {1, 0, 0, 1, -1, 0}, 1);
+    std::vector<D> x(3000), y(3000);
+    for (D& v : x) v = D(random.below(201) - 100);
+    ASSERT_EQ(F::run(x.data(), y.data(), 2990, state.get(), scale), moxOk);
+    long double sum = 0;
+    for (int i = 0; i < 3000; ++i) {
+      if (i >= 2990) F::one(x[i], &y[i], state.get(), scale);
+      sum += x[i];
+      const long double y0 = std::nearbyint(std::ldexp(sum, -std::clamp(scale, -100, 100)));
+      ASSERT_EQ(y[i], D(std::clamp<long double>(y0, std::numeric_limits<D>::min(),
+                                                std::numeric_limits<D>::max())))
+          << "output " << i << ", factor " << scale;
+    }
+  }
+}
+
+}  // namespace

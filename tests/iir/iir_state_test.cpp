@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "iir/iir_api.h"
+#include "support/core_probe.h"
+
+namespace {
+
+using test::makeIir;
+using test::Shape;
+using test::someTaps;
+
+template <class F>
+class IirState : public testing::Test {
+ protected:
+  using Tap = typename F::Tap;
+  static MoxStatus setTaps(const std::vector<Tap>& taps, MoxsIIRState* s) {
+    if constexpr (test::hasTapsFactor<F>)
+      return F::setTaps(taps.data(), s, test::tapsFactor);
+    else
+      return F::setTaps(taps.data(), s);
+  }
+};
+TYPED_TEST_SUITE(IirState, test::AllIirs);
+
+// Zero taps are refused where the recurrence divides by them, and section by section.
+TYPED_TEST(IirState, SetsTheTapsOfSectionsBeforeABadOne) {
+  using F = TypeParam;
+  test::Random random(1);
+  const auto old = someTaps<F>(random, Shape::cascade, 4);
+  for (const int bad : {0, 3})  // b[0] and a[0]
+    for (int section = 0; section < 4; ++section) {
+      auto taps = someTaps<F>(random, Shape::cascade, 4), mixed = taps;
+      std::copy(old.begin() + 6 * section, old.end(), mixed.begin() + 6 * section);
+      taps[6 * section + bad] = typename F::Tap{};
+      const auto state = makeIir<F>(Shape::cascade, old, 4),
+                 twin = makeIir<F>(Shape::cascade, mixed, 4);
+      ASSERT_EQ(this->setTaps(taps, state.get()), moxErrDivByZero);
+      auto a = random.vector<typename F::Data>(700), b = a;
+      ASSERT_EQ(F::runInPlace(a.data(), 700, state.get(), 0), moxOk);
+      ASSERT_EQ(F::runInPlace(b.data(), 700, twin.get(), 0), moxOk);
+      EXPECT_EQ(std::memcmp(a.data(), b.data(), 700 * sizeof a[0]), 0) << section;
+    }
+  auto taps = someTaps<F>(random, Shape::anyOrder, 3);
+  taps[0] = typename F::Tap{};
+  const auto state = makeIir<F>(Shape::anyOrder, taps, 3);
+  EXPECT_EQ(this->setTaps(taps, state.get()), moxOk);
+  taps[4] = typename F::Tap{};
+  EXPECT_EQ(this->setTaps(taps, state.get()), moxErrDivByZero);
+}
+
+TEST(IirStates, HaveSizesUpToTheLargestInt) {
+  int bytes = 77;
+  EXPECT_EQ(moxsIIRGetStateSize_BiQuad_64fc(std::numeric_limits<int>::max(), &bytes),
+            moxErrIirOrder);
+  EXPECT_EQ(bytes, 77);
+  EXPECT_EQ(moxsIIRGetStateSize_64fc(1000000, &bytes), moxOk);
+}
+
+// A zero is refused and leaves nothing behind; NaN is a tap like any other.
+TEST(IirStates, TakeNaNForATapButNoZero) {
+  const Mox32f bad[] = {1, 0, 0, 0, 0, 0};
+  CoreProbe probe;
+  MoxsIIRState* s = nullptr;
+  EXPECT_EQ(moxsIIRInitAlloc_BiQuad_32f(&s, bad, 1, nullptr), moxErrDivByZero);
+  EXPECT_EQ(s, nullptr);
+  EXPECT_EQ(probe.live(), 0);
+  const auto state = makeIir<test::Iir32f>(Shape::cascade, {NAN, 0, 0, 1, 0, 0}, 1);
+  Mox32f x = 1;
+  ASSERT_EQ(moxsIIR_32f_I(&x, 1, state.get()), moxOk);
+  EXPECT_TRUE(std::isnan(x));
+}
+
+// Raw samples are the delay line of direct form I, and each section has its own.
+template <class Data>
+void expectRawHistory(auto make, auto free, auto run, auto get, auto set, const auto& taps) {
+  test::Random random(3);
+  MoxsIIRState *s = nullptr, *twin = nullptr;
+  std::vector<Data> x(3008);  // and before it the delay line
+  for (Data& v : x) v = Data(random.below(2000) - 1000);
+  std::vector<long double> past(x.begin(), x.begin() + 8);
+  ASSERT_EQ(make(&s, taps.data(), 2, x.data()), moxOk);
+  ASSERT_EQ(make(&twin, taps.data(), 2, nullptr), moxOk);
+  ASSERT_EQ(set(twin, x.data()), moxOk);
+  auto whole = x, cut = x;
+  ASSERT_EQ(run(&whole[8], 3000, s), moxOk);
+  for (int at = 8; at < 3008; at += 10) ASSERT_EQ(run(&cut[at], 10, twin), moxOk);
+  for (int i = 8; i < 3008; ++i) {
+    long double v = x[i];
+    for (int k = 0; k < 2; ++k) {
+      long double* p = &past[4 * k];
+      const auto* t = &taps[6 * k];
+      const auto y = (t[0] * v + t[1] * p[1] + t[2] * p[0] - t[4] * p[3] - t[5] * p[2]) / t[3];
+      p[0] = p[1], p[1] = v, p[2] = p[3], p[3] = y, v = y;
+    }
+    ASSERT_NEAR(double(whole[i]), double(v), 0.51);
+    ASSERT_NEAR(double(cut[i]), double(v), 0.51);
+  }
+  ASSERT_EQ(get(s, x.data()), moxOk);
+  for (int i = 0; i < 8; ++i) EXPECT_NEAR(double(x[i]), double(past[i]), 0.51) << i;
+  EXPECT_EQ(free(s), moxOk);
+  EXPECT_EQ(free(twin), moxOk);
+}
+
+TEST(IirDirectForm1, GoesOnFromRawSamples) {
+  const std::vector<Mox64f> taps = {0.5, 0.2, 0.1, 1, -0.6, 0.3, 0.9, -0.3, 0.2, 2, 0.8, 0.4};
+  const std::vector<Mox32f> narrow(taps.begin(), taps.end());
+  expectRawHistory<Mox32f>(moxsIIRInitAlloc_BiQuad_DF1_32f, moxsIIRFree_32f, moxsIIR_32f_I,
+                           moxsIIRGetDlyLine_32f, moxsIIRSetDlyLine_32f, narrow);
+  expectRawHistory<Mox32s>(
+      moxsIIRInitAlloc64f_BiQuad_DF1_32s, moxsIIRFree64f_32s,
+      [](Mox32s* x, int len, MoxsIIRState* s) { return moxsIIR64f_32s_ISfs(x, len, s, 0); },
+      moxsIIRGetDlyLine64f_DF1_32s, moxsIIRSetDlyLine64f_DF1_32s, taps);
+  MoxsIIRState* s = nullptr;
+  ASSERT_EQ(moxsIIRInitAlloc_BiQuad_DF1_32f(&s, narrow.data(), 2, nullptr), moxOk);
+  Mox32f y;
+  EXPECT_EQ(moxsIIROne_32f(1, &y, s), moxErrContext);
+  EXPECT_EQ(moxsIIRSetTaps_32f(narrow.data(), s), moxErrContext);
+  EXPECT_EQ(moxsIIRFree_32f(s), moxOk);
+}
+
+// Every object carries the word of its combination and form.
+TEST(IirStates, BeginWithTheirWords) {
+  const Mox64f taps[] = {1, 0, 0, 1, 0, 0};
+  const Mox32s words[] = {0x49493231, 0x49493232, 0x49493330};
+  const auto wordOf = [&](auto make, auto count) {
+    MoxsIIRState* s = nullptr;
+    EXPECT_EQ(make(&s, taps, count, nullptr), moxOk);
+    const Mox32s word = *reinterpret_cast<const Mox32s*>(s);
+    EXPECT_EQ(moxsIIRFree64f_16s(s), moxErrContext);
+    EXPECT_EQ(moxsIIRFree64f_32s(s), moxOk);
+    return word;
+  };
+  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_32s, 2), words[0]);
+  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_BiQuad_32s, 1), words[1]);
+  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_BiQuad_DF1_32s, 1), words[2]);
+}
+
+}  // namespace
