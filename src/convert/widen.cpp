@@ -82,7 +82,7 @@ void convertScaledValues(const S* src, D* dst, long len, int scaleFactor) {
     const D scale = powerOfTwo<D>(1 - largest);
     const D rest = powerOfTwo<D>(largest - 1 - std::min(scaleFactor, 2 * largest - 2));
     mapWidened<Register<D>, Stores::bypassing>([=](auto v) { return v * scale * rest; }, dst, len,
-                                            src);
+                                               src);
   }
 }
 

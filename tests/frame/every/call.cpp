@@ -137,6 +137,10 @@ void Call::prepareNumber(int i) {
 
 void Call::prepareObject(int i) {
   if (countFor(*this, i)) return prepareArray(i);
+  slots_[i].set(makeObject());
+}
+
+void* Call::makeObject() {
   const Kind* kind = kindOf(function_);
   if (!kind) throw Unknown(function_.name + ": no row in objects.cpp says what makes its object");
   const bool frees = kind->free == &function_;
@@ -152,7 +156,7 @@ void Call::prepareObject(int i) {
     throw Misbehaved("(" + call.function_.name + " answers " + std::to_string(status) +
                      " to valid arguments)");
   call.takeAsInitial();
-  slots_[i].set(call.object());
+  return call.object();
 }
 
 void Call::takeAsInitial() {
@@ -167,18 +171,19 @@ void Call::setNumber(int i, double value) {
 void Call::prepareArray(int i) {
   const std::string& name = function_.parameters[i];
   const ArgumentType& type = function_.type(i);
-  const std::optional<long> count = countFor(*this, i);
+  const bool ofObjects = objectRows(function_) == i;
+  const std::optional<long> count = ofObjects ? 1 : countFor(*this, i);
   if (!count) unknown(function_, name, "the length");
   if (setting_.nullOptional && optionalPointer(function_, name)) return;
   if (type.form != Form::rows) {
     slots_[i].set<void*>(addArray(i, *count).data);
     return;
   }
-  if (!type.element) unknown(function_, name, "how to make a row of objects, which is the form");
   auto& rows = rows_[i];
   const long channels =
       function_.indexOf("channels") >= 0 ? (*this)("channels") : (*this)("numChannels");
-  for (long r = 0; r < channels; ++r) rows.push_back(addArray(i, *count).data);
+  for (long r = 0; r < channels; ++r)
+    rows.push_back(ofObjects ? makeObject() : addArray(i, *count).data);
   slots_[i].set<void*>(rows.data());
 }
 

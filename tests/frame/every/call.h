@@ -85,6 +85,7 @@ class Call {
  private:
   void prepareNumber(int parameter);
   void prepareObject(int parameter);
+  void* makeObject();
   void* makeObject(int parameter);
   void prepareArray(int parameter);
   Array& addArray(int parameter, long count);

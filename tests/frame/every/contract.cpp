@@ -33,6 +33,15 @@ const Table<Row> deviations = {
       "the length decides what an element is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
+     {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
+      "channels before one that is refused have been filtered"},
+     {whole("IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c)", Deviation::ownMemory),
+      "integer taps become floats there"},
+     {whole("IIR_?(BiQuad)Direct_16s* FIR?(One)_Direct_16s* FIRMR*_Direct_*", Deviation::ownMemory),
+      "a state is made for the call"},
+     {whole("IIR*", Deviation::notElementwise), "the length decides where stretches begin"},
+     {whole("FIRMR*_Direct_* FIRLMS*", Deviation::notOntoSource),
+      "an output depends on inputs at other places"},
 
      {whole("@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f* @(Norm|NormDiff)_*_@(32|64)f* SumLn_*",
             Deviation::alignedSums),
@@ -42,8 +51,10 @@ const Table<Row> optionalPointers = {
     "optional pointers",
     {{{"FFT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
-     {{"FIR*Init*", "dlyLine"}, "the delay line starts cleared"},
-     {{"FIRSetDlyLine*", "dlyLine"}, "the delay line is cleared"},
+     {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
+     {{"FIR*SetDlyLine* IIRSetDlyLine*", "dlyLine"}, "the delay line is cleared"},
+     {{"FIRLMS*InitAlloc*", "taps"}, "the taps start at zero"},
+     {{"FIRLMSMRSetTaps*", "taps"}, "the taps are cleared"},
      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
      {{"RealToCplx_*", "srcRe srcIm"}, "that part is zero"}}};
 

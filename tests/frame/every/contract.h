@@ -12,7 +12,8 @@ enum class Deviation {
   notOntoSource,   // the destination must not be a source, although the lengths agree
   notElementwise,  // an output depends on the length, or on inputs at other places
   alignedSums,     // the order of a sum follows the alignment: compared within roundings
-  outputsApart     // one null output does not keep the call from writing the others
+  outputsApart,    // one null output does not keep the call from writing the others
+  ownMemory        // takes memory beside the buffer that it is given
 };
 
 // The reason, in words; null when the function does as all do.

@@ -22,16 +22,35 @@ struct Row {
 };
 const Row rows[] = {
     {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
-    {"FIRInit(.*)", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1"},
-    {"FIRStreamInit(.*)", "FIR(Free)?$1"},
+
+    // Combinations that share their states.
+    {"FIRInit(32sc?_16sc?)(32fc?)?", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},
+    {"FIRMRInit(32sc?_16sc?)(32fc?)?", "FIR([GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},
+    {"FIRInit(64f_32s|_32s)", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?(64f_32s|_32s)"},
+    {"FIRMRInit(64f_32s|_32s)", "FIR([GS]etTaps|[GS]etDlyLine|Free)?(64f_32s|_32s)"},
+    {"FIRInit((?!32sc?_|64f_32s|_32s).*)", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1"},
+    {"FIRMRInit((?!32sc?_|64f_32s|_32s).*)", "FIR([GS]etTaps|[GS]etDlyLine|Free)?$1"},
+    {"FIR(MR)?StreamInit(.*)", "FIR(Free)?$2"},
+    {"FIRLMSInitAlloc(.*)", "FIRLMS(Free|GetTaps|[GS]etDlyLine)?$1"},
+    {"FIRLMSMRInitAlloc(.*)",
+     "FIRLMSMR(Free|[GS]etTaps|GetTapsPointer|[GS]etDlyLine|GetDlyVal|SetMu|PutVal|One|OneVal|"
+     "UpdateTaps)$1"},
+
+    {"IIRInit([0-9a-z]*)_BiQuad_([0-9]+[a-z]+?)(32fc?)?",
+     "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?(_I?P)?"},
+    {"IIRInit([0-9a-z]*)_([0-9]+[a-z]+?)(32fc?)?",
+     "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?"},
+    {"IIRInit_BiQuad_DF1_32f", "IIR([GS]etDlyLine|Free)?_32f"},
+    {"IIRInit64f_BiQuad_DF1_32s", "IIR(Free)?64f_32s|moxsIIR[GS]etDlyLine64f_DF1_32s"},
 };
 
 // What a row says of a function that makes objects; empty when it says nothing.
 std::string usersBy(const Row& row, const Function& f) {
-  const std::regex init(std::string("moxs") + row.init);
+  const std::regex init(std::string("moxs") + row.init + "$");
   const auto allocates = [](const std::string& name) { return name.find("Alloc") != name.npos; };
   if (!std::regex_match(f.name, init) || allocates(f.name) != allocates(row.init)) return {};
-  return std::regex_replace(f.name, init, std::string("moxs") + row.users) + "(_I|_I?Sfs)?";
+  return "(?:" + std::regex_replace(f.name, init, std::string("moxs") + row.users) +
+         ")(_I|_I?P?Sfs)?";
 }
 
 bool makesObjects(const Function& f) { return f.name.find("Init") != std::string::npos; }
@@ -43,7 +62,8 @@ Kind kindFrom(const Function& init) {
   for (const Row& row : rows)
     if (const std::string users = usersBy(row, init); !users.empty())
       for (const Function& f : allFunctions())
-        if (objectParameter(f) >= 0 && std::regex_match(f.name, std::regex(users))) {
+        if ((objectParameter(f) >= 0 || objectRows(f) >= 0) &&
+            std::regex_match(f.name, std::regex(users))) {
           kind.users.push_back(&f);
           if (f.name.find("Free") != std::string::npos) kind.free = &f;
         }
@@ -55,6 +75,12 @@ Kind kindFrom(const Function& init) {
 int objectParameter(const Function& f) {
   for (int i = 0; i < f.count() && !makesObjects(f); ++i)
     if (f.type(i).form == Form::object) return i;
+  return -1;
+}
+
+int objectRows(const Function& f) {
+  for (int i = 0; i < f.count(); ++i)
+    if (f.type(i).form == Form::rows && !f.type(i).element) return i;
   return -1;
 }
 

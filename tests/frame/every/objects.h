@@ -30,4 +30,7 @@ Call& objectOf(const Kind& kind);
 // Which of its parameters is the object.
 int objectParameter(const Function& function);
 
+// Which of its parameters is an array of pointers to objects.
+int objectRows(const Function& function);
+
 }  // namespace every

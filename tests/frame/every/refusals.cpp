@@ -75,11 +75,33 @@ const Table<Row> refusals = {
      row("FFT@(Fwd|Inv)_*", "spec", {cleared}, moxErrContext, object),
      row("FFT@(GetBufSize|Free)_*", "spec", {cleared}, moxErrContext, behindLength),
 
-     row("FIR*@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen, length),
+     row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
+         length),
      row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
-     row("FIR*_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
-     row("FIR*_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
-     row("FIR*_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last)}};
+     row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
+     row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
+     row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
+     row("FIR*StreamInit*_16s", "rndMode", {3, -1}, moxErrRoundMode, last),
+
+     row("FIRMR*_Direct_*", "numIters", belowOne, moxErrSize, length),
+     row("FIRMR*_Direct_*", "tapsLen", belowOne, moxErrFirLen, behindLength),
+     row("FIRMR*GetStateSize*", "upFactor downFactor", belowOne, moxErrFirMrPhase, number),
+     row("FIRMR*Init* FIRMR*_Direct_*", "upFactor downFactor", belowOne, moxErrFirMrFactor, number),
+     row("FIRMR*Init* FIRMR*_Direct_*", "upPhase downPhase", {-1, 7, INT_MIN, INT_MAX},
+         moxErrFirMrPhase, level),
+
+     row("FIRLMSInitAlloc* FIRLMSMRInitAlloc* FIRLMSOne_Direct*", "tapsLen", belowOne, moxErrSize,
+         length),
+     row("FIRLMSMRInitAlloc*", "dlyStep", belowOne, moxErrSize, number),
+     row("FIRLMSMRInitAlloc*", "updateDly", negative, moxErrSize, number),
+     row("FIRLMSMRInitAlloc*", "dlyLineIndex", {-1, INT_MAX}, moxErrSize, level),
+     row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
+
+     row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
+     row("IIR!(*Init*|*P|*PSfs)", "state", {cleared}, moxErrContext, last),
+     row("IIR_32f_*", "numChannels", belowOne, moxErrChannel, number),
+     row("IIR64f_32s_*", "numChannels", belowOne, moxErrChannelCount, number)}};
 
 bool isPointer(const Function& f, int i) { return f.type(i).form != Form::value; }
 

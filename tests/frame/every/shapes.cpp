@@ -47,6 +47,17 @@ long workBufferSize(const Call& c) {
   return query(std::regex_replace(init, std::regex("Init"), "GetBufSize"), c.setting(), "size");
 }
 
+// Of an IIR filter: whether it is a cascade of sections, and its delay line.
+const Function& initOf(const Call& c) {
+  const Kind* kind = kindOf(c.function());
+  return kind ? *kind->init : c.function();
+}
+bool isCascade(const Call& c) { return initOf(c).indexOf("numBq") >= 0; }
+long iirDelayLine(const Call& c) {
+  const bool isDirectForm1 = initOf(c).name.find("DF1") != std::string::npos;
+  return isDirectForm1 ? 4 * c("numBq") : isCascade(c) ? 2 * c("numBq") : c("order");
+}
+
 constexpr long packWidth = 11;
 
 // Numbers, and arrays whose every element must have a certain value. `others` are values with which
@@ -61,7 +72,21 @@ const Table<NumberRow> numberRows = {
     {{{"FFT*", "order"}, [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
      {{"FFT*", "flag"}, fixed(8), {1, 2, 4}},
      {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
-     {{"FIROne*", "src srcDst"}, fixed(7)},  // one sample, by value or in place
+     {{"FIRMR*", "upFactor"}, fixed(3), {1}},
+     {{"FIRMR*", "downFactor"}, fixed(2), {5}},
+     {{"FIRMR*", "upPhase downPhase"}, fixed(0)},
+     {{"FIRMR*", "numIters"}, length},
+     {{"FIRLMS!(MR*)", "mu"}, fixed(0)},
+     {{"FIRLMSMR*", "mu err"}, fixed(100)},
+     {{"FIRLMSOne*", "src ref muQ15"}, fixed(7)},
+     {{"FIRLMSMR*", "dlyStep"}, fixed(2), {1}},
+     {{"FIRLMSMR*", "updateDly"}, fixed(0), {3}},
+     {{"FIRLMSMR*", "index"}, fixed(0)},
+     {{"FIROne* IIROne*", "src srcDst"}, fixed(7)},  // one sample, by value or in place
+     {{"IIR*", "order"}, fixed(4), {1, 2}},
+     {{"IIR*", "numBq"}, fixed(3), {1}},
+     {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
+     {{"IIR*", "numChannels"}, fixed(7), {1}},
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
@@ -75,7 +100,7 @@ const Table<NumberRow> numberRows = {
      {{"*", "len tableLen"}, length},
      {{"*", "channels maskSize"}, fixed(3), {1}},
      {{"*", "srcBitOffset dstBitOffset"}, fixed(3), {0}},
-     {{"*", "scaleFactor shift"}, fixed(1)},
+     {{"*", "scaleFactor shift tapsFactor"}, fixed(1)},
      {{"*", "roundMode rndMode"}, fixed(1), {0}},
      {{"*", "hint dlyLineIndex"}, fixed(0), {1}},
      {{"*", "zcType"}, fixed(0), {1, 2}},
@@ -115,22 +140,38 @@ const Table<CountRow> countRows = {
      {{"FFTInit_*", "initBuf"}, sizeOfObject("initSize")},
      {{"ConjCcs_*", "src"}, [](const Call& c) { return c("len") / 2 * 2 + 2; }},
 
-     {{"FIR*Init*", "buffer"}, sizeOfObject("size")},
-     {{"FIROne*", "dst srcDst"}, fixed(1)},
-     {{"FIR*_Direct_*", "dlyLine"}, times(2, "tapsLen")},
-     {{"FIR*Init* FIR[GS]etDlyLine*", "dlyLine"}, argument("tapsLen")},
+     {{"FIR*Init* IIR*Init*", "buffer"}, sizeOfObject("size")},
+     {{"FIROne* FIRLMS*One* IIROne*", "dst srcDst"}, fixed(1)},
+     {{"FIR!(MR*)_Direct_* FIRLMSOne_Direct*", "dlyLine"}, times(2, "tapsLen")},
+     {{"FIR?(Stream)Init* FIR[GS]etDlyLine* FIRLMSInitAlloc* FIRLMS[GS]etDlyLine*", "dlyLine"},
+      argument("tapsLen")},
+     {{"FIRMR*", "dlyLine"},
+      [](const Call& c) { return (c("tapsLen") + c("upFactor") - 1) / c("upFactor"); }},
+     {{"FIRMR*_Direct_*", "src"}, [](const Call& c) { return c("numIters") * c("downFactor"); }},
+     {{"FIRMR*_Direct_*", "dst"}, [](const Call& c) { return c("numIters") * c("upFactor"); }},
+     {{"FIRMR*_Direct_*", "srcDst"},
+      [](const Call& c) { return c("numIters") * std::max(c("downFactor"), c("upFactor")); }},
+     {{"FIRLMSMR*", "dlyLine"},
+      [](const Call& c) { return c("tapsLen") * c("dlyStep") + c("updateDly"); }},
+     {{"FIRLMSMRGetDlyVal*", "val"}, fixed(1)},
+     {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
+
+     {{"IIR*", "taps"},
+      [](const Call& c) { return isCascade(c) ? 6 * c("numBq") : 2 * c("order") + 2; }},
+     {{"IIR*", "dlyLine"}, iirDelayLine},
+     {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
 
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex"}, fixed(1)},
+     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor"}, fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer"}, argument("len")}}};
+     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
 
 }  // namespace
 
