@@ -113,16 +113,21 @@ MOX_API MoxStatus moxsFIRLMSOne_DirectQ15_16s(Mox16s src, Mox16s ref, Mox16s* ds
  * Samples of 16 bits, taps of 32, and each step a call. The ring holds
  * `dlyLen = tapsLen * dlyStep + updateDly` samples, and `dlyLineIndex` is the place of the oldest.
  *
- * | Function         | What it does                                                             |
- * |------------------|--------------------------------------------------------------------------|
- * | `PutVal`         | takes a sample into the ring                                              |
- * | `One`            | dst = sum of (taps[k] >> 16) * x[k * dlyStep], where x[i] came i samples
- * before the newest | | `OneVal`         | both | | `UpdateTaps`     | taps[k] += ((err * mu +
- * 2^14) >> 15) * x[k * dlyStep + updateDly]          | | `GetTaps`, `SetTaps` | taps, tap 0 first;
- * null sets zeros                                    | | `GetTapsPointer` | the address of the taps
- * inside the state, the last tap first              | | `GetDlyLine`, `SetDlyLine` | the ring,
- * `dlyLen` samples, and its place; null sets silence    | | `GetDlyVal`      | the sample at the
- * place `index` of the ring                               | | `SetMu`          | replaces mu |
+ * With x[i] the sample that came i samples before the newest:
+ *
+ * | Function                   | What it does                                                 |
+ * |----------------------------|--------------------------------------------------------------|
+ * | `PutVal`                   | takes a sample into the ring                                 |
+ * | `One`                      | dst = sum of (taps[k] >> 16) * x[k * dlyStep]                |
+ * | `OneVal`                   | `PutVal`, then `One`                                         |
+ * | `UpdateTaps`               | taps[k] += w * x[k * dlyStep + updateDly]                    |
+ * | `GetTaps`, `SetTaps`       | taps, tap 0 first; null sets zeros                           |
+ * | `GetTapsPointer`           | the address of the taps in the state, the last tap first     |
+ * | `GetDlyLine`, `SetDlyLine` | the ring and its place; null sets silence                    |
+ * | `GetDlyVal`                | the sample at the place `index` of the ring                  |
+ * | `SetMu`                    | replaces mu                                                  |
+ *
+ * where w = (err * mu + 2^14) >> 15.
  *
  * Complex taps are corrected by the conjugates of the samples. Any index of `SetDlyLine` is stored
  * as it is, and a place of the ring modulo `dlyLen`. Null `taps` and `dlyLine` of `InitAlloc` stand

@@ -43,17 +43,16 @@ typedef struct MoxsFIRState MoxsFIRState;
  * `_16s`, `32s_16s`, `32sc_16sc`, `32s_16s32f` and `32sc_16sc32fc` hold taps of 16 bits and one
  * `tapsFactor` for all: a tap stands for the held number times 2^tapsFactor.
  *
- * | Taps of the caller                    | Held |
- * |---------------------------------------|--------------------------------------------------------|
- * | `_16s`                                | as they are; if one is -32768, all shifted right by 1 |
- * | `32s_16s`, `32sc_16sc`                | shifted right until the largest magnitude is at most
- * 32766 | | `32s_16s32f`, `32sc_16sc32fc`         | times the power of two that brings the largest
- * magnitude to at most 32767 and above half of that, 2^33 at the most and 2^-33 at the least;
- * rounded half away from zero and saturated |
+ * | Taps of the caller            | Held                                                     |
+ * |-------------------------------|----------------------------------------------------------|
+ * | `_16s`                        | themselves; if one is -32768, all shifted right by 1     |
+ * | `32s_16s`, `32sc_16sc`        | shifted right until no magnitude is above 32766          |
+ * | `32s_16s32f`, `32sc_16sc32fc` | times 2^p, rounded half away from zero and saturated     |
  *
- * What a shift takes away is added to the caller's `tapsFactor`, which saturates; the power of two
- * becomes it. `32s_16s32f` makes states of `32s_16s`, whose other functions run them;
- * `32sc_16sc32fc` those of `32sc_16sc`.
+ * The last take the p that brings the largest magnitude to at most 32767 and to at least half of
+ * that, within -33 to 33. The places of a shift are added to the caller's `tapsFactor`, which
+ * saturates; with floats it is -p. `32s_16s32f` makes states of `32s_16s`, whose other functions
+ * run them; `32sc_16sc32fc` those of `32sc_16sc`.
  *
  * Sums of products are taken modulo 2^32, into the range of a signed integer, and shifted by
  * s = tapsFactor - scaleFactor, which is taken as -31 to 31:
@@ -308,11 +307,12 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
  *
  * Blocks of `FIR` on a state with a spectrum (@ref fir_state) are filtered by overlap-save:
  *
- * | Block of n samples                     | Method |
- * |----------------------------------------|---------------------------------------------------------|
- * | n < m = 512, of complex ones 256       | direct sums | | n >= m | overlap-save | | in place,
- * data of the taps' type       | chunks of 4224, by overlap-save while m samples follow  | | in
- * place, data of another type, n >= m | chunks of 8448, all by overlap-save                     |
+ * | Block of n samples                | Method                                                 |
+ * |-----------------------------------|--------------------------------------------------------|
+ * | n < m = 512, of complex ones 256  | direct sums                                            |
+ * | n >= m                            | overlap-save                                           |
+ * | in place, data of the taps' type  | chunks of 4224, by overlap-save while m samples follow |
+ * | in place, other data, n >= m      | chunks of 8448, all by overlap-save                    |
  *
  * The method is that of Stockham, "High-speed convolution and correlation", 1966.
  *

@@ -35,8 +35,8 @@ class TapScale {
   int shift_ = 0, factor_;
 };
 
-// Floats choose the power of two that brings the largest of them to at most 32767, and above half
-// of that unless it takes 2^34.
+// Floats choose the power of two that brings the largest of them to at most 32767, and to at least
+// half of that where 2^33 suffices.
 template <>
 class TapScale<Mox32f> {
  public:

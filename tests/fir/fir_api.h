@@ -35,7 +35,6 @@ struct WithoutScale<f> {
   static constexpr auto getDlyLine = moxsFIRGetDlyLine##types;        \
   static constexpr auto setDlyLine = moxsFIRSetDlyLine##types;        \
   static constexpr auto multirateSize = moxsFIRMRGetStateSize##types; \
-  static constexpr auto initMultirate = moxsFIRMRInit##types;         \
   static constexpr auto allocMultirate = moxsFIRMRInitAlloc##types
 
 // Combinations of one type: where the engines change, and the word that objects begin with.

@@ -138,28 +138,6 @@ TYPED_TEST(Multirate, FollowsTheDefinitionAtAnyLength) {
   }
 }
 
-TYPED_TEST(Multirate, LivesInTheBytesThatItAsksFor) {
-  using F = TypeParam;
-  for (const auto& [r, n] : {std::pair(Rates{3, 1, 2, 0}, 20),
-                             {{1, 0, 16, 3}, 90},
-                             {{50, 0, 3, 1}, 7},
-                             {{1, 0, 1, 0}, 100}}) {
-    int size = 0;
-    ASSERT_EQ(F::multirateSize(n, r.up, r.down, &size), moxOk);
-    for (const int slack : {0, 1, 8, 33, 63}) {
-      const test::GuardedArray<Mox8u> memory(size + slack);
-      const auto taps = someTaps<F>(this->random, n);
-      MoxsFIRState* s = nullptr;
-      ASSERT_EQ(F::initMultirate(&s, taps.data(), n, r.up, r.upPhase, r.down, r.downPhase, nullptr,
-                                 memory.data() + slack),
-                moxOk);
-      const int len = 5000;
-      std::vector<typename F::Data> x(len * r.down), y(len * r.up);
-      ASSERT_EQ(F::run(x.data(), y.data(), len, s, 0), moxOk);
-    }
-  }
-}
-
 TYPED_TEST(Multirate, RefusesBadFactorsAndPhases) {
   using F = TypeParam;
   const auto tap = test::number<typename F::Tap>(1);
