@@ -338,15 +338,18 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * cut into stretches, as many as registers have lanes: 16 in `Mox32f`, 8 in `Mox64f` and `Mox32fc`,
  * 4 in `Mox64fc`, of at least 8 and n, at most 128 samples. All are filtered at once as if nothing
  * had come out before them; then the responses to the outputs before each stretch are added. (Block
- * methods for recursive filters: Burrus, "Block realization of digital filters", 1972.) Orders
- * above 128 and filters whose response grows beyond 2^32 too soon run step by step.
+ * methods for recursive filters: Burrus, "Block realization of digital filters", 1972.) Stretches
+ * end where the weight of a past output exceeds 2^32 and, for other orders than 2, where the sum of
+ * the weights exceeds 16 times that of the first output. Filters that allow fewer than 8 or n
+ * samples, and orders above 128, run step by step: among them filters of high order with poles
+ * close to each other, which are better made as cascades.
  *
  * @return ::moxErrNullPtr for a null argument; ::moxErrSize for `len` below 1; ::moxErrContext for
  * a state of other types, and for one in direct form I in `IIROne`.
  * @note Errors are those of the recursion: a rounding error of the size u |y|, with the unit
- * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most 1.6
- * times that of single steps for sections with poles of radius 0.9 to 0.9999 at angles of 0.01 to
- * 3, and is held below twice of it by a test.
+ * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most twice
+ * that of single steps, in sections and in filters of order 4 to 8 with poles of radius 0.9 to
+ * 0.9999 at angles of 0.01 to 3; a test holds sections and order 4 there.
  * @note How the signal is cut into blocks changes the last bits. NaN and infinities stay in the
  * delay line until it is set. Where a result is NaN, an integer output is the largest value.
  * @note On silence an output decays until it is subnormal, and arithmetic on subnormal numbers
