@@ -347,9 +347,9 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * @return ::moxErrNullPtr for a null argument; ::moxErrSize for `len` below 1; ::moxErrContext for
  * a state of other types, and for one in direct form I in `IIROne`.
  * @note Errors are those of the recursion: a rounding error of the size u |y|, with the unit
- * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most twice
- * that of single steps, in sections and in filters of order 4 to 8 with poles of radius 0.9 to
- * 0.9999 at angles of 0.01 to 3; a test holds sections and order 4 there.
+ * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most 2.4
+ * times that of single steps, in sections and in filters of order 4 to 8 with poles of radius 0.9
+ * to 0.9999 at angles of 0.01 to 3; a test holds sections and order 4 below 3 times.
  * @note How the signal is cut into blocks changes the last bits. NaN and infinities stay in the
  * delay line until it is set. Where a result is NaN, an integer output is the largest value.
  * @note On silence an output decays until it is subnormal, and arithmetic on subnormal numbers
