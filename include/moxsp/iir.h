@@ -353,8 +353,8 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * @note How the signal is cut into blocks changes the last bits. NaN and infinities stay in the
  * delay line until it is set. Where a result is NaN, an integer output is the largest value.
  * @note On silence an output decays until it is subnormal, and arithmetic on subnormal numbers
- * takes longer on many processors. On an AMD EPYC of 2022 blocks took up to 1.4 times as long as on
- * signals and single steps up to 1.5 times. No call changes the processor's treatment of such
+ * takes longer on many processors. On an AMD EPYC of 2022 blocks took up to 1.6 times as long as on
+ * signals and single steps up to 2.1 times. No call changes the processor's treatment of such
  * numbers; a caller may set flush-to-zero and denormals-are-zero, or clear the delay line.
  * @{ */
 MOX_API MoxStatus moxsIIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsIIRState* state);
