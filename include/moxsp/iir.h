@@ -338,20 +338,23 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * cut into stretches, as many as registers have lanes: 16 in `Mox32f`, 8 in `Mox64f` and `Mox32fc`,
  * 4 in `Mox64fc`, of at least 8 and n, at most 128 samples. All are filtered at once as if nothing
  * had come out before them; then the responses to the outputs before each stretch are added. (Block
- * methods for recursive filters: Burrus, "Block realization of digital filters", 1972.) Orders
- * above 128 and filters whose response grows beyond 2^32 too soon run step by step.
+ * methods for recursive filters: Burrus, "Block realization of digital filters", 1972.) Stretches
+ * end where the weight of a past output exceeds 2^32 and, for other orders than 2, where the sum of
+ * the weights exceeds 16 times that of the first output. Filters that allow fewer than 8 or n
+ * samples, and orders above 128, run step by step: among them filters of high order with poles
+ * close to each other, which are better made as cascades.
  *
  * @return ::moxErrNullPtr for a null argument; ::moxErrSize for `len` below 1; ::moxErrContext for
  * a state of other types, and for one in direct form I in `IIROne`.
  * @note Errors are those of the recursion: a rounding error of the size u |y|, with the unit
- * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most 1.6
- * times that of single steps for sections with poles of radius 0.9 to 0.9999 at angles of 0.01 to
- * 3, and is held below twice of it by a test.
+ * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most 2.4
+ * times that of single steps, in sections and in filters of order 4 to 8 with poles of radius 0.9
+ * to 0.9999 at angles of 0.01 to 3; a test holds sections and order 4 below 3 times.
  * @note How the signal is cut into blocks changes the last bits. NaN and infinities stay in the
  * delay line until it is set. Where a result is NaN, an integer output is the largest value.
  * @note On silence an output decays until it is subnormal, and arithmetic on subnormal numbers
- * takes longer on many processors. On an AMD EPYC of 2022 blocks took up to 1.3 times as long as on
- * signals and single steps up to 1.5 times. No call changes the processor's treatment of such
+ * takes longer on many processors. On an AMD EPYC of 2022 blocks took up to 1.6 times as long as on
+ * signals and single steps up to 2.1 times. No call changes the processor's treatment of such
  * numbers; a caller may set flush-to-zero and denormals-are-zero, or clear the delay line.
  * @{ */
 MOX_API MoxStatus moxsIIR_32f(const Mox32f* src, Mox32f* dst, int len, MoxsIIRState* state);

@@ -56,6 +56,15 @@ using Number = long double;
 // times a zero is no number.
 constexpr Number mostResponse = 0x1p32;
 
+// The sum of the weights of an output, compared with that of the first one. It bounds the rounding
+// errors that stretches of other orders than 2 add to those of the recursion.
+constexpr Number mostGrowth = 16;
+
+Number largestPart(Number value) { return std::fabs(value); }
+Number largestPart(Pair<Number> value) {
+  return std::max(std::fabs(value.re), std::fabs(value.im));
+}
+
 // What is too small for a normal number is nothing: arithmetic on subnormal ones is slow.
 template <class F>
 bool roundInto(Number value, F* to) {
@@ -85,16 +94,22 @@ int respond(const E* a, int order, E* response) {
       first[k] = -Number(tap);
     weights[k] = first[k];
   }
+  Number limit = 0;
   for (int j = 0; j < mostLength; ++j) {
     const auto hold = [&](int k, Wide weight) {
       return roundInto<Part<E>>(weight, response + k * responseStride + j);
     };
     bool held = true;
+    Number sum = 0;
     if (order == 2)
       held = hold(0, weights[0] + weights[1]) && hold(1, weights[2] - weights[1]);
     else
-      for (int k = 0; k < order; ++k) held = hold(k, weights[k]) && held;
-    if (!held) return j;
+      for (int k = 0; k < order; ++k) {
+        held = hold(k, weights[k]) && held;
+        sum += largestPart(weights[k]);
+      }
+    if (j == 0) limit = mostGrowth * std::max<Number>(1, sum);
+    if (!held || sum > limit) return j;
     const Wide newest = weights[0];
     for (int k = 0; k < order; ++k) weights[k] = times(newest, first[k]) + weights[k + 1];
   }

@@ -129,17 +129,25 @@ TYPED_TEST(IirRun, AStreamInAnyPiecesIsOneSignal) {
   }
 }
 
-// The error of blocks beside that of single steps, for pairs of poles close to the unit circle.
+// The error of blocks beside that of single steps, for pairs of poles close to the unit circle: one
+// pair in a section, two in a filter of order 4.
 template <class F>
-void expectSmallErrorGrowth(double radius, double angle) {
-  using Tap = typename F::Tap;
-  const Tap a1 = Tap(-2 * radius * std::cos(angle)), a2 = Tap(radius * radius);
-  const std::vector<Tap> taps = {1, 1, 0.5, 1, a1, a2};
+void expectSmallErrorGrowth(Shape shape, double radius, double angle) {
+  const int pairs = shape == Shape::cascade ? 1 : 2, order = 2 * pairs;
+  const int count = shape == Shape::cascade ? 1 : order;
+  std::vector<typename F::Tap> taps(2 * order + 2, 0.5);
+  taps[order + 1] = 1;
+  std::fill(taps.begin() + order + 2, taps.end(), 0);
+  for (int pair = 0; pair < pairs; ++pair)
+    for (int k = order; k >= 1; --k) {
+      auto* a = &taps[order + 1];
+      a[k] -= 2 * radius * std::cos(angle + 0.4 * pair) * a[k - 1];
+      if (k >= 2) a[k] += radius * radius * a[k - 2];
+    }
   test::Random random(2);
   const auto src = random.vector<typename F::Data>(20000);
-  test::Recurrence exact(Shape::cascade, taps, 1);
-  const auto blocks = makeIir<F>(Shape::cascade, taps, 1),
-             steps = makeIir<F>(Shape::cascade, taps, 1);
+  test::Recurrence exact(shape, taps, count);
+  const auto blocks = makeIir<F>(shape, taps, count), steps = makeIir<F>(shape, taps, count);
   auto y = src;
   ASSERT_EQ(F::runInPlace(y.data(), int(y.size()), blocks.get(), 0), moxOk);
   long double ofBlocks = 0, ofSteps = 0;
@@ -150,14 +158,16 @@ void expectSmallErrorGrowth(double radius, double angle) {
     ofBlocks = std::max(ofBlocks, std::abs(y[i] - expected));
     ofSteps = std::max(ofSteps, std::abs(one - expected));
   }
-  EXPECT_LE(ofBlocks, 2 * ofSteps) << "radius " << radius << ", angle " << angle;
+  EXPECT_LE(ofBlocks, 3 * ofSteps) << "radius " << radius << ", angle " << angle;
 }
 
 TEST(IirRun, ErrorsOfBlocksStayNearThoseOfSingleSteps) {
   for (const double radius : {0.9, 0.99, 0.999, 0.9999})
     for (const double angle : {0.01, 0.1, 1.0, 2.0, 3.0}) {
-      expectSmallErrorGrowth<test::Iir32f>(radius, angle);
-      expectSmallErrorGrowth<test::Iir64f>(radius, angle);
+      expectSmallErrorGrowth<test::Iir32f>(Shape::cascade, radius, angle);
+      expectSmallErrorGrowth<test::Iir64f>(Shape::cascade, radius, angle);
+      expectSmallErrorGrowth<test::Iir32f>(Shape::anyOrder, radius, angle);
+      expectSmallErrorGrowth<test::Iir64f>(Shape::anyOrder, radius, angle);
     }
 }
 
