@@ -43,32 +43,24 @@ MoxStatus direct(const typename C::Data* src, typename C::Data* dst, int numIter
 }  // namespace
 
 MOX_EXPORT(moxsFIRMR_Direct_32f, direct<Fir32f>);
-MOX_EXPORT(moxsFIRMR_Direct_32f_I, inPlace<direct<Fir32f>>);
-MOX_EXPORT(moxsFIRMR_Direct_32fc, direct<Fir32fc>);
-MOX_EXPORT(moxsFIRMR_Direct_32fc_I, inPlace<direct<Fir32fc>>);
-MOX_EXPORT(moxsFIRMR_Direct_64f, direct<Fir64f>);
-MOX_EXPORT(moxsFIRMR_Direct_64f_I, inPlace<direct<Fir64f>>);
-MOX_EXPORT(moxsFIRMR_Direct_64fc, direct<Fir64fc>);
-MOX_EXPORT(moxsFIRMR_Direct_64fc_I, inPlace<direct<Fir64fc>>);
-MOX_EXPORT(moxsFIRMR64f_Direct_32f, direct<Fir64f32f>);
-MOX_EXPORT(moxsFIRMR64f_Direct_32f_I, inPlace<direct<Fir64f32f>>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_32fc, direct<Fir64fc32fc>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_32fc_I, inPlace<direct<Fir64fc32fc>>);
-MOX_EXPORT(moxsFIRMR32f_Direct_16s_Sfs, directScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIRMR32f_Direct_16s_ISfs, inPlace<directScaled<Fir32f16s>>);
-MOX_EXPORT(moxsFIRMR32fc_Direct_16sc_Sfs, directScaled<Fir32fc16sc>);
-MOX_EXPORT(moxsFIRMR32fc_Direct_16sc_ISfs, inPlace<directScaled<Fir32fc16sc>>);
-MOX_EXPORT(moxsFIRMR64f_Direct_16s_Sfs, directScaled<Fir64f16s>);
-MOX_EXPORT(moxsFIRMR64f_Direct_16s_ISfs, inPlace<directScaled<Fir64f16s>>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_16sc_Sfs, directScaled<Fir64fc16sc>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_16sc_ISfs, inPlace<directScaled<Fir64fc16sc>>);
-MOX_EXPORT(moxsFIRMR64f_Direct_32s_Sfs, directScaled<Fir64f32s>);
-MOX_EXPORT(moxsFIRMR64f_Direct_32s_ISfs, inPlace<directScaled<Fir64f32s>>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_32sc_Sfs, directScaled<Fir64fc32sc>);
-MOX_EXPORT(moxsFIRMR64fc_Direct_32sc_ISfs, inPlace<directScaled<Fir64fc32sc>>);
-MOX_EXPORT(moxsFIRMR32s_Direct_16s_Sfs, directWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIRMR32s_Direct_16s_ISfs, inPlace<directWithFactor<Fir32s16s>>);
-MOX_EXPORT(moxsFIRMR32sc_Direct_16sc_Sfs, directWithFactor<Fir32sc16sc>);
-MOX_EXPORT(moxsFIRMR32sc_Direct_16sc_ISfs, inPlace<directWithFactor<Fir32sc16sc>>);
+MOX_EXPORT_IN_PLACE(moxsFIRMR_Direct_32f_I, direct<Fir32f>);
+MOX_EXPORT_BOTH(moxsFIRMR_Direct_32fc, moxsFIRMR_Direct_32fc_I, direct<Fir32fc>);
+MOX_EXPORT_BOTH(moxsFIRMR_Direct_64f, moxsFIRMR_Direct_64f_I, direct<Fir64f>);
+MOX_EXPORT_BOTH(moxsFIRMR_Direct_64fc, moxsFIRMR_Direct_64fc_I, direct<Fir64fc>);
+MOX_EXPORT_BOTH(moxsFIRMR64f_Direct_32f, moxsFIRMR64f_Direct_32f_I, direct<Fir64f32f>);
+MOX_EXPORT_BOTH(moxsFIRMR64fc_Direct_32fc, moxsFIRMR64fc_Direct_32fc_I, direct<Fir64fc32fc>);
+MOX_EXPORT_BOTH(moxsFIRMR32f_Direct_16s_Sfs, moxsFIRMR32f_Direct_16s_ISfs, directScaled<Fir32f16s>);
+MOX_EXPORT_BOTH(moxsFIRMR32fc_Direct_16sc_Sfs, moxsFIRMR32fc_Direct_16sc_ISfs,
+                directScaled<Fir32fc16sc>);
+MOX_EXPORT_BOTH(moxsFIRMR64f_Direct_16s_Sfs, moxsFIRMR64f_Direct_16s_ISfs, directScaled<Fir64f16s>);
+MOX_EXPORT_BOTH(moxsFIRMR64fc_Direct_16sc_Sfs, moxsFIRMR64fc_Direct_16sc_ISfs,
+                directScaled<Fir64fc16sc>);
+MOX_EXPORT_BOTH(moxsFIRMR64f_Direct_32s_Sfs, moxsFIRMR64f_Direct_32s_ISfs, directScaled<Fir64f32s>);
+MOX_EXPORT_BOTH(moxsFIRMR64fc_Direct_32sc_Sfs, moxsFIRMR64fc_Direct_32sc_ISfs,
+                directScaled<Fir64fc32sc>);
+MOX_EXPORT_BOTH(moxsFIRMR32s_Direct_16s_Sfs, moxsFIRMR32s_Direct_16s_ISfs,
+                directWithFactor<Fir32s16s>);
+MOX_EXPORT_BOTH(moxsFIRMR32sc_Direct_16sc_Sfs, moxsFIRMR32sc_Direct_16sc_ISfs,
+                directWithFactor<Fir32sc16sc>);
 
 }  // namespace mox::fir

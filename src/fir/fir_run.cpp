@@ -46,36 +46,21 @@ MoxStatus fir(const typename C::Data* src, typename C::Data* dst, int len, MoxsF
 }  // namespace
 
 MOX_EXPORT(moxsFIR_32f, fir<Fir32f>);
-MOX_EXPORT(moxsFIR_32f_I, inPlace<fir<Fir32f>>);
-MOX_EXPORT(moxsFIR_32fc, fir<Fir32fc>);
-MOX_EXPORT(moxsFIR_32fc_I, inPlace<fir<Fir32fc>>);
-MOX_EXPORT(moxsFIR_64f, fir<Fir64f>);
-MOX_EXPORT(moxsFIR_64f_I, inPlace<fir<Fir64f>>);
-MOX_EXPORT(moxsFIR_64fc, fir<Fir64fc>);
-MOX_EXPORT(moxsFIR_64fc_I, inPlace<fir<Fir64fc>>);
-MOX_EXPORT(moxsFIR64f_32f, fir<Fir64f32f>);
-MOX_EXPORT(moxsFIR64f_32f_I, inPlace<fir<Fir64f32f>>);
-MOX_EXPORT(moxsFIR64fc_32fc, fir<Fir64fc32fc>);
-MOX_EXPORT(moxsFIR64fc_32fc_I, inPlace<fir<Fir64fc32fc>>);
-MOX_EXPORT(moxsFIR32f_16s_Sfs, firScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIR32f_16s_ISfs, inPlace<firScaled<Fir32f16s>>);
-MOX_EXPORT(moxsFIR32fc_16sc_Sfs, firScaled<Fir32fc16sc>);
-MOX_EXPORT(moxsFIR32fc_16sc_ISfs, inPlace<firScaled<Fir32fc16sc>>);
-MOX_EXPORT(moxsFIR64f_16s_Sfs, firScaled<Fir64f16s>);
-MOX_EXPORT(moxsFIR64f_16s_ISfs, inPlace<firScaled<Fir64f16s>>);
-MOX_EXPORT(moxsFIR64fc_16sc_Sfs, firScaled<Fir64fc16sc>);
-MOX_EXPORT(moxsFIR64fc_16sc_ISfs, inPlace<firScaled<Fir64fc16sc>>);
-MOX_EXPORT(moxsFIR64f_32s_Sfs, firScaled<Fir64f32s>);
-MOX_EXPORT(moxsFIR64f_32s_ISfs, inPlace<firScaled<Fir64f32s>>);
-MOX_EXPORT(moxsFIR64fc_32sc_Sfs, firScaled<Fir64fc32sc>);
-MOX_EXPORT(moxsFIR64fc_32sc_ISfs, inPlace<firScaled<Fir64fc32sc>>);
-MOX_EXPORT(moxsFIR_32s_Sfs, firScaled<Fir64f32s>);
-MOX_EXPORT(moxsFIR_32s_ISfs, inPlace<firScaled<Fir64f32s>>);
-MOX_EXPORT(moxsFIR_16s_Sfs, firScaled<Fir16s>);
-MOX_EXPORT(moxsFIR_16s_ISfs, inPlace<firScaled<Fir16s>>);
-MOX_EXPORT(moxsFIR32s_16s_Sfs, firScaled<Fir32s16s>);
-MOX_EXPORT(moxsFIR32s_16s_ISfs, inPlace<firScaled<Fir32s16s>>);
-MOX_EXPORT(moxsFIR32sc_16sc_Sfs, firScaled<Fir32sc16sc>);
-MOX_EXPORT(moxsFIR32sc_16sc_ISfs, inPlace<firScaled<Fir32sc16sc>>);
+MOX_EXPORT_IN_PLACE(moxsFIR_32f_I, fir<Fir32f>);
+MOX_EXPORT_BOTH(moxsFIR_32fc, moxsFIR_32fc_I, fir<Fir32fc>);
+MOX_EXPORT_BOTH(moxsFIR_64f, moxsFIR_64f_I, fir<Fir64f>);
+MOX_EXPORT_BOTH(moxsFIR_64fc, moxsFIR_64fc_I, fir<Fir64fc>);
+MOX_EXPORT_BOTH(moxsFIR64f_32f, moxsFIR64f_32f_I, fir<Fir64f32f>);
+MOX_EXPORT_BOTH(moxsFIR64fc_32fc, moxsFIR64fc_32fc_I, fir<Fir64fc32fc>);
+MOX_EXPORT_BOTH(moxsFIR32f_16s_Sfs, moxsFIR32f_16s_ISfs, firScaled<Fir32f16s>);
+MOX_EXPORT_BOTH(moxsFIR32fc_16sc_Sfs, moxsFIR32fc_16sc_ISfs, firScaled<Fir32fc16sc>);
+MOX_EXPORT_BOTH(moxsFIR64f_16s_Sfs, moxsFIR64f_16s_ISfs, firScaled<Fir64f16s>);
+MOX_EXPORT_BOTH(moxsFIR64fc_16sc_Sfs, moxsFIR64fc_16sc_ISfs, firScaled<Fir64fc16sc>);
+MOX_EXPORT_BOTH(moxsFIR64f_32s_Sfs, moxsFIR64f_32s_ISfs, firScaled<Fir64f32s>);
+MOX_EXPORT_BOTH(moxsFIR64fc_32sc_Sfs, moxsFIR64fc_32sc_ISfs, firScaled<Fir64fc32sc>);
+MOX_EXPORT_BOTH(moxsFIR_32s_Sfs, moxsFIR_32s_ISfs, firScaled<Fir64f32s>);
+MOX_EXPORT_BOTH(moxsFIR_16s_Sfs, moxsFIR_16s_ISfs, firScaled<Fir16s>);
+MOX_EXPORT_BOTH(moxsFIR32s_16s_Sfs, moxsFIR32s_16s_ISfs, firScaled<Fir32s16s>);
+MOX_EXPORT_BOTH(moxsFIR32sc_16sc_Sfs, moxsFIR32sc_16sc_ISfs, firScaled<Fir32sc16sc>);
 
 }  // namespace mox::fir

@@ -136,35 +136,26 @@ constexpr auto oneSampleInPlace = OneSample<body>::runInPlace;
 }  // namespace
 
 MOX_EXPORT(moxsFIR_Direct_32f, firDirect<Fir32f>);
-MOX_EXPORT(moxsFIR_Direct_32f_I, inPlace<firDirect<Fir32f>>);
-MOX_EXPORT(moxsFIR_Direct_32fc, firDirect<Fir32fc>);
-MOX_EXPORT(moxsFIR_Direct_32fc_I, inPlace<firDirect<Fir32fc>>);
-MOX_EXPORT(moxsFIR_Direct_64f, firDirect<Fir64f>);
-MOX_EXPORT(moxsFIR_Direct_64f_I, inPlace<firDirect<Fir64f>>);
-MOX_EXPORT(moxsFIR_Direct_64fc, firDirect<Fir64fc>);
-MOX_EXPORT(moxsFIR_Direct_64fc_I, inPlace<firDirect<Fir64fc>>);
-MOX_EXPORT(moxsFIR64f_Direct_32f, firDirect<Fir64f32f>);
-MOX_EXPORT(moxsFIR64f_Direct_32f_I, inPlace<firDirect<Fir64f32f>>);
-MOX_EXPORT(moxsFIR64fc_Direct_32fc, firDirect<Fir64fc32fc>);
-MOX_EXPORT(moxsFIR64fc_Direct_32fc_I, inPlace<firDirect<Fir64fc32fc>>);
-MOX_EXPORT(moxsFIR32f_Direct_16s_Sfs, firDirectScaled<Fir32f16s>);
-MOX_EXPORT(moxsFIR32f_Direct_16s_ISfs, inPlace<firDirectScaled<Fir32f16s>>);
-MOX_EXPORT(moxsFIR32fc_Direct_16sc_Sfs, firDirectScaled<Fir32fc16sc>);
-MOX_EXPORT(moxsFIR32fc_Direct_16sc_ISfs, inPlace<firDirectScaled<Fir32fc16sc>>);
-MOX_EXPORT(moxsFIR64f_Direct_16s_Sfs, firDirectScaled<Fir64f16s>);
-MOX_EXPORT(moxsFIR64f_Direct_16s_ISfs, inPlace<firDirectScaled<Fir64f16s>>);
-MOX_EXPORT(moxsFIR64fc_Direct_16sc_Sfs, firDirectScaled<Fir64fc16sc>);
-MOX_EXPORT(moxsFIR64fc_Direct_16sc_ISfs, inPlace<firDirectScaled<Fir64fc16sc>>);
-MOX_EXPORT(moxsFIR64f_Direct_32s_Sfs, firDirectScaled<Fir64f32s>);
-MOX_EXPORT(moxsFIR64f_Direct_32s_ISfs, inPlace<firDirectScaled<Fir64f32s>>);
-MOX_EXPORT(moxsFIR64fc_Direct_32sc_Sfs, firDirectScaled<Fir64fc32sc>);
-MOX_EXPORT(moxsFIR64fc_Direct_32sc_ISfs, inPlace<firDirectScaled<Fir64fc32sc>>);
-MOX_EXPORT(moxsFIR32s_Direct_16s_Sfs, firDirectWithFactor<Fir32s16s>);
-MOX_EXPORT(moxsFIR32s_Direct_16s_ISfs, inPlace<firDirectWithFactor<Fir32s16s>>);
-MOX_EXPORT(moxsFIR32sc_Direct_16sc_Sfs, firDirectWithFactor<Fir32sc16sc>);
-MOX_EXPORT(moxsFIR32sc_Direct_16sc_ISfs, inPlace<firDirectWithFactor<Fir32sc16sc>>);
-MOX_EXPORT(moxsFIR_Direct_16s_Sfs, firDirect16s);
-MOX_EXPORT(moxsFIR_Direct_16s_ISfs, inPlace<firDirect16s>);
+MOX_EXPORT_IN_PLACE(moxsFIR_Direct_32f_I, firDirect<Fir32f>);
+MOX_EXPORT_BOTH(moxsFIR_Direct_32fc, moxsFIR_Direct_32fc_I, firDirect<Fir32fc>);
+MOX_EXPORT_BOTH(moxsFIR_Direct_64f, moxsFIR_Direct_64f_I, firDirect<Fir64f>);
+MOX_EXPORT_BOTH(moxsFIR_Direct_64fc, moxsFIR_Direct_64fc_I, firDirect<Fir64fc>);
+MOX_EXPORT_BOTH(moxsFIR64f_Direct_32f, moxsFIR64f_Direct_32f_I, firDirect<Fir64f32f>);
+MOX_EXPORT_BOTH(moxsFIR64fc_Direct_32fc, moxsFIR64fc_Direct_32fc_I, firDirect<Fir64fc32fc>);
+MOX_EXPORT_BOTH(moxsFIR32f_Direct_16s_Sfs, moxsFIR32f_Direct_16s_ISfs, firDirectScaled<Fir32f16s>);
+MOX_EXPORT_BOTH(moxsFIR32fc_Direct_16sc_Sfs, moxsFIR32fc_Direct_16sc_ISfs,
+                firDirectScaled<Fir32fc16sc>);
+MOX_EXPORT_BOTH(moxsFIR64f_Direct_16s_Sfs, moxsFIR64f_Direct_16s_ISfs, firDirectScaled<Fir64f16s>);
+MOX_EXPORT_BOTH(moxsFIR64fc_Direct_16sc_Sfs, moxsFIR64fc_Direct_16sc_ISfs,
+                firDirectScaled<Fir64fc16sc>);
+MOX_EXPORT_BOTH(moxsFIR64f_Direct_32s_Sfs, moxsFIR64f_Direct_32s_ISfs, firDirectScaled<Fir64f32s>);
+MOX_EXPORT_BOTH(moxsFIR64fc_Direct_32sc_Sfs, moxsFIR64fc_Direct_32sc_ISfs,
+                firDirectScaled<Fir64fc32sc>);
+MOX_EXPORT_BOTH(moxsFIR32s_Direct_16s_Sfs, moxsFIR32s_Direct_16s_ISfs,
+                firDirectWithFactor<Fir32s16s>);
+MOX_EXPORT_BOTH(moxsFIR32sc_Direct_16sc_Sfs, moxsFIR32sc_Direct_16sc_ISfs,
+                firDirectWithFactor<Fir32sc16sc>);
+MOX_EXPORT_BOTH(moxsFIR_Direct_16s_Sfs, moxsFIR_Direct_16s_ISfs, firDirect16s);
 
 MOX_EXPORT(moxsFIROne_Direct_32f, oneSample<firDirect<Fir32f>>);
 MOX_EXPORT(moxsFIROne_Direct_32f_I, oneSampleInPlace<firDirect<Fir32f>>);

@@ -54,18 +54,3 @@ struct InPlace<MoxStatus (*)(const A*, D*, Rest...)> {
 #define MOX_EXPORT_BOTH(name, nameInPlace, ...) \
   MOX_EXPORT(name, __VA_ARGS__);                \
   MOX_EXPORT_IN_PLACE(nameInPlace, __VA_ARGS__)
-
-namespace mox {
-
-// The form in place of a body whose types are known.
-template <auto body>
-struct InPlaceOf {
-  template <class Form>
-  constexpr operator Form() const {
-    return detail::InPlace<Form>::template run<body>;
-  }
-};
-template <auto body>
-inline constexpr InPlaceOf<body> inPlace;
-
-}  // namespace mox

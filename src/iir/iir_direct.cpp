@@ -106,11 +106,10 @@ MoxStatus block(const Mox16s* src, Mox16s* dst, int len, const Mox16s* taps, int
 }  // namespace
 
 MOX_EXPORT(moxsIIR_Direct_16s, block<Form::ar>);
-MOX_EXPORT(moxsIIR_Direct_16s_I, inPlace<block<Form::ar>>);
+MOX_EXPORT_IN_PLACE(moxsIIR_Direct_16s_I, block<Form::ar>);
 MOX_EXPORT(moxsIIROne_Direct_16s, one<Form::ar>);
 MOX_EXPORT(moxsIIROne_Direct_16s_I, oneInPlace<Form::ar>);
-MOX_EXPORT(moxsIIR_BiQuadDirect_16s, block<Form::biquad>);
-MOX_EXPORT(moxsIIR_BiQuadDirect_16s_I, inPlace<block<Form::biquad>>);
+MOX_EXPORT_BOTH(moxsIIR_BiQuadDirect_16s, moxsIIR_BiQuadDirect_16s_I, block<Form::biquad>);
 MOX_EXPORT(moxsIIROne_BiQuadDirect_16s, one<Form::biquad>);
 MOX_EXPORT(moxsIIROne_BiQuadDirect_16s_I, oneInPlace<Form::biquad>);
 

@@ -42,33 +42,20 @@ MoxStatus iirOne(typename C::Data src, typename C::Data* dst, MoxsIIRState* stat
 }  // namespace
 
 MOX_EXPORT(moxsIIR_32f, iir<Iir32f>);
-MOX_EXPORT(moxsIIR_32f_I, inPlace<iir<Iir32f>>);
-MOX_EXPORT(moxsIIR_32fc, iir<Iir32fc>);
-MOX_EXPORT(moxsIIR_32fc_I, inPlace<iir<Iir32fc>>);
-MOX_EXPORT(moxsIIR_64f, iir<Iir64f>);
-MOX_EXPORT(moxsIIR_64f_I, inPlace<iir<Iir64f>>);
-MOX_EXPORT(moxsIIR_64fc, iir<Iir64fc>);
-MOX_EXPORT(moxsIIR_64fc_I, inPlace<iir<Iir64fc>>);
-MOX_EXPORT(moxsIIR64f_32f, iir<Iir64f32f>);
-MOX_EXPORT(moxsIIR64f_32f_I, inPlace<iir<Iir64f32f>>);
-MOX_EXPORT(moxsIIR64fc_32fc, iir<Iir64fc32fc>);
-MOX_EXPORT(moxsIIR64fc_32fc_I, inPlace<iir<Iir64fc32fc>>);
-MOX_EXPORT(moxsIIR32f_16s_Sfs, iirScaled<Iir32f16s>);
-MOX_EXPORT(moxsIIR32f_16s_ISfs, inPlace<iirScaled<Iir32f16s>>);
-MOX_EXPORT(moxsIIR32fc_16sc_Sfs, iirScaled<Iir32fc16sc>);
-MOX_EXPORT(moxsIIR32fc_16sc_ISfs, inPlace<iirScaled<Iir32fc16sc>>);
-MOX_EXPORT(moxsIIR32s_16s_Sfs, iirScaled<Iir32s16s>);
-MOX_EXPORT(moxsIIR32s_16s_ISfs, inPlace<iirScaled<Iir32s16s>>);
-MOX_EXPORT(moxsIIR32sc_16sc_Sfs, iirScaled<Iir32sc16sc>);
-MOX_EXPORT(moxsIIR32sc_16sc_ISfs, inPlace<iirScaled<Iir32sc16sc>>);
-MOX_EXPORT(moxsIIR64f_16s_Sfs, iirScaled<Iir64f16s>);
-MOX_EXPORT(moxsIIR64f_16s_ISfs, inPlace<iirScaled<Iir64f16s>>);
-MOX_EXPORT(moxsIIR64f_32s_Sfs, iirScaled<Iir64f32s>);
-MOX_EXPORT(moxsIIR64f_32s_ISfs, inPlace<iirScaled<Iir64f32s>>);
-MOX_EXPORT(moxsIIR64fc_16sc_Sfs, iirScaled<Iir64fc16sc>);
-MOX_EXPORT(moxsIIR64fc_16sc_ISfs, inPlace<iirScaled<Iir64fc16sc>>);
-MOX_EXPORT(moxsIIR64fc_32sc_Sfs, iirScaled<Iir64fc32sc>);
-MOX_EXPORT(moxsIIR64fc_32sc_ISfs, inPlace<iirScaled<Iir64fc32sc>>);
+MOX_EXPORT_IN_PLACE(moxsIIR_32f_I, iir<Iir32f>);
+MOX_EXPORT_BOTH(moxsIIR_32fc, moxsIIR_32fc_I, iir<Iir32fc>);
+MOX_EXPORT_BOTH(moxsIIR_64f, moxsIIR_64f_I, iir<Iir64f>);
+MOX_EXPORT_BOTH(moxsIIR_64fc, moxsIIR_64fc_I, iir<Iir64fc>);
+MOX_EXPORT_BOTH(moxsIIR64f_32f, moxsIIR64f_32f_I, iir<Iir64f32f>);
+MOX_EXPORT_BOTH(moxsIIR64fc_32fc, moxsIIR64fc_32fc_I, iir<Iir64fc32fc>);
+MOX_EXPORT_BOTH(moxsIIR32f_16s_Sfs, moxsIIR32f_16s_ISfs, iirScaled<Iir32f16s>);
+MOX_EXPORT_BOTH(moxsIIR32fc_16sc_Sfs, moxsIIR32fc_16sc_ISfs, iirScaled<Iir32fc16sc>);
+MOX_EXPORT_BOTH(moxsIIR32s_16s_Sfs, moxsIIR32s_16s_ISfs, iirScaled<Iir32s16s>);
+MOX_EXPORT_BOTH(moxsIIR32sc_16sc_Sfs, moxsIIR32sc_16sc_ISfs, iirScaled<Iir32sc16sc>);
+MOX_EXPORT_BOTH(moxsIIR64f_16s_Sfs, moxsIIR64f_16s_ISfs, iirScaled<Iir64f16s>);
+MOX_EXPORT_BOTH(moxsIIR64f_32s_Sfs, moxsIIR64f_32s_ISfs, iirScaled<Iir64f32s>);
+MOX_EXPORT_BOTH(moxsIIR64fc_16sc_Sfs, moxsIIR64fc_16sc_ISfs, iirScaled<Iir64fc16sc>);
+MOX_EXPORT_BOTH(moxsIIR64fc_32sc_Sfs, moxsIIR64fc_32sc_ISfs, iirScaled<Iir64fc32sc>);
 
 MOX_EXPORT(moxsIIROne_32f, iirOne<Iir32f>);
 MOX_EXPORT(moxsIIROne_32fc, iirOne<Iir32fc>);

@@ -48,13 +48,10 @@ constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 }  // namespace
 
 MOX_EXPORT(moxsFFTFwd_CToC_32fc, transform<fwd>);
-MOX_EXPORT(moxsFFTInv_CToC_32fc, transform<inv>);
-MOX_EXPORT(moxsFFTFwd_CToC_64fc, transform<fwd>);
-MOX_EXPORT(moxsFFTInv_CToC_64fc, transform<inv>);
-MOX_EXPORT(moxsFFTFwd_CToC_32fc_I, inPlace<transform<fwd, Mox32fc>>);
-MOX_EXPORT(moxsFFTInv_CToC_32fc_I, inPlace<transform<inv, Mox32fc>>);
-MOX_EXPORT(moxsFFTFwd_CToC_64fc_I, inPlace<transform<fwd, Mox64fc>>);
-MOX_EXPORT(moxsFFTInv_CToC_64fc_I, inPlace<transform<inv, Mox64fc>>);
+MOX_EXPORT_BOTH(moxsFFTInv_CToC_32fc, moxsFFTInv_CToC_32fc_I, transform<inv>);
+MOX_EXPORT_BOTH(moxsFFTFwd_CToC_64fc, moxsFFTFwd_CToC_64fc_I, transform<fwd>);
+MOX_EXPORT_BOTH(moxsFFTInv_CToC_64fc, moxsFFTInv_CToC_64fc_I, transform<inv>);
+MOX_EXPORT_IN_PLACE(moxsFFTFwd_CToC_32fc_I, transform<fwd, Mox32fc>);
 MOX_EXPORT(moxsFFTFwd_CToC_32f, transformSplit<fwd>);
 MOX_EXPORT(moxsFFTInv_CToC_32f, transformSplit<inv>);
 MOX_EXPORT(moxsFFTFwd_CToC_64f, transformSplit<fwd>);

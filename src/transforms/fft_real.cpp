@@ -106,29 +106,17 @@ template void runRealForward(const FftSpec<Mox64f>&, const Mox64f*, Mox64f*, Mox
 template void runRealInverse(const FftSpec<Mox32f>&, const Mox32f*, Mox32f*, Mox32f*);
 template void runRealInverse(const FftSpec<Mox64f>&, const Mox64f*, Mox64f*, Mox64f*);
 
-MOX_EXPORT(moxsFFTFwd_RToPerm_32f, forward<PermLayout>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_32f_I, inPlace<forward<PermLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_64f, forward<PermLayout>);
-MOX_EXPORT(moxsFFTFwd_RToPerm_64f_I, inPlace<forward<PermLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTFwd_RToPack_32f, forward<PackLayout>);
-MOX_EXPORT(moxsFFTFwd_RToPack_32f_I, inPlace<forward<PackLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToPack_64f, forward<PackLayout>);
-MOX_EXPORT(moxsFFTFwd_RToPack_64f_I, inPlace<forward<PackLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_32f, forward<CcsLayout>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_32f_I, inPlace<forward<CcsLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_64f, forward<CcsLayout>);
-MOX_EXPORT(moxsFFTFwd_RToCCS_64f_I, inPlace<forward<CcsLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_PermToR_32f, inverse<PermLayout>);
-MOX_EXPORT(moxsFFTInv_PermToR_32f_I, inPlace<inverse<PermLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_PermToR_64f, inverse<PermLayout>);
-MOX_EXPORT(moxsFFTInv_PermToR_64f_I, inPlace<inverse<PermLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_PackToR_32f, inverse<PackLayout>);
-MOX_EXPORT(moxsFFTInv_PackToR_32f_I, inPlace<inverse<PackLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_PackToR_64f, inverse<PackLayout>);
-MOX_EXPORT(moxsFFTInv_PackToR_64f_I, inPlace<inverse<PackLayout, Mox64f>>);
-MOX_EXPORT(moxsFFTInv_CCSToR_32f, inverse<CcsLayout>);
-MOX_EXPORT(moxsFFTInv_CCSToR_32f_I, inPlace<inverse<CcsLayout, Mox32f>>);
-MOX_EXPORT(moxsFFTInv_CCSToR_64f, inverse<CcsLayout>);
-MOX_EXPORT(moxsFFTInv_CCSToR_64f_I, inPlace<inverse<CcsLayout, Mox64f>>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToPerm_32f, moxsFFTFwd_RToPerm_32f_I, forward<PermLayout>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToPerm_64f, moxsFFTFwd_RToPerm_64f_I, forward<PermLayout>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToPack_32f, moxsFFTFwd_RToPack_32f_I, forward<PackLayout>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToPack_64f, moxsFFTFwd_RToPack_64f_I, forward<PackLayout>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToCCS_32f, moxsFFTFwd_RToCCS_32f_I, forward<CcsLayout>);
+MOX_EXPORT_BOTH(moxsFFTFwd_RToCCS_64f, moxsFFTFwd_RToCCS_64f_I, forward<CcsLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_PermToR_32f, moxsFFTInv_PermToR_32f_I, inverse<PermLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_PermToR_64f, moxsFFTInv_PermToR_64f_I, inverse<PermLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_PackToR_32f, moxsFFTInv_PackToR_32f_I, inverse<PackLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_PackToR_64f, moxsFFTInv_PackToR_64f_I, inverse<PackLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_CCSToR_32f, moxsFFTInv_CCSToR_32f_I, inverse<CcsLayout>);
+MOX_EXPORT_BOTH(moxsFFTInv_CCSToR_64f, moxsFFTInv_CCSToR_64f_I, inverse<CcsLayout>);
 
 }  // namespace mox::transforms

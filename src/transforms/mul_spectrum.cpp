@@ -39,17 +39,12 @@ MoxStatus mulScaled(const Mox16s* src1, const Mox16s* src2, Mox16s* dst, int len
 }  // namespace
 
 MOX_EXPORT(moxsMulPack_32f, mul<PackLayout>);
-MOX_EXPORT(moxsMulPack_64f, mul<PackLayout>);
-MOX_EXPORT(moxsMulPack_32f_I, inPlace<mul<PackLayout, Mox32f>>);
-MOX_EXPORT(moxsMulPack_64f_I, inPlace<mul<PackLayout, Mox64f>>);
-MOX_EXPORT(moxsMulPerm_32f, mul<PermLayout>);
-MOX_EXPORT(moxsMulPerm_64f, mul<PermLayout>);
-MOX_EXPORT(moxsMulPerm_32f_I, inPlace<mul<PermLayout, Mox32f>>);
-MOX_EXPORT(moxsMulPerm_64f_I, inPlace<mul<PermLayout, Mox64f>>);
-MOX_EXPORT(moxsMulPack_16s_Sfs, mulScaled<PackLayout>);
-MOX_EXPORT(moxsMulPack_16s_ISfs, inPlace<mulScaled<PackLayout>>);
-MOX_EXPORT(moxsMulPerm_16s_Sfs, mulScaled<PermLayout>);
-MOX_EXPORT(moxsMulPerm_16s_ISfs, inPlace<mulScaled<PermLayout>>);
+MOX_EXPORT_BOTH(moxsMulPack_64f, moxsMulPack_64f_I, mul<PackLayout>);
+MOX_EXPORT_IN_PLACE(moxsMulPack_32f_I, mul<PackLayout, Mox32f>);
+MOX_EXPORT_BOTH(moxsMulPerm_32f, moxsMulPerm_32f_I, mul<PermLayout>);
+MOX_EXPORT_BOTH(moxsMulPerm_64f, moxsMulPerm_64f_I, mul<PermLayout>);
+MOX_EXPORT_BOTH(moxsMulPack_16s_Sfs, moxsMulPack_16s_ISfs, mulScaled<PackLayout>);
+MOX_EXPORT_BOTH(moxsMulPerm_16s_Sfs, moxsMulPerm_16s_ISfs, mulScaled<PermLayout>);
 MOX_EXPORT(moxsMulPackConj_32f_I, mulConjugate<PackLayout>);
 MOX_EXPORT(moxsMulPackConj_64f_I, mulConjugate<PackLayout>);
 
