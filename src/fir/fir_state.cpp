@@ -11,7 +11,7 @@ template <class C>
 MoxStatus getStateSize(int tapsLen, int* size) {
   if (anyNull(size)) return moxErrNullPtr;
   if (tapsLen < 1) return moxErrFirLen;
-  const Shape shape{tapsLen, {}, C::leastTapsForFft};
+  const Shape shape = shapeOf<C>(tapsLen, {}, C::leastTapsForFft);
   if (MoxStatus s = checkSize<C>(shape)) return s;
   *size = int(objectBytes<Kind<C>>(shape));
   return moxOk;
@@ -24,7 +24,7 @@ MoxStatus getMultirateStateSize(int tapsLen, int upFactor, int downFactor, int* 
   if (tapsLen < 1) return moxErrFirLen;
   const Rates rates{.up = upFactor, .down = downFactor};
   if (MoxStatus s = rates.checkFactors(moxErrFirMrPhase)) return s;
-  const Shape shape{tapsLen, rates, C::leastTapsForFft};
+  const Shape shape = shapeOf<C>(tapsLen, rates, C::leastTapsForFft);
   if (MoxStatus s = checkSize<C>(shape)) return s;
   *size = int(objectBytes<Kind<C>>(shape));
   return moxOk;

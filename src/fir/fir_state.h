@@ -195,6 +195,13 @@ MoxStatus checkSize(const Shape& shape) {
   return fitsInInt<Kind<C>>(shape) ? moxOk : MoxStatus(moxErrFirLen);
 }
 
+// A filter runs without the spectrum of its taps where no int can measure the state with it.
+template <class C>
+Shape shapeOf(int tapsLen, const Rates& rates, int leastTapsForFft) {
+  const Shape shape{tapsLen, rates, leastTapsForFft};
+  return fitsInInt<Kind<C>>(shape) ? shape : Shape{tapsLen, rates};
+}
+
 // What the Init functions are given, and the forms without a state that make one for a call. The
 // numbers behind the tap count are the factor of the taps, the rates, both or none.
 template <class C>
@@ -225,7 +232,7 @@ struct Setup {
     if (MoxStatus s = rates.check()) return s;
     return checkSize<C>(shape(C::leastTapsForFft));
   }
-  Shape shape(int leastTapsForFft) const { return {tapsLen, rates, leastTapsForFft}; }
+  Shape shape(int leastTapsForFft) const { return shapeOf<C>(tapsLen, rates, leastTapsForFft); }
   Mox32s id(bool isStream = false) const {
     if (rates.areSingle()) return isStream ? C::ids.stream : C::ids.single;
     return isStream ? C::ids.streamMultirate : C::ids.multirate;
@@ -243,8 +250,8 @@ struct Setup {
 template <class C>
 MoxStatus initAllocFrom(MoxsFIRState** state, const Setup<C>& setup, bool isStream = false) {
   if (MoxStatus s = setup.check()) return s;
-  return mox::initAlloc<Kind<C>>(state, setup.id(isStream), setup.shape(C::leastTapsForFftAlloc),
-                                 setup);
+  const int leastTapsForFft = isStream ? never : C::leastTapsForFftAlloc;
+  return mox::initAlloc<Kind<C>>(state, setup.id(isStream), setup.shape(leastTapsForFft), setup);
 }
 
 }  // namespace mox::fir

@@ -12,8 +12,7 @@ MoxStatus streamInit32f(MoxsFIRState** state, const Mox32f* taps, int tapsLen, i
   if (anyNull(state, taps, buffer)) return moxErrNullPtr;
   const Setup<Fir32f> setup(taps, tapsLen, nullptr, upFactor, upPhase, downFactor, downPhase);
   if (MoxStatus s = setup.check()) return s;
-  return mox::init<Kind<Fir32f>>(state, setup.id(true), setup.shape(Fir32f::leastTapsForFft),
-                                 buffer, setup);
+  return mox::init<Kind<Fir32f>>(state, setup.id(true), setup.shape(never), buffer, setup);
 }
 MoxStatus streamInitAlloc32f(MoxsFIRState** state, const Mox32f* taps, int tapsLen, int upFactor,
                              int upPhase, int downFactor, int downPhase) {

@@ -38,6 +38,16 @@ TYPED_TEST(FirState, GivesBackTapsAndDelayLine) {
   }
 }
 
+// The spectrum goes where the state with it is too large, not the filter.
+TEST(FirState32f, LongFiltersDoWithoutASpectrum) {
+  int with = 0, without = 0, longest = 0;
+  ASSERT_EQ(moxsFIRGetStateSize_32f(50'000'000, &with), moxOk);
+  ASSERT_EQ(moxsFIRGetStateSize_32f(60'000'000, &without), moxOk);
+  ASSERT_EQ(moxsFIRGetStateSize_32f(67'108'863, &longest), moxOk);
+  EXPECT_LT(without, with);
+  EXPECT_GT(longest, without);
+}
+
 TEST(FirState32f, OneSizeServesAllStatesThatHoldFloats) {
   for (const int n : {1, 64, 1000}) {
     int plain = 0, mixed = 0, stream = 0;
