@@ -104,7 +104,7 @@ std::vector<Mox32u> sums(const Held& h, const std::vector<D>& dlyLine, const std
   struct Fixed##types {                                               \
     using Tap = Mox##tapToken;                                        \
     using Data = Mox##dataToken;                                      \
-    static constexpr long limit = atMost;                             \
+    [[maybe_unused]] static constexpr long limit = atMost;            \
     static constexpr auto initAlloc = moxsFIRInitAlloc##types;        \
     static constexpr auto allocMultirate = moxsFIRMRInitAlloc##types; \
     static constexpr auto getTaps = moxsFIRGetTaps##types;            \
