@@ -6,19 +6,20 @@
  *
  * - A status below 0 is an error, after which nothing has been written; one above 0 is a warning,
  *   and every element has been processed. Both are tested at once by `status < 0`.
- * - The rounding mode and the other control bits of the floating-point units are unchanged after a
- *   call. Float results are those of the rounding mode in force; bounds in ulps hold for rounding
- * to nearest.
+ * - The rounding mode and the other control bits of the floating-point units are unchanged after
+ *   a call. Float results are those of the rounding mode in force; bounds in ulps hold for
+ *   rounding to nearest.
  * - A function whose arrays all hold integers raises no floating-point exception that its caller
- *   sees. Any other may set every exception flag of IEEE 754, and stop a program that traps the
- *   exception, even where no result shows a cause, since kernels compute more than they keep.
+ *   sees, but for filters, which may compute integers in floats. Any other may set every exception
+ *   flag of IEEE 754, and stop a program that traps the exception, even where no result shows a
+ *   cause, since kernels compute more than they keep.
  * - Where a result is NaN, its sign and payload are open. Functions that only move elements, or
  *   change their signs, keep both.
  * - Results are the same for every address of the arrays, but for sums of floats
- * (moxsp/reductions.h), and on every processor, but for those that rest on the processor's
- * estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision Cubrt,
- * Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, and the L1 norm of
- * complex elements.
+ *   (moxsp/reductions.h), and on every processor, but for those that rest on the processor's
+ *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision
+ *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, and the L1
+ *   norm of complex elements.
  */
 #ifndef MOXSP_H
 #define MOXSP_H
