@@ -14,7 +14,13 @@ template <class E, class W>
 [[gnu::always_inline]] inline W quotient(W divisor, W dividend) {
   if constexpr (Complex<E>) {
     const W re = realParts(divisor), im = imaginaryParts(divisor);
-    return addSubtract(dividend * re, swapParts(dividend) * -im) / (re * re + im * im);
+    const W products = addSubtract(dividend * re, swapParts(dividend) * -im);
+    const W square = re * re + im * im;
+    // Compilers may divide two floats in a register of four, where 0 / 0 raises an exception.
+    if constexpr (sizeof(W) < 16)
+      return W{inRegister(products[0] / square[0]), inRegister(products[1] / square[1])};
+    else
+      return products / square;
   } else {
     return dividend / divisor;
   }

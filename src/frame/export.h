@@ -2,8 +2,9 @@
 // function's slot of the entry-point table and makes the public name a jump through that slot.
 // The slot has the type of the public declaration, so a body with another signature does not
 // compile. Bodies call bodies, never public names: whoever replaces a slot redirects outside
-// callers only. entry_table.ld gathers the slots in alphabetical order. The relocation of no bytes
-// makes a static link take support/attach.cpp along. Checks, with which bodies begin, come along.
+// callers only. entry_table.ld gathers the slots in alphabetical order. A section that no link
+// keeps names what support/attach.cpp has, so that a static link takes it along. Checks, with which
+// bodies begin, come along.
 #pragma once
 
 #include "frame/checks.h"
@@ -15,8 +16,9 @@
   asm(".pushsection .text.moxsp_jump." #name                                                  \
       ",\"ax\",@progbits\n"                                                                   \
       ".p2align 4\n.globl " #name "\n.type " #name ",@function\n" #name                       \
-      ":\n\t.reloc ., R_X86_64_NONE, moxAttach\n\tendbr64\n\tjmp *moxSlot_" #name             \
-      "(%rip)\n.size " #name ",.-" #name "\n.popsection")
+      ":\n\tendbr64\n\tjmp *moxSlot_" #name "(%rip)\n.size " #name ",.-" #name                \
+      "\n.popsection\n.pushsection .moxsp_needs,\"e\",@progbits\n.quad moxAttach\n"           \
+      ".popsection")
 
 // For exports that share one body although their element types have different names.
 #define MOX_EXPORT_SHARED(name, ...) \

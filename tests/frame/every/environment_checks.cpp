@@ -70,6 +70,8 @@ void checkControlWords(const Function& f, Position& at) {
       Call call(f, {.length = length});
       const bool hides = hasIntegerResults(call);
       if (words.vector == 0 && !hides) continue;
+      // A trap loses what such a function has taken for the call.
+      if ((words.vector & allMasked) != allMasked && deviation(f, Deviation::ownMemory)) continue;
       ControlWords after = words;
       bool emptyStack = true;
       setControlWords(words);
