@@ -18,7 +18,7 @@ template <class E, class W>
     const W square = re * re + im * im;
     // Compilers may divide two floats in a register of four, where 0 / 0 raises an exception.
     if constexpr (sizeof(W) < 16)
-      return W{inRegister(products[0] / square[0]), inRegister(products[1] / square[1])};
+      return W{inRegister(products[0]) / square[0], inRegister(products[1]) / square[0]};
     else
       return products / square;
   } else {
