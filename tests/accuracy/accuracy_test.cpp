@@ -231,7 +231,7 @@ TEST(Accuracy, ElementaryFunctionsOfDoubles) {
   const auto tangents = spread({{-3, 3}, {0.4, 0.43}, {2.4, 2.43}, {1e-300, 1e300}});
   expectWithin(MEMBER(Exp_64f), of<mpfr_exp>, 1.1, 0, exponents);
   expectWithin(MEMBER(Exp_32f64f), of<mpfr_exp>, 1.1, 0, exponents);
-  expectWithin(MEMBER(Ln_64f), of<mpfr_log>, 1.0, 0, numbers);
+  expectWithin(MEMBER(Ln_64f), of<mpfr_log>, 1.2, 0, numbers);
   expectWithin(MEMBER(Ln_64f32f), of<mpfr_log>, 0.501, 0, numbers);
   expectWithin(MEMBER(Arctan_64f), of<mpfr_atan>, 2.0, 0, tangents);
   expectWithin(MEMBER(Sqrt_64f), of<mpfr_sqrt>, 0.5, 0, numbers);
@@ -243,7 +243,7 @@ TEST(Accuracy, ElementaryFunctionsOfDoubles) {
 
 TEST(Accuracy, ComplexRoots) {
   expectWithin(MEMBER(Sqrt_32fc), rootPart<false>, 0.501, 0, partsOfAllSizes(120));
-  expectWithin(MEMBER(Sqrt_64fc), rootPart<false>, 2.2, 0, partsOfAllSizes(1020));
+  expectWithin(MEMBER(Sqrt_64fc), rootPart<false>, 3.5, 0, partsOfAllSizes(1020));
 }
 
 TEST(Accuracy, Magnitudes) {
@@ -261,8 +261,8 @@ TEST(Accuracy, Magnitudes) {
 TEST(Accuracy, Phases) {
   const Numbers wide = allDirections(120), words = anyWords(), special = specials<Mox64f>();
   for (const Numbers& n : {allDirections(20), wide, specials<Mox32f>()}) {
-    expectWithin(MEMBER(Phase_32f), angle, 6.5, 0, n);
-    expectWithin(MEMBER(Phase_32fc), angle, 6.5, 0, n);
+    expectWithin(MEMBER(Phase_32f), angle, 14, 0, n);
+    expectWithin(MEMBER(Phase_32fc), angle, 14, 0, n);
   }
   expectWithin(MEMBER(Phase_64f), angle, 1.6, 0.7, wide);
   expectWithin(MEMBER(Phase_64fc), angle, 1.6, 0.7, wide);
@@ -290,7 +290,7 @@ void expectCartesian(Member<const F*, const F*, E*, int> toOne,
 TEST(Accuracy, PolarToCart) {
   const auto expectBoth = [](double share, const Numbers& singles, const Numbers& doubles) {
     expectCartesian(MEMBER(PolarToCart_32fc), moxsPolarToCart_32f, 0.51, share, singles);
-    expectCartesian(MEMBER(PolarToCart_64fc), moxsPolarToCart_64f, 1.6, 0, doubles);
+    expectCartesian(MEMBER(PolarToCart_64fc), moxsPolarToCart_64f, 2.2, 0, doubles);
   };
   for (const double largestPhase : {3.2, 1000.0, 0x1p20, 0x1p40})
     expectBoth(0.7, polar(largestPhase), polar(largestPhase));
