@@ -35,12 +35,14 @@
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
 #include <moxsp/iir.h>
+#include <moxsp/iir_design.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
+#include <moxsp/sparse.h>
 #include <moxsp/stats.h>
 #include <moxsp/status.h>
 #include <moxsp/threshold.h>
