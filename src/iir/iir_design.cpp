@@ -82,8 +82,7 @@ MoxStatus genFilter(double rFreq, double ripple, double* taps, int order, int fi
   if (!(rFreq > 0 && rFreq < 0.5)) return moxErrIirGenFreq;
   if (filterType != butterworth && filterType != chebyshev) return moxErrBadArg;
   if (filterType == chebyshev && !(ripple > 0 && ripple <= 60)) return moxErrIirGenRipple;
-  const auto prototype =
-      filterType == chebyshev ? chebyshevPrototype(order, ripple) : Prototype{};
+  const auto prototype = filterType == chebyshev ? chebyshevPrototype(order, ripple) : Prototype{};
   double result[2 * (mostOrder + 1)];
   design<band>(prewarped(rFreq), prototype, order, result);
   std::memcpy(taps, result, 2 * std::size_t(order + 1) * sizeof *taps);

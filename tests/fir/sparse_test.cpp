@@ -39,9 +39,10 @@ struct Sparse {
     ASSERT_EQ(size(&bytes), moxOk);
     memory.assign(bytes + 1, 0x5A);
     Mox8u* const at = memory.data() + 1;
-    ASSERT_EQ(back ? moxsIIRSparseInit_32f(&iir, taps.data(), positions.data(), forward, back, line, at)
-                   : moxsFIRSparseInit_32f(&fir, taps.data(), positions.data(), forward, line, at),
-              moxOk);
+    ASSERT_EQ(
+        back ? moxsIIRSparseInit_32f(&iir, taps.data(), positions.data(), forward, back, line, at)
+             : moxsFIRSparseInit_32f(&fir, taps.data(), positions.data(), forward, line, at),
+        moxOk);
   }
   MoxStatus run(const float* src, float* dst, int len) const {
     return back ? moxsIIRSparse_32f(src, dst, len, iir) : moxsFIRSparse_32f(src, dst, len, fir);
@@ -101,8 +102,9 @@ TEST(Sparse, IsTheSumToTheBitHoweverAStreamIsCut) {
     const long step = round % 5 ? 9 : 130;
     Floats a = random.vector<float>(back);
     for (float& tap : a) tap /= float(back);
-    Sparse filter(random.vector<float>(forward), rising(random, forward, int(random.below(3)), step),
-                  a, rising(random, back, int(1 + random.below(40)), step));
+    Sparse filter(random.vector<float>(forward),
+                  rising(random, forward, int(random.below(3)), step), a,
+                  rising(random, back, int(1 + random.below(40)), step));
     const int order = filter.inputOrder() + filter.outputOrder();
     Floats line = random.vector<float>(order);
     filter.init(line.data());

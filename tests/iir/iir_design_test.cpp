@@ -27,8 +27,8 @@ Complex valueAt(Complex z, const std::vector<Complex>& roots) {
   return product;
 }
 
-// By poles: those of the prototype lie where 1 + e^2 T(s / i)^2 or 1 + s^(2 order) is zero. The gain
-// is set to what it must be at the edge.
+// By poles: those of the prototype lie where 1 + e^2 T(s / i)^2 or 1 + s^(2 order) is zero. The
+// gain is set to what it must be at the edge.
 Taps designed(Real edge, Real ripple, int order, bool isChebyshev, bool isHighpass) {
   const Real pi = std::acos(Real(-1)), w = std::tan(pi * edge);
   const Real e = std::sqrt(std::pow(Real(10), ripple / 10) - 1);
@@ -77,10 +77,11 @@ TEST(IirDesign, HasThePolesAndTheGainOfTheFilter) {
 }
 
 TEST(IirDesign, FiltersAsItsTapsTell) {
-  const double expected[] = {7.020197599522577e-05, 4 * 7.020197599522577e-05,
+  const double expected[] = {7.020197599522577e-05,     4 * 7.020197599522577e-05,
                              6 * 7.020197599522577e-05, 4 * 7.020197599522577e-05,
-                             7.020197599522577e-05, 1, -3.722142293266206, 5.290437425821055,
-                             -3.399819847876934, .8331113221508845};
+                             7.020197599522577e-05,     1,
+                             -3.722142293266206,        5.290437425821055,
+                             -3.399819847876934,        .8331113221508845};
   double taps[10];
   Mox8u buffer[64];
   ASSERT_EQ(moxsIIRGenLowpass_64f(0.05, 3, taps, 4, 1, buffer), moxOk);

@@ -1,5 +1,6 @@
 // Bad arguments: each gives its status, of two the one of lower rank, and nothing is written.
 #include <climits>
+#include <cmath>
 
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
@@ -77,7 +78,7 @@ const Table<Row> refusals = {
 
      row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
-     row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
+     row("FIR!(*Init*|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
      row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
@@ -97,9 +98,17 @@ const Table<Row> refusals = {
      row("FIRLMSMRInitAlloc*", "dlyLineIndex", {-1, INT_MAX}, moxErrSize, level),
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
-     row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     row("IIR!(Sparse*)@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
-     row("IIR!(*Init*|*P|*PSfs)", "state", {cleared}, moxErrContext, last),
+     row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
+     row("FIRSparse*", "nzTapsLen", belowOne, moxErrFirLen, length),
+     row("FIRSparseGetStateSize_*", "order", {INT_MAX}, moxErrSize, last),
+     row("IIRSparse*", "nzTapsLen1 nzTapsLen2", belowOne, moxErrIirOrder, length),
+     row("IIRGen*", "order", {0, -1, 13, INT_MIN, INT_MAX}, moxErrIirGenOrder, length),
+     row("IIRGen*", "rFreq", {0, 0.5, -0.1, NAN}, moxErrIirGenFreq, behindLength),
+     row("IIRGen*", "filterType", {2, -1}, moxErrBadArg, number),
+     row("IIRGen*", "ripple", {0, 60.5, -1, NAN}, moxErrIirGenRipple, level),
+
      row("IIR_32f_*", "numChannels", belowOne, moxErrChannel, number),
      row("IIR64f_32s_*", "numChannels", belowOne, moxErrChannelCount, number)}};
 
@@ -216,6 +225,7 @@ bool takesObject(const Function& f) { return objectParameter(f) >= 0; }
 
 // Objects of all kinds but those that the function takes.
 void checkForeignObjects(const Function& f, Position& at) {
+  if (deviation(f, Deviation::unidentified)) return;
   for (const Kind& kind : allKinds()) {
     if (kind.isTakenBy(f)) continue;
     at.detail = "with an object of " + kind.init->name;

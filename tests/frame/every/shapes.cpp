@@ -13,7 +13,7 @@
 namespace every {
 namespace {
 
-auto fixed(long value) {
+auto fixed(auto value) {
   return [value](const Call&) { return value; };
 }
 auto times(long factor, const char* name) {
@@ -41,6 +41,9 @@ auto sizeOfObject(const char* output) {
     }
     throw Unknown(c.function().name + " has no size query");
   };
+}
+long sizeOfDesign(const Call& c) {
+  return query("moxsIIRGenGetBufferSize", c.setting(), "bufferSize");
 }
 long workBufferSize(const Call& c) {
   const std::string init = kindOf(c.function())->init->name;
@@ -84,6 +87,11 @@ const Table<NumberRow> numberRows = {
      {{"FIRLMSMR*", "index"}, fixed(0)},
      {{"FIROne* IIROne*", "src srcDst"}, fixed(7)},  // one sample, by value or in place
      {{"IIR*", "order"}, fixed(4), {1, 2}},
+     {{"IIRGen*", "rFreq"}, fixed(0.2)},
+     {{"IIRGen*", "ripple filterType"}, fixed(1)},
+     {{"FIRSparse*", "order"}, fixed(5)},
+     {{"@(FIR|IIR)Sparse*", "nzTapsLen nzTapsLen1 nzTapsLen2"}, fixed(1)},
+     {{"@(FIR|IIR)Sparse*", "nzTapPos"}, fixed(5)},
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
@@ -157,15 +165,23 @@ const Table<CountRow> countRows = {
      {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
 
+     {{"FIRSparse*", "nzTaps nzTapPos"}, argument("nzTapsLen")},
+     {{"FIRSparse*", "dlyLine"}, fixed(5)},
+     {{"IIRSparse*", "nzTaps nzTapPos"},
+      [](const Call& c) { return c("nzTapsLen1") + c("nzTapsLen2"); }},
+     {{"IIRSparse*", "dlyLine"}, fixed(10)},
+     {{"IIRGen*", "buffer"}, sizeOfDesign},
+
      {{"IIR*", "taps"},
       [](const Call& c) { return isCascade(c) ? 6 * c("numBq") : 2 * c("order") + 2; }},
-     {{"IIR*", "dlyLine"}, iirDelayLine},
+     {{"IIR!(Sparse*)", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
 
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor"}, fixed(1)},
+     {{"*", "size specSize initSize workSize bufferSize dstBitLen dlyLineIndex tapsFactor"},
+      fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
