@@ -46,5 +46,6 @@
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
+#include <moxsp/windows.h>
 
 #endif
