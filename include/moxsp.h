@@ -48,5 +48,6 @@
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
+#include <moxsp/windows.h>
 
 #endif

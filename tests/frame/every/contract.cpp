@@ -31,6 +31,7 @@ const Table<Row> deviations = {
             "Sort* FindNearest_*",
             Deviation::notElementwise),
       "the length decides what an element is"},
+     {whole("Win*", Deviation::notElementwise), "the length decides what a weight is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
      {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),

@@ -41,6 +41,10 @@ const Table<Row> refusals = {
      row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
          first),
      // A length of 64 bits without a sign, no pairs, and no element at all.
+     row("Win!(BlackmanOpt*|Kaiser*)", "len", {2, 0, -1, INT_MIN}, moxErrSize, length),
+     row("WinBlackmanOpt*", "len", {3, 0, -1, INT_MIN}, moxErrSize, first),
+     row("WinKaiser_*", "alpha", {1000, -1000}, moxErrKaiserAlpha, number),
+     row("WinKaiserQ15_*", "alphaQ15", {INT_MAX, INT_MIN}, moxErrKaiserAlpha, number),
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
 
      row("Copy*_1u", "srcBitOffset dstBitOffset", negative, moxErrSize, length),

@@ -95,6 +95,10 @@ const Table<NumberRow> numberRows = {
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
+     {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
+     {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
+     {{"Win*Q15*", "alphaQ15"}, [](const Call& c) { return (20 << 15) / c.length(); }, {0}},
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
