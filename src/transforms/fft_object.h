@@ -128,17 +128,27 @@ constexpr long specFigure(int order) {
 // A work buffer's bytes with the slack for any address.
 constexpr int bufferFigure(long bytes) { return bytes > 0 ? int(bytes) + fftAlignment : 0; }
 
+// What the size query reports of an order.
+struct FftSizes {
+  int spec, init, work;
+};
+template <FftObject Kind>
+constexpr FftSizes fftSizes(int order) {
+  if (order <= Kind::maxSmallOrder) return {int(specFigure<Kind>(order)), 0, 0};
+  return {int(specFigure<Kind>(order)), fftInitSize<typename Kind::Float>(order),
+          bufferFigure(Kind::workBytes(order))};
+}
+
 template <FftObject Kind>
 MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSize, int* workSize) {
-  using F = typename Kind::Float;
   if (unsigned(order) > 30) return moxErrFftOrder;
   if (anyNull(specSize, initSize, workSize)) return moxErrNullPtr;
   if (!fftNorm(flag).known) return moxErrFftFlag;
   if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
-  const bool isSmall = order <= Kind::maxSmallOrder;
-  *specSize = int(specFigure<Kind>(order));
-  *initSize = isSmall ? 0 : fftInitSize<F>(order);
-  *workSize = isSmall ? 0 : bufferFigure(Kind::workBytes(order));
+  const FftSizes sizes = fftSizes<Kind>(order);
+  *specSize = sizes.spec;
+  *initSize = sizes.init;
+  *workSize = sizes.work;
   return moxOk;
 }
 

@@ -50,6 +50,18 @@ long workBufferSize(const Call& c) {
   return query(std::regex_replace(init, std::regex("Init"), "GetBufSize"), c.setting(), "size");
 }
 
+// What the size query of a convolution or correlation stores for the lengths and the type.
+long corrBufferSize(const Call& c) {
+  const ElementType& element = *c.function().type(0).element;
+  Setting setting = c.setting();
+  setting.numbers["dataType"] = element.bytes == 4       ? moxType32f
+                                : element.bytes == 16    ? moxType64fc
+                                : element.partBytes == 8 ? moxType64f
+                                                         : moxType32fc;
+  const std::string& name = c.function().name;
+  return query(name.substr(0, name.rfind('_')) + "GetBufferSize", setting, "bufferSize");
+}
+
 // Of an IIR filter: whether it is a cascade of sections, and its delay line.
 const Function& initOf(const Call& c) {
   const Kind* kind = kindOf(c.function());
@@ -99,6 +111,13 @@ const Table<NumberRow> numberRows = {
      {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
      {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
      {{"Win*Q15*", "alphaQ15"}, [](const Call& c) { return (20 << 15) / c.length(); }, {0}},
+     {{"Conv* *Corr*", "len1 srcLen"}, length},
+     {{"Conv* *Corr*", "len2"}, [](const Call& c) { return c.length() / 8 + 1; }, {3, 70}},
+     {{"ConvBiased* *Corr*", "dstLen"}, fixed(9), {1, 80}},
+     {{"ConvBiased* CrossCorr*", "bias lowLag"}, fixed(0), {-7, 5, -70}},
+     {{"Convolve* AutoCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgDirect, moxAlgFft}},
+     {{"CrossCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgNormB}},  // without the buffer, too
+     {{"Convolve* *CorrNorm*", "dataType"}, fixed(moxType32f), {moxType64f}},
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
@@ -181,10 +200,20 @@ const Table<CountRow> countRows = {
      {{"IIR!(Sparse*)", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
+     {{"Conv* *Corr*", "src1"}, argument("len1")},
+     {{"Conv* *Corr*", "src2"}, argument("len2")},
+     {{"*Corr*", "src"}, argument("srcLen")},
+     {{"Conv_* Convolve_*", "dst"}, [](const Call& c) { return c("len1") + c("len2") - 1; }},
+     {{"ConvBiased* *Corr*", "dst"}, argument("dstLen")},
+     {{"Convolve_* *CorrNorm_*", "buffer"}, corrBufferSize},
+     {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
+     {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
 
      {{"*", "size specSize initSize workSize bufferSize dstBitLen dlyLineIndex tapsFactor"},
+     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
       fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
