@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "support/axis.h"
 #include "support/canvas.h"
 #include "support/program.h"
 

@@ -101,9 +101,9 @@ MOX_API MoxStatus moxsWinHann_64fc_I(Mox64fc* srcDst, int len);
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 3. `Opt` looks first
  * at the length: ::moxErrSize for `len` below 4.
  * @note With s = 1 + 4 |alpha| the weights are within 40 * 2^-53 s of the formula for `64f` and
- * `64fc`, and within 2^-24 (4 s - 1) for the others; for `32f` and `32fc` of more than 1025 elements
- * they are in double precision, and the product is rounded once. With `Sfs` the one in the middle of
- * three has ties away from zero.
+ * `64fc`, and within 2^-24 (4 s - 1) for the others; for `32f` and `32fc` of more than 1025
+ * elements they are in double precision, and the product is rounded once. With `Sfs` the one in the
+ * middle of three has ties away from zero.
  * @{ */
 MOX_API MoxStatus moxsWinBlackman_16s(const Mox16s* src, Mox16s* dst, int len, Mox32f alpha);
 MOX_API MoxStatus moxsWinBlackman_16s_I(Mox16s* srcDst, int len, Mox32f alpha);
@@ -145,7 +145,8 @@ MOX_API MoxStatus moxsWinBlackmanQ15_16s(const Mox16s* src, Mox16s* dst, int len
 MOX_API MoxStatus moxsWinBlackmanQ15_16s_I(Mox16s* srcDst, int len, int alphaQ15);
 MOX_API MoxStatus moxsWinBlackmanQ15_16sc(const Mox16sc* src, Mox16sc* dst, int len, int alphaQ15);
 MOX_API MoxStatus moxsWinBlackmanQ15_16sc_I(Mox16sc* srcDst, int len, int alphaQ15);
-MOX_API MoxStatus moxsWinBlackmanQ15_16s_ISfs(Mox16s* srcDst, int len, int alphaQ15, int scaleFactor);
+MOX_API MoxStatus moxsWinBlackmanQ15_16s_ISfs(Mox16s* srcDst, int len, int alphaQ15,
+                                              int scaleFactor);
 /** @} */
 
 /** @defgroup winkaiser WinKaiser

@@ -48,7 +48,8 @@ class Oscillator {
 
   [[gnu::always_inline]] void advance() {
     phasor_ = product(phasor_, turn_);
-    if (++block_ % 64 == 0) [[unlikely]] start();
+    if (++block_ % 64 == 0) [[unlikely]]
+      start();
   }
 
  private:
@@ -57,7 +58,9 @@ class Oscillator {
   static Pair<Wide> phasorAt(Mox64f angle) {
     return arith::phasor(arith::reduced(broadcast<Wide>(angle)));
   }
-  static V<F> inLanes(Wide v) { return inFormat<F>(blockOf<Mox64f>([&](int) { return v; })).v[0]; }
+  static V<F> inLanes(Wide v) {
+    return inFormat<F>(blockOf<Mox64f>([&](int) { return v; })).v[0];
+  }
 
   [[gnu::noinline]] void start() {
     phasor_ = phasorAt(angleAt(block_ * blockLen, step_, phase_)) * magnitude_;

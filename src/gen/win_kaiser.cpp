@@ -17,8 +17,7 @@ namespace {
 template <class Series, class F, class Weight>
 class Kaiser {
  public:
-  Kaiser(F alpha, int len, Mox64f peak)
-      : alpha_(alpha), last_(F(len - 1)), scale_(F(1 / peak)) {}
+  Kaiser(F alpha, int len, Mox64f peak) : alpha_(alpha), last_(F(len - 1)), scale_(F(1 / peak)) {}
 
   [[gnu::always_inline]] Block<Weight> next() {
     const auto w = blockOf<F>([this](int j) {

@@ -70,16 +70,17 @@ void expectWindow(Member<const E*, E*, int, P...> member, Weight weight, L alpha
 
 // `single` and `wide` are the bounds of the header for weights in either format; they grow by
 // `growth` an element.
-#define EXPECT_WINDOWS(family, least, weight, alpha, single, wide, growth)                       \
-  for (const int len : lengths(least)) {                                                         \
-    const L a = alpha, af = Mox32f(a);                                                           \
-    const double s = single * 0x1p-24 * (1 + growth * len), d = wide * 0x1p-53 * (1 + growth * len); \
-    expectWindow(MEMBER(Win##family##_16s), weight, af, s, len);                                 \
-    expectWindow(MEMBER(Win##family##_16sc), weight, af, s, len);                                \
-    expectWindow(MEMBER(Win##family##_32f), weight, af, s, len);                                 \
-    expectWindow(MEMBER(Win##family##_32fc), weight, af, s, len);                                \
-    expectWindow(MEMBER(Win##family##_64f), weight, a, d, len);                                  \
-    expectWindow(MEMBER(Win##family##_64fc), weight, a, d, len);                                 \
+#define EXPECT_WINDOWS(family, least, weight, alpha, single, wide, growth) \
+  for (const int len : lengths(least)) {                                   \
+    const L a = alpha, af = Mox32f(a);                                     \
+    const double s = single * 0x1p-24 * (1 + growth * len),                \
+                 d = wide * 0x1p-53 * (1 + growth * len);                  \
+    expectWindow(MEMBER(Win##family##_16s), weight, af, s, len);           \
+    expectWindow(MEMBER(Win##family##_16sc), weight, af, s, len);          \
+    expectWindow(MEMBER(Win##family##_32f), weight, af, s, len);           \
+    expectWindow(MEMBER(Win##family##_32fc), weight, af, s, len);          \
+    expectWindow(MEMBER(Win##family##_64f), weight, a, d, len);            \
+    expectWindow(MEMBER(Win##family##_64fc), weight, a, d, len);           \
   }
 
 TEST(Windows, AreThoseOfTheirFormulas) {
@@ -137,7 +138,8 @@ TEST(Windows, ScaleBlackman) {
         const int n = std::min(i, len - 1 - i);
         const L w = 2 * n == len - 1 ? 1 : n == 0 ? 0 : blackman(n, len - 1, -5243 * 0x1p-15L);
         const L exact = std::clamp<L>(src[i] * w * scale, -32768, 32767);
-        ASSERT_NEAR(got.values[i], exact, 0.5001L + std::fabs(src[i] * scale) * 3e-7L) << len << ' ' << i;
+        ASSERT_NEAR(got.values[i], exact, 0.5001L + std::fabs(src[i] * scale) * 3e-7L)
+            << len << ' ' << i;
       }
     }
   });
