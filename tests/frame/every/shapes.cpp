@@ -96,6 +96,8 @@ const Table<NumberRow> numberRows = {
      {{"Threshold_LTInv_*", "level"}, fixed(3), {0}},
      {{"Threshold_LTValGTVal_*", "levelGT"}, fixed(5)},
      {{"DivC* Normalize_*", "val div"}, fixed(3), {1}},
+     {{"Goertz*", "relFreq"}, [](const Call&) { return 0.3; }, {0}},
+     {{"Goertz*", "relFreqQ15"}, fixed(9830), {0}},
 
      {{"*", "len tableLen"}, length},
      {{"*", "channels maskSize"}, fixed(3), {1}},
@@ -164,6 +166,8 @@ const Table<CountRow> countRows = {
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
+     {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
+     {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
      {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor"}, fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
