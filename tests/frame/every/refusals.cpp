@@ -73,6 +73,10 @@ const Table<Row> refusals = {
      row("Threshold_LTValGTVal_*", "levelLT", {6}, moxErrThreshOrder, level),
      row("Threshold_*", "relOp", {3, -1}, moxErrBadArg, last),
 
+     row("Goertz_*", "relFreq", {-1e-9, 1, NAN}, moxErrRelFreq, number),
+     row("GoertzQ15_*", "relFreqQ15", {-1, -32768}, moxErrRelFreq, first),
+     row("GoertzTwoQ15_*", "relFreqQ15", {null}, moxErrNullPtr, first),
+
      row("FFTGetSize_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, first),
      row("FFTGetSize_*", "order", {30}, moxErrFftOrder, last),
      row("FFTInit_*", "spec", {null}, moxErrNullPtr, first),

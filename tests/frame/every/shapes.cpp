@@ -127,6 +127,8 @@ const Table<NumberRow> numberRows = {
      {{"Threshold_LTInv_*", "level"}, fixed(3), {0}},
      {{"Threshold_LTValGTVal_*", "levelGT"}, fixed(5)},
      {{"DivC* Normalize_*", "val div"}, fixed(3), {1}},
+     {{"Goertz*", "relFreq"}, [](const Call&) { return 0.3; }, {0}},
+     {{"Goertz*", "relFreqQ15"}, fixed(9830), {0}},
 
      {{"*", "len tableLen"}, length},
      {{"*", "channels maskSize"}, fixed(3), {1}},
@@ -211,6 +213,8 @@ const Table<CountRow> countRows = {
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
+     {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
+     {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
      {{"*", "size specSize initSize workSize bufferSize dstBitLen dlyLineIndex tapsFactor"},
      {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
