@@ -8,8 +8,8 @@ namespace mox::transforms {
 
 // The power-of-two transform inside, real or complex.
 template <class F, bool isReal>
-using DftFft = std::conditional_t<
-    isReal, RealKind<F>, ComplexKind<F, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc>>;
+using DftFft = std::conditional_t<isReal, RealKind<F>,
+                                  ComplexKind<F, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc>>;
 template <class F, class Visit>
 constexpr auto withFft(bool isReal, Visit visit) {
   return isReal ? visit(DftFft<F, true>()) : visit(DftFft<F, false>());
@@ -110,7 +110,9 @@ struct DftShape {
 
   // Roots of unity that the tables are made of.
   long roots() const {
-    return analysis.method == DftMethod::chirp ? 2L * analysis.core : isHalved() ? len : analysis.core;
+    return analysis.method == DftMethod::chirp ? 2L * analysis.core
+           : isHalved()                        ? len
+                                               : analysis.core;
   }
 
   DftSizes sizes() const {
@@ -125,12 +127,12 @@ struct DftShape {
         if (order <= Kind::maxSmallOrder) return {spec, 0, 0};
         return {spec, fftInitSize<F>(order), Kind::workBytes(order)};
       });
-    const long init = len > DftLimits<F>::mostSmall
-                          ? up(2 * long(sizeof(F)) * roots()) + fftAlignment
-                          : 0;
+    const long init =
+        len > DftLimits<F>::mostSmall ? up(2 * long(sizeof(F)) * roots()) + fftAlignment : 0;
     switch (plan.method) {
       case DftMethod::mixed:
-        return {spec, init, mixedWorkBytes(plan) + (isReal && !isHalved() ? 2 * long(sizeof(F)) * len : 0)};
+        return {spec, init,
+                mixedWorkBytes(plan) + (isReal && !isHalved() ? 2 * long(sizeof(F)) * len : 0)};
       case DftMethod::direct:
         return {spec, init, (isReal && !isHalved() ? 1 : 2) * long(sizeof(F)) * plan.core + 64};
       case DftMethod::chirp: {

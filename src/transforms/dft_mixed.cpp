@@ -161,11 +161,12 @@ void ownDftMixed(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scale
   }
 }
 
-#define MOX_INSTANTIATE(F)                                                                         \
-  template void primeButterfly(V<F>*, const PrimeTable<F>&);                                       \
-  template void ownDftMixed<F, Array<ComplexOf<F>>>(                                               \
-      const DftSpec<F>&, Scaled<Array<const ComplexOf<F>>>, Scaled<Array<ComplexOf<F>>>, F*);      \
-  template void ownDftMixed<F, Split<F>>(const DftSpec<F>&, Scaled<Split<const F>>, Scaled<Split<F>>, F*)
+#define MOX_INSTANTIATE(F)                                                                    \
+  template void primeButterfly(V<F>*, const PrimeTable<F>&);                                  \
+  template void ownDftMixed<F, Array<ComplexOf<F>>>(                                          \
+      const DftSpec<F>&, Scaled<Array<const ComplexOf<F>>>, Scaled<Array<ComplexOf<F>>>, F*); \
+  template void ownDftMixed<F, Split<F>>(const DftSpec<F>&, Scaled<Split<const F>>,           \
+                                         Scaled<Split<F>>, F*)
 MOX_INSTANTIATE(Mox32f);
 MOX_INSTANTIATE(Mox64f);
 

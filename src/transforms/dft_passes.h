@@ -41,7 +41,7 @@ void each(int count, Body body) {
 
 template <int radix, class F>
 [[gnu::always_inline]] inline void transform(std::integral_constant<int, radix>, V<F> (&a)[radix],
-                                        const DftPass<F>&) {
+                                             const DftPass<F>&) {
   butterfly<Direction::forward, F>(a);
 }
 template <class F>
@@ -60,8 +60,8 @@ template <bool turns, class F, class Radix, class Source, class Target>
       a[j] = src.interleaved(t + columns * j);
       if constexpr (turns)
         if (j > 0)
-          a[j] = times(a[j], broadcast<V<F>>(twiddle[2 * j - 2]),
-                       broadcast<V<F>>(twiddle[2 * j - 1]));
+          a[j] =
+              times(a[j], broadcast<V<F>>(twiddle[2 * j - 2]), broadcast<V<F>>(twiddle[2 * j - 1]));
     });
     transform(radix, a, pass);
     each(radix, [&](auto c) { dst.putInterleaved(t + apart * c, a[c]); });
