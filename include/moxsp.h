@@ -35,6 +35,7 @@
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
+#include <moxsp/fir_sr.h>
 #include <moxsp/goertzel.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
