@@ -48,11 +48,11 @@ typedef struct MoxsFIRSRSpec MoxsFIRSRSpec;
  * `dlyDst` of one call is `dlySrc` of the next, and may be the same array. A delay line that
  * moxsFIRGetDlyLine_32f() gives can be passed as `dlySrc`. `dst` may be `src`.
  *
- * Directly, each output is one chain of products and sums from the oldest sample to the newest, with
- * an error of at most (tapsLen + 1) eps sum |taps[k] x[i - k]|, eps = 2^-24 or 2^-53: it does not
- * depend on how a stream is cut into blocks. Transforms have 4 to 8 times as many points as the
- * filter has taps, and at least 8; the error is at most 8 eps |taps| |x|, with the Euclidean norm of
- * the samples nearer to i than 16 tapsLen + 64. A NaN or an infinity spreads over one transform.
+ * Directly, each output is one chain of products and sums from the oldest sample to the newest,
+ * with an error of at most (tapsLen + 1) eps sum |taps[k] x[i - k]|, eps = 2^-24 or 2^-53: it does
+ * not depend on how a stream is cut into blocks. Transforms have 4 to 8 times as many points as the
+ * filter has taps, and at least 8; the error is at most 8 eps |taps| |x|, with the Euclidean norm
+ * of the samples nearer to i than 16 tapsLen + 64. A NaN or an infinity spreads over one transform.
  *
  * @return ::moxErrSize for `tapsLen` below 1 or too large for sizes below 2^31, before anything
  * else, and for `len` below 1; ::moxErrDataType for another `dataType`; ::moxErrNullPtr for a null

@@ -70,7 +70,7 @@ template <class E>
 MoxStatus checkTaps(int tapsLen) {
   if (tapsLen < 1 || fftOrder(tapsLen) > transforms::InnerFft<E>::mostOrder) return moxErrSize;
   return fitsInInt<Sr<E>>({tapsLen}) && workBytes<E>(tapsLen) <= INT_MAX ? moxOk
-                                                                          : MoxStatus(moxErrSize);
+                                                                         : MoxStatus(moxErrSize);
 }
 
 template <class E>

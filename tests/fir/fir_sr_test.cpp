@@ -38,7 +38,8 @@ class Filter {
 
   // One call; the delay line moves on in place.
   void run(const E* src, E* dst, int len, std::vector<E>& line) {
-    ASSERT_EQ(Sr<E>::run(src, dst, len, line.data(), line.data(), spec(), buffer_.data() + 1), moxOk);
+    ASSERT_EQ(Sr<E>::run(src, dst, len, line.data(), line.data(), spec(), buffer_.data() + 1),
+              moxOk);
   }
 
  private:
@@ -57,7 +58,8 @@ TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
   test::Random random;
   const long double eps = std::numeric_limits<E>::epsilon() / 2;
   for (const int n : {1, 2, 3, 8, 31, 63, 64, 100, 300, 1000}) {
-    const auto taps = random.vector<E>(n), past = random.vector<E>(n - 1), src = random.vector<E>(6000);
+    const auto taps = random.vector<E>(n), past = random.vector<E>(n - 1),
+               src = random.vector<E>(6000);
     std::vector<E> x(past.rbegin(), past.rend());
     x.insert(x.end(), src.begin(), src.end());
     long double tapsNorm = 0, norm = 0;
@@ -67,7 +69,8 @@ TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
     for (int way = 0; way < 12; ++way) {
       const int algType = way % 3;
       const bool inPlace = way / 3 % 2;
-      SCOPED_TRACE(testing::Message() << n << " taps, method " << algType << (inPlace ? ", in place" : ""));
+      SCOPED_TRACE(testing::Message()
+                   << n << " taps, method " << algType << (inPlace ? ", in place" : ""));
       Filter<E> filter(taps, algType);
       std::vector<E> y = inPlace ? src : std::vector<E>(src.size()), line = past;
       for (int done = 0, len; done < 6000; done += len) {
