@@ -49,8 +49,8 @@ const Table<Row> deviations = {
      {whole("Conv_* Convolve_*", Deviation::notElementwise),
       "an output depends on inputs at other places"},
      {whole("IIR*", Deviation::notElementwise), "the length decides where stretches begin"},
-     {whole("@(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*", Deviation::unidentified),
-      "those of sparse filters"},
+     {whole("FIRSR_* @(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*", Deviation::unidentified),
+      "filters whose states are small"},
      {whole("FIRMR*_Direct_* FIRLMS*", Deviation::notOntoSource),
       "an output depends on inputs at other places"},
 
@@ -65,6 +65,8 @@ const Table<Row> optionalPointers = {
      {{"CrossCorrNorm_*", "buffer"}, "sums need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIR*SetDlyLine*", "dlyLine"}, "the delay line is cleared"},
+     {{"FIRSR_*", "dlySrc"}, "the history is silence"},
+     {{"FIRSR_*", "dlyDst"}, "the history is not wanted"},
      {{"FIRLMS*InitAlloc*", "taps"}, "the taps start at zero"},
      {{"FIRLMSMRSetTaps*", "taps"}, "the taps are cleared"},
      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
@@ -72,6 +74,7 @@ const Table<Row> optionalPointers = {
 
 const Table<Row> scratchMemory = {"scratch memory",
                                   {{{"*", "buffer initBuf tmpIdx"}, "work memory"},
+                                   {{"FIRSRInit_*", "spec"}, "the object holds addresses"},
                                    {{"*", "specMem"}, "the object holds addresses"}}};
 
 }  // namespace

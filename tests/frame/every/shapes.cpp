@@ -42,6 +42,9 @@ auto sizeOfObject(const char* output) {
     throw Unknown(c.function().name + " has no size query");
   };
 }
+auto sizeOfFirSr(const char* output) {
+  return [=](const Call& c) { return query("moxsFIRSRGetSize", c.setting(), output); };
+}
 long sizeOfDesign(const Call& c) {
   return query("moxsIIRGenGetBufferSize", c.setting(), "bufferSize");
 }
@@ -101,6 +104,8 @@ const Table<NumberRow> numberRows = {
      {{"IIR*", "order"}, fixed(4), {1, 2}},
      {{"IIRGen*", "rFreq"}, fixed(0.2)},
      {{"IIRGen*", "ripple filterType"}, fixed(1)},
+     {{"FIRSR*", "algType"}, fixed(0), {1, 2}},
+     {{"FIRSR*", "dataType"}, fixed(moxType64f)},
      {{"FIRSparse*", "order"}, fixed(5)},
      {{"@(FIR|IIR)Sparse*", "nzTapsLen nzTapsLen1 nzTapsLen2"}, fixed(1)},
      {{"@(FIR|IIR)Sparse*", "nzTapPos"}, fixed(5)},
@@ -190,6 +195,9 @@ const Table<CountRow> countRows = {
      {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
 
+     {{"FIRSRInit*", "spec"}, sizeOfFirSr("specSize")},
+     {{"FIRSR_*", "buffer"}, sizeOfFirSr("bufSize")},
+     {{"FIRSR_*", "dlySrc dlyDst"}, [](const Call& c) { return c("tapsLen") - 1; }},
      {{"FIRSparse*", "nzTaps nzTapPos"}, argument("nzTapsLen")},
      {{"FIRSparse*", "dlyLine"}, fixed(5)},
      {{"IIRSparse*", "nzTaps nzTapPos"},
@@ -216,15 +224,14 @@ const Table<CountRow> countRows = {
      {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
      {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
-     {{"*", "size specSize initSize workSize bufferSize dstBitLen dlyLineIndex tapsFactor"},
-      {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
-       fixed(1)},
-      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
-      {{"*", "outVal outIndex counts"}, fixed(1)},
-      {{"*", "table"}, argument("tableLen")},
-      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
-      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
+     {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
+     {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
+     {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+     {{"*", "outVal outIndex counts"}, fixed(1)},
+     {{"*", "table"}, argument("tableLen")},
+     {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+     {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
+     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
 
 }  // namespace
 
