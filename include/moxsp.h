@@ -34,6 +34,7 @@
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
+#include <moxsp/generators.h>
 #include <moxsp/iir.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>

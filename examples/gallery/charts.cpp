@@ -82,8 +82,8 @@ void drawChart(Svg& svg, double x0, double y0, const Chart& chart) {
     const char* colour = colours[k % colours.size()];
     const auto end = std::upper_bound(c.x.begin(), c.x.end(), chart.x.to);
     svg.line(
-        std::size_t(end - c.x.begin()), [&](auto i) { return xOf(c.x[i]); }, [&](auto i) { return yOf(c.y[i]); },
-        colour);
+        std::size_t(end - c.x.begin()), [&](auto i) { return xOf(c.x[i]); },
+        [&](auto i) { return yOf(c.y[i]); }, colour);
     if (chart.curves.size() > 1)
       svg.text(x0 + left + plotWidth - 6, y0 + top + 16 + 16 * double(k), "end", c.name, colour);
   }

@@ -11,7 +11,7 @@ struct Axis {
 };
 
 struct Curve {
-  std::string name;  // shown where a chart has several
+  std::string name;          // shown where a chart has several
   std::vector<double> x, y;  // x ascends, and may go on beyond its axis
 };
 

@@ -5,6 +5,8 @@
 int main(int argc, char** argv) {
   CLI::App app("Draws windows and their spectra as SVG files.", "gallery");
   std::filesystem::path folder;
-  app.add_option("folder", folder, "where the pictures go")->required()->check(CLI::ExistingDirectory);
+  app.add_option("folder", folder, "where the pictures go")
+      ->required()
+      ->check(CLI::ExistingDirectory);
   return runProgram(app, argc, argv, [&] { drawWindows(folder); });
 }

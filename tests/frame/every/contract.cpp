@@ -31,6 +31,8 @@ const Table<Row> deviations = {
             "Sort* FindNearest_*",
             Deviation::notElementwise),
       "the length decides what an element is"},
+     {whole("Tone_Direct_* Triangle_Direct_*", Deviation::notElementwise),
+      "the phase on return depends on the length"},
      {whole("Win*", Deviation::notElementwise), "the length decides what a weight is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},

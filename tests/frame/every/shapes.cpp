@@ -87,6 +87,11 @@ const Table<NumberRow> numberRows = {
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Tone* Triangle*", "magn"}, fixed(1000)},
+     {{"Tone* Triangle*", "rFreq"}, [](const Call&) { return 0.1; }},
+     {{"Tone* Triangle*", "phase"}, [](const Call&) { return 1.5; }},
+     {{"Triangle*", "asym"}, fixed(1), {-3}},
+     {{"Tone*Q15* Triangle*Q15*", "rFreqQ15 phaseQ15 asymQ15"}, fixed(3000)},
      {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
      {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
      {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
@@ -165,6 +170,9 @@ const Table<CountRow> countRows = {
       [](const Call& c) { return isCascade(c) ? 6 * c("numBq") : 2 * c("order") + 2; }},
      {{"IIR*", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
+
+     {{"Tone* Triangle*", "phase"}, fixed(1)},
+     {{"ToneInitQ15* TriangleInitQ15*", "state"}, sizeOfObject("size")},
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
