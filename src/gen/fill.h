@@ -9,27 +9,44 @@
 
 namespace mox::gen {
 
+// For truncation to the nearest of the integers of D, ties away from zero; floats stay.
+template <class D, class F>
+[[gnu::always_inline]] inline Block<F> beforeTruncation(const Block<F>& b) {
+  if constexpr (std::is_floating_point_v<D>)
+    return b;
+  else
+    return blockOf<F>([&](int j) { return b.v[j] + withSignOf(b.v[j], broadcast<V<F>>(F(0.5))); });
+}
+template <class D, class F>
+[[gnu::always_inline]] inline Pair<Block<F>> beforeTruncation(const Pair<Block<F>>& z) {
+  return {beforeTruncation<D>(z.re), beforeTruncation<D>(z.im)};
+}
+
 namespace detail {
 
-// The four registers of integers of a block, rounded to nearest with ties away from zero: half a
-// unit is added by sign, and the sum truncated.
+// The four registers of integers of a block, truncated and saturated. Numbers of single precision
+// fit in 32 bits.
 template <class D>
-[[gnu::always_inline]] inline void roundInto(I<Mox32s> (&r)[4], const Block<Mox64f>& b) {
-  for (int j = 0; j < 4; ++j)
-    r[j] = saturate<D>(b.v[j] + withSignOf(b.v[j], broadcast<V<Mox64f>>(0.5)));
+[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox64f>& b) {
+  for (int j = 0; j < 4; ++j) {
+    if constexpr (std::is_same_v<D, Mox32u>)  // less 2^31 while they are signed
+      r[j] =
+          saturate<Mox32s>(truncated(b.v[j]) - 0x1p31) ^ I<Mox32s>(broadcast<I<Mox32u>>(1u << 31));
+    else
+      r[j] = saturate<D>(b.v[j]);
+  }
 }
 template <class D>
-[[gnu::always_inline]] inline void roundInto(I<Mox32s> (&r)[4], const Block<Mox32f>& b) {
+[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox32f>& b) {
   for (int j = 0; j < 2; ++j) {
-    const auto sum = b.v[j] + withSignOf(b.v[j], broadcast<V<Mox32f>>(0.5f));
-    const auto [low, high] = halves(integersOf(sum));
+    const auto [low, high] = halves(integersOf(b.v[j]));
     r[2 * j] = low, r[2 * j + 1] = high;
   }
 }
 
 }  // namespace detail
 
-// A block of real elements. Floats of single precision that become integers fit in 32 bits.
+// A block of real elements: floats rounded, integers truncated.
 template <class D, class F>
 [[gnu::always_inline]] inline void give(const Block<F>& b, D* dst) {
   const auto put = [](void* p, auto v) { store(p, v); };
@@ -38,16 +55,7 @@ template <class D, class F>
     for (int j = 0; j < Block<D>::vectors; ++j) put(dst + j * lanesOf<D>, numbers.v[j]);
   } else {
     I<Mox32s> r[4];
-    if constexpr (std::is_same_v<D, Mox32u>) {  // as the difference to 2^31, which fits in 32 bits
-      const auto half = broadcast<V<Mox64f>>(0x1p31);
-      detail::roundInto<Mox32s>(r, blockOf<F>([&](int j) {
-        const V<F> sum = b.v[j] + withSignOf(b.v[j], broadcast<V<F>>(0.5));
-        return truncated(sum) - half;
-      }));
-      for (int j = 0; j < 4; ++j) r[j] ^= I<Mox32s>(broadcast<I<Mox32u>>(1u << 31));
-    } else {
-      detail::roundInto<D>(r, b);
-    }
+    detail::truncateInto<D>(r, b);
     storeSaturated(dst, r, put);
   }
 }
@@ -65,16 +73,23 @@ template <class D, class F>
                      [](void* p, auto v) { store(p, v); });
 }
 
-// dst[0], dst[1] and so on are what make() gives block by block.
+// dst[0], dst[1] and so on are what make(count) gives block by block; of the last one only `count`
+// numbers are wanted.
 template <class D, class Make>
 [[gnu::always_inline]] inline void fillBlocks(D* dst, long len, Make make) {
   long i = 0;
-  for (; i <= len - blockLen; i += blockLen) give(make(), dst + i);
+  for (; i <= len - blockLen; i += blockLen) give(make(blockLen), dst + i);
   if (i < len) {
     D rest[blockLen];
-    give(make(), rest);
+    give(make(int(len - i)), rest);
     std::memcpy(dst + i, rest, std::size_t(len - i) * sizeof(D));
   }
+}
+
+// The same with integers rounded to nearest, ties away from zero.
+template <class D, class Make>
+[[gnu::always_inline]] inline void fillRounded(D* dst, long len, Make make) {
+  fillBlocks(dst, len, [&](int) { return beforeTruncation<Part<D>>(make()); });
 }
 
 }  // namespace mox::gen

@@ -35,9 +35,9 @@ MoxStatus allocRecord(R** out, R contents) {
 template <class R>
 MoxStatus freeRecord(R* record, Mox32s id) {
   if (anyNull(record)) return moxErrNullPtr;
-  const R contents = load<R>(record);
-  if (MoxStatus s = requireId(&contents, id)) return s;
-  if (contents.owned) moxFree(record);
+  const auto head = load<RecordHead>(record);
+  if (MoxStatus s = requireId(&head, id)) return s;
+  if (head.owned) moxFree(record);
   return moxOk;
 }
 
@@ -45,8 +45,9 @@ MoxStatus freeRecord(R* record, Mox32s id) {
 template <class D, class R, class Run>
 MoxStatus runRecord(D* dst, int len, R* record, Mox32s id, Run run) {
   if (MoxStatus s = checkArrays(len, dst, record)) return s;
+  const auto head = load<RecordHead>(record);
+  if (MoxStatus s = requireId(&head, id)) return s;
   R contents = load<R>(record);
-  if (MoxStatus s = requireId(&contents, id)) return s;
   run(contents);
   store(record, contents);
   return moxOk;

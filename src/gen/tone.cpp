@@ -12,8 +12,7 @@ struct MoxToneState : mox::gen::WaveState {};
 namespace mox::gen {
 namespace {
 
-constexpr WaveErrors toneErrors = {moxErrToneMagn, moxErrToneFreq, moxErrToneFreq,
-                                   moxErrTonePhase};
+constexpr WaveErrors toneErrors = {moxErrToneMagn, moxErrToneFreq, moxErrToneFreq, moxErrTonePhase};
 
 // Computed in the format F.
 template <class F, class E>
@@ -25,7 +24,7 @@ void fillTone(E* dst, long len, const Wave& wave) {
     else
       return oscillator.cosines();
   };
-  fillBlocks(dst, len, [&] {
+  fillRounded(dst, len, [&] {
     const auto now = block();
     oscillator.advance();
     return now;

@@ -13,8 +13,8 @@ namespace {
 constexpr WaveErrors triangleErrors = {moxErrTriangleMagn, moxErrTriangleFreq, moxErrTriangleAsym,
                                        moxErrTrianglePhase};
 
-// Falls from `magn` at the angle 0 to -magn at pi + asym, and rises to `magn` at 2 pi: the larger of
-// the two lines, each of which is below -magn where the other holds.
+// Falls from `magn` at the angle 0 to -magn at pi + asym, and rises to `magn` at 2 pi: the larger
+// of the two lines, each of which is below -magn where the other holds.
 class Triangle {
  public:
   explicit Triangle(const Wave& w)
@@ -39,15 +39,14 @@ class Triangle {
 // The imaginary part is a quarter of a period behind, as the sine is behind the cosine.
 template <class E>
 void fillTriangle(E* dst, long len, long n, const Wave& wave) {
-  fillByAngle(dst, len, n, wave,
-              [triangle = Triangle(wave)](const Block<Mox64f>& angles) {
-                if constexpr (Complex<E>)
-                  return Pair<Block<Mox64f>>{
-                      triangle(angles),
-                      triangle(blockOf<Mox64f>([&](int j) { return angles.v[j] + 0.75 * twoPi; }))};
-                else
-                  return triangle(angles);
-              });
+  fillByAngle(dst, len, n, wave, [triangle = Triangle(wave)](const Block<Mox64f>& angles) {
+    if constexpr (Complex<E>)
+      return Pair<Block<Mox64f>>{
+          triangle(angles),
+          triangle(blockOf<Mox64f>([&](int j) { return angles.v[j] + 0.75 * twoPi; }))};
+    else
+      return triangle(angles);
+  });
 }
 
 template <class E>

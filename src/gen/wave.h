@@ -52,7 +52,7 @@ void fillByAngle(E* dst, long len, long n, const Wave& wave, At at) {
   for (long i = 0; i < len; i += stretch) {
     const Ramp<Mox64f> angles = {angleAt(n + i, wave.step(), wave.phase), wave.step()};
     long k = 0;
-    fillBlocks(dst + i, std::min(stretch, len - i), [&] {
+    fillRounded(dst + i, std::min(stretch, len - i), [&] {
       const auto block = blockOf<Mox64f>(
           [&](int j) { return lanesFrom<V<Mox64f>>(angles, k + j * lanesOf<Mox64f>); });
       k += blockLen;

@@ -34,7 +34,7 @@ void expectTone(Member<E*, int, M, P, P*, int> tone, int hint, double rFreq, dou
   ASSERT_EQ(tone.function(dst.data(), len, magn, P(rFreq), &phase, hint), moxOk) << tone.name;
   const auto* x = mox::parts(dst.data());
   const bool isFast = hint == moxHintFast && sizeof(P) == 4;
-  for (long i = 0; i < len; i += len > 100000 ? 101 : 1) {
+  for (long i = 0; i<len; i += len> 100000 ? 101 : 1) {
     const L angle = i * step + first, bound = isFast ? 4e-7L : 1e-14L + 4e-19L * i;
     const L exact[] = {magn * std::cos(angle), magn * std::sin(angle)};
     for (int part = 0; part < parts; ++part)

@@ -33,6 +33,8 @@ const Table<Row> deviations = {
       "the length decides what an element is"},
      {whole("Tone_Direct_* Triangle_Direct_*", Deviation::notElementwise),
       "the phase on return depends on the length"},
+     {whole("Rand*_Direct_*", Deviation::notElementwise),
+      "the seed on return depends on the length"},
      {whole("Win*", Deviation::notElementwise), "the length decides what a weight is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},

@@ -42,6 +42,7 @@ const Row rows[] = {
      "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?"},
     {"IIRInit_BiQuad_DF1_32f", "IIR([GS]etDlyLine|Free)?_32f"},
     {"(Tone|Triangle)InitQ15_16s", "$1(Free|Q15_16s)"},
+    {"Rand(Uniform|Gauss)Init_(.*)", "Rand$1(Free)?_$2"},
 
     {"IIRInit64f_BiQuad_DF1_32s", "IIR(Free)?64f_32s|moxsIIR[GS]etDlyLine64f_DF1_32s"},
 };

@@ -92,6 +92,11 @@ const Table<NumberRow> numberRows = {
      {{"Tone* Triangle*", "phase"}, [](const Call&) { return 1.5; }},
      {{"Triangle*", "asym"}, fixed(1), {-3}},
      {{"Tone*Q15* Triangle*Q15*", "rFreqQ15 phaseQ15 asymQ15"}, fixed(3000)},
+     {{"Rand*", "seed"}, fixed(12345)},
+     {{"RandUniform*", "low"}, fixed(-100)},
+     {{"RandUniform*", "high"}, fixed(100)},
+     {{"RandGauss*", "mean"}, fixed(10)},
+     {{"RandGauss*", "stdDev"}, fixed(20)},
      {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
      {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
      {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
@@ -172,7 +177,8 @@ const Table<CountRow> countRows = {
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
      {{"Tone* Triangle*", "phase"}, fixed(1)},
-     {{"ToneInitQ15* TriangleInitQ15*", "state"}, sizeOfObject("size")},
+     {{"Rand*", "seed"}, fixed(1)},
+     {{"ToneInitQ15* TriangleInitQ15* Rand*Init_*", "state"}, sizeOfObject("size")},
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
