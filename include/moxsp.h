@@ -37,6 +37,7 @@
 #include <moxsp/fir_direct.h>
 #include <moxsp/fir_sr.h>
 #include <moxsp/goertzel.h>
+#include <moxsp/generators.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
 #include <moxsp/logic.h>

@@ -41,6 +41,9 @@ const Row rows[] = {
     {"IIRInit([0-9a-z]*)_([0-9]+[a-z]+?)(32fc?)?",
      "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?"},
     {"IIRInit_BiQuad_DF1_32f", "IIR([GS]etDlyLine|Free)?_32f"},
+    {"(Tone|Triangle)InitQ15_16s", "$1(Free|Q15_16s)"},
+    {"Rand(Uniform|Gauss)Init_(.*)", "Rand$1(Free)?_$2"},
+
     {"IIRInit64f_BiQuad_DF1_32s", "IIR(Free)?64f_32s|moxsIIR[GS]etDlyLine64f_DF1_32s"},
     {"FIRSRInit(.*)", "FIRSR$1"},
     {"(FIR|IIR)SparseInit(.*)", "$1Sparse([GS]etDlyLine)?$2"},
