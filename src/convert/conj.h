@@ -33,7 +33,8 @@ struct Conjugate {
     } else if constexpr (std::is_floating_point_v<F>) {
       using Words = V<BitsOf<F>, parts>;
       constexpr auto sign = BitsOf<F>(1) << (8 * sizeof(F) - 1);
-      return std::bit_cast<T>(std::bit_cast<Words>(elements) ^ detail::inImaginaryParts<Words>(sign));
+      return std::bit_cast<T>(std::bit_cast<Words>(elements) ^
+                              detail::inImaginaryParts<Words>(sign));
     } else if constexpr (parts == 2) {
       auto z = std::bit_cast<E>(elements);
       z.im = z.im == std::numeric_limits<F>::min() ? std::numeric_limits<F>::max() : F(-z.im);
@@ -43,8 +44,8 @@ struct Conjugate {
       return join<T>((*this)(low), (*this)(high));
     } else {
       using Words = V<F, parts>;  // -x is ~x + 1
-      return T(
-          addSaturated(Words(elements) ^ detail::inImaginaryParts<Words>(-1), detail::inImaginaryParts<Words>(1)));
+      return T(addSaturated(Words(elements) ^ detail::inImaginaryParts<Words>(-1),
+                            detail::inImaginaryParts<Words>(1)));
     }
   }
 };

@@ -42,6 +42,10 @@ const Table<Row> refusals = {
      // A length of 64 bits without a sign, no pairs, and no element at all.
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
 
+     row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
+     row("Convolve* *CorrNorm*", "algType", {3, 255}, moxErrAlgType, number),
+     row("Convolve* *CorrNorm*", "dataType", {0, 12, 21}, moxErrDataType, last),
+
      row("Copy*_1u", "srcBitOffset dstBitOffset", negative, moxErrSize, length),
      row("PackBits_*", "dstBitOffset", negative, moxErrSize, length),
      row("SortRadixIndex*", "srcStrideBytes", {0, -2, INT_MIN}, moxErrSize, length),

@@ -47,6 +47,18 @@ long workBufferSize(const Call& c) {
   return query(std::regex_replace(init, std::regex("Init"), "GetBufSize"), c.setting(), "size");
 }
 
+// What the size query of a convolution or correlation stores for the lengths and the type.
+long corrBufferSize(const Call& c) {
+  const ElementType& element = *c.function().type(0).element;
+  Setting setting = c.setting();
+  setting.numbers["dataType"] = element.bytes == 4       ? moxType32f
+                                : element.bytes == 16    ? moxType64fc
+                                : element.partBytes == 8 ? moxType64f
+                                                         : moxType32fc;
+  const std::string& name = c.function().name;
+  return query(name.substr(0, name.rfind('_')) + "GetBufferSize", setting, "bufferSize");
+}
+
 // Of an IIR filter: whether it is a cascade of sections, and its delay line.
 const Function& initOf(const Call& c) {
   const Kind* kind = kindOf(c.function());
@@ -87,6 +99,13 @@ const Table<NumberRow> numberRows = {
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Conv* *Corr*", "len1 srcLen"}, length},
+     {{"Conv* *Corr*", "len2"}, [](const Call& c) { return c.length() / 8 + 1; }, {3, 70}},
+     {{"ConvBiased* *Corr*", "dstLen"}, fixed(9), {1, 80}},
+     {{"ConvBiased* CrossCorr*", "bias lowLag"}, fixed(0), {-7, 5, -70}},
+     {{"Convolve* AutoCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgDirect, moxAlgFft}},
+     {{"CrossCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgNormB}},  // without the buffer, too
+     {{"Convolve* *CorrNorm*", "dataType"}, fixed(moxType32f), {moxType64f}},
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
@@ -162,10 +181,20 @@ const Table<CountRow> countRows = {
      {{"IIR*", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
+     {{"Conv* *Corr*", "src1"}, argument("len1")},
+     {{"Conv* *Corr*", "src2"}, argument("len2")},
+     {{"*Corr*", "src"}, argument("srcLen")},
+     {{"Conv_* Convolve_*", "dst"}, [](const Call& c) { return c("len1") + c("len2") - 1; }},
+     {{"ConvBiased* *Corr*", "dst"}, argument("dstLen")},
+     {{"Convolve_* *CorrNorm_*", "buffer"}, corrBufferSize},
+     {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
+     {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
 
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor"}, fixed(1)},
+     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
+      fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
