@@ -47,5 +47,6 @@
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
+#include <moxsp/wavelet.h>
 
 #endif

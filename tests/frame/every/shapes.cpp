@@ -190,6 +190,11 @@ const Table<CountRow> countRows = {
      {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
      {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
 
+     {{"WTHaarFwd_*", "dstLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarInv_*", "srcLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
+     {{"WTHaarInv_*", "srcHigh"}, [](const Call& c) { return c("len") / 2; }},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
 
