@@ -53,5 +53,6 @@
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
 #include <moxsp/windows.h>
+#include <moxsp/wavelet.h>
 
 #endif

@@ -232,6 +232,11 @@ const Table<CountRow> countRows = {
      {{"Rand*", "seed"}, fixed(1)},
      {{"ToneInitQ15* TriangleInitQ15* Rand*Init_*", "state"}, sizeOfObject("size")},
 
+     {{"WTHaarFwd_*", "dstLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarInv_*", "srcLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
+     {{"WTHaarInv_*", "srcHigh"}, [](const Call& c) { return c("len") / 2; }},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
      {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
@@ -239,6 +244,8 @@ const Table<CountRow> countRows = {
 
      {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
      {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
+     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
+      fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
