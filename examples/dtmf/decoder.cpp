@@ -24,7 +24,7 @@ constexpr double mostNormalTwist = 8;    // low over high
 constexpr double mostReverseTwist = 6;   // high over low
 constexpr double leastLead = 4;          // of a tone over the others of its group
 constexpr double leastOverHarmonic = 4;  // of a tone over twice its frequency
-constexpr double leastShare = 0.25;       // of both tones in all that sounds
+constexpr double leastShare = 0.25;      // of both tones in all that sounds
 
 // Rules of duration, in hops.
 constexpr long leastHeard = 6;  // more than 20 ms of tone

@@ -84,8 +84,8 @@ class Dtmf : public testing::Test {
  protected:
   void SetUp() override {
     file_ = fs::path(testing::TempDir()) /
-            (std::string("dtmf-") +
-             testing::UnitTest::GetInstance()->current_test_info()->name() + ".wav");
+            (std::string("dtmf-") + testing::UnitTest::GetInstance()->current_test_info()->name() +
+             ".wav");
   }
   void TearDown() override { fs::remove(file_); }
 
@@ -169,7 +169,8 @@ TEST_F(Dtmf, HearsNoLessAndImaginesNoMoreThanThePeer) {
 
 TEST_F(Dtmf, HearsNothingInSpeech) {
   Samples x = speech(8000 * 20);
-  const double loudest = std::abs(*std::ranges::max_element(x, {}, [](double v) { return std::abs(v); }));
+  const double loudest =
+      std::abs(*std::ranges::max_element(x, {}, [](double v) { return std::abs(v); }));
   for (double& v : x) v *= 0.9 / loudest;
   write(x);
   EXPECT_EQ(decoded(), "");
