@@ -36,6 +36,7 @@
 #include <moxsp/fir_direct.h>
 #include <moxsp/goertzel.h>
 #include <moxsp/iir.h>
+#include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>

@@ -187,8 +187,7 @@ MoxStatus goertzScaled(const E* src, int len, Mox16sc* dst, Mox32f relFreq, int 
 
 Mox32f fromQ15(Mox16s f) { return Mox32f(f) * 0x1p-15f; }
 
-MoxStatus goertzQ15(const Mox16sc* src, int len, Mox16sc* dst, Mox16s relFreqQ15,
-                    int scaleFactor) {
+MoxStatus goertzQ15(const Mox16sc* src, int len, Mox16sc* dst, Mox16s relFreqQ15, int scaleFactor) {
   if (relFreqQ15 < 0) return moxErrRelFreq;
   return goertzScaled(src, len, dst, fromQ15(relFreqQ15), scaleFactor);
 }

@@ -53,8 +53,8 @@ void forAll(auto one, auto two, Check check) {
       auto x = random.vector<E>(len);
       if (len % 2)  // a tone at the frequency
         for (long n = 0; n < len; ++n)
-          reinterpret_cast<mox::Part<E>*>(&x[n])[0] =
-              mox::Part<E>((sizeof(F) > sizeof(mox::Part<E>) ? 32767 : 1) * std::cos(twoPi * f * n));
+          reinterpret_cast<mox::Part<E>*>(&x[n])[0] = mox::Part<E>(
+              (sizeof(F) > sizeof(mox::Part<E>) ? 32767 : 1) * std::cos(twoPi * f * n));
       const F both[] = {F(f), F(0.3)};
       C single, pair[2];
       ASSERT_EQ(one(x.data(), len, &single, both[0]), moxOk);
@@ -121,12 +121,11 @@ template <class E>
 void expectIntegers(auto one, auto two) {
   SCOPED_TRACE(test::seedNote());
   for (const int factor : {0, 5, -2, 64, INT_MAX, INT_MIN})
-    forAll<E, Mox16sc, Mox32f>(
-        [&](auto... args) { return one(args..., factor); },
-        [&](auto... args) { return two(args..., factor); },
-        [&](const auto& x, double f, Mox16sc got) {
-          expectScaled(sumAt(x, f), long(x.size()), factor, got);
-        });
+    forAll<E, Mox16sc, Mox32f>([&](auto... args) { return one(args..., factor); },
+                               [&](auto... args) { return two(args..., factor); },
+                               [&](const auto& x, double f, Mox16sc got) {
+                                 expectScaled(sumAt(x, f), long(x.size()), factor, got);
+                               });
 }
 
 TEST(Goertzel, IntegerResultsAreScaledAndSaturated) {
