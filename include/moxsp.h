@@ -40,6 +40,7 @@
 #include <moxsp/generators.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
+#include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/move.h>

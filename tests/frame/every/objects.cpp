@@ -22,6 +22,7 @@ struct Row {
 };
 const Row rows[] = {
     {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
+    {"FFTInit_R_16s32s", "FFTInv_CCSToR_32s16s"},
 
     // Combinations that share their states.
     {"FIRInit(32sc?_16sc?)(32fc?)?", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},
