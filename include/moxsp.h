@@ -37,6 +37,7 @@
 #include <moxsp/iir.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
+#include <moxsp/median.h>
 #include <moxsp/move.h>
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
