@@ -29,12 +29,15 @@
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>
+#include <moxsp/corr.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
+#include <moxsp/goertzel.h>
 #include <moxsp/iir.h>
+#include <moxsp/iir_design.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/median.h>
@@ -42,10 +45,12 @@
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
 #include <moxsp/sorting.h>
+#include <moxsp/sparse.h>
 #include <moxsp/stats.h>
 #include <moxsp/status.h>
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
+#include <moxsp/windows.h>
 
 #endif

@@ -1,4 +1,3 @@
-#include <fftw3.h>
 #include <liquid/liquid.h>
 #include <moxsp.h>
 
@@ -8,6 +7,7 @@
 
 #include "fir/signals.h"
 #include "support/compare.h"
+#include "support/fftw_filter.h"
 
 namespace {
 
@@ -45,55 +45,6 @@ void plainComplexFir(const Mox32fc* __restrict x, Mox32fc* __restrict y, int len
   }
 }
 
-// Overlap-save with transforms of `size` points, planned by measurement.
-class FftwFir {
- public:
-  FftwFir(const std::vector<float>& taps, int size)
-      : taps_(int(taps.size())),
-        size_(size),
-        time_(fftwf_alloc_real(size)),
-        spectrum_(fftwf_alloc_complex(size / 2 + 1)),
-        response_(size / 2 + 1),
-        forward_(fftwf_plan_dft_r2c_1d(size, time_, spectrum_, FFTW_MEASURE)),
-        inverse_(fftwf_plan_dft_c2r_1d(size, spectrum_, time_, FFTW_MEASURE)) {
-    std::fill_n(time_, size, 0.0f);
-    for (int k = 0; k < taps_; ++k) time_[k] = taps[k] / float(size);
-    fftwf_execute(forward_);
-    for (int k = 0; k <= size / 2; ++k) response_[k] = {spectrum_[k][0], spectrum_[k][1]};
-  }
-  ~FftwFir() {
-    fftwf_destroy_plan(forward_);
-    fftwf_destroy_plan(inverse_);
-    fftwf_free(time_);
-    fftwf_free(spectrum_);
-  }
-
-  // x has taps - 1 samples before it.
-  void run(const float* x, float* y, int len) {
-    const int outputs = size_ - taps_ + 1;
-    for (int i = 0; i < len; i += outputs) {
-      const int count = std::min(outputs, len - i), samples = count + taps_ - 1;
-      std::copy_n(x + i - taps_ + 1, samples, time_);
-      std::fill(time_ + samples, time_ + size_, 0.0f);
-      fftwf_execute(forward_);
-      for (int k = 0; k <= size_ / 2; ++k) {
-        const float re = spectrum_[k][0], im = spectrum_[k][1];
-        spectrum_[k][0] = re * response_[k].re - im * response_[k].im;
-        spectrum_[k][1] = re * response_[k].im + im * response_[k].re;
-      }
-      fftwf_execute(inverse_);
-      std::copy_n(time_ + taps_ - 1, count, y + i);
-    }
-  }
-
- private:
-  int taps_, size_;
-  float* time_;
-  fftwf_complex* spectrum_;
-  std::vector<Mox32fc> response_;
-  fftwf_plan forward_, inverse_;
-};
-
 using bench::noise, bench::shared;
 
 constexpr int len = 1 << 16;
@@ -128,7 +79,8 @@ void addReal(int taps) {
          firfilt_rrrf_execute_block(liquid.get(), const_cast<float*>(d->x), len, d->y.data());
        }}};
   for (const int factor : {4, 8, 16}) {
-    const auto fftw = std::make_shared<FftwFir>(d->h, std::max(256, factor * taps));
+    const auto fftw =
+        std::make_shared<bench::FftwFilter>(d->h.data(), taps, std::max(256, factor * taps));
     peers.emplace_back("fftw " + std::to_string(std::max(256, factor * taps)),
                        [=] { fftw->run(d->x, d->y.data(), len); });
   }

@@ -150,6 +150,23 @@ enum {
   moxHintAccurate = 2 /**< the accurate path */
 };
 
+/** The type of elements that a size query is asked about: the argument `dataType`. */
+enum {
+  moxType32f = 13,  /**< `Mox32f` */
+  moxType32fc = 14, /**< `Mox32fc` */
+  moxType64f = 19,  /**< `Mox64f` */
+  moxType64fc = 20  /**< `Mox64fc` */
+};
+
+/** How convolutions and correlations are computed: the argument `algType`. */
+enum {
+  moxAlgAuto = 0,      /**< directly or by transform, by the lengths */
+  moxAlgDirect = 1,    /**< sums of products */
+  moxAlgFft = 2,       /**< by transform */
+  moxAlgNormA = 0x100, /**< added: divided by the length */
+  moxAlgNormB = 0x200  /**< added: divided by the number of terms */
+};
+
 /** What moxsGetLibVersion() returns. */
 typedef struct {
   Mox32s major;

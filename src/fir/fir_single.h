@@ -46,7 +46,7 @@ void filterByFft(StateOf<C>& s, const typename C::Data* src, typename C::Data* d
   const long taps = s.tapsLen;
   Held* const window = s.dlyLine + s.dlyIndex;
   s.dlyIndex = 0;
-  s.fft.setHistory(window + 1);
+  std::copy_n(window + 1, taps - 1, s.fft.history());
   const long entering = std::min(len, taps);
   std::memmove(s.dlyLine, window + entering, std::size_t(taps - entering) * sizeof(Held));
   convert::takeIn(src + len - entering, s.dlyLine + taps - entering, entering);

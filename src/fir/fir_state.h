@@ -105,7 +105,7 @@ struct Shape {
   constexpr void layoutEngines(Arena& arena, Engines<Held>& s, long history) const {
     const int order = fftOrder();
     s.hasFft = order > 0;
-    if (s.hasFft) s.fft.place(arena, tapsLen, order);
+    if (s.hasFft) s.fft.place(arena, tapsLen - 1, order);
     const int inputs = rates.cycleInputs(), outputs = rates.cycleOutputs();
     s.byCycles = !rates.areSingle() && std::max(inputs, outputs) <= longestCycle;
     if (!s.byCycles) return;
@@ -170,7 +170,7 @@ template <class C>
 void writeTaps(StateOf<C>& s, const typename C::Tap* taps, int tapsFactor) {
   holdTaps<C>(s, taps, tapsFactor);
   if constexpr (isFloating<C>)
-    if (s.hasFft) s.fft.setTaps(std::reverse_iterator(s.heldTaps + s.tapsLen));
+    if (s.hasFft) s.fft.setTaps(s.tapsLen, [&](long k) { return s.heldTaps[s.tapsLen - 1 - k]; });
 }
 
 // The newest sample comes first in `dlyLine`; null stands for silence.

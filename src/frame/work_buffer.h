@@ -1,6 +1,8 @@
 // The work memory of one call: the caller's, aligned, or memory taken for the scope of the call.
 #pragma once
 
+#include <climits>
+
 #include "frame/arena.h"
 #include "support/moxcore.h"
 
@@ -10,8 +12,8 @@ class WorkBuffer {
  public:
   static constexpr int alignment = 64;
 
-  WorkBuffer(void* fromCaller, int bytes)
-      : owned_(bytes > 0 && !fromCaller ? moxMalloc(bytes) : nullptr),
+  WorkBuffer(void* fromCaller, long bytes)
+      : owned_(bytes > 0 && bytes <= INT_MAX && !fromCaller ? moxMalloc(int(bytes)) : nullptr),
         memory_(bytes < 1    ? nullptr
                 : fromCaller ? alignUp(fromCaller, alignment)
                              : owned_),

@@ -93,8 +93,7 @@ constexpr FftNorm fftNorm(int flag) {
 }
 
 template <class F>
-F fftNormFactor(int flag, int order) {
-  const long n = 1L << order;
+F fftNormFactor(int flag, long n) {
   return flag == 4 ? F(1 / std::sqrt(double(n))) : flag == 8 ? F(0) : F(1) / F(n);
 }
 
@@ -106,7 +105,7 @@ void fillSpec(typename Kind::Record& spec, int order, int flag, int hint, Mox8u*
   spec.order = order;
   spec.fwdNorm = norm.fwd;
   spec.invNorm = norm.inv;
-  spec.normFactor = fftNormFactor<F>(flag, order);
+  spec.normFactor = fftNormFactor<F>(flag, 1L << order);
   spec.hint = hint;
   if (order <= Kind::maxSmallOrder) return;
   spec.bufSize = Mox32s(Kind::workBytes(order));
@@ -128,17 +127,27 @@ constexpr long specFigure(int order) {
 // A work buffer's bytes with the slack for any address.
 constexpr int bufferFigure(long bytes) { return bytes > 0 ? int(bytes) + fftAlignment : 0; }
 
+// What the size query reports of an order.
+struct FftSizes {
+  int spec, init, work;
+};
+template <FftObject Kind>
+constexpr FftSizes fftSizes(int order) {
+  if (order <= Kind::maxSmallOrder) return {int(specFigure<Kind>(order)), 0, 0};
+  return {int(specFigure<Kind>(order)), fftInitSize<typename Kind::Float>(order),
+          bufferFigure(Kind::workBytes(order))};
+}
+
 template <FftObject Kind>
 MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSize, int* workSize) {
-  using F = typename Kind::Float;
   if (unsigned(order) > 30) return moxErrFftOrder;
   if (anyNull(specSize, initSize, workSize)) return moxErrNullPtr;
   if (!fftNorm(flag).known) return moxErrFftFlag;
   if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
-  const bool isSmall = order <= Kind::maxSmallOrder;
-  *specSize = int(specFigure<Kind>(order));
-  *initSize = isSmall ? 0 : fftInitSize<F>(order);
-  *workSize = isSmall ? 0 : bufferFigure(Kind::workBytes(order));
+  const FftSizes sizes = fftSizes<Kind>(order);
+  *specSize = sizes.spec;
+  *initSize = sizes.init;
+  *workSize = sizes.work;
   return moxOk;
 }
 

@@ -19,19 +19,28 @@ class InnerFft {
  public:
   static constexpr int mostOrder = Kind::maxOrder;
 
-  // Bytes of scratch for fill().
-  static constexpr int scratchBytes(int order) { return fftInitSize<F>(order); }
+  // What the size query of the transform reports, each figure rounded up to the alignment.
+  static constexpr long figure(int order) {
+    const FftSizes sizes = fftSizes<Kind>(order);
+    return detail::up(sizes.spec) + detail::up(sizes.init) + detail::up(sizes.work);
+  }
+
+  // Elements of an array of the transform's length that has room for the scratch of fill() as well.
+  static constexpr std::size_t roomElements(int order) {
+    return std::max(std::size_t(1) << order, std::size_t(fftInitSize<F>(order)) / sizeof(E) + 1);
+  }
 
   constexpr void place(Arena& arena, int order) {
     spec_ = arena.place<FftSpec<F>>(1, fftAlignment);
     FftSpec<F> measured{};
     if (spec_) *spec_ = {};
     typename Kind::Shape{order}.layout(arena, spec_ ? *spec_ : measured);
-    work_ = arena.place<Mox8u>(std::size_t(Kind::workBytes(order)), fftAlignment);
+    const long work = order > Kind::maxSmallOrder ? Kind::workBytes(order) : 0;
+    work_ = arena.place<Mox8u>(std::size_t(work), fftAlignment);
   }
-  void fill(int order, Mox8u* scratch) {
+  void fill(int order, E* room) {
     constexpr int inverseByN = 2;
-    fillSpec<Kind>(*spec_, order, inverseByN, 0, scratch);
+    fillSpec<Kind>(*spec_, order, inverseByN, 0, reinterpret_cast<Mox8u*>(room));
   }
 
   long length() const { return 1L << spec_->order; }
@@ -48,6 +57,13 @@ class InnerFft {
       ownFftRun<Direction::inverse, Array<E>>(*spec_, {src}, {dst}, spec_->order, work());
     else
       runRealInverse(*spec_, src, dst, work());
+  }
+  // Each number of a spectrum becomes the square of its magnitude.
+  void squareMagnitudes(E* srcDst) const {
+    if constexpr (Complex<E>)
+      arith::mulComplexConjugate(srcDst, srcDst, srcDst, length());
+    else
+      mulPackedConjugate<PermLayout>(srcDst, srcDst, srcDst, length());
   }
   // srcDst becomes the product of two spectra.
   void multiply(const E* src, E* srcDst) const {

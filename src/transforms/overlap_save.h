@@ -1,5 +1,6 @@
 // Filters by transforms. A transform of N samples gives N - n + 1 outputs of a filter with n taps;
-// the n - 1 samples before each stretch of input, its history, are transformed with it.
+// the n - 1 samples before each stretch of input, its history, are transformed with it. Where all
+// samples and n - 1 zeros fit into one transform, no history is needed.
 #pragma once
 
 #include <algorithm>
@@ -13,30 +14,31 @@ namespace mox::transforms {
 template <class E>
 class OverlapSave {
  public:
-  constexpr void place(Arena& arena, long tapsLen, int order) {
-    history_ = tapsLen - 1;
+  // `history` is one less than the taps, or 0 for a single transform.
+  constexpr void place(Arena& arena, long history, int order) {
+    history_ = history;
     size_ = 1L << order;
     order_ = order;
     taps_ = arena.place<E>(std::size_t(size_), fftAlignment);
-    work_ = arena.place<E>(workElements(order), fftAlignment);
+    work_ = arena.place<E>(InnerFft<E>::roomElements(order), fftAlignment);
     fft_.place(arena, order);
   }
   // Builds the transform.
-  void fill() { fft_.fill(order_, reinterpret_cast<Mox8u*>(work_)); }
+  void fill() { fft_.fill(order_, work_); }
 
-  // The spectrum of taps in either order of time; the first of them goes with the newest sample.
-  template <class Taps>
-  void setTaps(Taps first) {
-    std::copy_n(first, history_ + 1, taps_);
-    std::fill(taps_ + history_ + 1, taps_ + size_, E{});
+  // The spectrum of the taps; tap(0) goes with the newest sample.
+  template <class Tap>
+  void setTaps(long tapsLen, Tap tap) {
+    for (long i = 0; i < tapsLen; ++i) taps_[i] = tap(i);
+    std::fill(taps_ + tapsLen, taps_ + size_, E{});
     fft_.forward(taps_, taps_);
   }
 
   // Outputs of one transform.
   long outputs() const { return size_ - history_; }
 
-  // The samples before the first one of run(), the oldest first.
-  void setHistory(const E* samples) { std::copy_n(samples, history_, work_); }
+  // To be filled with the samples before the first one of run(), the oldest first.
+  E* history() { return work_; }
 
   // Filters `len` samples behind the history. take(i, count, to) writes samples from i on to an
   // array; give(results, i, count) is handed results. wholeAt(i) is where samples from i on lie as
@@ -62,11 +64,6 @@ class OverlapSave {
   }
 
  private:
-  // The building of a transform takes scratch here.
-  static constexpr std::size_t workElements(int order) {
-    return std::max(std::size_t(1) << order, InnerFft<E>::scratchBytes(order) / sizeof(E) + 1);
-  }
-
   // work_ = samples filtered circularly.
   void filter(const E* samples) {
     fft_.forward(samples, work_);

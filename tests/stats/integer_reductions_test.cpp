@@ -267,12 +267,10 @@ TEST(IntegerDotProd, Of32BitsAddsDoublesInFourLanes) {
     narrow.push_back(Mox16s(x[i]));
   }
   const auto check = [&](auto dot, const auto& left, long len) {
-    long i = 0;
-    const auto lane = deal(Lanes<double>(4), i, len, {{4}, {2}, {1}},
-                           [&](long k) { return double(left[k]) * y[k]; });
+    const double sum = reduced<double>({4, Rest::pairs}, len, 0,
+                                       [&](long k) { return double(left[k]) * y[k]; })[0];
     for (const int n : {INT_MIN, -31, 0, 5, 20, 31, 40, 93, INT_MAX})
       for (const int mode : allRoundings) {
-        const double sum = foldHalves(lane, 1)[0];
         const UnderRounding scope(mode);
         Mox32s got;
         ASSERT_EQ(dot(left.data(), y.data(), int(len), &got, n), moxOk);

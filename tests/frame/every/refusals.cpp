@@ -1,5 +1,6 @@
 // Bad arguments: each gives its status, of two the one of lower rank, and nothing is written.
 #include <climits>
+#include <cmath>
 
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
@@ -40,7 +41,15 @@ const Table<Row> refusals = {
      row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
          first),
      // A length of 64 bits without a sign, no pairs, and no element at all.
+     row("Win!(BlackmanOpt*|Kaiser*)", "len", {2, 0, -1, INT_MIN}, moxErrSize, length),
+     row("WinBlackmanOpt*", "len", {3, 0, -1, INT_MIN}, moxErrSize, first),
+     row("WinKaiser_*", "alpha", {1000, -1000}, moxErrKaiserAlpha, number),
+     row("WinKaiserQ15_*", "alphaQ15", {INT_MAX, INT_MIN}, moxErrKaiserAlpha, number),
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
+
+     row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
+     row("Convolve* *CorrNorm*", "algType", {3, 255}, moxErrAlgType, number),
+     row("Convolve* *CorrNorm*", "dataType", {0, 12, 21}, moxErrDataType, last),
 
      row("Copy*_1u", "srcBitOffset dstBitOffset", negative, moxErrSize, length),
      row("PackBits_*", "dstBitOffset", negative, moxErrSize, length),
@@ -65,6 +74,10 @@ const Table<Row> refusals = {
      row("Threshold_LTValGTVal_*", "levelLT", {6}, moxErrThreshOrder, level),
      row("Threshold_*", "relOp", {3, -1}, moxErrBadArg, last),
 
+     row("Goertz_*", "relFreq", {-1e-9, 1, NAN}, moxErrRelFreq, number),
+     row("GoertzQ15_*", "relFreqQ15", {-1, -32768}, moxErrRelFreq, first),
+     row("GoertzTwoQ15_*", "relFreqQ15", {null}, moxErrNullPtr, first),
+
      row("FFTGetSize_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, first),
      row("FFTGetSize_*", "order", {30}, moxErrFftOrder, last),
      row("FFTInit_*", "spec", {null}, moxErrNullPtr, first),
@@ -78,7 +91,7 @@ const Table<Row> refusals = {
 
      row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
-     row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
+     row("FIR!(*Init*|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
      row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
@@ -98,9 +111,17 @@ const Table<Row> refusals = {
      row("FIRLMSMRInitAlloc*", "dlyLineIndex", {-1, INT_MAX}, moxErrSize, level),
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
-     row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     row("IIR!(Sparse*)@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
-     row("IIR!(*Init*|*P|*PSfs)", "state", {cleared}, moxErrContext, last),
+     row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
+     row("FIRSparse*", "nzTapsLen", belowOne, moxErrFirLen, length),
+     row("FIRSparseGetStateSize_*", "order", {INT_MAX}, moxErrSize, last),
+     row("IIRSparse*", "nzTapsLen1 nzTapsLen2", belowOne, moxErrIirOrder, length),
+     row("IIRGen*", "order", {0, -1, 13, INT_MIN, INT_MAX}, moxErrIirGenOrder, length),
+     row("IIRGen*", "rFreq", {0, 0.5, -0.1, NAN}, moxErrIirGenFreq, behindLength),
+     row("IIRGen*", "filterType", {2, -1}, moxErrBadArg, number),
+     row("IIRGen*", "ripple", {0, 60.5, -1, NAN}, moxErrIirGenRipple, level),
+
      row("IIR_32f_*", "numChannels", belowOne, moxErrChannel, number),
      row("IIR64f_32s_*", "numChannels", belowOne, moxErrChannelCount, number)}};
 
@@ -217,6 +238,7 @@ bool takesObject(const Function& f) { return objectParameter(f) >= 0; }
 
 // Objects of all kinds but those that the function takes.
 void checkForeignObjects(const Function& f, Position& at) {
+  if (deviation(f, Deviation::unidentified)) return;
   for (const Kind& kind : allKinds()) {
     if (kind.isTakenBy(f)) continue;
     at.detail = "with an object of " + kind.init->name;

@@ -13,7 +13,7 @@
 namespace every {
 namespace {
 
-auto fixed(long value) {
+auto fixed(auto value) {
   return [value](const Call&) { return value; };
 }
 auto times(long factor, const char* name) {
@@ -42,9 +42,24 @@ auto sizeOfObject(const char* output) {
     throw Unknown(c.function().name + " has no size query");
   };
 }
+long sizeOfDesign(const Call& c) {
+  return query("moxsIIRGenGetBufferSize", c.setting(), "bufferSize");
+}
 long workBufferSize(const Call& c) {
   const std::string init = kindOf(c.function())->init->name;
   return query(std::regex_replace(init, std::regex("Init"), "GetBufSize"), c.setting(), "size");
+}
+
+// What the size query of a convolution or correlation stores for the lengths and the type.
+long corrBufferSize(const Call& c) {
+  const ElementType& element = *c.function().type(0).element;
+  Setting setting = c.setting();
+  setting.numbers["dataType"] = element.bytes == 4       ? moxType32f
+                                : element.bytes == 16    ? moxType64fc
+                                : element.partBytes == 8 ? moxType64f
+                                                         : moxType32fc;
+  const std::string& name = c.function().name;
+  return query(name.substr(0, name.rfind('_')) + "GetBufferSize", setting, "bufferSize");
 }
 
 // Of an IIR filter: whether it is a cascade of sections, and its delay line.
@@ -85,9 +100,25 @@ const Table<NumberRow> numberRows = {
      {{"FIRLMSMR*", "index"}, fixed(0)},
      {{"FIROne* IIROne*", "src srcDst"}, fixed(7)},  // one sample, by value or in place
      {{"IIR*", "order"}, fixed(4), {1, 2}},
+     {{"IIRGen*", "rFreq"}, fixed(0.2)},
+     {{"IIRGen*", "ripple filterType"}, fixed(1)},
+     {{"FIRSparse*", "order"}, fixed(5)},
+     {{"@(FIR|IIR)Sparse*", "nzTapsLen nzTapsLen1 nzTapsLen2"}, fixed(1)},
+     {{"@(FIR|IIR)Sparse*", "nzTapPos"}, fixed(5)},
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
+     {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
+     {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
+     {{"Win*Q15*", "alphaQ15"}, [](const Call& c) { return (20 << 15) / c.length(); }, {0}},
+     {{"Conv* *Corr*", "len1 srcLen"}, length},
+     {{"Conv* *Corr*", "len2"}, [](const Call& c) { return c.length() / 8 + 1; }, {3, 70}},
+     {{"ConvBiased* *Corr*", "dstLen"}, fixed(9), {1, 80}},
+     {{"ConvBiased* CrossCorr*", "bias lowLag"}, fixed(0), {-7, 5, -70}},
+     {{"Convolve* AutoCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgDirect, moxAlgFft}},
+     {{"CrossCorrNorm*", "algType"}, fixed(moxAlgAuto), {moxAlgNormB}},  // without the buffer, too
+     {{"Convolve* *CorrNorm*", "dataType"}, fixed(moxType32f), {moxType64f}},
      {{"PackBits_*", "bitWidths"}, fixed(packWidth)},
      {{"SortRadixIndex*", "srcStrideBytes"}, elementBytes},
      {{"@(StdDev|MeanStdDev)_*", "len"}, [](const Call& c) { return std::max(c.length(), 2); }},
@@ -97,6 +128,8 @@ const Table<NumberRow> numberRows = {
      {{"Threshold_LTInv_*", "level"}, fixed(3), {0}},
      {{"Threshold_LTValGTVal_*", "levelGT"}, fixed(5)},
      {{"DivC* Normalize_*", "val div"}, fixed(3), {1}},
+     {{"Goertz*", "relFreq"}, [](const Call&) { return 0.3; }, {0}},
+     {{"Goertz*", "relFreqQ15"}, fixed(9830), {0}},
 
      {{"*", "len tableLen"}, length},
      {{"*", "channels maskSize"}, fixed(3), {1}},
@@ -158,21 +191,41 @@ const Table<CountRow> countRows = {
      {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
 
+     {{"FIRSparse*", "nzTaps nzTapPos"}, argument("nzTapsLen")},
+     {{"FIRSparse*", "dlyLine"}, fixed(5)},
+     {{"IIRSparse*", "nzTaps nzTapPos"},
+      [](const Call& c) { return c("nzTapsLen1") + c("nzTapsLen2"); }},
+     {{"IIRSparse*", "dlyLine"}, fixed(10)},
+     {{"IIRGen*", "buffer"}, sizeOfDesign},
+
      {{"IIR*", "taps"},
       [](const Call& c) { return isCascade(c) ? 6 * c("numBq") : 2 * c("order") + 2; }},
-     {{"IIR*", "dlyLine"}, iirDelayLine},
+     {{"IIR!(Sparse*)", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
+
+     {{"Conv* *Corr*", "src1"}, argument("len1")},
+     {{"Conv* *Corr*", "src2"}, argument("len2")},
+     {{"*Corr*", "src"}, argument("srcLen")},
+     {{"Conv_* Convolve_*", "dst"}, [](const Call& c) { return c("len1") + c("len2") - 1; }},
+     {{"ConvBiased* *Corr*", "dst"}, argument("dstLen")},
+     {{"Convolve_* *CorrNorm_*", "buffer"}, corrBufferSize},
+     {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
+     {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
 
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
+     {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
+     {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor"}, fixed(1)},
-     {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
-     {{"*", "outVal outIndex counts"}, fixed(1)},
-     {{"*", "table"}, argument("tableLen")},
-     {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
-     {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
+     {{"*", "size specSize initSize workSize bufferSize dstBitLen dlyLineIndex tapsFactor"},
+      {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
+       fixed(1)},
+      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+      {{"*", "outVal outIndex counts"}, fixed(1)},
+      {{"*", "table"}, argument("tableLen")},
+      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
+      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
 
 }  // namespace
 

@@ -1,0 +1,158 @@
+#include "corr/corr_api.h"
+#include "support/exact_model.h"
+
+namespace {
+
+using namespace test;
+
+template <class F>
+constexpr auto conv = moxsConv_32f;
+template <>
+constexpr auto conv<Mox64f> = moxsConv_64f;
+template <class F>
+constexpr auto convolve = moxsConvolve_32f;
+template <>
+constexpr auto convolve<Mox64f> = moxsConvolve_64f;
+
+// The order of the transform of two lengths of which the first is not smaller; -1 for none.
+int orderOf(int longer, int shorter, int algType) {
+  const int outputs = longer + shorter - 1;
+  if (algType == moxAlgDirect) return -1;
+  if (algType == moxAlgAuto && (outputs < 512 || shorter < 64)) return -1;
+  const auto log = [](int n) { return int(std::ceil(std::log2(n))); };
+  if (longer >= 3 * shorter) return std::max(log(2 * shorter), 1) + 1;
+  return std::max(log(outputs), 2);
+}
+
+template <class F>
+class Convolution : public testing::Test {};
+using Floats = testing::Types<Mox32f, Mox64f>;
+TYPED_TEST_SUITE(Convolution, Floats);
+
+TYPED_TEST(Convolution, AgreesWithItsSumAboutEveryChoice) {
+  using F = TypeParam;
+  Random random(1);
+  const int lengths[][2] = {{1, 1},     {2, 1},     {45, 4},    {256, 255}, {256, 256},
+                            {257, 256}, {448, 64},  {449, 64},  {2000, 63}, {2000, 64},
+                            {191, 64},  {192, 64},  {383, 128}, {384, 128}, {1000, 334},
+                            {999, 333}, {300, 300}, {5000, 100}};
+  for (const auto& [longer, shorter] : lengths)
+    for (const bool exchanged : {false, true}) {
+      auto a = random.vector<F>(longer), b = random.vector<F>(shorter);
+      if (exchanged) std::swap(a, b);
+      const int n = int(a.size()), m = int(b.size());
+      const auto sums = convolution(a, b);
+      for (const Mox8u algType : {moxAlgAuto, moxAlgDirect, moxAlgFft}) {
+        SCOPED_TRACE(testing::Message() << n << " by " << m << ", " << int(algType));
+        const int order = orderOf(longer, shorter, algType);
+        const long double scale = order < 0 ? 0 : norm(a) * norm(b);
+        std::vector<F> y(n + m - 1);
+
+        int bytes = 0;
+        ASSERT_EQ(moxsConvolveGetBufferSize(n, m, CorrApi<F>::dataType, algType, &bytes), moxOk);
+        EXPECT_EQ(bytes, order < 0 ? 64 : publishedSize<F>(order, 2));
+        Buffer buffer(bytes, int(random.below(64)));
+        ASSERT_EQ(convolve<F>(a.data(), n, b.data(), m, y.data(), algType, buffer.data()), moxOk);
+        EXPECT_TRUE(buffer.isIntact());
+        expectNear(y, sums, scale);
+        if (algType != moxAlgAuto) continue;
+        std::vector<F> z(n + m - 1);
+        EXPECT_EQ(allocationsOf([&] { return conv<F>(a.data(), n, b.data(), m, z.data()); }),
+                  order < 0 ? 0 : 1);
+        EXPECT_EQ(y, z);
+        if (this->HasFatalFailure()) return;
+      }
+    }
+}
+
+TEST(Convolution, RefusesWhatNoTransformHolds) {
+  int bytes = 7;
+  const int most = 1 << 30;
+  EXPECT_EQ(moxsConvolveGetBufferSize(most, most, moxType64f, moxAlgAuto, &bytes), moxErrFftOrder);
+  EXPECT_EQ(bytes, 0);
+  EXPECT_EQ(moxsConvolveGetBufferSize(most, most, moxType64f, moxAlgDirect, &bytes), moxOk);
+  EXPECT_EQ(moxsConvolveGetBufferSize(8, 8, moxType32fc, moxAlgAuto, &bytes), moxErrDataType);
+  EXPECT_EQ(bytes, 0);
+}
+
+TEST(Convolution, LeavesOutTermsWithoutBothFactors) {
+  std::vector<Mox32f> a(70, 1), b(50, 1), y(119);
+  b.back() = INFINITY;
+  ASSERT_EQ(moxsConv_32f(a.data(), 70, b.data(), 50, y.data()), moxOk);
+  for (int i = 0; i < 119; ++i) EXPECT_EQ(y[i], i < 49 ? i + 1 : INFINITY) << i;
+}
+
+// Sums are small enough to be exact in floats; a transform is wrong by one unit at the most.
+TEST(Convolution, ScalesShorts) {
+  Random random(2);
+  const int lengths[][2] = {{5, 3}, {3, 5}, {4095, 60}, {4097, 63}, {400, 113}};
+  for (const auto& [n, m] : lengths)
+    for (const int factor : {0, 1, 4, 40, -1, -9, INT_MIN}) {
+      auto a = random.vector<Mox16s>(n), b = random.vector<Mox16s>(m), y = a;
+      for (Mox16s& e : a) e >>= 7;
+      for (Mox16s& e : b) e >>= 7;
+      y.resize(n + m - 1);
+      EXPECT_EQ(allocationsOf(
+                    [&] { return moxsConv_16s_Sfs(a.data(), n, b.data(), m, y.data(), factor); }),
+                n == 400 ? 4 : 3);
+      const auto sums = convolution(a, b);
+      for (std::size_t i = 0; i < sums.size(); ++i)
+        ASSERT_NEAR(y[i],
+                    Mox16s(scaledInteger(Int128(sums[i].value.real()), factor, rangeOf<Mox16s>)),
+                    n == 400)
+            << n << " by " << m << ", factor " << factor << ", " << i << "; " << seedNote();
+    }
+}
+
+TEST(ConvBiased, TakesAnyStretch) {
+  Random random(3);
+  const int shapes[][4] = {{4, 45, 41, 4},     {11, 50, 40, 10},    {16, 56, 40, 16},
+                           {31, 70, 40, 30},   {40, 40, 40, 0},     {60, 60, 60, 0},
+                           {160, 160, 160, 0}, {300, 20, 500, 7},   {3, 4, 20, 100},
+                           {20, 300, 9, -15},  {5, 5, 30, INT_MIN}, {5, 5, 30, INT_MAX},
+                           {1, 1, 1, 0},       {600, 700, 800, 200}};
+  for (const auto& [n, m, count, bias] : shapes) {
+    SCOPED_TRACE(testing::Message() << n << ' ' << m << ' ' << count << ' ' << bias);
+    const auto a = random.vector<Mox32f>(n), b = random.vector<Mox32f>(m);
+    std::vector<Mox32f> y(count, 5);
+    ASSERT_EQ(moxsConvBiased_32f(a.data(), n, b.data(), m, y.data(), count, bias), moxOk);
+    expectNear(y, sumsOf(a, b, -1, bias, count), 0);
+  }
+}
+
+TEST(ConvCyclic, WrapsAround) {
+  Random random(4);
+  const auto x = random.vector<Mox32f>(8), h = random.vector<Mox32f>(8);
+  const auto z = random.vector<Mox32fc>(4);
+  Mox32f y[8];
+  Mox32fc w[4];
+  ASSERT_EQ(moxsConvCyclic8x8_32f(x.data(), h.data(), y), moxOk);
+  ASSERT_EQ(moxsConvCyclic4x4_32f32fc(x.data(), z.data(), w), moxOk);
+  const auto near = [](Exact got, Exact exact) { return std::abs(got - exact) < 1e-6; };
+  for (int k = 0; k < 8; ++k) {
+    Exact real = 0, complex = 0;
+    for (int j = 0; j < 8; ++j) real += exactly(x[j]) * exactly(h[(k - j + 8) % 8]);
+    for (int j = 0; j < 4; ++j) complex += exactly(x[j]) * exactly(z[(k - j + 8) % 4]);
+    EXPECT_TRUE(near(y[k], real)) << k;
+    EXPECT_TRUE(k >= 4 || near(exactly(w[k]), complex)) << k;
+  }
+}
+
+TEST(ConvCyclic, SumsShortsModulo32Bits) {
+  Random random(5);
+  for (int turn = 0; turn < 300; ++turn) {
+    auto x = random.vector<Mox16s>(8), h = random.vector<Mox16s>(8);
+    if (turn == 0) x.assign(8, -32768), h = x;
+    const int factor = turn % 3 ? int(random.below(70)) - 35 : 16;
+    Mox16s y[8];
+    ASSERT_EQ(moxsConvCyclic8x8_16s_Sfs(x.data(), h.data(), y, factor), moxOk);
+    for (int k = 0; k < 8; ++k) {
+      Mox32u sum = 0;
+      for (int j = 0; j < 8; ++j) sum += Mox32u(x[j] * h[(k - j + 8) % 8]);
+      ASSERT_EQ(y[k], scaledInteger(Mox32s(sum), std::clamp(factor, -31, 31), rangeOf<Mox16s>))
+          << k << ", factor " << factor << "; " << seedNote();
+    }
+  }
+}
+
+}  // namespace
