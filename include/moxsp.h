@@ -43,6 +43,7 @@
 #include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
+#include <moxsp/median.h>
 #include <moxsp/move.h>
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>

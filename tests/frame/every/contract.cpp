@@ -44,6 +44,8 @@ const Table<Row> deviations = {
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
      {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
       "channels before one that is refused have been filtered"},
+     {whole("FilterMedian_*", Deviation::notElementwise), "an output depends on its neighbours"},
+     {whole("FilterMedian_*", Deviation::ownMemory), "large windows are sorted apart"},
      {whole("IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c)", Deviation::ownMemory),
       "integer taps become floats there"},
      {whole("IIR_?(BiQuad)Direct_16s* FIR?(One)_Direct_16s* FIRMR*_Direct_*", Deviation::ownMemory),

@@ -89,6 +89,7 @@ const Table<NumberRow> numberRows = {
     "numbers",
     {{{"FFT*", "order"}, [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
      {{"FFT*", "flag"}, fixed(8), {1, 2, 4}},
+     {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
      {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
      {{"FIRMR*", "downFactor"}, fixed(2), {5}},
