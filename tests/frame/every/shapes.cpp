@@ -245,8 +245,6 @@ const Table<CountRow> countRows = {
 
      {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
      {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
-      fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
