@@ -1,6 +1,6 @@
 /**
  * @file
- * Signal generators: tones, triangles, random numbers.
+ * Signal generators: tones, triangles, random numbers, test patterns.
  *
  * @code{.c}
  * #include <moxsp.h>
@@ -216,6 +216,53 @@ MOX_API MoxStatus moxsRandGauss_Direct_32f(Mox32f* dst, int len, Mox32f mean, Mo
                                            Mox32u* seed);
 MOX_API MoxStatus moxsRandGauss_Direct_64f(Mox64f* dst, int len, Mox64f mean, Mox64f stdDev,
                                            Mox32u* seed);
+/** @} */
+
+/** @defgroup vectorramp VectorRamp and VectorSlope
+ * @ingroup topic_generators
+ * Straight lines: `dst[i] = offset + slope * i`. Both names give the same.
+ *
+ * @return ::moxErrNullPtr for a null `dst`, then ::moxErrSize for `len` below 1.
+ * @note To the bit: the product and the sum are rounded to double precision, and the result to its
+ * type. Integers are rounded to nearest with ties away from zero, and saturated.
+ * @{ */
+MOX_API MoxStatus moxsVectorRamp_8s(Mox8s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_8s(Mox8s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_8u(Mox8u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_8u(Mox8u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_16s(Mox16s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_16s(Mox16s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_16u(Mox16u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_16u(Mox16u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_32s(Mox32s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_32s(Mox32s* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_32u(Mox32u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_32u(Mox32u* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_32f(Mox32f* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorSlope_32f(Mox32f* dst, int len, Mox32f offset, Mox32f slope);
+MOX_API MoxStatus moxsVectorRamp_64f(Mox64f* dst, int len, Mox64f offset, Mox64f slope);
+MOX_API MoxStatus moxsVectorSlope_64f(Mox64f* dst, int len, Mox64f offset, Mox64f slope);
+/** @} */
+
+/** @defgroup vectorjaehne VectorJaehne
+ * @ingroup topic_generators
+ * A sine whose frequency grows evenly from 0 to a half: `dst[n] = magn * sin(n h n)` with
+ * h = pi / (2 len). Unsigned forms hold 0.5 `magn` sin(n h n) as signed integers, and raise all
+ * elements by the lowest of them, which so becomes 0.
+ *
+ * @return ::moxErrNullPtr for a null `dst`, ::moxErrSize for `len` below 1, ::moxErrJaehneMagn for
+ * a negative `magn`.
+ * @note The angle n h n is rounded to double precision, twice; the sine is within an ulp of that.
+ * Integers are rounded to nearest, ties away from zero.
+ * @{ */
+MOX_API MoxStatus moxsVectorJaehne_8s(Mox8s* dst, int len, Mox8s magn);
+MOX_API MoxStatus moxsVectorJaehne_8u(Mox8u* dst, int len, Mox8u magn);
+MOX_API MoxStatus moxsVectorJaehne_16s(Mox16s* dst, int len, Mox16s magn);
+MOX_API MoxStatus moxsVectorJaehne_16u(Mox16u* dst, int len, Mox16u magn);
+MOX_API MoxStatus moxsVectorJaehne_32s(Mox32s* dst, int len, Mox32s magn);
+MOX_API MoxStatus moxsVectorJaehne_32u(Mox32u* dst, int len, Mox32u magn);
+MOX_API MoxStatus moxsVectorJaehne_32f(Mox32f* dst, int len, Mox32f magn);
+MOX_API MoxStatus moxsVectorJaehne_64f(Mox64f* dst, int len, Mox64f magn);
 /** @} */
 
 #endif

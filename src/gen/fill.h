@@ -73,6 +73,23 @@ template <class D, class F>
                      [](void* p, auto v) { store(p, v); });
 }
 
+// The blocks of a ramp, one after the other.
+class RampBlocks {
+ public:
+  explicit RampBlocks(Ramp<Mox64f> ramp) : ramp_(ramp) {}
+
+  [[gnu::always_inline]] Block<Mox64f> next() {
+    const auto block = blockOf<Mox64f>(
+        [this](int j) { return lanesFrom<V<Mox64f>>(ramp_, i_ + j * lanesOf<Mox64f>); });
+    i_ += blockLen;
+    return block;
+  }
+
+ private:
+  Ramp<Mox64f> ramp_;
+  long i_ = 0;
+};
+
 // dst[0], dst[1] and so on are what make(count) gives block by block; of the last one only `count`
 // numbers are wanted.
 template <class D, class Make>

@@ -3,7 +3,7 @@
 // two.
 #include <moxsp/generators.h>
 
-#include <algorithm>
+#include <cstring>
 
 #include "arith/ln.h"
 #include "frame/export.h"
@@ -32,7 +32,9 @@ namespace mox::gen {
 namespace {
 
 template <class T>
-constexpr Mox32s gaussId = sizeof(T) == 1 ? 38 : sizeof(T) == 2 ? 39 : 40;
+constexpr Mox32s gaussId = sizeof(T) == 1   ? 38
+                           : sizeof(T) == 2 ? 39
+                                            : 40;
 
 using Wide = V<Mox64f>;
 
@@ -59,58 +61,90 @@ class GaussNumbers {
   GaussNumbers(const GaussSource& source, long len) : source_(source), toDraw_(len) {
     if (!source_.isWaiting) return;
     source_.isWaiting = 0;
-    pool_[held_++] = source_.waiting;
+    pool_[end_++] = source_.waiting;
     --toDraw_;
   }
 
   // The next block, or the last `count`.
   Block<Mox64f> next(int count) {
-    while (held_ < count) toDraw_ >= 2 * pointsAtOnce ? drawPoints() : drawPoint();
-    const auto b = blockOf<Mox64f>([&](int j) { return load<Wide>(pool_ + j * lanesOf<Mox64f>); });
-    held_ -= count;
-    for (int i = 0; i < blockLen; ++i) pool_[i] = pool_[blockLen + i];
-    return b;
+    if (end_ - begin_ < count) refill();
+    const Mox64f* from = pool_ + begin_;
+    begin_ += count;
+    return blockOf<Mox64f>([&](int j) { return load<Wide>(from + j * lanesOf<Mox64f>); });
   }
 
   const GaussSource& source() const { return source_; }
 
  private:
-  static constexpr int pointsAtOnce = blockLen / 2;
+  static constexpr int poolLen = 32 * blockLen;
 
-  void drawPoints() {
+  struct Draws {
     I<Mox32s> u[4];
-    source_.sequence.nextBlock(u);
+  };
+
+  [[gnu::noinline]] void refill() {
+    std::memmove(pool_, pool_ + begin_, sizeof(Mox64f) * blockLen);
+    end_ -= begin_, begin_ = 0;
+    RandomSequence sequence = source_.sequence;
+    const auto wantsBlock = [this] { return end_ < poolLen && toDraw_ >= blockLen; };
+    if (wantsBlock()) {
+      // A block is drawn while the one before becomes numbers: the first waits for its own results,
+      // the second for its arithmetic.
+      RandomSequence ahead = sequence;
+      Draws draws = drawn(ahead);
+      do {
+        sequence = ahead;
+        const Draws next = drawn(ahead);
+        keepPoints(draws);
+        draws = next;
+      } while (wantsBlock());
+    }
+    while (end_ < blockLen && toDraw_ > 0) drawPoint(sequence);
+    source_.sequence = sequence;
+  }
+
+  [[gnu::always_inline]] static Draws drawn(RandomSequence& sequence) {
+    Draws d;
+    sequence.nextBlock(d.u);
+    return d;
+  }
+
+  [[gnu::always_inline]] void keepPoints(const Draws& draws) {
+    const int before = end_;
     for (int j = 0; j < 4; j += 2) {
-      const auto [first, second] = deinterleaved(u[j], u[j + 1]);
+      const auto [first, second] = deinterleaved(draws.u[j], draws.u[j + 1]);
       const Points z = Points::from(first, second);
       const Wide s = z.squaredRadius(), factor = stretch(s);
-      const Wide one = source_.stdDev * z.q * factor, other = source_.stdDev * z.p * factor;
-      for (int i = 0; i < lanesOf<Mox64f>; ++i) {
-        pool_[held_] = one[i], pool_[held_ + 1] = other[i];
-        const int counts = 2 * (s[i] < 1 && s[i] > 0);
-        held_ += counts, toDraw_ -= counts;
-      }
+      const Pair<Wide> pair = {source_.stdDev * z.q * factor, source_.stdDev * z.p * factor};
+      const int inCircle = signBits((s < 1) & (s > 0));
+      const auto even = halves(interleavedLow(pair)), odd = halves(interleavedHigh(pair));
+      const auto keep = [&](int point, auto numbers) {
+        store(pool_ + end_, numbers);
+        end_ += inCircle >> point << 1 & 2;
+      };
+      keep(0, even.low), keep(1, odd.low), keep(2, even.high), keep(3, odd.high);
     }
+    toDraw_ -= end_ - before;
   }
 
   // Of the last pair the second number may have to wait.
-  void drawPoint() {
+  void drawPoint(RandomSequence& sequence) {
     const auto lanes = [](Mox32s e) { return broadcast<I<Mox32s>>(e); };
-    const Mox32s first = source_.sequence.next(), second = source_.sequence.next();
+    const Mox32s first = sequence.next(), second = sequence.next();
     const Points z = Points::from(lanes(first), lanes(second));
     const Wide s = z.squaredRadius(), factor = stretch(s);
     if (!(s[0] < 1 && s[0] > 0)) return;
-    pool_[held_++] = (source_.stdDev * z.q * factor)[0];
+    pool_[end_++] = (source_.stdDev * z.q * factor)[0];
     source_.waiting = (source_.stdDev * z.p * factor)[0];
     source_.isWaiting = toDraw_ == 1;
-    if (!source_.isWaiting) pool_[held_++] = source_.waiting;
-    toDraw_ = std::max(toDraw_ - 2, 0L);
+    if (!source_.isWaiting) pool_[end_++] = source_.waiting;
+    toDraw_ -= 2 - source_.isWaiting;
   }
 
   GaussSource source_;
   long toDraw_;
-  int held_ = 0;
-  Mox64f pool_[2 * blockLen + 2] = {};
+  int begin_ = 0, end_ = 0;
+  Mox64f pool_[poolLen + 2 * blockLen];
 };
 
 // Singles have the mean added in single precision.

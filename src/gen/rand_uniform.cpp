@@ -33,7 +33,9 @@ namespace mox::gen {
 namespace {
 
 template <class T>
-constexpr Mox32s uniformId = sizeof(T) == 1 ? 35 : sizeof(T) == 2 ? 36 : 37;
+constexpr Mox32s uniformId = sizeof(T) == 1   ? 35
+                             : sizeof(T) == 2 ? 36
+                                              : 37;
 
 // `sequence` is copied, so that it stays in registers.
 template <class T>

@@ -27,7 +27,8 @@ constexpr Ahead ahead = [] {
 class RandomSequence {
  public:
   RandomSequence() = default;
-  explicit RandomSequence(Mox32u seed) : a_(seed), b_(detail::congruential(a_)), c_(detail::congruential(b_)) {}
+  explicit RandomSequence(Mox32u seed)
+      : a_(seed), b_(detail::congruential(a_)), c_(detail::congruential(b_)) {}
 
   Mox32u newest() const { return a_; }
 
@@ -42,8 +43,8 @@ class RandomSequence {
     Mox32u n[blockLen];
     for (Mox32u& e : n) e = difference();
     for (int j = 0; j < 4; ++j) {
-      const auto lcg =
-          load<I<Mox32u>>(&detail::ahead.factor[4 * j]) * lcg_ + load<I<Mox32u>>(&detail::ahead.sum[4 * j]);
+      const auto lcg = load<I<Mox32u>>(&detail::ahead.factor[4 * j]) * lcg_ +
+                       load<I<Mox32u>>(&detail::ahead.sum[4 * j]);
       u[j] = I<Mox32s>(I<Mox32u>{n[4 * j], n[4 * j + 1], n[4 * j + 2], n[4 * j + 3]} + lcg);
     }
     lcg_ = lcg_ * detail::ahead.factor[blockLen - 1] + detail::ahead.sum[blockLen - 1];

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "frame/checks.h"
-#include "frame/map.h"
 #include "gen/angle.h"
 #include "gen/fill.h"
 
@@ -50,14 +49,8 @@ template <class E, class At>
 void fillByAngle(E* dst, long len, long n, const Wave& wave, At at) {
   constexpr long stretch = 1024;
   for (long i = 0; i < len; i += stretch) {
-    const Ramp<Mox64f> angles = {angleAt(n + i, wave.step(), wave.phase), wave.step()};
-    long k = 0;
-    fillRounded(dst + i, std::min(stretch, len - i), [&] {
-      const auto block = blockOf<Mox64f>(
-          [&](int j) { return lanesFrom<V<Mox64f>>(angles, k + j * lanesOf<Mox64f>); });
-      k += blockLen;
-      return at(block);
-    });
+    RampBlocks angles({angleAt(n + i, wave.step(), wave.phase), wave.step()});
+    fillRounded(dst + i, std::min(stretch, len - i), [&] { return at(angles.next()); });
   }
 }
 

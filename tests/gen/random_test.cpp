@@ -85,8 +85,8 @@ const std::uint32_t seeds[] = {0, 1, 12345, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF, 
 const int callLengths[] = {1, 2, 15, 16, 17, 33, 3, 7, 500, 1, 1, 32, 31};
 
 template <class M, class State, class T>
-void expectStream(MoxStatus (*initAlloc)(State**, T, T, Mox32u),
-                  MoxStatus (*run)(T*, int, State*), MoxStatus (*free)(State*), T x, T y) {
+void expectStream(MoxStatus (*initAlloc)(State**, T, T, Mox32u), MoxStatus (*run)(T*, int, State*),
+                  MoxStatus (*free)(State*), T x, T y) {
   for (const std::uint32_t seed : seeds) {
     M model(x, y, seed);
     State* state;
@@ -125,8 +125,8 @@ TEST(RandUniform, FollowsItsRule) {
 }
 
 TEST(RandGauss, FollowsItsRule) {
-  expectStream<GaussModel<Mox8u>>(moxsRandGaussInitAlloc_8u, moxsRandGauss_8u,
-                                  moxsRandGaussFree_8u, Mox8u(100), Mox8u(90));
+  expectStream<GaussModel<Mox8u>>(moxsRandGaussInitAlloc_8u, moxsRandGauss_8u, moxsRandGaussFree_8u,
+                                  Mox8u(100), Mox8u(90));
   expectStream<GaussModel<Mox16s>>(moxsRandGaussInitAlloc_16s, moxsRandGauss_16s,
                                    moxsRandGaussFree_16s, Mox16s(-3), Mox16s(20000));
   expectStream<GaussModel<Mox32f>>(moxsRandGaussInitAlloc_32f, moxsRandGauss_32f,

@@ -131,6 +131,8 @@ const Table<Row> refusals = {
      row("ToneQ15_* TriangleQ15_* ToneFree TriangleFree Rand!(*Init*)", "state", {cleared},
          moxErrContext, last),
 
+     row("VectorJaehne_*[sf]", "magn", {-1}, moxErrJaehneMagn, number),
+
      row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
      row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
