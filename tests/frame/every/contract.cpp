@@ -37,6 +37,7 @@ const Table<Row> deviations = {
       "the length decides what an element is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
+     {whole("WT*InitAlloc*", Deviation::clearsObject), "so that nobody takes it for a bank"},
      {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
       "channels before one that is refused have been filtered"},
      {whole("IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c)", Deviation::ownMemory),

@@ -101,6 +101,15 @@ const Table<Row> refusals = {
      row("FIRLMSMRInitAlloc*", "dlyLineIndex", {-1, INT_MAX}, moxErrSize, level),
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
+     row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
+     row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {cleared}, moxErrContext, object),
+     row("WTInv_*", "dst", {null}, moxErrNullPtr, behindLength),
+     row("WT*InitAlloc*", "lenLow", belowOne, moxErrSize, length),
+     row("WT*InitAlloc*", "tapsHigh", {null}, moxErrNullPtr, behindLength),
+     row("WT*InitAlloc*", "lenHigh", belowOne, moxErrSize, number),
+     row("WT*InitAlloc*", "offsLow offsHigh", {-2, INT_MIN}, moxErrWtOffset, level),
+     row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
+
      row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
      row("IIR!(*Init*|*P|*PSfs)", "state", {cleared}, moxErrContext, last),

@@ -95,6 +95,11 @@ const Table<NumberRow> numberRows = {
      {{"FIRLMSMR*", "updateDly"}, fixed(0), {3}},
      {{"FIRLMSMR*", "index"}, fixed(0)},
      {{"FIROne* IIROne*", "src srcDst"}, fixed(7)},  // one sample, by value or in place
+     {{"WTFwd_* WTInv_*", "dstLen srcLen"}, length},
+     {{"WT*InitAlloc*", "lenLow"}, fixed(8), {1, 2, 33}},
+     {{"WT*InitAlloc*", "lenHigh"}, fixed(5)},
+     {{"WT*InitAlloc*", "offsLow"}, fixed(-1), {0, 12}},
+     {{"WT*InitAlloc*", "offsHigh"}, fixed(0), {-1}},
      {{"IIR*", "order"}, fixed(4), {1, 2}},
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
@@ -190,6 +195,16 @@ const Table<CountRow> countRows = {
      {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
      {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
 
+     {{"WTFwd_*", "src"}, times(2, "dstLen")},
+     {{"WTFwd_*", "dstLow dstHigh"}, argument("dstLen")},
+     {{"WTInv_*", "srcLow srcHigh"}, argument("srcLen")},
+     {{"WTInv_*", "dst"}, times(2, "srcLen")},
+     {{"WT*InitAlloc*", "tapsLow"}, argument("lenLow")},
+     {{"WT*InitAlloc*", "tapsHigh"}, argument("lenHigh")},
+     {{"WT*", "dlyLow"},
+      [](const Call& c) { return std::max(c("lenLow") - 1 + c("offsLow"), 0L); }},
+     {{"WT*", "dlyHigh"},
+      [](const Call& c) { return std::max(c("lenHigh") - 1 + c("offsHigh"), 0L); }},
      {{"WTHaarFwd_*", "dstLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
      {{"WTHaarInv_*", "srcLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
      {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
