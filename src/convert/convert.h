@@ -10,8 +10,8 @@
 
 namespace mox::convert {
 
-// Each value as D: exact where D holds it, else rounded in the current mode. For 16s32f, 16s64f,
-// 32s32f, 32s64f, 32f64f and 64f32f.
+// Each value as D: exact where D holds it, else rounded in the current mode. For 8s32f, 8u32f,
+// 16s32f, 16u32f, 16s64f, 32s32f, 32s64f, 32f64f and 64f32f.
 template <class S, class D>
 void convertValues(const S* src, D* dst, long len);
 
@@ -21,7 +21,7 @@ template <class S, class D>
 void convertScaledValues(const S* src, D* dst, long len, int scaleFactor);
 
 // Each float times 2^-scaleFactor as the integer T, rounded under `roundMode` and saturated. For
-// 32f16s, 32f32s, 64f16s and 64f32s.
+// 32f8s, 32f8u, 32f16s, 32f16u, 32f32s, 64f16s and 64f32s.
 template <class F, class T>
 void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFactor,
                       Exceptions exceptions = Exceptions::raised);

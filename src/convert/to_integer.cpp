@@ -114,7 +114,10 @@ void convertToInteger(const F* src, T* dst, long len, int roundMode, int scaleFa
   });
 }
 
+template void convertToInteger(const Mox32f*, Mox8s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox32f*, Mox8u*, long, int, int, Exceptions);
 template void convertToInteger(const Mox32f*, Mox16s*, long, int, int, Exceptions);
+template void convertToInteger(const Mox32f*, Mox16u*, long, int, int, Exceptions);
 template void convertToInteger(const Mox32f*, Packed24s*, long, int, int, Exceptions);
 template void convertToInteger(const Mox32f*, Mox32s*, long, int, int, Exceptions);
 template void convertToInteger(const Mox64f*, Mox16s*, long, int, int, Exceptions);

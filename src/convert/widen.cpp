@@ -88,7 +88,10 @@ void convertScaledValues(const S* src, D* dst, long len, int scaleFactor) {
 
 template void convertScaledValues(const Mox16s*, Mox32f*, long, int);
 template void convertScaledValues(const Mox32s*, Mox32f*, long, int);
+template void convertValues(const Mox8s*, Mox32f*, long);
+template void convertValues(const Mox8u*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox32f*, long);
+template void convertValues(const Mox16u*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox64f*, long);
 template void convertValues(const Mox32s*, Mox32f*, long);
 template void convertValues(const Mox32s*, Mox64f*, long);

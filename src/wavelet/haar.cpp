@@ -4,31 +4,12 @@
 
 #include <climits>
 
-#include "frame/complex_views.h"
 #include "frame/export.h"
 #include "frame/map_scaled.h"
+#include "wavelet/pairs.h"
 
 namespace mox::wavelet {
 namespace {
-
-// An array of pairs, which drivers align and step through as a destination.
-template <class E>
-struct PairOf {
-  E first, second;
-};
-template <class E>
-PairOf<E>* pairsOf(E* dst) {
-  return reinterpret_cast<PairOf<E>*>(dst);
-}
-
-// Vectors of `lanes` pairs and single ones: vector(i, put) and one(i) make those from i on.
-template <long lanes, int alignment, class D, class One, class Vector>
-[[gnu::always_inline]] inline void forPairs(D* dst, long pairs, One one, Vector vector) {
-  forBlocks<2 * lanes, alignment, lanes>(
-      false, dst, pairs, one,
-      [&](long i, auto put) __attribute__((always_inline)) { vector(i, put), vector(i + lanes, put); },
-      vector);
-}
 
 template <class E>
 MoxStatus forwardFloats(const E* src, int len, E* low, E* high) {
@@ -40,7 +21,9 @@ MoxStatus forwardFloats(const E* src, int len, E* low, E* high) {
   };
   forPairs<lanesOf<E>, vectorBytes>(
       low, len / 2,
-      [=](long i) { put(i, Pair<E>{load<E>(src + 2 * i), load<E>(src + 2 * i + 1)}); },
+      [=](long i) {
+        put(i, Pair<E>{load<E>(src + 2 * i), load<E>(src + 2 * i + 1)});
+      },
       [=](long i, auto) { put(i, loadDeinterleaved<V<E>>(src + 2 * i)); });
   if (len % 2) store(low + len / 2, load<E>(src + len - 1));
   return moxOk;
@@ -117,15 +100,15 @@ void forwardIntegers(const E* src, int len, E* low, E* high, int exponent, Adjus
     else
       forPairs<laneCount<I<E>>, integerBytes>(
           low, len / 2, one, [&, scaled = laneRule<E>(rule)](long i, auto) {
-          Lanes<E> sums[registers<E>], differences[registers<E>];
-          for (int j = 0; j < registers<E>; ++j) {
-            const auto x = adjusted(loadPairs(src + 2 * (i + j * laneCount<Lanes<E>>)));
-            sums[j] = scaled(x.re + x.im);
-            differences[j] = scaled(x.im - x.re);
-          }
-          store(low + i, saturated<E>(sums));
-          store(high + i, saturated<E>(differences));
-        });
+            Lanes<E> sums[registers<E>], differences[registers<E>];
+            for (int j = 0; j < registers<E>; ++j) {
+              const auto x = adjusted(loadPairs(src + 2 * (i + j * laneCount<Lanes<E>>)));
+              sums[j] = scaled(x.re + x.im);
+              differences[j] = scaled(x.im - x.re);
+            }
+            store(low + i, saturated<E>(sums));
+            store(high + i, saturated<E>(differences));
+          });
     if (len % 2) store(low + len / 2, saturate<E>(rule(2 * R(load<E>(src + len - 1)))));
   });
 }
@@ -145,15 +128,15 @@ void inverseIntegers(const E* low, const E* high, E* dst, int len, int exponent)
     else
       forPairs<laneCount<I<E>>, integerBytes>(
           pairsOf(dst), len / 2, one, [&, scaled = laneRule<E>(rule)](long i, auto put) {
-          Lanes<E> first[registers<E>], second[registers<E>];
-          for (int j = 0; j < registers<E>; ++j) {
-            const auto l = loadWidened<Lanes<E>>(low + i + j * laneCount<Lanes<E>>),
-                       h = loadWidened<Lanes<E>>(high + i + j * laneCount<Lanes<E>>);
-            first[j] = scaled(l - h);
-            second[j] = scaled(l + h);
-          }
-          storeInterleaved(dst + 2 * i, Pair{saturated<E>(first), saturated<E>(second)}, put);
-        });
+            Lanes<E> first[registers<E>], second[registers<E>];
+            for (int j = 0; j < registers<E>; ++j) {
+              const auto l = loadWidened<Lanes<E>>(low + i + j * laneCount<Lanes<E>>),
+                         h = loadWidened<Lanes<E>>(high + i + j * laneCount<Lanes<E>>);
+              first[j] = scaled(l - h);
+              second[j] = scaled(l + h);
+            }
+            storeInterleaved(dst + 2 * i, Pair{saturated<E>(first), saturated<E>(second)}, put);
+          });
     if (len % 2) store(dst + len - 1, saturate<E>(rule(R(load<E>(low + len / 2)))));
   });
 }

@@ -289,7 +289,8 @@ void Call::requireUntouched() const {
   for (const auto& a : arrays_)
     if (!scratch(function_, function_.parameters[a->parameter]))
       compare(*a, "in a call that failed");
-  if (objectOut_ != initialObject_)
+  const bool isCleared = !objectOut_ && deviation(function_, Deviation::clearsObject);
+  if (objectOut_ != initialObject_ && !isCleared)
     throw Misbehaved("stores an object pointer in a call that failed");
   for (const auto& maker : makers_)
     for (const auto& a : maker->arrays_) maker->compare(*a, "of the object in a call that failed");

@@ -43,6 +43,7 @@ const Table<Row> deviations = {
       "the length decides what a weight or an angle is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
+     {whole("WT*InitAlloc*", Deviation::clearsObject), "so that nobody takes it for a bank"},
      {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
       "channels before one that is refused have been filtered"},
      {whole("FilterMedian_*", Deviation::notElementwise), "an output depends on its neighbours"},

@@ -37,6 +37,8 @@ const Row rows[] = {
      "FIRLMSMR(Free|[GS]etTaps|GetTapsPointer|[GS]etDlyLine|GetDlyVal|SetMu|PutVal|One|OneVal|"
      "UpdateTaps)$1"},
 
+    {"WT(Fwd|Inv)InitAlloc(.*)", "WT$1(Free|[GS]etDlyLine)?$2"},
+
     {"IIRInit([0-9a-z]*)_BiQuad_([0-9]+[a-z]+?)(32fc?)?",
      "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?(_I?P)?"},
     {"IIRInit([0-9a-z]*)_([0-9]+[a-z]+?)(32fc?)?",

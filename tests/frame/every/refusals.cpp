@@ -132,6 +132,14 @@ const Table<Row> refusals = {
          moxErrContext, last),
 
      row("VectorJaehne_*[sf]", "magn", {-1}, moxErrJaehneMagn, number),
+     row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
+     row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {cleared}, moxErrContext, object),
+     row("WTInv_*", "dst", {null}, moxErrNullPtr, behindLength),
+     row("WT*InitAlloc*", "lenLow", belowOne, moxErrSize, length),
+     row("WT*InitAlloc*", "tapsHigh", {null}, moxErrNullPtr, behindLength),
+     row("WT*InitAlloc*", "lenHigh", belowOne, moxErrSize, number),
+     row("WT*InitAlloc*", "offsLow offsHigh", {-2, INT_MIN}, moxErrWtOffset, level),
+     row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
 
      row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
