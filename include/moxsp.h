@@ -29,6 +29,7 @@
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>
+#include <moxsp/dct.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>

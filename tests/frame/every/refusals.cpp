@@ -80,6 +80,11 @@ const Table<Row> refusals = {
      row("FFT@(Fwd|Inv)_*", "spec", {cleared}, moxErrContext, object),
      row("FFT@(GetBufSize|Free)_*", "spec", {cleared}, moxErrContext, behindLength),
 
+     row("DCT*GetSize_* DCT*Init_*", "len", belowOne, moxErrSize, first),
+     row("DCT*GetSize_* DCT*Init*", "len", {INT_MAX, 0x10000000}, moxErrSize, last),
+     row("DCT*InitAlloc_*", "len", belowOne, moxErrSize, length),
+     row("DCT!(*Init*)", "spec", {cleared}, moxErrContext, behindLength),
+
      row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
      row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
