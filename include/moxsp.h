@@ -36,6 +36,7 @@
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
 #include <moxsp/goertzel.h>
+#include <moxsp/hilbert.h>
 #include <moxsp/iir.h>
 #include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>

@@ -39,6 +39,7 @@ const Table<Row> deviations = {
       "integer taps become floats there"},
      {whole("IIR_?(BiQuad)Direct_16s* FIR?(One)_Direct_16s* FIRMR*_Direct_*", Deviation::ownMemory),
       "a state is made for the call"},
+     {whole("Hilbert_*", Deviation::ownMemory), "the transforms have no buffer of the caller's"},
      {whole("IIR*", Deviation::notElementwise), "the length decides where stretches begin"},
      {whole("FIRMR*_Direct_* FIRLMS*", Deviation::notOntoSource),
       "an output depends on inputs at other places"},

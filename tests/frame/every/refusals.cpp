@@ -83,7 +83,7 @@ const Table<Row> refusals = {
      row("DCT*GetSize_* DCT*Init_*", "len", belowOne, moxErrSize, first),
      row("DCT*GetSize_* DCT*Init*", "len", {INT_MAX, 0x10000000}, moxErrSize, last),
      row("DCT*InitAlloc_*", "len", belowOne, moxErrSize, length),
-     row("DCT!(*Init*)", "spec", {cleared}, moxErrContext, behindLength),
+     row("DCT!(*Init*) Hilbert!(Init*)", "spec", {cleared}, moxErrContext, behindLength),
 
      row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),

@@ -140,7 +140,7 @@ const Table<CountRow> countRows = {
      {{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
      {{"FFTInit_* DCT*Init_*", "specMem"}, sizeOfObject("specSize")},
      {{"FFTInit_* DCT*Init_*", "initBuf"}, sizeOfObject("initSize")},
-     {{"DCT@(Fwd|Inv)_*", "src dst srcDst"}, length},
+     {{"DCT@(Fwd|Inv)_* Hilbert_*", "src dst srcDst"}, length},
      {{"ConjCcs_*", "src"}, [](const Call& c) { return c("len") / 2 * 2 + 2; }},
 
      {{"FIR*Init* IIR*Init*", "buffer"}, sizeOfObject("size")},
