@@ -30,6 +30,7 @@
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>
 #include <moxsp/corr.h>
+#include <moxsp/dct.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
@@ -38,6 +39,7 @@
 #include <moxsp/fir_sr.h>
 #include <moxsp/goertzel.h>
 #include <moxsp/generators.h>
+#include <moxsp/hilbert.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
 #include <moxsp/integer_fft.h>

@@ -9,8 +9,13 @@
 namespace {
 
 struct Data {
-  explicit Data(int order) : words(1L << order), wordsOut(1L << order), floats(1L << order),
-                             floatsOut(1L << order), buffer(1024 + (16L << order)), peerBuffer(1024 + (16L << order)) {
+  explicit Data(int order)
+      : words(1L << order),
+        wordsOut(1L << order),
+        floats(1L << order),
+        floatsOut(1L << order),
+        buffer(1024 + (16L << order)),
+        peerBuffer(1024 + (16L << order)) {
     moxsFFTInitAlloc_C_16sc(&ours, order, 1, 0);
     moxsFFTInitAlloc_C_32fc(&peer, order, 1, 0);
     for (long i = 0; i < 1L << order; ++i) {
@@ -35,16 +40,15 @@ const bool registered = [] {
   for (int order = 8; order <= 14; ++order) {
     const auto d = std::make_shared<Data>(order);
     const double n = std::ldexp(1, order);
-    bench::add("fft_fwd_c_to_c_16sc", long(n), {.floatOps = 5 * n * order}, d,
-               {{"moxsp",
-                 [&d = *d] {
-                   moxsFFTFwd_CToC_16sc_Sfs(d.words.data(), d.wordsOut.data(), d.ours, 0,
-                                            d.buffer.data());
-                 }},
-                {"32fc", [&d = *d] {
-                   moxsFFTFwd_CToC_32fc(d.floats.data(), d.floatsOut.data(), d.peer,
-                                        d.peerBuffer.data());
-                 }}});
+    bench::add(
+        "fft_fwd_c_to_c_16sc", long(n), {.floatOps = 5 * n * order}, d,
+        {{"moxsp",
+          [&d = *d] {
+            moxsFFTFwd_CToC_16sc_Sfs(d.words.data(), d.wordsOut.data(), d.ours, 0, d.buffer.data());
+          }},
+         {"32fc", [&d = *d] {
+            moxsFFTFwd_CToC_32fc(d.floats.data(), d.floatsOut.data(), d.peer, d.peerBuffer.data());
+          }}});
   }
   return true;
 }();

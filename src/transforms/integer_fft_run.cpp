@@ -47,15 +47,15 @@ Split<const F> constant(Split<F> a) {
 template <Direction d, class Kind, class View>
 MoxStatus run(typename View::Const src, View dst, const MoxsFFTSpec* object, int scaleFactor,
               Mox8u* buffer) {
-  return checked<Kind>(src, dst, object, buffer, [=](const auto& spec, long n, auto* area, auto* work) {
-    integerRun(src, n, dst, n, scaleFactor, area,
-               [&](auto data) { ownFftRun<d>(spec, constant(data), data, spec.order, work); });
-  });
+  return checked<Kind>(
+      src, dst, object, buffer, [=](const auto& spec, long n, auto* area, auto* work) {
+        integerRun(src, n, dst, n, scaleFactor, area,
+                   [&](auto data) { ownFftRun<d>(spec, constant(data), data, spec.order, work); });
+      });
 }
 
 template <Direction d, class C>
-MoxStatus transform(const C* src, C* dst, const MoxsFFTSpec* spec, int scaleFactor,
-                    Mox8u* buffer) {
+MoxStatus transform(const C* src, C* dst, const MoxsFFTSpec* spec, int scaleFactor, Mox8u* buffer) {
   using Kind = std::conditional_t<std::is_same_v<C, Mox16sc>, C16sc, C32sc>;
   return run<d, Kind, Array<C>>({src}, {dst}, spec, scaleFactor, buffer);
 }
@@ -83,8 +83,7 @@ long spectrumPlaces(long n) {
 }
 
 template <PackedLayout Layout, class T, class S>
-MoxStatus forward(const T* src, S* dst, const MoxsFFTSpec* object, int scaleFactor,
-                  Mox8u* buffer) {
+MoxStatus forward(const T* src, S* dst, const MoxsFFTSpec* object, int scaleFactor, Mox8u* buffer) {
   const Array<const T> from{src};
   const Array<S> to{dst};
   return checked<RealKindFor<T, S>>(
@@ -97,8 +96,7 @@ MoxStatus forward(const T* src, S* dst, const MoxsFFTSpec* object, int scaleFact
 }
 
 template <PackedLayout Layout, class S, class T>
-MoxStatus inverse(const S* src, T* dst, const MoxsFFTSpec* object, int scaleFactor,
-                  Mox8u* buffer) {
+MoxStatus inverse(const S* src, T* dst, const MoxsFFTSpec* object, int scaleFactor, Mox8u* buffer) {
   const Array<const S> from{src};
   const Array<T> to{dst};
   return checked<RealKindFor<T, S>>(

@@ -106,9 +106,9 @@ struct Form {
 };
 
 #define OBJECT(kind) moxsFFTInitAlloc_##kind, moxsFFTFree_##kind
-#define RUNS(to, back, t)                                                           \
-  moxsFFTFwd_##to##_##t##_Sfs, moxsFFTInv_##back##_##t##_Sfs,                       \
-      moxsFFTFwd_##to##_##t##_ISfs, moxsFFTInv_##back##_##t##_ISfs
+#define RUNS(to, back, t)                                                                   \
+  moxsFFTFwd_##to##_##t##_Sfs, moxsFFTInv_##back##_##t##_Sfs, moxsFFTFwd_##to##_##t##_ISfs, \
+      moxsFFTInv_##back##_##t##_ISfs
 using C16sc = Form<Mox16sc, Mox16sc, false, Layout::perm, OBJECT(C_16sc), RUNS(CToC, CToC, 16sc)>;
 using C16s = Form<Mox16s, Mox16s, false, Layout::perm, OBJECT(C_16s), RUNS(CToC, CToC, 16s)>;
 using C32sc = Form<Mox32sc, Mox32sc, false, Layout::perm, OBJECT(C_32sc), RUNS(CToC, CToC, 32sc)>;
@@ -158,10 +158,9 @@ std::vector<E> signalOf(Signal kind, long count) {
   const double full = std::numeric_limits<P>::max();
   for (long i = 0; i < count && kind != Signal::noise; ++i)
     for (int part = 0; part < mox::partsPerElement<E>; ++part)
-      mox::parts(&x[i])[part] =
-          kind == Signal::tone     ? P(full * std::cos(2 * M_PI * 0.1 * i - part))
-          : kind == Signal::square ? P(i / 3 % 2 ? -full : full)
-                                   : P(i == 0 ? full : 0);
+      mox::parts(&x[i])[part] = kind == Signal::tone ? P(full * std::cos(2 * M_PI * 0.1 * i - part))
+                                : kind == Signal::square ? P(i / 3 % 2 ? -full : full)
+                                                         : P(i == 0 ? full : 0);
   return x;
 }
 
@@ -200,7 +199,8 @@ TYPED_TEST(IntegerFft, IsTheRoundedTransformWithEveryFlagAndFactor) {
           this->make(order, flag.flag, factor & 2);
           const bool exact = order <= 2 && !(order == 1 && flag.flag == 4);
           const auto scale = [&](double power) {
-            return std::pow((long double)n, power) * std::exp2(-(long double)std::clamp(factor, -300, 300));
+            return std::pow((long double)n, power) *
+                   std::exp2(-(long double)std::clamp(factor, -300, 300));
           };
           const auto bound = [&](long double s, const auto& result, long double ofSource,
                                  bool mayBeExact = true) {
@@ -277,7 +277,7 @@ TEST(IntegerFftSizes, AreThoseOfFloatsAndRoomForTheNumbers) {
       EXPECT_EQ(spec, bare ? 116 : floatSpec + 128);
       EXPECT_EQ(init, floatInit);
       const long area = ((long(kind.perNumber) << order) + kind.more + 63) / 64 * 64;
-      EXPECT_EQ(work, bare               ? 0
+      EXPECT_EQ(work, bare                ? 0
                       : order == kind.top ? floatWork
                                           : floatWork + area + (floatWork ? 0 : 64));
     }

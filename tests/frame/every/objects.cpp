@@ -23,6 +23,8 @@ struct Row {
 const Row rows[] = {
     {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
     {"FFTInit_R_16s32s", "FFTInv_CCSToR_32s16s"},
+    {"DCT(Fwd|Inv)Init_(.*)", "DCT$1(Free|GetBufSize)?_$2"},
+    {"HilbertInitAlloc_(.*)", "Hilbert(Free)?_$1"},
 
     // Combinations that share their states.
     {"FIRInit(32sc?_16sc?)(32fc?)?", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},

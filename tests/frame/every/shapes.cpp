@@ -192,9 +192,10 @@ const Table<CountRow> countRows = {
      {{"FFT@(Fwd_CToC|Inv_CToC|Fwd_RToPack|Fwd_RToPerm|Inv_PackToR|Inv_PermToR)_*",
        "src dst srcDst srcRe srcIm dstRe dstIm srcDstRe srcDstIm"},
       transformLength},
-     {{"FFT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
-     {{"FFTInit_*", "specMem"}, sizeOfObject("specSize")},
-     {{"FFTInit_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
+     {{"FFTInit_* DCT*Init_*", "specMem"}, sizeOfObject("specSize")},
+     {{"FFTInit_* DCT*Init_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"DCT@(Fwd|Inv)_* Hilbert_*", "src dst srcDst"}, length},
      {{"ConjCcs_*", "src"}, [](const Call& c) { return c("len") / 2 * 2 + 2; }},
 
      {{"FIR*Init* IIR*Init*", "buffer"}, sizeOfObject("size")},
