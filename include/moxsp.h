@@ -35,9 +35,12 @@
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
+#include <moxsp/fir_sr.h>
 #include <moxsp/goertzel.h>
+#include <moxsp/generators.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
+#include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
 #include <moxsp/median.h>
@@ -53,5 +56,6 @@
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
 #include <moxsp/windows.h>
+#include <moxsp/wavelet.h>
 
 #endif

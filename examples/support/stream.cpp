@@ -8,11 +8,15 @@ bool StreamJob::runsOnIntegers(const SndfileHandle& sound) const {
   return arithmetic == Arithmetic::automatic ? has16Bits : arithmetic == Arithmetic::integer16;
 }
 
-void declareStream(CLI::App& app, StreamJob& job) {
+void declareFiles(CLI::App& app, StreamJob& job) {
   app.add_option("input", job.input, "Sound file: WAV, FLAC, Ogg, any rate and channel count")
       ->required();
-  app.add_option("output", job.output, "Filtered file: .wav, .flac or .ogg")
+  app.add_option("output", job.output, "Result: .wav, .flac or .ogg")
       ->check(extension(writableExtensions()));
+}
+
+void declareStream(CLI::App& app, StreamJob& job) {
+  declareFiles(app, job);
   app.add_option("--block", job.block, "Frames to a block of the stream")
       ->capture_default_str()
       ->check(CLI::Range(1, 1 << 22));

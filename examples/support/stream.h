@@ -18,25 +18,28 @@ struct StreamJob {
   int block = 4096;  // frames
   Arithmetic arithmetic = Arithmetic::automatic;
   int delay = 0;                              // frames by which the filter is late
+  int tail = 0;                               // frames that it sounds on after the input
   std::function<void(double done)> progress;  // called with 0 to 1 after each block
 
   // 16-bit files run on 16-bit samples, others on floats, unless the user says otherwise.
   bool runsOnIntegers(const SndfileHandle& sound) const;
 };
 
-// The options for all of it but the delay and the progress.
+// The options for the names of the files.
+void declareFiles(CLI::App& app, StreamJob& job);
+// Those, and the options for the block and the arithmetic.
 void declareStream(CLI::App& app, StreamJob& job);
 
 // Throws std::runtime_error where both names lead to one file.
 void requireTwoFiles(const StreamJob& job);
 
-// The output has the length of the input: the delay is dropped at the start, and as many zeros push
-// the last of the sound out at the end.
+// The output has the length of the input and the tail: the delay is dropped at the start, and zeros
+// push the last of the sound out at the end.
 template <class Filter, class Sample>
 void streamThrough(std::vector<Filter>& filters, std::vector<Sample> channel, const StreamJob& job,
                    SndfileHandle& input, SoundWriter& output) {
   const int channels = input.channels(), block = int(channel.size());
-  const sf_count_t total = input.frames();
+  const sf_count_t total = input.frames() + job.tail;
   sf_count_t toDrop = job.delay, written = 0;
   std::vector<Sample> frames(channel.size() * channels);
   while (written < total) {

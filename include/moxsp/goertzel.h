@@ -7,12 +7,12 @@
  * #include <stdio.h>
  *
  * int main(void) {
- *   const Mox32f x[8] = {0, 1, 0, -1, 0, 1, 0, -1};  // two periods of a sine
+ *   const Mox32f x[8] = {1, 2, 1, 0, 1, 2, 1, 0};  // two periods of a sine above 1
  *   Mox32fc bin;
  *   moxsGoertz_32f(x, 8, &bin, 0.25f);
- *   printf("%.3f %.3f ", bin.re, bin.im);  // 0.000 -4.000
- *   moxsGoertz_32f(x, 8, &bin, 0.125f);
- *   printf("%.3f", bin.re);  // 0.000
+ *   printf("%.3f ", bin.im);  // -4.000
+ *   moxsGoertz_32f(x, 8, &bin, 0);
+ *   printf("%.3f", bin.re);  // 8.000
  * }
  * @endcode
  */

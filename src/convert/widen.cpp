@@ -90,6 +90,7 @@ template void convertScaledValues(const Mox16s*, Mox32f*, long, int);
 template void convertScaledValues(const Mox32s*, Mox32f*, long, int);
 template void convertValues(const Mox16s*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox64f*, long);
+template void convertValues(const Mox32s*, Mox32f*, long);
 template void convertValues(const Mox32s*, Mox64f*, long);
 template void convertValues(const Mox32f*, Mox64f*, long);
 template void convertValues(const Mox64f*, Mox32f*, long);

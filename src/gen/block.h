@@ -9,6 +9,10 @@ namespace mox::gen {
 
 constexpr int blockLen = 16;
 
+// The format that goes with an element type: of weights and of parameters.
+template <class E>
+using FloatOf = std::conditional_t<std::is_same_v<Part<E>, Mox64f>, Mox64f, Mox32f>;
+
 template <class F>
 struct Block {
   static constexpr int vectors = blockLen / lanesOf<F>;

@@ -1,22 +1,12 @@
 // Cosines and sines of evenly spaced angles.
 #pragma once
 
-#include <cmath>
-
 #include "arith/sine.h"
 #include "frame/map.h"
+#include "gen/angle.h"
 #include "gen/block.h"
 
 namespace mox::gen {
-
-constexpr Mox64f twoPi = 6.283185307179586;
-
-// phase + n step less whole turns, to the last bits of a double for any n.
-inline Mox64f angleAt(long n, Mox64f step, Mox64f phase) {
-  constexpr long double turn = 6.283185307179586476925286766559L;
-  const long double angle = static_cast<long double>(n) * step + phase;
-  return Mox64f(angle - turn * std::floor(angle / turn));
-}
 
 // magnitude * cos(phase + n step) and the sine for n from 0 on, in blocks: those of the first
 // angles n step are a table, which the phasor of a block turns to its place. From block to block

@@ -35,7 +35,7 @@ template <class E>
 MoxStatus winBartlett(const E* src, E* dst, int len) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   const ResultScope<E> scope;
-  using F = WeightOf<E>;
+  using F = FloatOf<E>;
   applyWindow(Slope<F>(F(2) / F(len - 1)), src, dst, len);
   if (len == 3) zeroEnds(dst, len);
   return moxOk;

@@ -44,7 +44,7 @@ constexpr int mostSinglePairs = 512;
 
 // The scale is for integers.
 template <class E>
-void applyBlackman(const E* src, E* dst, int len, WeightOf<E> alpha, Mox32f scale = 1) {
+void applyBlackman(const E* src, E* dst, int len, FloatOf<E> alpha, Mox32f scale = 1) {
   const ResultScope<E> scope;
   constexpr bool isSingle = std::is_same_v<Part<E>, Mox32f>;
   const auto apply = [&]<class F>(F parameter) {
@@ -62,7 +62,7 @@ constexpr Mox32f fromQ15 = 0x1p-15f;
 template <class E>
 MoxStatus winBlackmanStd(const E* src, E* dst, int len) {
   const ResultScope<E> scope;
-  return winBlackman(src, dst, len, WeightOf<E>(-0.16));
+  return winBlackman(src, dst, len, FloatOf<E>(-0.16));
 }
 
 template <class E>
@@ -91,7 +91,7 @@ MoxStatus winBlackmanScaled(Mox16s* srcDst, int len, int alphaQ15, int scaleFact
 }  // namespace
 
 template <class E>
-MoxStatus winBlackman(const E* src, E* dst, int len, WeightOf<E> alpha) {
+MoxStatus winBlackman(const E* src, E* dst, int len, FloatOf<E> alpha) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   applyBlackman(src, dst, len, alpha);
   return moxOk;
@@ -103,7 +103,7 @@ MoxStatus winBlackmanOpt(const E* src, E* dst, int len) {
   if (MoxStatus s = checkLength(len, 4)) return s;
   const ResultScope<E> scope;
   const Mox64f ratio = 0.5 / std::cos(twoPi / 2 / (len - 1));
-  return winBlackman(src, dst, len, WeightOf<E>(-(ratio * ratio)));
+  return winBlackman(src, dst, len, FloatOf<E>(-(ratio * ratio)));
 }
 
 MOX_EXPORT_BOTH(moxsWinBlackman_16s, moxsWinBlackman_16s_I, winBlackman);

@@ -33,7 +33,7 @@ template <class E>
 MoxStatus winHann(const E* src, E* dst, int len) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   const ResultScope<E> scope;
-  applyWindow(RaisedCosine<WeightOf<E>>(0.5, 0.5, len), src, dst, len);
+  applyWindow(RaisedCosine<FloatOf<E>>(0.5, 0.5, len), src, dst, len);
   if (len == 3) zeroEnds(dst, len);
   return moxOk;
 }
@@ -42,7 +42,7 @@ template <class E>
 MoxStatus winHamming(const E* src, E* dst, int len) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   const ResultScope<E> scope;
-  applyWindow(RaisedCosine<WeightOf<E>>(0.54, 0.46, len), src, dst, len);
+  applyWindow(RaisedCosine<FloatOf<E>>(0.54, 0.46, len), src, dst, len);
   return moxOk;
 }
 

@@ -43,7 +43,7 @@ MoxStatus applyKaiser(const E* src, E* dst, int len, Mox64f alpha) {
   const ResultScope<E> scope;
   const Mox64f peak = std::fabs(alpha) * (len - 1) * 0.5;
   if (peak > (std::is_same_v<Part<E>, Mox32f> ? singleLimit : limit)) return moxErrKaiserAlpha;
-  using F = WeightOf<E>;
+  using F = FloatOf<E>;
   using Series = std::conditional_t<std::is_same_v<F, Mox64f>, FineI0, CoarseI0>;
   const Mox64f atPeak = besselI0<Series>(broadcast<V<Mox64f>>(peak))[0];
   if (std::is_integral_v<Part<E>> && peak > singleLimit)
@@ -61,7 +61,7 @@ MoxStatus winKaiserQ15(const E* src, E* dst, int len, int alphaQ15) {
 }  // namespace
 
 template <class E>
-MoxStatus winKaiser(const E* src, E* dst, int len, WeightOf<E> alpha) {
+MoxStatus winKaiser(const E* src, E* dst, int len, FloatOf<E> alpha) {
   return applyKaiser(src, dst, len, alpha);
 }
 

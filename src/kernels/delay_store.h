@@ -23,6 +23,7 @@ class DelayStore {
   }
   constexpr void place(Arena& arena, long history) { place(arena, history, pieceFor(history)); }
 
+  const E* history() const { return samples_; }
   // Where the samples of a piece go; those before them are the history.
   E* appended() const { return samples_ + history_; }
   // Ends a piece.
@@ -41,6 +42,14 @@ class DelayStore {
     for (long i = 0; i < history_; ++i) store(line + i, samples_[history_ - 1 - i]);
   }
 
+  // Takes in samples that are filtered elsewhere.
+  void takeIn(const E* src, long len) const {
+    const long entering = std::min(len, history_);
+    advance(entering);
+    std::memcpy(samples_ + history_ - entering, src + len - entering,
+                std::size_t(entering) * sizeof(E));
+  }
+
   // Runs filter(newest, dst, count) over `len` samples: output i is made of newest[i] and the
   // samples before it. `dst` may be `src`, which is read where it lies once it holds the history.
   template <class Filter>
@@ -49,8 +58,7 @@ class DelayStore {
     for (long done = 0; done < len;) {
       if (!inPlace && done >= history_) {
         filter(src + done, dst + done, len - done);
-        std::memcpy(samples_, src + len - history_, std::size_t(history_) * sizeof(E));
-        return;
+        return takeIn(src, len);
       }
       const long count = std::min(len - done, inPlace ? pieceLen_ : history_ - done);
       append(src + done, count);

@@ -124,6 +124,14 @@ constexpr long specFigure(int order) {
                                       : Kind::tablesFigure(order) + fftTablesSlack;
 }
 
+// Whether the figure bounds what objects take, at all orders.
+template <FftObject Kind>
+constexpr bool figuresSuffice() {
+  for (int order = 0; order <= Kind::maxOrder; ++order)
+    if (objectBytes<Kind>({order}) > std::size_t(specFigure<Kind>(order))) return false;
+  return true;
+}
+
 // A work buffer's bytes with the slack for any address.
 constexpr int bufferFigure(long bytes) { return bytes > 0 ? int(bytes) + fftAlignment : 0; }
 

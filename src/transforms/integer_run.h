@@ -49,6 +49,7 @@ void giveOut(Split<H> area, Split<D> dst, long count, int scaleFactor) {
 // of floats in place into `given`; `area` has room for the larger number. `dst` may be `src`.
 template <class F, class Source, class Target, class Run>
 void integerRun(Source src, long taken, Target dst, long given, int scaleFactor, F* area, Run run) {
+  const HiddenExceptions scope;
   const auto data = detail::areaFor(src, area, std::max(taken, given));
   detail::takeIn(src, data, taken);
   run(data);

@@ -86,8 +86,9 @@ TEST(Convolution, LeavesOutTermsWithoutBothFactors) {
 TEST(Convolution, ScalesShorts) {
   Random random(2);
   const int lengths[][2] = {{5, 3}, {3, 5}, {4095, 60}, {4097, 63}, {400, 113}};
-  for (const auto& [n, m] : lengths)
+  for (const auto& lens : lengths)
     for (const int factor : {0, 1, 4, 40, -1, -9, INT_MIN}) {
+      const int n = lens[0], m = lens[1];
       auto a = random.vector<Mox16s>(n), b = random.vector<Mox16s>(m), y = a;
       for (Mox16s& e : a) e >>= 7;
       for (Mox16s& e : b) e >>= 7;

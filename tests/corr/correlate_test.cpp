@@ -167,8 +167,9 @@ TYPED_TEST(Correlation, OfTwoSignalsAgreesWithItsSum) {
 
 TEST(CorrelationOfShorts, IsExactOrScaled) {
   Random random(6);
-  for (const auto& [len1, len2, count, lowLag] :
+  for (const auto& [len1, len2, outputs, lowLag] :
        {std::array{1, 1, 1, 0}, {300, 200, 520, -305}, {4, 700, 600, 50}, {9, 9, 5, 40}}) {
+    const int count = outputs;
     auto a = random.vector<Mox16s>(len1), b = random.vector<Mox16s>(len2);
     std::fill(a.begin(), a.begin() + len1 / 2, -32768);
     std::fill(b.begin(), b.begin() + len2 / 2, -32768);

@@ -35,6 +35,10 @@ const Table<Row> deviations = {
             "Sort* FindNearest_*",
             Deviation::notElementwise),
       "the length decides what an element is"},
+     {whole("Tone_Direct_* Triangle_Direct_*", Deviation::notElementwise),
+      "the phase on return depends on the length"},
+     {whole("Rand*_Direct_*", Deviation::notElementwise),
+      "the seed on return depends on the length"},
      {whole("Win*", Deviation::notElementwise), "the length decides what a weight is"},
      {whole("CartToPolar_*", Deviation::outputsApart),
       "magnitudes are computed, then phases: a failure of the first leaves the second"},
@@ -55,11 +59,12 @@ const Table<Row> deviations = {
       "a state is made for the call"},
      {whole("Conv_16s* AutoCorr_*16s* CrossCorr_16s_*", Deviation::ownMemory),
       "signals become floats there"},
+     {whole("WTHaarInv_*", Deviation::notElementwise), "an odd length ends with a single element"},
      {whole("Conv_* Convolve_*", Deviation::notElementwise),
       "an output depends on inputs at other places"},
      {whole("IIR*", Deviation::notElementwise), "the length decides where stretches begin"},
-     {whole("@(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*", Deviation::unidentified),
-      "those of sparse filters"},
+     {whole("FIRSR_* @(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*", Deviation::unidentified),
+      "filters whose states are small"},
      {whole("FIRMR*_Direct_* FIRLMS*", Deviation::notOntoSource),
       "an output depends on inputs at other places"},
 
@@ -74,6 +79,8 @@ const Table<Row> optionalPointers = {
      {{"CrossCorrNorm_*", "buffer"}, "sums need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIR*SetDlyLine*", "dlyLine"}, "the delay line is cleared"},
+     {{"FIRSR_*", "dlySrc"}, "the history is silence"},
+     {{"FIRSR_*", "dlyDst"}, "the history is not wanted"},
      {{"FIRLMS*InitAlloc*", "taps"}, "the taps start at zero"},
      {{"FIRLMSMRSetTaps*", "taps"}, "the taps are cleared"},
      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
@@ -84,6 +91,10 @@ const Table<Row> scratchMemory = {
     {{{"ResamplePolyphase*Init_*", "state"}, "the object holds addresses"},
      {{"*", "buffer initBuf tmpIdx"}, "work memory"},
      {{"*", "specMem"}, "the object holds addresses"}}};
+const Table<Row> scratchMemory = {"scratch memory",
+                                  {{{"*", "buffer initBuf tmpIdx"}, "work memory"},
+                                   {{"FIRSRInit_*", "spec"}, "the object holds addresses"},
+                                   {{"*", "specMem"}, "the object holds addresses"}}};
 
 }  // namespace
 

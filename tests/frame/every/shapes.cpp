@@ -42,6 +42,9 @@ auto sizeOfObject(const char* output) {
     throw Unknown(c.function().name + " has no size query");
   };
 }
+auto sizeOfFirSr(const char* output) {
+  return [=](const Call& c) { return query("moxsFIRSRGetSize", c.setting(), output); };
+}
 long sizeOfDesign(const Call& c) {
   return query("moxsIIRGenGetBufferSize", c.setting(), "bufferSize");
 }
@@ -117,12 +120,24 @@ const Table<NumberRow> numberRows = {
      {{"IIR*", "order"}, fixed(4), {1, 2}},
      {{"IIRGen*", "rFreq"}, fixed(0.2)},
      {{"IIRGen*", "ripple filterType"}, fixed(1)},
+     {{"FIRSR*", "algType"}, fixed(0), {1, 2}},
+     {{"FIRSR*", "dataType"}, fixed(moxType64f)},
      {{"FIRSparse*", "order"}, fixed(5)},
      {{"@(FIR|IIR)Sparse*", "nzTapsLen nzTapsLen1 nzTapsLen2"}, fixed(1)},
      {{"@(FIR|IIR)Sparse*", "nzTapPos"}, fixed(5)},
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Tone* Triangle*", "magn"}, fixed(1000)},
+     {{"Tone* Triangle*", "rFreq"}, [](const Call&) { return 0.1; }},
+     {{"Tone* Triangle*", "phase"}, [](const Call&) { return 1.5; }},
+     {{"Triangle*", "asym"}, fixed(1), {-3}},
+     {{"Tone*Q15* Triangle*Q15*", "rFreqQ15 phaseQ15 asymQ15"}, fixed(3000)},
+     {{"Rand*", "seed"}, fixed(12345)},
+     {{"RandUniform*", "low"}, fixed(-100)},
+     {{"RandUniform*", "high"}, fixed(100)},
+     {{"RandGauss*", "mean"}, fixed(10)},
+     {{"RandGauss*", "stdDev"}, fixed(20)},
      {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
      {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
      {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
@@ -206,6 +221,9 @@ const Table<CountRow> countRows = {
      {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
 
+     {{"FIRSRInit*", "spec"}, sizeOfFirSr("specSize")},
+     {{"FIRSR_*", "buffer"}, sizeOfFirSr("bufSize")},
+     {{"FIRSR_*", "dlySrc dlyDst"}, [](const Call& c) { return c("tapsLen") - 1; }},
      {{"FIRSparse*", "nzTaps nzTapPos"}, argument("nzTapsLen")},
      {{"FIRSparse*", "dlyLine"}, fixed(5)},
      {{"IIRSparse*", "nzTaps nzTapPos"},
@@ -226,6 +244,14 @@ const Table<CountRow> countRows = {
      {{"Convolve_* *CorrNorm_*", "buffer"}, corrBufferSize},
      {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
      {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
+     {{"Tone* Triangle*", "phase"}, fixed(1)},
+     {{"Rand*", "seed"}, fixed(1)},
+     {{"ToneInitQ15* TriangleInitQ15* Rand*Init_*", "state"}, sizeOfObject("size")},
+
+     {{"WTHaarFwd_*", "dstLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarInv_*", "srcLow"}, [](const Call& c) { return (c("len") + 1) / 2; }},
+     {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
+     {{"WTHaarInv_*", "srcHigh"}, [](const Call& c) { return c("len") / 2; }},
 
      {{"Sample@(Up|Down)_*", "src"}, argument("srcLen")},
      {{"SampleUp_*", "dst"}, [](const Call& c) { return c("srcLen") * c("factor"); }},
@@ -254,6 +280,14 @@ const Table<CountRow> countRows = {
       {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
       {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
       {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
+     {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
+     {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
+     {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+     {{"*", "outVal outIndex counts"}, fixed(1)},
+     {{"*", "table"}, argument("tableLen")},
+     {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+     {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
+     {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
 
 }  // namespace
 
