@@ -49,6 +49,7 @@
 #include <moxsp/move.h>
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
+#include <moxsp/resampling.h>
 #include <moxsp/sorting.h>
 #include <moxsp/sparse.h>
 #include <moxsp/stats.h>

@@ -65,7 +65,8 @@ void add(const char* type, MoxStatus (*filter)(const E*, E*, int, int)) {
                                bench::clobber(y->data());
                              }}}};
     if (mask == 9)
-      for (const auto& [name, network] : {std::pair("network, AVX", network9<E>), {"network", network9ByDefault<E>}})
+      for (const auto& [name, network] :
+           {std::pair("network, AVX", network9<E>), {"network", network9ByDefault<E>}})
         c.peers.push_back({name, [=, run = network] {
                              run(x->data(), y->data(), len);
                              bench::clobber(y->data());

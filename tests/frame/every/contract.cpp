@@ -46,6 +46,13 @@ const Table<Row> deviations = {
      {whole("WT*InitAlloc*", Deviation::clearsObject), "so that nobody takes it for a bank"},
      {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
       "channels before one that is refused have been filtered"},
+     {whole("ResamplePolyphase_* ResamplePolyphaseFixed_* ResamplePolyphase[GS]etFixedFilter_*",
+            Deviation::unidentified),
+      "callers hold memory, not an object"},
+     {whole("SampleUp_* SampleDown_* ResamplePolyphase*", Deviation::notOntoSource),
+      "outputs stand at other places"},
+     {whole("SampleUp_* SampleDown_*", Deviation::notElementwise),
+      "phases go on from call to call"},
      {whole("FilterMedian_*", Deviation::notElementwise), "an output depends on its neighbours"},
      {whole("FilterMedian_*", Deviation::ownMemory), "large windows are sorted apart"},
      {whole("IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c)", Deviation::ownMemory),
@@ -84,6 +91,11 @@ const Table<Row> optionalPointers = {
      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
      {{"RealToCplx_*", "srcRe srcIm"}, "that part is zero"}}};
 
+const Table<Row> scratchMemory = {
+    "scratch memory",
+    {{{"ResamplePolyphase*Init_*", "state"}, "the object holds addresses"},
+     {{"*", "buffer initBuf tmpIdx"}, "work memory"},
+     {{"*", "specMem"}, "the object holds addresses"}}};
 const Table<Row> scratchMemory = {"scratch memory",
                                   {{{"*", "buffer initBuf tmpIdx"}, "work memory"},
                                    {{"FIRSRInit_*", "spec"}, "the object holds addresses"},

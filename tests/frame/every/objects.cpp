@@ -52,6 +52,9 @@ const Row rows[] = {
     {"IIRInit64f_BiQuad_DF1_32s", "IIR(Free)?64f_32s|moxsIIR[GS]etDlyLine64f_DF1_32s"},
     {"FIRSRInit(.*)", "FIRSR$1"},
     {"(FIR|IIR)SparseInit(.*)", "$1Sparse([GS]etDlyLine)?$2"},
+
+    {"ResamplePolyphaseInit(.*)", "ResamplePolyphase$1"},
+    {"ResamplePolyphaseFixedInit(.*)", "ResamplePolyphase(Fixed|[GS]etFixedFilter)$1"},
 };
 
 // What a row says of a function that makes objects; empty when it says nothing.

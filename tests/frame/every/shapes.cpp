@@ -78,6 +78,9 @@ long iirDelayLine(const Call& c) {
 
 constexpr long packWidth = 11;
 
+// Where resampled signals begin in their arrays, and what is read behind them.
+constexpr long resampledFrom = 40, resampledBehind = 7;
+
 // Numbers, and arrays whose every element must have a certain value. `others` are values with which
 // the function goes another way.
 struct NumberRow {
@@ -89,6 +92,18 @@ const Table<NumberRow> numberRows = {
     "numbers",
     {{{"FFT*", "order"}, [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
      {{"FFT*", "flag"}, fixed(8), {1, 2, 4}},
+     {{"Sample@(Up|Down)_*", "factor"}, fixed(3), {1, 2}},
+     {{"Sample@(Up|Down)_*", "phase"}, fixed(0)},
+     {{"ResamplePolyphase_*", "factor"}, [](const Call&) { return 0.75; }, {1, 2}},
+     {{"ResamplePolyphase*", "time"}, fixed(resampledFrom)},
+     {{"ResamplePolyphase*", "window"}, fixed(8)},
+     {{"ResamplePolyphase*", "nStep"}, fixed(16)},
+     {{"ResamplePolyphase*", "rollf norm"}, fixed(1)},
+     {{"ResamplePolyphase*", "inRate"}, fixed(3), {1}},
+     {{"ResamplePolyphase*", "outRate"}, fixed(2), {5}},
+     {{"ResamplePolyphaseFixed@(GetSize|Init)_*", "len"}, fixed(8)},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "step"}, fixed(12), {5, 17}},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "height"}, fixed(2), {1}},
      {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
      {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
@@ -257,11 +272,33 @@ const Table<CountRow> countRows = {
      {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
      {{"WTHaarInv_*", "srcHigh"}, [](const Call& c) { return c("len") / 2; }},
 
+     {{"Sample@(Up|Down)_*", "src"}, argument("srcLen")},
+     {{"SampleUp_*", "dst"}, [](const Call& c) { return c("srcLen") * c("factor"); }},
+     {{"SampleDown_*", "dst"},
+      [](const Call& c) { return (c("srcLen") + c("factor") - 1) / c("factor"); }},
+     {{"Sample@(Up|Down)_*", "dstLen phase"}, fixed(1)},
+     {{"ResamplePolyphase?(Fixed)_*", "src"},
+      [](const Call& c) { return c("len") + resampledFrom + resampledBehind; }},
+     {{"ResamplePolyphase_*", "dst"}, times(2, "len")},
+     {{"ResamplePolyphaseFixed_*", "dst"}, times(5, "len")},
+     {{"ResamplePolyphase*", "time outLen filterLen numFilters"}, fixed(1)},
+     {{"ResamplePolyphase*Init_*", "state"}, sizeOfObject("size")},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "src dst"},
+      [](const Call& c) { return c("step") * c("height"); }},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
      {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
      {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
+      {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
+       fixed(1)},
+      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+      {{"*", "outVal outIndex counts"}, fixed(1)},
+      {{"*", "table"}, argument("tableLen")},
+      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
+      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
      {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
      {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
