@@ -5,21 +5,12 @@
 #include <moxsp.h>
 
 #include <climits>
-#include <memory>
 #include <vector>
 
-#include "frame/elements.h"
+#include "support/filters.h"
 #include "support/random.h"
 
 namespace test {
-
-// Functions of floats with the signature of the scaled ones, so that tests are written once.
-template <auto f>
-struct WithoutScale;
-template <class... P, MoxStatus (*f)(P...)>
-struct WithoutScale<f> {
-  static MoxStatus call(P... p, int) { return f(p...); }
-};
 
 // What is set up from taps of one type; what runs has the types of the taps and of the data.
 #define FIR_STATES(types, run, tap, data, number)                     \
@@ -116,11 +107,7 @@ struct Rates {
   int history(int taps) const { return (taps + up - 1) / up; }
 };
 
-struct FirFree {
-  MoxStatus (*free)(MoxsFIRState*);
-  void operator()(MoxsFIRState* s) const { free(s); }
-};
-using FirHandle = std::unique_ptr<MoxsFIRState, FirFree>;
+using FirHandle = Handle<MoxsFIRState>;
 
 template <class F>
 FirHandle makeFir(const std::vector<typename F::Tap>& taps,

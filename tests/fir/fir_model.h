@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <cstring>
 #include <limits>
 
@@ -38,15 +37,6 @@ struct Signal {
     return last;
   }
 };
-
-using Exact = std::complex<long double>;
-template <class E>
-Exact exactly(E e) {
-  if constexpr (mox::Complex<E>)
-    return Exact(e.re, e.im);
-  else
-    return Exact(e);
-}
 
 // Of floats.
 template <class F>
@@ -83,7 +73,7 @@ class Model {
     const int stages = 4 + int(std::log2(taps_.size()));
     const long double largest = *std::max_element(magnitudes.begin(), magnitudes.end());
     for (std::size_t j = 0; j < got.size(); ++j) {
-      const Exact value = saturated(values[j]);
+      const Exact value = inRange<Data>(values[j]);
       const long double bound = roundoff * (byFft ? stages * largest : terms * magnitudes[j]);
       ASSERT_LE(std::abs(exactly(got[j]) - value), bound + storeError(value))
           << "output " << first + long(j) << ", " << taps_.size() << " taps";
@@ -96,12 +86,6 @@ class Model {
   long terms = 2 * long(taps_.size()) + 2;
 
  private:
-  static Exact saturated(Exact value) {
-    using L = std::numeric_limits<P>;
-    if constexpr (!L::is_integer) return value;
-    const auto part = [](long double v) { return std::clamp<long double>(v, L::min(), L::max()); };
-    return {part(value.real()), part(value.imag())};
-  }
   // Half a unit in each part, or a roundoff.
   static long double storeError(Exact value) {
     return std::is_integral_v<P> ? std::sqrt(0.5L) + 1e-9L

@@ -118,12 +118,14 @@ TEST(IntegerSum, IsScaledAndSaturated) {
   expectExact<Mox32s, Mox32s>(moxsSum_32s_Sfs, sumOf, to32);
 }
 
-TEST(IntegerSum, RoundsInTheCurrentMode) {
+TEST(IntegerSum, RoundsInTheCurrentModeAndSoDoesTheMean) {
   const Mox16s x[] = {1, 2, 0, -9};
   for (const auto& [mode, expected] : {std::pair{FE_UPWARD, -1}, {FE_DOWNWARD, -2}}) {
     const UnderRounding scope(mode);
     Mox16s got;
     ASSERT_EQ(moxsSum_16s_Sfs(x, 4, &got, 2), moxOk);
+    EXPECT_EQ(got, expected);
+    ASSERT_EQ(moxsMean_16s_Sfs(x, 4, &got, 0), moxOk);
     EXPECT_EQ(got, expected);
   }
 }
