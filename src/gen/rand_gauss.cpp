@@ -3,10 +3,12 @@
 // two.
 #include <moxsp/generators.h>
 
+#include <bit>
 #include <cstring>
 
 #include "arith/ln.h"
 #include "frame/export.h"
+#include "frame/pair.h"
 #include "frame/rounding_control.h"
 #include "gen/fill.h"
 #include "gen/random.h"
@@ -32,29 +34,22 @@ namespace mox::gen {
 namespace {
 
 template <class T>
-constexpr Mox32s gaussId = sizeof(T) == 1   ? 38
-                           : sizeof(T) == 2 ? 39
-                                            : 40;
+constexpr Mox32s gaussId = 38 + std::countr_zero(sizeof(T));
 
 using Wide = V<Mox64f>;
 
-// Points drawn, of which the first coordinate makes the second number of a pair.
-struct Points {
-  Wide p, q;
-
-  static Points from(I<Mox32s> first, I<Mox32s> second) {
-    return {__builtin_convertvector(first, Wide) * 0x1p-31,
-            __builtin_convertvector(second, Wide) * 0x1p-31};
-  }
-  Wide squaredRadius() const { return p * p + q * q; }
-};
-
-// sqrt(-2 ln(s) / s), with some value for points that don't count.
-Wide stretch(Wide s) {
-  const Wide safe = greater(lesser(s, broadcast<Wide>(1.0)), broadcast<Wide>(0x1p-70));
-  return squareRoot(-2 * arith::Ln64f::lanes(safe) / safe);
+// u 2^-31
+[[gnu::always_inline]] inline Wide coordinates(I<Mox32s> u) {
+  return __builtin_convertvector(u, Wide) * 0x1p-31;
 }
 
+// sqrt(-2 ln(s) / s) for 0 < s < 1.
+[[gnu::always_inline]] inline Wide stretch(Wide s) {
+  return squareRoot(-2 * arith::Ln64f::lanes(s) / s);
+}
+
+// Points of the circle are drawn into a pool, the coordinate that is drawn second first, and then
+// stretched all together.
 class GaussNumbers {
  public:
   // `len` numbers are wanted.
@@ -76,69 +71,62 @@ class GaussNumbers {
   const GaussSource& source() const { return source_; }
 
  private:
-  static constexpr int poolLen = 32 * blockLen;
-
-  struct Draws {
-    I<Mox32s> u[4];
-  };
+  static constexpr int poolLen = 64 * blockLen;
 
   [[gnu::noinline]] void refill() {
     std::memmove(pool_, pool_ + begin_, sizeof(Mox64f) * blockLen);
     end_ -= begin_, begin_ = 0;
+    const int held = end_;
     RandomSequence sequence = source_.sequence;
-    const auto wantsBlock = [this] { return end_ < poolLen && toDraw_ >= blockLen; };
-    if (wantsBlock()) {
-      // A block is drawn while the one before becomes numbers: the first waits for its own results,
-      // the second for its arithmetic.
-      RandomSequence ahead = sequence;
-      Draws draws = drawn(ahead);
-      do {
-        sequence = ahead;
-        const Draws next = drawn(ahead);
-        keepPoints(draws);
-        draws = next;
-      } while (wantsBlock());
-    }
-    while (end_ < blockLen && toDraw_ > 0) drawPoint(sequence);
+    while (end_ < poolLen && toDraw_ >= blockLen) keepPoints(sequence);
     source_.sequence = sequence;
+    while (end_ < blockLen && toDraw_ > 0) drawPoint();
+    stretchFrom(held);
+    if (toDraw_ >= 0) return;
+    source_.isWaiting = 1;
+    source_.waiting = pool_[--end_];
+    toDraw_ = 0;
   }
 
-  [[gnu::always_inline]] static Draws drawn(RandomSequence& sequence) {
-    Draws d;
-    sequence.nextBlock(d.u);
-    return d;
-  }
-
-  [[gnu::always_inline]] void keepPoints(const Draws& draws) {
-    const int before = end_;
+  [[gnu::always_inline]] void keepPoints(RandomSequence& sequence) {
+    I<Mox32s> u[4];
+    sequence.nextBlock(u);
+    int end = end_;  // in a register: a store to the pool might change a member
     for (int j = 0; j < 4; j += 2) {
-      const auto [first, second] = deinterleaved(draws.u[j], draws.u[j + 1]);
-      const Points z = Points::from(first, second);
-      const Wide s = z.squaredRadius(), factor = stretch(s);
-      const Pair<Wide> pair = {source_.stdDev * z.q * factor, source_.stdDev * z.p * factor};
+      const auto [first, second] = deinterleaved(u[j], u[j + 1]);
+      const Pair<Wide> z = {coordinates(second), coordinates(first)};
+      const Wide s = squaredMagnitude(z);
       const int inCircle = signBits((s < 1) & (s > 0));
-      const auto even = halves(interleavedLow(pair)), odd = halves(interleavedHigh(pair));
+      const auto even = halves(interleavedLow(z)), odd = halves(interleavedHigh(z));
       const auto keep = [&](int point, auto numbers) {
-        store(pool_ + end_, numbers);
-        end_ += inCircle >> point << 1 & 2;
+        store(pool_ + end, numbers);
+        end += inCircle >> point << 1 & 2;
       };
       keep(0, even.low), keep(1, odd.low), keep(2, even.high), keep(3, odd.high);
     }
-    toDraw_ -= end_ - before;
+    toDraw_ -= end - end_;
+    end_ = end;
   }
 
-  // Of the last pair the second number may have to wait.
-  void drawPoint(RandomSequence& sequence) {
-    const auto lanes = [](Mox32s e) { return broadcast<I<Mox32s>>(e); };
-    const Mox32s first = sequence.next(), second = sequence.next();
-    const Points z = Points::from(lanes(first), lanes(second));
-    const Wide s = z.squaredRadius(), factor = stretch(s);
-    if (!(s[0] < 1 && s[0] > 0)) return;
-    pool_[end_++] = (source_.stdDev * z.q * factor)[0];
-    source_.waiting = (source_.stdDev * z.p * factor)[0];
-    source_.isWaiting = toDraw_ == 1;
-    if (!source_.isWaiting) pool_[end_++] = source_.waiting;
-    toDraw_ -= 2 - source_.isWaiting;
+  void drawPoint() {
+    const Mox64f p = source_.sequence.next() * 0x1p-31, q = source_.sequence.next() * 0x1p-31;
+    const Mox64f s = squaredMagnitude(Pair<Mox64f>{q, p});
+    if (!(s < 1 && s > 0)) return;
+    pool_[end_] = q, pool_[end_ + 1] = p;
+    end_ += 2, toDraw_ -= 2;
+  }
+
+  void stretchFrom(int held) {
+    constexpr int lanes = lanesOf<Mox64f>;
+    for (int i = 0; i < 2 * lanes; ++i) pool_[end_ + i] = 0.5;  // some point to fill the last step
+    const Mox64f stdDev = source_.stdDev;
+    for (int i = held, end = end_; i < end; i += 2 * lanes) {
+      const Pair<Wide> z = deinterleaved(load<Wide>(pool_ + i), load<Wide>(pool_ + i + lanes));
+      const Wide factor = stretch(squaredMagnitude(z));
+      const Pair<Wide> r = {stdDev * z.re * factor, stdDev * z.im * factor};
+      store(pool_ + i, interleavedLow(r));
+      store(pool_ + i + lanes, interleavedHigh(r));
+    }
   }
 
   GaussSource source_;

@@ -1,6 +1,8 @@
 // Evenly distributed random numbers.
 #include <moxsp/generators.h>
 
+#include <bit>
+
 #include "frame/export.h"
 #include "frame/rounding_control.h"
 #include "gen/fill.h"
@@ -33,9 +35,7 @@ namespace mox::gen {
 namespace {
 
 template <class T>
-constexpr Mox32s uniformId = sizeof(T) == 1   ? 35
-                             : sizeof(T) == 2 ? 36
-                                              : 37;
+constexpr Mox32s uniformId = 35 + std::countr_zero(sizeof(T));
 
 // `sequence` is copied, so that it stays in registers.
 template <class T>
