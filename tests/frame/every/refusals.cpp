@@ -61,6 +61,7 @@ const Table<Row> refusals = {
      row("Convert_32f16f Convert_16s16f Convert_16f16s_Sfs", "roundMode", {2}, moxErrRoundMode,
          number),
      row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
+     row("Cauchy*", "c", {0, -1}, moxErrCauchyConst, number),
      row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
      row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
      row("Threshold_@(LTAbs|GTAbs|LTInv)_* Threshold_?(LT_|GT_|LTVal_|GTVal_)*c?(_I)", "level",
