@@ -13,10 +13,10 @@ using Lanes = V<Mox32f>;
 
 // An angle of pi is 2^15. The parts of the product are exact up to 2^24, and their errors 2^-24 of
 // the squared magnitudes beyond.
-I<Mox16s> frequencies(Pair<Lanes> z, Pair<Lanes> before) {
+[[gnu::always_inline]] inline I<Mox16s> frequencies(Pair<Lanes> z, Pair<Lanes> before) {
   constexpr Mox32f scale = 32768 / 3.14159265358979f;
-  const auto turns = toInteger(nearestInteger(
-      convert::phaseLanes(conjugateProduct(z, before)).value * scale));
+  const auto turns =
+      toInteger(nearestInteger(convert::phaseLanes(conjugateProduct(z, before)).value * scale));
   const auto [low, high] = halves(turns);
   return packInOrder<Mox16s>(low, high);
 }
@@ -26,7 +26,8 @@ MoxStatus demodulateFM(const Mox16s* srcRe, const Mox16s* srcIm, Mox16s* dst, in
   if (MoxStatus s = checkArrays(len, srcRe, srcIm, dst, dlyPoint)) return s;
   const HiddenExceptions scope;
   const auto pointAt = [=](long i) {
-    return Pair<Lanes>{Lanes{Mox32f(load<Mox16s>(srcRe + i))}, Lanes{Mox32f(load<Mox16s>(srcIm + i))}};
+    return Pair<Lanes>{Lanes{Mox32f(load<Mox16s>(srcRe + i))},
+                       Lanes{Mox32f(load<Mox16s>(srcIm + i))}};
   };
   const auto pointsFrom = [=](long i) {
     return Pair<Lanes>{loadWidened<Lanes>(srcRe + i), loadWidened<Lanes>(srcIm + i)};
