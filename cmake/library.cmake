@@ -8,6 +8,14 @@ if(NOT MOXSP_REVISION)
 endif()
 configure_file(cmake/version_numbers.h.in generated/move/version_numbers.h)
 
+if(MOXSP_SANITIZE)
+  # For all targets, so before the first of them: a program and a library under the sanitizers must
+  # agree. Their instrumentation makes the compiler see uninitialised reads where there are none.
+  add_compile_options(-O1 -fno-omit-frame-pointer -fsanitize=address,undefined
+    -fno-sanitize-recover=undefined -Wno-uninitialized -Wno-maybe-uninitialized)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp)
 add_library(moxsp_objects OBJECT ${sources})
 target_include_directories(moxsp_objects
@@ -52,12 +60,3 @@ foreach(library moxsp moxsp_static)
 endforeach()
 target_link_libraries(moxsp_static INTERFACE m)
 target_link_libraries(moxsp PRIVATE m)
-
-if(MOXSP_SANITIZE)
-  # For all targets: a program and a library under the sanitizers must agree.
-  target_compile_options(moxsp_objects PRIVATE -fno-omit-frame-pointer)
-  # Their instrumentation makes the compiler see uninitialised reads where there are none.
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
-    -Wno-uninitialized -Wno-maybe-uninitialized)
-  add_link_options(-fsanitize=address,undefined)
-endif()

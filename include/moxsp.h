@@ -31,23 +31,34 @@
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>
 #include <moxsp/corr.h>
+#include <moxsp/dct.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
+#include <moxsp/fir_sr.h>
+#include <moxsp/goertzel.h>
+#include <moxsp/generators.h>
+#include <moxsp/hilbert.h>
 #include <moxsp/iir.h>
+#include <moxsp/iir_design.h>
+#include <moxsp/integer_fft.h>
 #include <moxsp/logic.h>
 #include <moxsp/measures.h>
+#include <moxsp/median.h>
 #include <moxsp/move.h>
 #include <moxsp/multirate.h>
 #include <moxsp/reductions.h>
+#include <moxsp/resampling.h>
 #include <moxsp/sorting.h>
+#include <moxsp/sparse.h>
 #include <moxsp/stats.h>
 #include <moxsp/status.h>
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
+#include <moxsp/windows.h>
 #include <moxsp/wavelet.h>
 
 #endif

@@ -2,9 +2,17 @@
 
 #include <png.h>
 
+#include <cmath>
 #include <stdexcept>
 
 #include "support/result_file.h"
+
+double niceStep(double range, int parts) {
+  const double raw = range / parts, power = std::pow(10, std::floor(std::log10(raw)));
+  for (double factor : {1.0, 2.0, 5.0})
+    if (raw <= factor * power) return factor * power;
+  return 10 * power;
+}
 
 Canvas::Canvas(int width, int height)
     : width_(width),
@@ -25,6 +33,14 @@ void Canvas::rectangle(double x, double y, double w, double h, Rgb c) {
   cairo_set_source_rgb(context_, c.r, c.g, c.b);
   cairo_rectangle(context_, x, y, w, h);
   cairo_fill(context_);
+}
+
+void Canvas::curve(const std::vector<Point>& points, double thickness, Rgb c) {
+  cairo_set_source_rgb(context_, c.r, c.g, c.b);
+  cairo_set_line_width(context_, thickness);
+  cairo_new_path(context_);
+  for (const Point& p : points) cairo_line_to(context_, p.x, p.y);
+  cairo_stroke(context_);
 }
 
 void Canvas::text(double x, double y, double size, double align, const std::string& words, Rgb c) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "support/axis.h"
 #include "support/canvas.h"
 #include "support/program.h"
 
@@ -28,14 +29,6 @@ Rgb colourOf(double db) {
   const double f = x - i;
   const Rgb &a = stops[i], &b = stops[i + 1];
   return {a.r + f * (b.r - a.r), a.g + f * (b.g - a.g), a.b + f * (b.b - a.b)};
-}
-
-// A step of 1, 2 or 5 times a power of ten that gives about `parts` parts.
-double niceStep(double range, int parts) {
-  const double raw = range / parts, power = std::pow(10, std::floor(std::log10(raw)));
-  for (double factor : {1.0, 2.0, 5.0})
-    if (raw <= factor * power) return factor * power;
-  return 10 * power;
 }
 
 // The axis of time: seconds for a short sound, minutes and hours as a clock tells them.

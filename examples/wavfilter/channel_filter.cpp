@@ -12,8 +12,8 @@ ChannelFilter<Mox32f>::ChannelFilter(const std::vector<float>& taps) {
 }
 
 template <>
-void ChannelFilter<Mox32f>::run(const std::vector<Mox32f>& samples, std::vector<Mox32f>& filtered) {
-  require(moxsFIR_32f(samples.data(), filtered.data(), int(samples.size()), state_), "moxsFIR_32f");
+void ChannelFilter<Mox32f>::run(std::vector<Mox32f>& block) {
+  require(moxsFIR_32f_I(block.data(), int(block.size()), state_), "moxsFIR_32f_I");
 }
 
 template <>
@@ -26,7 +26,6 @@ ChannelFilter<Mox16s>::ChannelFilter(const std::vector<float>& taps) {
 }
 
 template <>
-void ChannelFilter<Mox16s>::run(const std::vector<Mox16s>& samples, std::vector<Mox16s>& filtered) {
-  require(moxsFIR32f_16s_Sfs(samples.data(), filtered.data(), int(samples.size()), state_, 0),
-          "moxsFIR32f_16s_Sfs");
+void ChannelFilter<Mox16s>::run(std::vector<Mox16s>& block) {
+  require(moxsFIR32f_16s_ISfs(block.data(), int(block.size()), state_, 0), "moxsFIR32f_16s_ISfs");
 }

@@ -12,8 +12,8 @@ class ChannelFilter {
   explicit ChannelFilter(const std::vector<float>& taps);
   ChannelFilter(ChannelFilter&&) = default;  // the state stays where it is
 
-  // Filters one block; the delay line carries over to the next.
-  void run(const std::vector<Sample>& samples, std::vector<Sample>& filtered);
+  // Filters one block in place; the delay line carries over to the next.
+  void run(std::vector<Sample>& block);
 
  private:
   std::vector<Mox8u> memory_;

@@ -1,30 +1,27 @@
 // wavfilter: filters a sound file and draws what the filter did.
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <map>
 #include <stdexcept>
 #include <string>
 
-#include "filter_file.h"
+#include "band.h"
+#include "channel_filter.h"
 #include "support/picture.h"
 #include "support/program.h"
-#include "support/sound_file.h"
 #include "support/spectrogram.h"
+#include "support/stream.h"
 
 namespace {
 
 struct Options {
-  FilterJob job;
+  StreamJob job;
+  Band band;
   std::filesystem::path into, picture;
   double lowpass = 1000, highpass = 0;
   std::vector<double> bandpass;
 };
 
 void declare(CLI::App& app, Options& o) {
-  app.add_option("input", o.job.input, "Sound file: WAV, FLAC, Ogg, any rate and channel count")
-      ->required();
-  app.add_option("output", o.job.output, "Filtered file: .wav, .flac or .ogg")
-      ->check(extension(writableExtensions()));
+  declareStream(app, o.job);
   app.add_option("--into", o.into, "Folder for a result and a picture named after the input");
   auto* kind = app.add_option_group("filter", "The band to keep")->require_option(0, 1);
   kind->add_option("--lowpass", o.lowpass, "Keep what lies below this frequency in Hz")
@@ -36,24 +33,16 @@ void declare(CLI::App& app, Options& o) {
       ->expected(2)
       ->allow_extra_args(false)
       ->check(frequency());
-  app.add_option("--taps", o.job.band.taps, "Length of the filter, odd")
+  app.add_option("--taps", o.band.taps, "Length of the filter, odd")
       ->capture_default_str()
       ->check(CLI::Range(3, 65535));
-  app.add_option("--block", o.job.block, "Frames to a block of the stream")
-      ->capture_default_str()
-      ->check(CLI::Range(1, 1 << 22));
-  const std::map<std::string, Arithmetic> names = {{"auto", Arithmetic::automatic},
-                                                   {"int16", Arithmetic::integer16},
-                                                   {"float", Arithmetic::single}};
-  app.add_option("--arithmetic", o.job.arithmetic, "Samples to run on: auto, int16 or float")
-      ->transform(CLI::CheckedTransformer(names, CLI::ignore_case));
   app.add_option("--picture", o.picture, "PNG file for the spectrograms before and after")
       ->check(extension({".png"}));
 }
 
 // The band in Hz, once the rate is known.
 Band bandOf(const Options& o) {
-  Band band = o.job.band;
+  Band band = o.band;
   band.rate = openSound(o.job.input).samplerate();
   const double half = band.rate / 2;
   if (!o.bandpass.empty()) {
@@ -81,7 +70,7 @@ void nameResults(Options& o) {
     if (o.job.output.empty()) throw std::runtime_error("a name for the output or --into is needed");
     return;
   }
-  const std::filesystem::path name = o.into / resultName(o.job.input, o.job.band.name());
+  const std::filesystem::path name = o.into / resultName(o.job.input, o.band.name());
   if (o.job.output.empty()) o.job.output = name.string() + ".wav";
   if (o.picture.empty()) o.picture = name.string() + ".png";
 }
@@ -98,18 +87,19 @@ void report(const Spectrogram& before, const Spectrogram& after, const Band& ban
 
 void run(Options& o) {
   constexpr int columns = 900;
-  o.job.band = bandOf(o);
+  o.band = bandOf(o);
   nameResults(o);
   const Spectrogram before = spectrogramOf(o.job.input, columns);
   o.job.progress = progressOf("filtering", before.seconds());
-  filterFile(o.job);
+  o.job.delay = o.band.taps / 2;
+  filterFile<ChannelFilter>(o.job, windowedSinc(o.band));
 
   const Spectrogram after = spectrogramOf(o.job.output, columns);
   std::printf("%s\n", o.job.output.c_str());
-  report(before, after, o.job.band);
+  report(before, after, o.band);
   if (!o.picture.empty()) {
     drawPanels(o.picture, {"Before: " + o.job.input.filename().string(), before},
-               {"After: " + o.job.output.filename().string(), after}, o.job.band.edges());
+               {"After: " + o.job.output.filename().string(), after}, o.band.edges());
     std::printf("%s\n", o.picture.c_str());
   }
 }

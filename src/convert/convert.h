@@ -11,7 +11,7 @@
 namespace mox::convert {
 
 // Each value as D: exact where D holds it, else rounded in the current mode. For 8s32f, 8u32f,
-// 16s32f, 16u32f, 16s64f, 32s64f, 32f64f and 64f32f.
+// 16s32f, 16u32f, 16s64f, 32s32f, 32s64f, 32f64f and 64f32f.
 template <class S, class D>
 void convertValues(const S* src, D* dst, long len);
 

@@ -93,6 +93,7 @@ template void convertValues(const Mox8u*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox32f*, long);
 template void convertValues(const Mox16u*, Mox32f*, long);
 template void convertValues(const Mox16s*, Mox64f*, long);
+template void convertValues(const Mox32s*, Mox32f*, long);
 template void convertValues(const Mox32s*, Mox64f*, long);
 template void convertValues(const Mox32f*, Mox64f*, long);
 template void convertValues(const Mox64f*, Mox32f*, long);

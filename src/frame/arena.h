@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <type_traits>
 
 #include "support/moxcore.h"
 
@@ -36,7 +37,7 @@ class Arena {
 // The next multiple of `alignment` at or after `p`.
 template <class T>
 T* alignUp(T* p, int alignment) {
-  return static_cast<T*>(moxAlignPtr(p, alignment));
+  return static_cast<T*>(moxAlignPtr(const_cast<std::remove_const_t<T>*>(p), alignment));
 }
 
 }  // namespace mox

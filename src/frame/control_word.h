@@ -11,13 +11,17 @@ enum class Exceptions {
   hidden,  // no trap is taken, and flags are as they were before
 };
 
+constexpr unsigned modeMask = 0x6000;  // of the rounding mode
+
+inline bool roundsToNearest() { return (_mm_getcsr() & modeMask) == 0; }
+
 class ControlScope {
  public:
   ControlScope(const ControlScope&) = delete;
   ControlScope& operator=(const ControlScope&) = delete;
 
  protected:
-  static constexpr unsigned modeMask = 0x6000, modeInForce = ~0u;
+  static constexpr unsigned modeInForce = ~0u;
 
   // A read of the word waits for arithmetic under way: there is one, and another only to keep
   // flags.

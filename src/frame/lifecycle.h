@@ -13,17 +13,22 @@
 
 namespace mox {
 
+// A record and its parts in one block of memory.
 template <class K>
-concept ObjectKind = requires(const typename K::Shape& shape, Arena& arena,
-                              typename K::Record& record) {
-  // What public prototypes call the object, and the whole of it. Both begin with `id`.
-  requires std::derived_from<typename K::Record, typename K::Head>;
-  record.id;
-  record.owned;  // whether moxMalloc gave the block, which then begins with the record
+concept BlockKind = requires(const typename K::Shape& shape, Arena& arena,
+                             typename K::Record& record) {
   // Places the parts behind the record, and writes what follows from the shape alone.
   shape.layout(arena, record);
   // Of the record. No part has a larger one than moxMalloc's.
   { K::alignment } -> std::convertible_to<int>;
+};
+
+template <class K>
+concept ObjectKind = BlockKind<K> && requires(typename K::Record& record) {
+  // What public prototypes call the object, and the whole of it. Both begin with `id`.
+  requires std::derived_from<typename K::Record, typename K::Head>;
+  record.id;
+  record.owned;  // whether moxMalloc gave the block, which then begins with the record
 };
 
 // Parts start on a multiple of this behind the record, wherever that is, unless their kind names
@@ -39,7 +44,7 @@ inline constexpr int partAlignmentOf<K> = K::partAlignment;
 }  // namespace detail
 
 // Bytes of an object that suffice at any address.
-template <ObjectKind K>
+template <BlockKind K>
 constexpr std::size_t objectBytes(const typename K::Shape& shape) {
   using Record = typename K::Record;
   Arena parts;
@@ -49,13 +54,13 @@ constexpr std::size_t objectBytes(const typename K::Shape& shape) {
   const int slack = std::max<int>(K::alignment, detail::partAlignmentOf<K>) - 1;
   return roundUp(sizeof(Record), K::alignment) + std::size_t(slack) + parts.used();
 }
-template <ObjectKind K>
+template <BlockKind K>
 constexpr bool fitsInInt(const typename K::Shape& shape) {
   return objectBytes<K>(shape) <= INT_MAX;
 }
 
 // The record in `memory`, without identifier, and its parts without contents.
-template <ObjectKind K>
+template <BlockKind K>
 typename K::Record& placeObject(void* memory, const typename K::Shape& shape) {
   auto* record = static_cast<typename K::Record*>(alignUp(memory, K::alignment));
   *record = {};

@@ -31,14 +31,22 @@ struct Same {
   E value;
 };
 
+// A source whose element i is first + step * i, the product and the sum each rounded.
+template <class E>
+struct Ramp {
+  E first, step;
+};
+
 namespace detail {
 template <class E>
 E elementOf(const E*);
 template <class E>
 E elementOf(Same<E>);
+template <class E>
+E elementOf(Ramp<E>);
 }  // namespace detail
 
-// The element type of a source, be it an array or a constant.
+// The element type of a source, be it an array, a constant or a ramp.
 template <class Source>
 using ElementOf = decltype(detail::elementOf(std::declval<Source>()));
 
@@ -61,6 +69,14 @@ template <class Wide, class E>
   return shuffle<[](int i) { return i % count; }>(first);
 }
 
+template <class Wide, class E>
+[[gnu::always_inline]] inline Wide lanesFrom(Ramp<E> src, long i) {
+  Wide index = {};
+  for (int lane = 0; lane < laneCount<Wide>; ++lane) index[lane] = lane / partsPerElement<E>;
+  index += Lane<Wide>(i);
+  return index * lanesFrom<Wide>(Same<E>{src.step}, i) + lanesFrom<Wide>(Same<E>{src.first}, i);
+}
+
 template <class E>
 [[gnu::always_inline]] inline Single<E> singleFrom(const E* src, long i) {
   return load<Single<E>>(src + i);
@@ -68,6 +84,10 @@ template <class E>
 template <class E>
 [[gnu::always_inline]] inline Single<E> singleFrom(Same<E> src, long) {
   return load<Single<E>>(&src.value);
+}
+template <class E>
+[[gnu::always_inline]] inline Single<E> singleFrom(Ramp<E> src, long i) {
+  return load<Single<E>>(&src.step) * Part<E>(i) + load<Single<E>>(&src.first);
 }
 
 // One part of element i; a real element stands for both parts.
@@ -79,24 +99,27 @@ template <class E>
 [[gnu::always_inline]] inline Part<E> partFrom(Same<E> src, long, int part) {
   return parts(&src.value)[part % partsPerElement<E>];
 }
-
-template <class D, class E>
-bool isSameArray(const D* dst, const E* src) {
-  return addressOf(dst) == addressOf(src);
+template <class E>
+[[gnu::always_inline]] inline Part<E> partFrom(Ramp<E> src, long i, int part) {
+  part %= partsPerElement<E>;
+  return parts(&src.step)[part] * Part<E>(i) + parts(&src.first)[part];
 }
-template <class D, class E>
-bool isSameArray(const D*, Same<E>) {
-  return false;
+
+template <class D, class Source>
+bool isSameArray(const D* dst, Source src) {
+  if constexpr (std::is_pointer_v<Source>)
+    return addressOf(dst) == addressOf(src);
+  else
+    return false;
 }
 
 // Whether a block of `bytes` of results overwrites elements of `src` that come after it.
-template <class D, class E>
-bool runsAhead(const D* dst, const E* src, long bytes) {
-  return addressOf(dst) - addressOf(src) - 1 < std::uintptr_t(bytes - 1);
-}
-template <class D, class E>
-bool runsAhead(const D*, Same<E>, long) {
-  return false;
+template <class D, class Source>
+bool runsAhead(const D* dst, Source src, long bytes) {
+  if constexpr (std::is_pointer_v<Source>)
+    return addressOf(dst) - addressOf(src) - 1 < std::uintptr_t(bytes - 1);
+  else
+    return false;
 }
 
 // A destination that is read as well is in the cache already.
@@ -158,10 +181,10 @@ template <long count, class S, class D, class Block>
   if (i < len) part(i, len - i);
 }
 
-// dst[i] = op(src[i]...), where a source is an array or `Same`. `op` takes scalars or vectors,
-// complex elements as interleaved parts; all loads of a block come before its stores, so that `dst`
-// may be one of the sources. An operation that takes long by itself gains nothing from a block of
-// several vectors, and has a shorter tail without.
+// dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
+// vectors, complex elements as interleaved parts; all loads of a block come before its stores, so
+// that `dst` may be one of the sources. An operation that takes long by itself gains nothing from a
+// block of several vectors, and has a shorter tail without.
 template <Stores stores = Stores::cached, int width = vectorBytes, long leastBlock = 16, class D,
           class Op, class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {

@@ -35,6 +35,10 @@ template <class T>
 }
 
 template <class T>
+[[gnu::always_inline]] inline constexpr Pair<T> swapParts(Pair<T> z) {
+  return {z.im, z.re};
+}
+template <class T>
 [[gnu::always_inline]] inline constexpr T squaredMagnitude(Pair<T> z) {
   return z.re * z.re + z.im * z.im;
 }

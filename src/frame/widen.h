@@ -25,6 +25,8 @@ template <class Wide, class E>
              0x1p31;
     else
       return Wide(_mm256_cvtepi32_pd(__m128i(loadWidened<I<Mox32s>>(p))));
+  } else if constexpr (std::is_same_v<Wide, V<Mox32f, 4>>) {
+    return __builtin_convertvector(loadWidened<I<Mox32s>>(p), Wide);
   } else if constexpr (sizeof(Wide) == integerBytes && sizeof(Lane<Wide>) == 2) {
     const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     return Wide(std::is_signed_v<E> ? _mm_cvtepi8_epi16(bytes) : _mm_cvtepu8_epi16(bytes));

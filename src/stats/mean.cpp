@@ -31,22 +31,31 @@ MoxStatus mean64fc(const Mox64fc* src, int len, Mox64fc* mean) {
   return moxOk;
 }
 
-template <class E>
-MoxStatus meanShort(const E* src, int len, E* mean, int scaleFactor) {
-  if (MoxStatus s = checkArrays(len, src, mean)) return s;
-  const HiddenExceptions scope;
-  const auto sums = exactSum(src, len);
-  for (int p = 0; p < partsPerElement<E>; ++p)
-    store(parts(mean) + p, saturatedInteger<Mox16s>(scaled<E>(Mox64f(sums[p]), scaleFactor) / len));
-  return moxOk;
-}
-
 // x / len to nearest, ties to even.
 Mox64s roundedQuotient(Mox64s x, Mox64s len) {
   const Mox64s magnitude = x < 0 ? -x : x;
   const Mox64s quotient = magnitude / len, twice = 2 * (magnitude % len);
   const Mox64s rounded = quotient + (twice > len || (twice == len && quotient % 2));
   return x < 0 ? -rounded : rounded;
+}
+
+// In the rounding mode in force. To nearest, integers do: where no place is dropped and the sum has
+// room for those that are added.
+template <class E>
+Mox16s shortMean(Mox64s sum, int len, int factor) {
+  if (factor <= 0 && factor >= -15 && roundsToNearest())
+    return saturate<Mox16s>(roundedQuotient(sum * (Mox64s(1) << -factor), len));
+  const HiddenExceptions scope;
+  return scope.settled(saturatedInteger<Mox16s>(scaled<E>(Mox64f(sum), factor) / len));
+}
+
+template <class E>
+MoxStatus meanShort(const E* src, int len, E* mean, int scaleFactor) {
+  if (MoxStatus s = checkArrays(len, src, mean)) return s;
+  const auto sums = exactSum(src, len);
+  for (int p = 0; p < partsPerElement<E>; ++p)
+    store(parts(mean) + p, shortMean<E>(sums[p], len, scaleFactor));
+  return moxOk;
 }
 
 // A factor above 0 doesn't round as others do: it adds the highest bit that it drops.

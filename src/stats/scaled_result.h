@@ -25,4 +25,13 @@ T saturatedInteger(Mox64f x) {
   return T(toInteger(std::clamp(x, Mox64f(Limits<T>::min), Mox64f(Limits<T>::max))));
 }
 
+// A sum of elements E times 2^-factor, rounded and saturated likewise. Without places to drop there
+// is nothing to round.
+template <class E, class T>
+T scaledSum(Mox64s sum, int factor) {
+  if (factor <= 0) return Scale<T, 62>(factor).apply(sum);
+  const HiddenExceptions scope;
+  return scope.settled(saturatedInteger<T>(scaled<E>(Mox64f(sum), factor)));
+}
+
 }  // namespace mox::stats

@@ -27,10 +27,9 @@ MoxStatus sumDouble(const E* src, int len, E* sum) {
 template <class E, class D>
 MoxStatus sumShort(const E* src, int len, D* sum, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, sum)) return s;
-  const HiddenExceptions scope;
   const auto sums = exactSum(src, len);
   for (int p = 0; p < partsPerElement<E>; ++p)
-    store(parts(sum) + p, saturatedInteger<Part<D>>(scaled<E>(Mox64f(sums[p]), scaleFactor)));
+    store(parts(sum) + p, scaledSum<E, Part<D>>(sums[p], scaleFactor));
   return moxOk;
 }
 

@@ -28,6 +28,22 @@ template <Direction direction, class T>
   return {plus, minus};
 }
 
+// i s z for a real s, given z with its parts swapped.
+template <class T, class F>
+[[gnu::always_inline]] inline Pair<T> timesImaginary(Pair<T> swapped, F s) {
+  return {swapped.re * -s, swapped.im * s};
+}
+template <class T, class F>
+[[gnu::always_inline]] inline T timesImaginary(T swapped, F s) {
+  return swapped * alternating<T>(-s, s);
+}
+
+// z (re + i im), where the lanes of re and im come in pairs.
+template <class T>
+[[gnu::always_inline]] inline T times(T z, T re, T im) {
+  return addSubtract(z * re, swapParts(z) * im);
+}
+
 // z w, or z conj(w) in the inverse direction.
 template <Direction direction, class T>
 [[gnu::always_inline]] inline Pair<T> rotated(Pair<T> z, Pair<T> w) {

@@ -15,12 +15,6 @@ using C64f = ComplexKind<Mox64f, fftComplex64f>;
 using R32f = RealKind<Mox32f>;
 using R64f = RealKind<Mox64f>;
 
-template <FftObject Kind>
-constexpr bool figuresSuffice() {
-  for (int order = 0; order <= Kind::maxOrder; ++order)
-    if (objectBytes<Kind>({order}) > std::size_t(specFigure<Kind>(order))) return false;
-  return true;
-}
 static_assert(figuresSuffice<C32fc>() && figuresSuffice<C64fc>());
 static_assert(figuresSuffice<R32f>() && figuresSuffice<R64f>());
 

@@ -93,8 +93,7 @@ constexpr FftNorm fftNorm(int flag) {
 }
 
 template <class F>
-F fftNormFactor(int flag, int order) {
-  const long n = 1L << order;
+F fftNormFactor(int flag, long n) {
   return flag == 4 ? F(1 / std::sqrt(double(n))) : flag == 8 ? F(0) : F(1) / F(n);
 }
 
@@ -106,7 +105,7 @@ void fillSpec(typename Kind::Record& spec, int order, int flag, int hint, Mox8u*
   spec.order = order;
   spec.fwdNorm = norm.fwd;
   spec.invNorm = norm.inv;
-  spec.normFactor = fftNormFactor<F>(flag, order);
+  spec.normFactor = fftNormFactor<F>(flag, 1L << order);
   spec.hint = hint;
   if (order <= Kind::maxSmallOrder) return;
   spec.bufSize = Mox32s(Kind::workBytes(order));
@@ -123,6 +122,14 @@ template <FftObject Kind>
 constexpr long specFigure(int order) {
   return order <= Kind::maxSmallOrder ? fftRecordFigure<typename Kind::Float>
                                       : Kind::tablesFigure(order) + fftTablesSlack;
+}
+
+// Whether the figure bounds what objects take, at all orders.
+template <FftObject Kind>
+constexpr bool figuresSuffice() {
+  for (int order = 0; order <= Kind::maxOrder; ++order)
+    if (objectBytes<Kind>({order}) > std::size_t(specFigure<Kind>(order))) return false;
+  return true;
 }
 
 // A work buffer's bytes with the slack for any address.

@@ -10,9 +10,9 @@
 #include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_real_post.h"
-#include "transforms/fft_real_small.h"
 #include "transforms/fft_run.h"
 #include "transforms/packed_layouts.h"
+#include "transforms/real_small.h"
 
 namespace mox::transforms {
 namespace {

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "frame/vec/vec.h"
+#include "transforms/complex_vector.h"
 #include "transforms/fft_spec.h"
 
 namespace mox::transforms {
@@ -54,12 +55,6 @@ template <class T>
   return T(Bits(v) ^ Bits(signs));
 }
 
-// z * (re + i im), where the lanes of re and im come in pairs.
-template <class T>
-[[gnu::always_inline]] inline T times(T z, T re, T im) {
-  return addSubtract(z * re, swapParts(z) * im);
-}
-
 template <class T>
 struct Fronts {
   T up, down;
@@ -70,6 +65,14 @@ template <class T>
 [[gnu::always_inline]] inline Fronts<T> butterfly(T up, T down, T w) {
   const T sum = up + down, turned = times(up - down, imaginaryParts(w), realParts(w));
   return {sum + turned, sum - turned};
+}
+
+// With A = (1/2 - sin/2) - i cos/2 the two are conj Z[M-k] + A D and conj(Z[k] - A D), where
+// D = Z[k] - conj Z[M-k]: one product, and no halving.
+template <class T>
+[[gnu::always_inline]] inline Fronts<T> joinedByOneProduct(T up, T down, T entry) {
+  const T turned = times(up - down, imaginaryParts(entry), realParts(entry));
+  return {down + turned, up - turned};
 }
 
 // step(up, down, i) for the values k = first + i; `conjugateUp` tells the front that is conjugated.
@@ -113,12 +116,8 @@ template <class F>
 void ownFftRealPost(F* data, long m, const F* table) {
   using T = V<F>;
   if (2 * m >= 1L << fftTwoLevelOrder) return detail::meetByTwoLevels<true>(data, data, m, table);
-  // With A = (1/2 - sin/2) - i cos/2 the two are conj Z[M-k] + A D and conj(Z[k] - A D), where
-  // D = Z[k] - conj Z[M-k]: one product, and no halving.
   detail::meetInTheMiddle<true>(data, data, m, 1, m / 2, [=](T up, T down, long i) {
-    const T entry = load<T>(table + 2 * i);
-    const T turned = detail::times(up - down, imaginaryParts(entry), realParts(entry));
-    return detail::Fronts<T>{down + turned, up - turned};
+    return detail::joinedByOneProduct(up, down, load<T>(table + 2 * i));
   });
 }
 

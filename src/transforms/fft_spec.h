@@ -18,12 +18,19 @@ struct MoxsFFTSpec {
 namespace mox::transforms {
 
 enum FftKind : Mox32s {
+  fftComplex16sc = 1,
+  fftComplex16s = 2,
+  fftReal16s = 3,
   fftComplex32fc = 4,
   fftComplex32f = 5,
   fftReal32f = 6,
   fftComplex64fc = 7,
   fftComplex64f = 8,
-  fftReal64f = 9
+  fftReal64f = 9,
+  fftComplex32sc = 0x434D414C,
+  fftComplex32s = 0x434D414D,
+  fftReal32s = 0x434D414E,
+  fftReal16s32s = 0x434D414F
 };
 
 constexpr int fftMaxDepth = 2;  // levels of rows on the large path

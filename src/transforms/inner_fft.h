@@ -35,6 +35,10 @@ class InnerFft {
     FftSpec<F> measured{};
     if (spec_) *spec_ = {};
     typename Kind::Shape{order}.layout(arena, spec_ ? *spec_ : measured);
+    placeWork(arena, order);
+  }
+  // Moves what a run writes to: copies with work memory of their own run at the same time.
+  constexpr void placeWork(Arena& arena, int order) {
     const long work = order > Kind::maxSmallOrder ? Kind::workBytes(order) : 0;
     work_ = arena.place<Mox8u>(std::size_t(work), fftAlignment);
   }

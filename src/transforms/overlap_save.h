@@ -23,6 +23,11 @@ class OverlapSave {
     work_ = arena.place<E>(InnerFft<E>::roomElements(order), fftAlignment);
     fft_.place(arena, order);
   }
+  // Moves what run() writes to: copies with work memory of their own run at the same time.
+  constexpr void placeWork(Arena& arena) {
+    work_ = arena.place<E>(std::size_t(size_), fftAlignment);
+    fft_.placeWork(arena, order_);
+  }
   // Builds the transform.
   void fill() { fft_.fill(order_, work_); }
 

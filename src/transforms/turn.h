@@ -52,14 +52,20 @@ constexpr F rounded(Fixed x) {
 
 }  // namespace detail
 
-// sin(2 pi i / n) for 0 <= i <= n/4, n a power of two.
+// sin(pi / 4 * eighths / n) for 0 <= eighths <= 2 n.
+template <class F>
+constexpr F sineOfEighths(long eighths, long n) {
+  if (eighths == 0) return 0;
+  if (eighths == 2 * n) return 1;
+  const auto angle = [n](long i) { return detail::eighthTurn / Mox64u(n) * Mox64u(i); };
+  if (eighths <= n) return detail::rounded<F>(detail::sineSeries(angle(eighths)));
+  return detail::rounded<F>(-detail::oneLessCosine(angle(2 * n - eighths)));
+}
+
+// sin(2 pi i / n) for 0 <= i <= n/4.
 template <class F>
 constexpr F sineOfTurn(long i, long n) {
-  if (i == 0) return 0;
-  if (4 * i == n) return 1;
-  const auto angle = [n](long j) { return detail::eighthTurn / Mox64u(n) * Mox64u(8 * j); };
-  if (8 * i <= n) return detail::rounded<F>(detail::sineSeries(angle(i)));
-  return detail::rounded<F>(-detail::oneLessCosine(angle(n / 4 - i)));
+  return sineOfEighths<F>(8 * i, n);
 }
 
 template <class F>
@@ -67,13 +73,20 @@ struct Twiddle {
   F re, im;
 };
 
+namespace detail {
+template <class F>
+constexpr Twiddle<F> twiddleOfEighths(long eighths, long n) {
+  if (eighths <= 2 * n)
+    return {sineOfEighths<F>(2 * n - eighths, n), -sineOfEighths<F>(eighths, n)};
+  const auto before = twiddleOfEighths<F>(eighths - 2 * n, n);  // a quarter turn back: times -i
+  return {before.im, -before.re};
+}
+}  // namespace detail
+
 // exp(-2 pi i k / n) for 0 <= k < n.
 template <class F>
 constexpr Twiddle<F> twiddleOf(long k, long n) {
-  const long quarter = n / 4;
-  if (k <= quarter) return {sineOfTurn<F>(quarter - k, n), -sineOfTurn<F>(k, n)};
-  const Twiddle<F> before = twiddleOf<F>(k - quarter, n);  // a quarter turn back: times -i
-  return {before.im, -before.re};
+  return detail::twiddleOfEighths<F>(8 * k, n);
 }
 
 }  // namespace mox::transforms

@@ -1,73 +1,17 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <png.h>
-#include <sys/wait.h>
 
-#include <array>
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <random>
-#include <sndfile.hh>
-#include <string>
-#include <vector>
+
+#include "example_test.h"
 
 namespace {
 
-namespace fs = std::filesystem;
+Outcome wavfilter(const std::string& arguments) { return runProgram(WAVFILTER, arguments); }
 
-struct Outcome {
-  int exitCode;
-  std::string output;  // both streams
-};
-
-Outcome wavfilter(const std::string& arguments) {
-  Outcome outcome{-1, {}};
-  FILE* pipe = popen((WAVFILTER " " + arguments + " 2>&1").c_str(), "r");
-  std::array<char, 256> text;
-  while (std::fgets(text.data(), text.size(), pipe)) outcome.output += text.data();
-  outcome.exitCode = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
-
-struct Sound {
-  int rate, channels;
-  std::vector<double> samples;  // interleaved
-};
-
-Sound readSound(const fs::path& path) {
-  SndfileHandle file(path.string());
-  Sound s{file.samplerate(), file.channels(), std::vector<double>(file.frames() * file.channels())};
-  file.readf(s.samples.data(), file.frames());
-  return s;
-}
-
-class WavFilter : public ::testing::Test {
- protected:
-  void SetUp() override {
-    folder_ =
-        fs::path(testing::TempDir()) /
-        (std::string("wavfilter-") + testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-
-  // Noise with a tone: something in every band.
-  void writeSound(const std::string& name, int format, int rate, int channels, long frames) const {
-    std::mt19937 engine(7);
-    std::uniform_real_distribution<double> noise(-0.4, 0.4);
-    std::vector<double> samples(frames * channels);
-    for (long i = 0; i < frames; ++i)
-      for (int c = 0; c < channels; ++c)
-        samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
-    SndfileHandle(path(name), SFM_WRITE, format, channels, rate).writef(samples.data(), frames);
-  }
-
-  fs::path folder_;
-};
+using WavFilter = ExampleTest;
 
 // The filter's formula again, in double precision and straight from its definition.
 std::vector<double> bandTaps(double low, double high, double rate, int count) {
@@ -223,7 +167,7 @@ TEST_F(WavFilter, AnInterruptedRunLeavesTheFormerResult) {
   std::string text;
   std::ifstream(path("out.wav")) >> text;
   EXPECT_EQ(text, "former");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 2);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);
 }
 
 TEST_F(WavFilter, RefusesWhatItCannotDoWithAReason) {

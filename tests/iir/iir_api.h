@@ -6,22 +6,13 @@
 #include <moxsp.h>
 
 #include <cmath>
-#include <complex>
-#include <memory>
 #include <vector>
 
 #include "iir/iir_state.h"
+#include "support/filters.h"
 #include "support/random.h"
 
 namespace test {
-
-// Functions without a factor behind their arguments, with the signature of those that have one.
-template <auto f>
-struct Unscaled;
-template <class... P, MoxStatus (*f)(P...)>
-struct Unscaled<f> {
-  static MoxStatus call(P... p, int) { return f(p...); }
-};
 
 #define IIR_STATE(types, suffix, tap, data, held)                              \
   using Tap = Mox##tap;                                                        \
@@ -33,19 +24,19 @@ struct Unscaled<f> {
   static constexpr auto getDlyLine = moxsIIRGetDlyLine##types##suffix;         \
   static constexpr auto setDlyLine = moxsIIRSetDlyLine##types##suffix;         \
   static constexpr auto setTaps = moxsIIRSetTaps##types##suffix
-#define IIR_FLOAT(name, types, suffix, tap, data)                                  \
-  struct name {                                                                    \
-    IIR_STATE(types, suffix, tap, data, tap);                                      \
-    static constexpr auto run = Unscaled<moxsIIR##types##suffix>::call;            \
-    static constexpr auto runInPlace = Unscaled<moxsIIR##types##suffix##_I>::call; \
-    static constexpr auto one = Unscaled<moxsIIROne##types##suffix>::call;         \
+#define IIR_FLOAT(name, types, suffix, tap, data)                                   \
+  struct name {                                                                     \
+    IIR_STATE(types, suffix, tap, data, tap);                                       \
+    static constexpr auto run = WithoutScale<moxsIIR##types##suffix>::call;         \
+    static constexpr auto inPlace = WithoutScale<moxsIIR##types##suffix##_I>::call; \
+    static constexpr auto one = WithoutScale<moxsIIROne##types##suffix>::call;      \
   }
-#define IIR_SCALED(name, types, suffix, tap, data, held)              \
-  struct name {                                                       \
-    IIR_STATE(types, suffix, tap, data, held);                        \
-    static constexpr auto run = moxsIIR##types##suffix##_Sfs;         \
-    static constexpr auto runInPlace = moxsIIR##types##suffix##_ISfs; \
-    static constexpr auto one = moxsIIROne##types##suffix##_Sfs;      \
+#define IIR_SCALED(name, types, suffix, tap, data, held)           \
+  struct name {                                                    \
+    IIR_STATE(types, suffix, tap, data, held);                     \
+    static constexpr auto run = moxsIIR##types##suffix##_Sfs;      \
+    static constexpr auto inPlace = moxsIIR##types##suffix##_ISfs; \
+    static constexpr auto one = moxsIIROne##types##suffix##_Sfs;   \
   }
 IIR_FLOAT(Iir32f, , _32f, 32f, 32f);
 IIR_FLOAT(Iir32fc, , _32fc, 32fc, 32fc);
@@ -74,11 +65,7 @@ constexpr int tapsFactor = 24;
 template <class F>
 constexpr bool hasTapsFactor = !std::is_same_v<typename F::Tap, typename F::Held>;
 
-struct IirFree {
-  MoxStatus (*free)(MoxsIIRState*);
-  void operator()(MoxsIIRState* s) const { free(s); }
-};
-using IirHandle = std::unique_ptr<MoxsIIRState, IirFree>;
+using IirHandle = Handle<MoxsIIRState>;
 
 enum class Shape { anyOrder, cascade };
 
@@ -96,14 +83,6 @@ IirHandle makeIir(Shape shape, const std::vector<typename F::Tap>& taps, int cou
   return IirHandle(s, {F::free});
 }
 
-using Exact = std::complex<long double>;
-template <class E>
-Exact exactly(E e) {
-  if constexpr (mox::Complex<E>)
-    return {static_cast<long double>(e.re), static_cast<long double>(e.im)};
-  else
-    return Exact(static_cast<long double>(e));
-}
 template <class E>
 E rounded(Exact z) {
   const auto part = [](long double v) {

@@ -38,8 +38,8 @@ TYPED_TEST(IirState, SetsTheTapsOfSectionsBeforeABadOne) {
                  twin = makeIir<F>(Shape::cascade, mixed, 4);
       ASSERT_EQ(this->setTaps(taps, state.get()), moxErrDivByZero);
       auto a = random.vector<typename F::Data>(700), b = a;
-      ASSERT_EQ(F::runInPlace(a.data(), 700, state.get(), 0), moxOk);
-      ASSERT_EQ(F::runInPlace(b.data(), 700, twin.get(), 0), moxOk);
+      ASSERT_EQ(F::inPlace(a.data(), 700, state.get(), 0), moxOk);
+      ASSERT_EQ(F::inPlace(b.data(), 700, twin.get(), 0), moxOk);
       EXPECT_EQ(std::memcmp(a.data(), b.data(), 700 * sizeof a[0]), 0) << section;
     }
   auto taps = someTaps<F>(random, Shape::anyOrder, 3);

@@ -118,12 +118,14 @@ TEST(IntegerSum, IsScaledAndSaturated) {
   expectExact<Mox32s, Mox32s>(moxsSum_32s_Sfs, sumOf, to32);
 }
 
-TEST(IntegerSum, RoundsInTheCurrentMode) {
+TEST(IntegerSum, RoundsInTheCurrentModeAndSoDoesTheMean) {
   const Mox16s x[] = {1, 2, 0, -9};
   for (const auto& [mode, expected] : {std::pair{FE_UPWARD, -1}, {FE_DOWNWARD, -2}}) {
     const UnderRounding scope(mode);
     Mox16s got;
     ASSERT_EQ(moxsSum_16s_Sfs(x, 4, &got, 2), moxOk);
+    EXPECT_EQ(got, expected);
+    ASSERT_EQ(moxsMean_16s_Sfs(x, 4, &got, 0), moxOk);
     EXPECT_EQ(got, expected);
   }
 }
@@ -267,12 +269,10 @@ TEST(IntegerDotProd, Of32BitsAddsDoublesInFourLanes) {
     narrow.push_back(Mox16s(x[i]));
   }
   const auto check = [&](auto dot, const auto& left, long len) {
-    long i = 0;
-    const auto lane = deal(Lanes<double>(4), i, len, {{4}, {2}, {1}},
-                           [&](long k) { return double(left[k]) * y[k]; });
+    const double sum = reduced<double>({4, Rest::pairs}, len, 0,
+                                       [&](long k) { return double(left[k]) * y[k]; })[0];
     for (const int n : {INT_MIN, -31, 0, 5, 20, 31, 40, 93, INT_MAX})
       for (const int mode : allRoundings) {
-        const double sum = foldHalves(lane, 1)[0];
         const UnderRounding scope(mode);
         Mox32s got;
         ASSERT_EQ(dot(left.data(), y.data(), int(len), &got, n), moxOk);

@@ -1,6 +1,6 @@
-// The model of all reductions of floats: terms dealt to lanes step by step, the lanes folded onto
-// one another. Additions of floats depend on their order, so that a result has the bits of its
-// scheme and of no other.
+// The model of all reductions of floats: a row of docs/additions.md, followed term by term.
+// Additions of floats depend on their order, so that a result has the bits of its row and of no
+// other.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,35 +14,69 @@
 #include <vector>
 
 #include "support/random.h"
+#include "support/same_bits.h"
 
 namespace test {
 
 template <class F>
 using Lanes = std::vector<F>;
 
+enum class Rest { halves, folded, single, pairs, last, serial };
+struct Order {
+  long lanes;
+  Rest rest;
+  long step = lanes;
+  long parts = 1;          // that alternate
+  long to = parts;         // lanes that the fold leaves
+  long at = 0, group = 0;  // in the fold of `at` lanes, groups are added to their neighbours
+};
+
 inline const auto plus = [](auto a, auto b) { return a + b; };
 // The second one beside a NaN.
 inline const auto larger = [](auto a, auto b) { return a > b ? a : b; };
 
-// The upper half of the lanes onto the lower one until `left` are left.
-template <class F, class Op = decltype(plus)>
-Lanes<F> foldHalves(Lanes<F> lane, std::size_t left, Op op = plus) {
-  while (lane.size() > left) {
-    const std::size_t half = lane.size() / 2;
-    for (std::size_t j = 0; j < half; ++j) lane[j] = op(lane[j], lane[j + half]);
-    lane.resize(half);
+template <class F, class Op>
+void foldOnce(Lanes<F>& lane, const Order& o, Op op) {
+  const long half = long(lane.size()) / 2, group = 2 * half == o.at ? o.group : half;
+  for (long j = 0; j < half; ++j) {
+    const long from = j / group * 2 * group + j % group;
+    lane[j] = op(lane[from], lane[from + group]);
   }
+  lane.resize(half);
+}
+template <class F, class Op = decltype(plus)>
+Lanes<F> folded(Lanes<F> lane, const Order& o, Op op = plus) {
+  while (long(lane.size()) > o.to) foldOnce(lane, o, op);
   return lane;
 }
 
-// Quarters of the lanes as two pairs, then the two.
-template <class F>
-Lanes<F> foldQuarters(const Lanes<F>& lane) {
-  const std::size_t n = lane.size() / 4;
-  Lanes<F> sum(n);
-  for (std::size_t j = 0; j < n; ++j)
-    sum[j] = (lane[j] + lane[n + j]) + (lane[2 * n + j] + lane[3 * n + j]);
-  return sum;
+// The terms up to n, of which the first `peel` are peeled: term(i) is number i. Of parts that
+// alternate, the first result is that of the first term behind the peel.
+template <class F, class Term, class Op = decltype(plus)>
+Lanes<F> reduced(const Order& o, long n, long peel, Term term, Op op = plus, long i = 0) {
+  Lanes<F> lane(o.lanes);
+  const auto add = [&](long j) { lane[j] = op(lane[j], F(term(i++))); };
+  const auto addWidth = [&](long width) {
+    for (long j = 0; j < width; ++j) add(j);
+  };
+  while (i < peel) add((i + peel) % o.parts);
+  while (n - i >= o.step)
+    for (long j = 0; j < o.step; ++j) add(j % o.lanes);
+
+  constexpr long leastFolded = 32 / sizeof(F);
+  while (o.rest == Rest::folded && long(lane.size()) > leastFolded) {
+    foldOnce(lane, o, op);
+    if (n - i >= long(lane.size())) addWidth(long(lane.size()));
+  }
+  if (o.rest == Rest::halves || o.rest == Rest::folded)
+    for (long width = long(lane.size()) / 2; width > 0; width /= 2)
+      if ((n - i) & width) addWidth(width);
+  const long start = i, cycle = o.rest == Rest::pairs ? 2 : 1;
+  while (i < n && o.rest != Rest::serial)
+    add(o.rest == Rest::last ? o.lanes - 1 : (i - start) % cycle);
+  lane = folded(lane, o, op);
+  for (const long first = i; i < n;) add((i - first) % o.parts);
+  return lane;
 }
 
 template <class F>
@@ -50,43 +84,21 @@ Lanes<double> widen(const Lanes<F>& lane) {
   return {lane.begin(), lane.end()};
 }
 
-// Folds to so many lanes, if it says so; then takes terms as often as there are so many, and deals
-// them to the first lanes.
-struct Step {
-  long terms, lanes = terms;
-  std::size_t fold = ~0ul;
-};
-inline Step folded(long lanes) { return {lanes, lanes, std::size_t(lanes)}; }
-using Steps = std::vector<Step>;
-
-// Vectors, then halves of them down to single terms.
-inline Steps halving(long lanes) {
-  Steps steps;
-  for (; lanes > 0; lanes /= 2) steps.push_back({lanes});
-  return steps;
-}
-
-// Terms of any kind that op joins: term(i) is the one with index i, of which i to n are left.
-template <class F, class Term, class Op = decltype(plus)>
-Lanes<F> deal(Lanes<F> lane, long& i, long n, const Steps& steps, Term term, Op op = plus) {
-  for (const Step& s : steps) {
-    lane = foldHalves(lane, s.fold, op);
-    for (; n - i >= s.terms; i += s.terms)
-      for (long j = 0; j < s.terms; ++j) lane[j % s.lanes] = op(lane[j % s.lanes], F(term(i + j)));
-  }
-  return lane;
-}
-
-// Single precision within blocks of 8192 terms, doubles beyond: four lanes, which hold `peeled`.
+// The fast forms: single precision within blocks of 8192 terms, a total of four doubles beyond.
 template <class Term>
-Lanes<double> fastBlocks(Lanes<double> total, long i, long n, Term term) {
-  const auto add = [&](const Lanes<float>& block) {
-    const auto four = foldHalves(widen(foldHalves(block, 8)), 4);
-    for (int j = 0; j < 4; ++j) total[j] += four[j];
-  };
-  while (n - i >= 8192) add(deal(Lanes<float>(32), i, i + 8192, {{32}}, term));
-  add(deal(Lanes<float>(32), i, n, {{32}, folded(16), folded(8), {4}, {2}, {1}}, term));
-  return total;
+Lanes<double> reducedFast(long parts, long n, long peel, Term term) {
+  long i = peel;
+  Lanes<double> total = widen(reduced<float>({parts, Rest::serial, 1, parts}, peel, peel, term));
+  total.resize(4);
+  for (bool last = false; !last; i += 8192) {
+    last = n - i < 8192;
+    const auto block = reduced<float>({.lanes = 32, .rest = Rest::folded, .to = 8},
+                                      last ? n : i + 8192, 0, term, plus, i);
+    for (int j = 0; j < 4; ++j) total[j] += double(block[j]) + double(block[j + 4]);
+  }
+  Order order = {.lanes = 4, .rest = Rest::serial, .parts = parts};
+  if (parts == 1) order.at = 4, order.group = 1;
+  return folded(total, order);
 }
 
 // A copy of elements that starts `offset` bytes past a boundary of 64.
@@ -116,17 +128,18 @@ std::vector<E> roundingData(long len, std::uint64_t stream) {
   return v;
 }
 
-// What a reduction gets: elements that start `offset` bytes past a boundary.
-template <class F>
-struct Operands {
-  const F *x, *y;  // y where there are two sources
-  long len, offset;
+// Terms of `size` bytes before the next multiple of `alignment`; none where no term starts there.
+inline long peelOf(long offset, long size, long alignment, long n) {
+  const long missing = (alignment - offset % alignment) % alignment;
+  return missing % size ? 0 : std::min(n, missing / size);
+}
 
-  // Elements before the next multiple of `alignment`; none when no element starts there.
-  long peel(long alignment) const {
-    const long missing = (alignment - offset % alignment) % alignment;
-    return missing % sizeof(F) ? 0 : std::min<long>(len, missing / sizeof(F));
-  }
+// What a reduction gets: elements that start `offset` bytes past a boundary.
+template <class A, class B = A>
+struct Operands {
+  const A* x;
+  const B* y;  // where there are two sources
+  long len, offset;
 };
 
 template <class F, class D, class A, class>
@@ -162,11 +175,11 @@ using Results = std::vector<long double>;
 
 // Compares all that the functions store with model(operands), rounded to that format, at every
 // short length and address, and about the ends of blocks.
-template <class D, class A, class Model, class... Functions>
+template <class D, class A, class B = A, class Model, class... Functions>
 void expectReduction(Model model, long shortest, Functions... functions) {
   using F = mox::Part<D>;
   auto x = roundingData<A>(65536 + 31, 3);
-  const auto y = roundingData<A>(65536 + 31, 4);
+  const auto y = roundingData<B>(65536 + 31, 4);
   for (std::size_t i = 5; i < x.size(); i += 37) x[i] = {};
   const auto likes = x;
   // Large terms that cancel one another leave the roundings of wide lanes in sight.
@@ -175,13 +188,12 @@ void expectReduction(Model model, long shortest, Functions... functions) {
       mox::parts(&x[i + 7])[p] = -(mox::parts(&x[i])[p] *= mox::Part<A>(0x1p36));
   const auto check = [&](const std::vector<A>& data, long len, long offset) {
     const Placed<A> first({data.begin(), data.begin() + len}, offset);
-    const Placed<A> second({y.begin(), y.begin() + len}, 5 * offset % 48);
+    const Placed<B> second({y.begin(), y.begin() + len}, 5 * offset % 48);
     std::vector<F> got, expected;
-    (store<D, Functions, A, A>(got, functions, first, second, int(len)), ...);
-    for (const long double e : model(Operands<A>{data.data(), y.data(), len, offset}))
+    (store<D, Functions, A, B>(got, functions, first, second, int(len)), ...);
+    for (const long double e : model(Operands<A, B>{data.data(), y.data(), len, offset}))
       expected.push_back(F(e));
-    ASSERT_EQ(got.size(), expected.size());
-    ASSERT_EQ(std::memcmp(got.data(), expected.data(), got.size() * sizeof(F)), 0)
+    ASSERT_TRUE(sameBits(got, expected))
         << "length " << len << ", offset " << offset << ": " << testing::PrintToString(got)
         << " instead of " << testing::PrintToString(expected) << ", " << seedNote();
   };

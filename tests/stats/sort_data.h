@@ -2,13 +2,13 @@
 #pragma once
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "support/random.h"
+#include "support/same_bits.h"
 
 namespace test {
 
@@ -55,11 +55,6 @@ inline std::vector<long> sortLengths() {
                                128, 129, 130, 138, 139, 200, 257, 1000, 4099, 70001};
   for (long len = 1; len <= 40; ++len) lengths.push_back(len);
   return lengths;
-}
-
-template <class T>
-bool sameBits(const std::vector<T>& a, const std::vector<T>& b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0;
 }
 
 }  // namespace test

@@ -14,6 +14,7 @@
 
 #include "frame/elements.h"
 #include "support/float_environment.h"
+#include "support/same_bits.h"
 
 namespace test {
 
@@ -102,15 +103,6 @@ Results<D> run(Member<const S*, C, D*, int, P...> m, const std::vector<S>& src, 
                Given<P>... p) {
   return resultsOf(m.name, std::vector<D>(src.size()),
                    [&](D* dst, int len) { return m.function(src.data(), val, dst, len, p...); });
-}
-
-template <class E>
-bool sameBits(const E& a, const E& b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
-}
-template <class E>
-bool sameBits(const std::vector<E>& a, const std::vector<E>& b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0;
 }
 
 // To the bit, but for NaN, which is as good as any other.

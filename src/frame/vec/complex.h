@@ -24,6 +24,12 @@ template <class T>
 [[gnu::always_inline]] inline T swapParts(T z) {
   return shuffle<[](int i) { return i ^ 1; }>(z);
 }
+// The two values in turn.
+template <class T, class E>
+[[gnu::always_inline]] inline T alternating(E even, E odd) {
+  const T v = {even, odd};
+  return shuffle<[](int i) { return i % 2; }>(v);
+}
 // The real parts of a - b and the imaginary parts of a + b.
 template <class T>
 [[gnu::always_inline]] inline T addSubtract(T a, T b) {
@@ -31,6 +37,10 @@ template <class T>
     return T(_mm256_addsub_ps(a, b));
   else if constexpr (std::is_same_v<T, V<Mox64f>>)
     return T(_mm256_addsub_pd(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox32f, 4>>)
+    return T(_mm_addsub_ps(a, b));
+  else if constexpr (std::is_same_v<T, V<Mox64f, 2>>)
+    return T(_mm_addsub_pd(a, b));
   else
     return shuffle<[](int i) { return i % 2 ? laneCount<T> + i : i; }>(T(a - b), T(a + b));
 }

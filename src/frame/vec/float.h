@@ -77,6 +77,9 @@ template <class T>
 [[gnu::always_inline]] inline V<Mox32f> truncated(V<Mox32f> v) {
   return V<Mox32f>(_mm256_round_ps(v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC));
 }
+[[gnu::always_inline]] inline V<Mox64f> truncated(V<Mox64f> v) {
+  return V<Mox64f>(_mm256_round_pd(v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC));
+}
 
 // The value without its sign, and with the sign of another.
 template <class T>

@@ -14,7 +14,8 @@ enum class Deviation {
   alignedSums,     // the order of a sum follows the alignment: compared within roundings
   outputsApart,    // one null output does not keep the call from writing the others
   clearsObject,    // stores null where it has no memory for an object
-  ownMemory        // takes memory beside the buffer that it is given
+  ownMemory,       // takes memory beside the buffer that it is given
+  unidentified     // its objects have no identifier: it does not look at what it is given
 };
 
 // The reason, in words; null when the function does as all do.

@@ -22,6 +22,9 @@ struct Row {
 };
 const Row rows[] = {
     {"FFTInit_([CR])_(.*)", "FFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
+    {"FFTInit_R_16s32s", "FFTInv_CCSToR_32s16s"},
+    {"DCT(Fwd|Inv)Init_(.*)", "DCT$1(Free|GetBufSize)?_$2"},
+    {"HilbertInitAlloc_(.*)", "Hilbert(Free)?_$1"},
 
     // Combinations that share their states.
     {"FIRInit(32sc?_16sc?)(32fc?)?", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},
@@ -43,7 +46,15 @@ const Row rows[] = {
     {"IIRInit([0-9a-z]*)_([0-9]+[a-z]+?)(32fc?)?",
      "IIR(One|SetTaps|[GS]etDlyLine|Free)?$1_$2(32fc?)?"},
     {"IIRInit_BiQuad_DF1_32f", "IIR([GS]etDlyLine|Free)?_32f"},
+    {"(Tone|Triangle)InitQ15_16s", "$1(Free|Q15_16s)"},
+    {"Rand(Uniform|Gauss)Init_(.*)", "Rand$1(Free)?_$2"},
+
     {"IIRInit64f_BiQuad_DF1_32s", "IIR(Free)?64f_32s|moxsIIR[GS]etDlyLine64f_DF1_32s"},
+    {"FIRSRInit(.*)", "FIRSR$1"},
+    {"(FIR|IIR)SparseInit(.*)", "$1Sparse([GS]etDlyLine)?$2"},
+
+    {"ResamplePolyphaseInit(.*)", "ResamplePolyphase$1"},
+    {"ResamplePolyphaseFixedInit(.*)", "ResamplePolyphase(Fixed|[GS]etFixedFilter)$1"},
 };
 
 // What a row says of a function that makes objects; empty when it says nothing.

@@ -1,5 +1,6 @@
 // Bad arguments: each gives its status, of two the one of lower rank, and nothing is written.
 #include <climits>
+#include <cmath>
 
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
@@ -40,6 +41,10 @@ const Table<Row> refusals = {
      row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
          first),
      // A length of 64 bits without a sign, no pairs, and no element at all.
+     row("Win!(BlackmanOpt*|Kaiser*)", "len", {2, 0, -1, INT_MIN}, moxErrSize, length),
+     row("WinBlackmanOpt*", "len", {3, 0, -1, INT_MIN}, moxErrSize, first),
+     row("WinKaiser_*", "alpha", {1000, -1000}, moxErrKaiserAlpha, number),
+     row("WinKaiserQ15_*", "alphaQ15", {INT_MAX, INT_MIN}, moxErrKaiserAlpha, number),
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
 
      row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
@@ -62,12 +67,28 @@ const Table<Row> refusals = {
          number),
      row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
      row("Cauchy*", "c", {0, -1}, moxErrCauchyConst, number),
+     row("Sample@(Up|Down)_*", "srcLen", belowOne, moxErrSize, length),
+     row("Sample@(Up|Down)_*", "factor", belowOne, moxErrSampleFactor, number),
+     row("ResamplePolyphase@(GetSize|Init)_*", "nStep", belowOne, moxErrSize, length),
+     row("ResamplePolyphase@(GetSize|Init)_*", "window", {0, -1, 0.124, 1e30}, moxErrBadArg,
+         number),
+     row("ResamplePolyphase*Init_*", "rollf", {0, -1, 1.01}, moxErrBadArg, number),
+     row("ResamplePolyphase*Init_*", "alpha", {0.99, -3}, moxErrBadArg, number),
+     row("ResamplePolyphaseFixed*", "inRate outRate", belowOne, moxErrSize, length),
+     row("ResamplePolyphase_*", "factor", {0, -1, 1e-10, 1e30}, moxErrSize, length),
+     row("ResamplePolyphase[GS]etFixedFilter_*", "step height", belowOne, moxErrSize, length),
+     row("ResamplePolyphase[GS]etFixedFilter_*", "height", {INT_MAX}, moxErrSize, last),
+     row("FilterMedian_*", "maskSize", belowOne, moxErrSize, number),
      row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
      row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
      row("Threshold_@(LTAbs|GTAbs|LTInv)_* Threshold_?(LT_|GT_|LTVal_|GTVal_)*c?(_I)", "level",
          {-1}, moxErrThreshLevel, level),
      row("Threshold_LTValGTVal_*", "levelLT", {6}, moxErrThreshOrder, level),
      row("Threshold_*", "relOp", {3, -1}, moxErrBadArg, last),
+
+     row("Goertz_*", "relFreq", {-1e-9, 1, NAN}, moxErrRelFreq, number),
+     row("GoertzQ15_*", "relFreqQ15", {-1, -32768}, moxErrRelFreq, first),
+     row("GoertzTwoQ15_*", "relFreqQ15", {null}, moxErrNullPtr, first),
 
      row("FFTGetSize_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, first),
      row("FFTGetSize_*", "order", {30}, moxErrFftOrder, last),
@@ -80,9 +101,15 @@ const Table<Row> refusals = {
      row("FFT@(Fwd|Inv)_*", "spec", {cleared}, moxErrContext, object),
      row("FFT@(GetBufSize|Free)_*", "spec", {cleared}, moxErrContext, behindLength),
 
+     row("FIR!(LMS*|SR*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
+     row("DCT*GetSize_* DCT*Init_*", "len", belowOne, moxErrSize, first),
+     row("DCT*GetSize_* DCT*Init*", "len", {INT_MAX, 0x10000000}, moxErrSize, last),
+     row("DCT*InitAlloc_*", "len", belowOne, moxErrSize, length),
+     row("DCT!(*Init*) Hilbert!(Init*)", "spec", {cleared}, moxErrContext, behindLength),
+
      row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
-     row("FIR!(*Init*)", "state", {cleared}, moxErrContext, last),
+     row("FIR!(*Init*|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
      row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
@@ -102,6 +129,27 @@ const Table<Row> refusals = {
      row("FIRLMSMRInitAlloc*", "dlyLineIndex", {-1, INT_MAX}, moxErrSize, level),
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
+     row("IIR!(Sparse*)@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     // The phase's own pointer comes first, the array last.
+     row("@(Tone|Triangle)_Direct_*", "phase", {null}, moxErrNullPtr, first),
+     row("Tone_Direct_*", "magn", {0, -1}, moxErrToneMagn, object),
+     row("Triangle_Direct_*", "magn", {0, -1}, moxErrTriangleMagn, object),
+     row("Tone_Direct_*", "rFreq", {-0.1, 0.5}, moxErrToneFreq, pointer),
+     row("Triangle_Direct_*", "rFreq", {-0.1, 0.5}, moxErrTriangleFreq, pointer),
+     row("Triangle_Direct_*", "asym", {-3.15, 3.15}, moxErrTriangleAsym, length),
+     row("@(Tone|Triangle)_Direct_*", "dst", {null}, moxErrNullPtr, number),
+     row("@(Tone|Triangle)_Direct_*", "len", belowOne, moxErrSize, level),
+     row("Tone*Q15*", "magn", {0, -1}, moxErrToneMagn, number),
+     row("Triangle*Q15*", "magn", {0, -1}, moxErrTriangleMagn, number),
+     row("Tone*Q15*", "rFreqQ15", {-1, 16384}, moxErrToneFreq, level),
+     row("Triangle*Q15*", "rFreqQ15", {-1, 16384}, moxErrTriangleFreq, level),
+     row("Tone*Q15*", "phaseQ15", {-1, 205887}, moxErrTonePhase, last),
+     row("Triangle*Q15*", "phaseQ15", {-1, 205887}, moxErrTrianglePhase, last),
+     row("Triangle*Q15*", "asymQ15", {-102944, 102944}, moxErrTriangleAsym, last),
+     row("ToneQ15_* TriangleQ15_* ToneFree TriangleFree Rand!(*Init*)", "state", {cleared},
+         moxErrContext, last),
+
+     row("VectorJaehne_*[sf]", "magn", {-1}, moxErrJaehneMagn, number),
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {cleared}, moxErrContext, object),
      row("WTInv_*", "dst", {null}, moxErrNullPtr, behindLength),
@@ -113,7 +161,20 @@ const Table<Row> refusals = {
 
      row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
-     row("IIR!(*Init*|*P|*PSfs)", "state", {cleared}, moxErrContext, last),
+     row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
+     row("FIRSRInit_*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrSize, first),
+     row("FIRSRInit_*", "algType", {3, 0x101, -1}, moxErrAlgType, last),
+     row("FIRSRGetSize", "tapsLen", belowOne, moxErrSize, first),
+     row("FIRSRGetSize", "tapsLen", {INT_MAX}, moxErrSize, last),
+     row("FIRSRGetSize", "dataType", {0, 14, -1}, moxErrDataType, object),
+     row("FIRSparse*", "nzTapsLen", belowOne, moxErrFirLen, length),
+     row("FIRSparseGetStateSize_*", "order", {INT_MAX}, moxErrSize, last),
+     row("IIRSparse*", "nzTapsLen1 nzTapsLen2", belowOne, moxErrIirOrder, length),
+     row("IIRGen*", "order", {0, -1, 13, INT_MIN, INT_MAX}, moxErrIirGenOrder, length),
+     row("IIRGen*", "rFreq", {0, 0.5, -0.1, NAN}, moxErrIirGenFreq, behindLength),
+     row("IIRGen*", "filterType", {2, -1}, moxErrBadArg, number),
+     row("IIRGen*", "ripple", {0, 60.5, -1, NAN}, moxErrIirGenRipple, level),
+
      row("IIR_32f_*", "numChannels", belowOne, moxErrChannel, number),
      row("IIR64f_32s_*", "numChannels", belowOne, moxErrChannelCount, number)}};
 
@@ -230,6 +291,7 @@ bool takesObject(const Function& f) { return objectParameter(f) >= 0; }
 
 // Objects of all kinds but those that the function takes.
 void checkForeignObjects(const Function& f, Position& at) {
+  if (deviation(f, Deviation::unidentified)) return;
   for (const Kind& kind : allKinds()) {
     if (kind.isTakenBy(f)) continue;
     at.detail = "with an object of " + kind.init->name;

@@ -13,7 +13,7 @@
 namespace every {
 namespace {
 
-auto fixed(long value) {
+auto fixed(auto value) {
   return [value](const Call&) { return value; };
 }
 auto times(long factor, const char* name) {
@@ -41,6 +41,12 @@ auto sizeOfObject(const char* output) {
     }
     throw Unknown(c.function().name + " has no size query");
   };
+}
+auto sizeOfFirSr(const char* output) {
+  return [=](const Call& c) { return query("moxsFIRSRGetSize", c.setting(), output); };
+}
+long sizeOfDesign(const Call& c) {
+  return query("moxsIIRGenGetBufferSize", c.setting(), "bufferSize");
 }
 long workBufferSize(const Call& c) {
   const std::string init = kindOf(c.function())->init->name;
@@ -72,6 +78,9 @@ long iirDelayLine(const Call& c) {
 
 constexpr long packWidth = 11;
 
+// Where resampled signals begin in their arrays, and what is read behind them.
+constexpr long resampledFrom = 40, resampledBehind = 7;
+
 // Numbers, and arrays whose every element must have a certain value. `others` are values with which
 // the function goes another way.
 struct NumberRow {
@@ -83,6 +92,19 @@ const Table<NumberRow> numberRows = {
     "numbers",
     {{{"FFT*", "order"}, [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
      {{"FFT*", "flag"}, fixed(8), {1, 2, 4}},
+     {{"Sample@(Up|Down)_*", "factor"}, fixed(3), {1, 2}},
+     {{"Sample@(Up|Down)_*", "phase"}, fixed(0)},
+     {{"ResamplePolyphase_*", "factor"}, [](const Call&) { return 0.75; }, {1, 2}},
+     {{"ResamplePolyphase*", "time"}, fixed(resampledFrom)},
+     {{"ResamplePolyphase*", "window"}, fixed(8)},
+     {{"ResamplePolyphase*", "nStep"}, fixed(16)},
+     {{"ResamplePolyphase*", "rollf norm"}, fixed(1)},
+     {{"ResamplePolyphase*", "inRate"}, fixed(3), {1}},
+     {{"ResamplePolyphase*", "outRate"}, fixed(2), {5}},
+     {{"ResamplePolyphaseFixed@(GetSize|Init)_*", "len"}, fixed(8)},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "step"}, fixed(12), {5, 17}},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "height"}, fixed(2), {1}},
+     {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
      {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
      {{"FIRMR*", "downFactor"}, fixed(2), {5}},
@@ -105,9 +127,33 @@ const Table<NumberRow> numberRows = {
      {{"CalcStates*", "offset"}, fixed(0), {3}},
      {{"Cauchy*", "c"}, fixed(3)},
      {{"IIR*", "order"}, fixed(4), {1, 2}},
+     {{"IIRGen*", "rFreq"}, fixed(0.2)},
+     {{"IIRGen*", "ripple filterType"}, fixed(1)},
+     {{"FIRSR*", "algType"}, fixed(0), {1, 2}},
+     {{"FIRSR*", "dataType"}, fixed(moxType64f)},
+     {{"FIRSparse*", "order"}, fixed(5)},
+     {{"@(FIR|IIR)Sparse*", "nzTapsLen nzTapsLen1 nzTapsLen2"}, fixed(1)},
+     {{"@(FIR|IIR)Sparse*", "nzTapPos"}, fixed(5)},
      {{"IIR*", "numBq"}, fixed(3), {1}},
      {{"IIR*", "taps"}, fixed(3)},  // a shift, and what must not be 0, is among them
      {{"IIR*", "numChannels"}, fixed(7), {1}},
+     {{"Tone* Triangle*", "magn"}, fixed(1000)},
+     {{"Tone* Triangle*", "rFreq"}, [](const Call&) { return 0.1; }},
+     {{"Tone* Triangle*", "phase"}, [](const Call&) { return 1.5; }},
+     {{"Triangle*", "asym"}, fixed(1), {-3}},
+     {{"Tone*Q15* Triangle*Q15*", "rFreqQ15 phaseQ15 asymQ15"}, fixed(3000)},
+     {{"VectorJaehne*", "magn"}, fixed(100)},
+     {{"Vector@(Ramp|Slope)*", "offset"}, fixed(-20)},
+     {{"Vector@(Ramp|Slope)*", "slope"}, fixed(3), {0}},
+     {{"Rand*", "seed"}, fixed(12345)},
+     {{"RandUniform*", "low"}, fixed(-100)},
+     {{"RandUniform*", "high"}, fixed(100)},
+     {{"RandGauss*", "mean"}, fixed(10)},
+     {{"RandGauss*", "stdDev"}, fixed(20)},
+     {{"Win!(BlackmanOpt*)", "len"}, [](const Call& c) { return std::max(c.length(), 3); }},
+     {{"WinBlackmanOpt*", "len"}, [](const Call& c) { return std::max(c.length(), 4); }},
+     {{"WinKaiser_*", "alpha"}, [](const Call& c) { return 20.0 / c.length(); }, {0}},
+     {{"Win*Q15*", "alphaQ15"}, [](const Call& c) { return (20 << 15) / c.length(); }, {0}},
      {{"Conv* *Corr*", "len1 srcLen"}, length},
      {{"Conv* *Corr*", "len2"}, [](const Call& c) { return c.length() / 8 + 1; }, {3, 70}},
      {{"ConvBiased* *Corr*", "dstLen"}, fixed(9), {1, 80}},
@@ -124,6 +170,8 @@ const Table<NumberRow> numberRows = {
      {{"Threshold_LTInv_*", "level"}, fixed(3), {0}},
      {{"Threshold_LTValGTVal_*", "levelGT"}, fixed(5)},
      {{"DivC* Normalize_*", "val div"}, fixed(3), {1}},
+     {{"Goertz*", "relFreq"}, [](const Call&) { return 0.3; }, {0}},
+     {{"Goertz*", "relFreqQ15"}, fixed(9830), {0}},
 
      {{"*", "len tableLen"}, length},
      {{"*", "channels maskSize"}, fixed(3), {1}},
@@ -163,9 +211,10 @@ const Table<CountRow> countRows = {
      {{"FFT@(Fwd_CToC|Inv_CToC|Fwd_RToPack|Fwd_RToPerm|Inv_PackToR|Inv_PermToR)_*",
        "src dst srcDst srcRe srcIm dstRe dstIm srcDstRe srcDstIm"},
       transformLength},
-     {{"FFT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
-     {{"FFTInit_*", "specMem"}, sizeOfObject("specSize")},
-     {{"FFTInit_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
+     {{"FFTInit_* DCT*Init_*", "specMem"}, sizeOfObject("specSize")},
+     {{"FFTInit_* DCT*Init_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"DCT@(Fwd|Inv)_* Hilbert_*", "src dst srcDst"}, length},
      {{"ConjCcs_*", "src"}, [](const Call& c) { return c("len") / 2 * 2 + 2; }},
 
      {{"FIR*Init* IIR*Init*", "buffer"}, sizeOfObject("size")},
@@ -185,9 +234,19 @@ const Table<CountRow> countRows = {
      {{"FIRLMSMRGetTapsPointer*", "pointer"}, fixed(1)},
      {{"FIR*", "taps"}, argument("tapsLen")},
 
+     {{"FIRSRInit*", "spec"}, sizeOfFirSr("specSize")},
+     {{"FIRSR_*", "buffer"}, sizeOfFirSr("bufSize")},
+     {{"FIRSR_*", "dlySrc dlyDst"}, [](const Call& c) { return c("tapsLen") - 1; }},
+     {{"FIRSparse*", "nzTaps nzTapPos"}, argument("nzTapsLen")},
+     {{"FIRSparse*", "dlyLine"}, fixed(5)},
+     {{"IIRSparse*", "nzTaps nzTapPos"},
+      [](const Call& c) { return c("nzTapsLen1") + c("nzTapsLen2"); }},
+     {{"IIRSparse*", "dlyLine"}, fixed(10)},
+     {{"IIRGen*", "buffer"}, sizeOfDesign},
+
      {{"IIR*", "taps"},
       [](const Call& c) { return isCascade(c) ? 6 * c("numBq") : 2 * c("order") + 2; }},
-     {{"IIR*", "dlyLine"}, iirDelayLine},
+     {{"IIR!(Sparse*)", "dlyLine"}, iirDelayLine},
      {{"IIR*", "scaleFactor"}, argument("numChannels")},
 
      {{"Conv* *Corr*", "src1"}, argument("len1")},
@@ -198,6 +257,9 @@ const Table<CountRow> countRows = {
      {{"Convolve_* *CorrNorm_*", "buffer"}, corrBufferSize},
      {{"ConvCyclic8x8_*", "x h y"}, fixed(8)},
      {{"ConvCyclic4x4_*", "x h y"}, fixed(4)},
+     {{"Tone* Triangle*", "phase"}, fixed(1)},
+     {{"Rand*", "seed"}, fixed(1)},
+     {{"ToneInitQ15* TriangleInitQ15* Rand*Init_*", "state"}, sizeOfObject("size")},
 
      {{"GetVarPoint*", "src dstPoint"}, fixed(1)},
      {{"GetVarPoint*", "table"}, fixed(16)},
@@ -227,11 +289,33 @@ const Table<CountRow> countRows = {
      {{"WTHaarFwd_*", "dstHigh"}, [](const Call& c) { return c("len") / 2; }},
      {{"WTHaarInv_*", "srcHigh"}, [](const Call& c) { return c("len") / 2; }},
 
+     {{"Sample@(Up|Down)_*", "src"}, argument("srcLen")},
+     {{"SampleUp_*", "dst"}, [](const Call& c) { return c("srcLen") * c("factor"); }},
+     {{"SampleDown_*", "dst"},
+      [](const Call& c) { return (c("srcLen") + c("factor") - 1) / c("factor"); }},
+     {{"Sample@(Up|Down)_*", "dstLen phase"}, fixed(1)},
+     {{"ResamplePolyphase?(Fixed)_*", "src"},
+      [](const Call& c) { return c("len") + resampledFrom + resampledBehind; }},
+     {{"ResamplePolyphase_*", "dst"}, times(2, "len")},
+     {{"ResamplePolyphaseFixed_*", "dst"}, times(5, "len")},
+     {{"ResamplePolyphase*", "time outLen filterLen numFilters"}, fixed(1)},
+     {{"ResamplePolyphase*Init_*", "state"}, sizeOfObject("size")},
+     {{"ResamplePolyphase[GS]etFixedFilter_*", "src dst"},
+      [](const Call& c) { return c("step") * c("height"); }},
+
      {{"SumWindow_*", "src"}, [](const Call& c) { return c("len") + c("maskSize") - 1; }},
      {{"Update*", "srcDst"}, fixed(1)},
+     {{"Goertz@(_|Q15)*", "dst"}, fixed(1)},
+     {{"GoertzTwo*", "dst relFreq relFreqQ15"}, fixed(2)},
 
-     {{"*", "size specSize initSize workSize dstBitLen dlyLineIndex tapsFactor bufferSize"},
-      fixed(1)},
+     {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
+     {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
+      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+      {{"*", "outVal outIndex counts"}, fixed(1)},
+      {{"*", "table"}, argument("tableLen")},
+      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
+      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},

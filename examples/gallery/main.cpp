@@ -1,0 +1,12 @@
+// Draws the pictures of docs/pictures, which docs/gallery.md shows.
+#include "gallery/pictures.h"
+#include "support/program.h"
+
+int main(int argc, char** argv) {
+  CLI::App app("Draws windows and their spectra as SVG files.", "gallery");
+  std::filesystem::path folder;
+  app.add_option("folder", folder, "where the pictures go")
+      ->required()
+      ->check(CLI::ExistingDirectory);
+  return runProgram(app, argc, argv, [&] { drawWindows(folder); });
+}

@@ -1,0 +1,112 @@
+// Arrays filled with blocks of numbers that are made on the way.
+#pragma once
+
+#include <cstring>
+
+#include "frame/complex_views.h"
+#include "frame/map_scaled.h"
+#include "gen/block.h"
+
+namespace mox::gen {
+
+// For truncation to the nearest of the integers of D, ties away from zero; floats stay.
+template <class D, class F>
+[[gnu::always_inline]] inline Block<F> beforeTruncation(const Block<F>& b) {
+  if constexpr (std::is_floating_point_v<D>)
+    return b;
+  else
+    return blockOf<F>([&](int j) { return b.v[j] + withSignOf(b.v[j], broadcast<V<F>>(F(0.5))); });
+}
+template <class D, class F>
+[[gnu::always_inline]] inline Pair<Block<F>> beforeTruncation(const Pair<Block<F>>& z) {
+  return {beforeTruncation<D>(z.re), beforeTruncation<D>(z.im)};
+}
+
+namespace detail {
+
+// The four registers of integers of a block, truncated and saturated. Numbers of single precision
+// fit in 32 bits.
+template <class D>
+[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox64f>& b) {
+  for (int j = 0; j < 4; ++j) {
+    if constexpr (std::is_same_v<D, Mox32u>)  // less 2^31 while they are signed
+      r[j] =
+          saturate<Mox32s>(truncated(b.v[j]) - 0x1p31) ^ I<Mox32s>(broadcast<I<Mox32u>>(1u << 31));
+    else
+      r[j] = saturate<D>(b.v[j]);
+  }
+}
+template <class D>
+[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox32f>& b) {
+  for (int j = 0; j < 2; ++j) {
+    const auto [low, high] = halves(integersOf(b.v[j]));
+    r[2 * j] = low, r[2 * j + 1] = high;
+  }
+}
+
+}  // namespace detail
+
+// A block of real elements: floats rounded, integers truncated.
+template <class D, class F>
+[[gnu::always_inline]] inline void give(const Block<F>& b, D* dst) {
+  const auto put = [](void* p, auto v) { store(p, v); };
+  if constexpr (std::is_floating_point_v<D>) {
+    const auto numbers = inFormat<D>(b);
+    for (int j = 0; j < Block<D>::vectors; ++j) put(dst + j * lanesOf<D>, numbers.v[j]);
+  } else {
+    I<Mox32s> r[4];
+    detail::truncateInto<D>(r, b);
+    storeSaturated(dst, r, put);
+  }
+}
+
+// A block of complex elements.
+template <class D, class F>
+[[gnu::always_inline]] inline void give(const Pair<Block<F>>& z, D* dst) {
+  using P = Part<D>;
+  using Lanes = Register<P>;
+  constexpr int lanes = laneCount<Lanes>;
+  alignas(vectorBytes) P re[blockLen], im[blockLen];
+  give(z.re, re), give(z.im, im);
+  for (int j = 0; j < blockLen; j += lanes)
+    storeInterleaved(parts(dst + j), Pair<Lanes>{load<Lanes>(re + j), load<Lanes>(im + j)},
+                     [](void* p, auto v) { store(p, v); });
+}
+
+// The blocks of a ramp, one after the other.
+class RampBlocks {
+ public:
+  explicit RampBlocks(Ramp<Mox64f> ramp) : ramp_(ramp) {}
+
+  [[gnu::always_inline]] Block<Mox64f> next() {
+    const auto block = blockOf<Mox64f>(
+        [this](int j) { return lanesFrom<V<Mox64f>>(ramp_, i_ + j * lanesOf<Mox64f>); });
+    i_ += blockLen;
+    return block;
+  }
+
+ private:
+  Ramp<Mox64f> ramp_;
+  long i_ = 0;
+};
+
+// dst[0], dst[1] and so on are what make(count) gives block by block; of the last one only `count`
+// numbers are wanted.
+template <class D, class Make>
+[[gnu::always_inline]] inline void fillBlocks(D* dst, long len, Make make) {
+  long i = 0;
+  for (; i <= len - blockLen; i += blockLen) give(make(blockLen), dst + i);
+  if (i < len) {
+    D rest[blockLen];
+    give(make(int(len - i)), rest);
+    std::memcpy(dst + i, rest, std::size_t(len - i) * sizeof(D));
+  }
+}
+
+// The same with integers rounded to nearest, ties away from zero.
+template <class D, class Make>
+[[gnu::always_inline]] inline void fillRounded(D* dst, long len, Make make) {
+  fillBlocks(dst, len, [&](int) { return beforeTruncation<Part<D>>(make()); });
+}
+
+}  // namespace mox::gen

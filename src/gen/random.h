@@ -1,0 +1,65 @@
+// The core of the random generators: the sum of a linear congruential sequence and one of lagged
+// differences with a borrow (Marsaglia and Zaman, Some portable very-long-period random number
+// generators, 1994).
+#pragma once
+
+#include "gen/block.h"
+
+namespace mox::gen {
+
+namespace detail {
+
+constexpr Mox32u congruential(Mox32u x) { return x * 69069 + 1013904243; }
+
+// Of the congruential sequence x is followed by x * factor[i] + sum[i] after i + 1 steps.
+struct Ahead {
+  Mox32u factor[blockLen], sum[blockLen];
+};
+constexpr Ahead ahead = [] {
+  Ahead a = {};
+  for (Mox32u i = 0, f = 1, s = 0; i < blockLen; ++i)
+    a.factor[i] = f *= 69069, a.sum[i] = s = congruential(s);
+  return a;
+}();
+
+}  // namespace detail
+
+class RandomSequence {
+ public:
+  RandomSequence() = default;
+  explicit RandomSequence(Mox32u seed)
+      : a_(seed), b_(detail::congruential(a_)), c_(detail::congruential(b_)) {}
+
+  Mox32u newest() const { return a_; }
+
+  Mox32s next() {
+    const Mox32u n = difference();
+    lcg_ = detail::congruential(lcg_);
+    return Mox32s(n + lcg_);
+  }
+
+  // The next sixteen at once.
+  [[gnu::always_inline]] void nextBlock(I<Mox32s> (&u)[4]) {
+    Mox32u n[blockLen];
+    for (Mox32u& e : n) e = difference();
+    for (int j = 0; j < 4; ++j) {
+      const auto lcg = load<I<Mox32u>>(&detail::ahead.factor[4 * j]) * lcg_ +
+                       load<I<Mox32u>>(&detail::ahead.sum[4 * j]);
+      u[j] = I<Mox32s>(I<Mox32u>{n[4 * j], n[4 * j + 1], n[4 * j + 2], n[4 * j + 3]} + lcg);
+    }
+    lcg_ = lcg_ * detail::ahead.factor[blockLen - 1] + detail::ahead.sum[blockLen - 1];
+  }
+
+ private:
+  [[gnu::always_inline]] Mox32u difference() {
+    const Mox32s t = Mox32s(b_ - c_ + Mox32u(carry_));
+    carry_ = t >> 31;
+    c_ = b_, b_ = a_;
+    return a_ = Mox32u(t) + (Mox32u(carry_) & Mox32u(-18));
+  }
+
+  Mox32u lcg_ = 1131199209, a_ = 0, b_ = 0, c_ = 0;  // the newest of the differences is a
+  Mox32s carry_ = -1;
+};
+
+}  // namespace mox::gen

@@ -1,0 +1,46 @@
+// The mixed-radix method: which passes a length takes, and their run.
+#pragma once
+
+#include "frame/arena.h"
+#include "transforms/dft_passes.h"
+
+namespace mox::transforms {
+
+// The radices of the passes, from the first to the last.
+struct DftRadices {
+  int count = 0;
+  int radix[dftMaxPasses] = {};
+};
+
+// Those that take least time for a product of levels and a leaf: primes above 16 as they are, and
+// the rest in as few factors of up to 16 as pay. The last pass has the largest one.
+DftRadices dftRadices(const DftFactors& factors);
+
+template <class F>
+constexpr long columnTwiddles(const DftPass<F>& pass) {
+  return 2L * (pass.rows - 1) * (pass.radix - 1);
+}
+template <class F>
+constexpr long lastTwiddles(const DftPass<F>& pass) {
+  constexpr long numbers = lanesOf<F> / 2;
+  return long(roundUp(std::size_t(pass.rows), numbers)) * 2 * (pass.radix - 1);
+}
+
+// Numbers of the first work area, which the last pass reads, and bytes of all of them.
+template <class F>
+constexpr long mixedAreaNumbers(const DftSpec<F>& plan) {
+  return plan.core + lastPassSlack<F>(plan.pass[plan.passes - 1].radix);
+}
+template <class F>
+constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
+  constexpr std::size_t number = 2 * sizeof(F);
+  const std::size_t first = roundUp(number * std::size_t(mixedAreaNumbers(plan)), fftAlignment);
+  return long(2 * first);
+}
+
+// From the source to the target, which may be the same arrays.
+template <class F, class View>
+void ownDftMixed(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scaled<View> dst,
+                 F* work);
+
+}  // namespace mox::transforms

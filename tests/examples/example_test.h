@@ -1,0 +1,68 @@
+// What the tests of the example programs share: the programs run as a user runs them, on sound
+// files in a folder of their own.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <random>
+#include <sndfile.hh>
+#include <string>
+#include <vector>
+
+struct Outcome {
+  int exitCode;
+  std::string output;  // both streams
+};
+
+inline Outcome runProgram(const std::string& program, const std::string& arguments) {
+  Outcome outcome{-1, {}};
+  FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
+  std::array<char, 256> text;
+  while (std::fgets(text.data(), text.size(), pipe)) outcome.output += text.data();
+  outcome.exitCode = WEXITSTATUS(pclose(pipe));
+  return outcome;
+}
+
+struct Sound {
+  int rate, channels;
+  std::vector<double> samples;  // interleaved
+};
+
+inline Sound readSound(const std::filesystem::path& path) {
+  SndfileHandle file(path.string());
+  Sound s{file.samplerate(), file.channels(), std::vector<double>(file.frames() * file.channels())};
+  file.readf(s.samples.data(), file.frames());
+  return s;
+}
+
+class ExampleTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ =
+        std::filesystem::path(testing::TempDir()) /
+        (std::string("example-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::create_directories(folder_);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+
+  // Noise with a tone, something in every band; then silence.
+  void writeSound(const std::string& name, int format, int rate, int channels, long frames,
+                  long silence = 0) const {
+    std::mt19937 engine(7);
+    std::uniform_real_distribution<double> noise(-0.4, 0.4);
+    std::vector<double> samples((frames + silence) * channels);
+    for (long i = 0; i < frames; ++i)
+      for (int c = 0; c < channels; ++c)
+        samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
+    SndfileHandle(path(name), SFM_WRITE, format, channels, rate)
+        .writef(samples.data(), frames + silence);
+  }
+
+  std::filesystem::path folder_;
+};

@@ -1,0 +1,160 @@
+// Sparse FIR and IIR filters, which are defined to the bit.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <moxsp.h>
+
+#include <cstring>
+
+#include "support/random.h"
+
+namespace {
+
+using Positions = std::vector<int>;
+using Floats = std::vector<float>;
+
+// A filter of b at p, and of a at q where it is recursive, in memory at an odd address.
+struct Sparse {
+  Floats taps;  // b, a
+  Positions positions;
+  int forward, back;
+
+  MoxsFIRSparseState* fir = nullptr;
+  MoxsIIRSparseState* iir = nullptr;
+  std::vector<Mox8u> memory;
+
+  Sparse(Floats b, Positions p, Floats a = {}, Positions q = {})
+      : taps(b), positions(p), forward(int(b.size())), back(int(a.size())) {
+    taps.insert(taps.end(), a.begin(), a.end());
+    positions.insert(positions.end(), q.begin(), q.end());
+  }
+  int inputOrder() const { return positions[forward - 1]; }
+  int outputOrder() const { return back ? positions.back() : 0; }
+
+  MoxStatus size(int* bytes) const {
+    return back ? moxsIIRSparseGetStateSize_32f(positions.data(), forward, back, bytes)
+                : moxsFIRSparseGetStateSize_32f(forward, inputOrder(), bytes);
+  }
+  void init(const float* line) {
+    int bytes;
+    ASSERT_EQ(size(&bytes), moxOk);
+    memory.assign(bytes + 1, 0x5A);
+    Mox8u* const at = memory.data() + 1;
+    ASSERT_EQ(
+        back ? moxsIIRSparseInit_32f(&iir, taps.data(), positions.data(), forward, back, line, at)
+             : moxsFIRSparseInit_32f(&fir, taps.data(), positions.data(), forward, line, at),
+        moxOk);
+  }
+  MoxStatus run(const float* src, float* dst, int len) const {
+    return back ? moxsIIRSparse_32f(src, dst, len, iir) : moxsFIRSparse_32f(src, dst, len, fir);
+  }
+  Floats line() const {
+    Floats line(inputOrder() + outputOrder() + 1, 99);
+    EXPECT_EQ(back ? moxsIIRSparseGetDlyLine_32f(iir, line.data())
+                   : moxsFIRSparseGetDlyLine_32f(fir, line.data()),
+              moxOk);
+    EXPECT_EQ(line.back(), 99);
+    line.pop_back();
+    return line;
+  }
+  void setLine(const Floats& line) const {
+    EXPECT_EQ(back ? moxsIIRSparseSetDlyLine_32f(iir, line.empty() ? nullptr : line.data())
+                   : moxsFIRSparseSetDlyLine_32f(fir, line.empty() ? nullptr : line.data()),
+              moxOk);
+  }
+
+  // The definition, on from a delay line, which it moves on.
+  Floats model(Floats& line, const Floats& src) const {
+    const int in = inputOrder(), out = outputOrder(), len = int(src.size());
+    Floats x(line.rend() - in, line.rend()), y(line.rbegin(), line.rbegin() + out);
+    x.insert(x.end(), src.begin(), src.end());
+    y.resize(out + len);
+    for (int i = 0; i < len; ++i) {
+      volatile float sum = taps[0] * x[in + i - positions[0]];
+      for (int k = 1; k < forward + back; ++k)
+        if (k < forward)
+          sum = sum + taps[k] * x[in + i - positions[k]];
+        else
+          sum = sum - taps[k] * y[out + i - positions[k]];
+      y[out + i] = sum;
+    }
+    line.assign(x.rbegin(), x.rbegin() + in);
+    line.insert(line.end(), y.rbegin(), y.rbegin() + out);
+    return {y.end() - len, y.end()};
+  }
+};
+
+bool sameBits(const Floats& a, const Floats& b) {
+  return a.size() == b.size() && !std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]);
+}
+
+Positions rising(test::Random& random, long count, int first, long step) {
+  Positions p(count);
+  for (int& position : p) position = first, first += int(1 + random.below(step));
+  return p;
+}
+
+TEST(Sparse, IsTheSumToTheBitHoweverAStreamIsCut) {
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  for (int round = 0; round < 300; ++round) {
+    SCOPED_TRACE(round);
+    const int forward = int(1 + random.below(40)), back = round % 2 ? int(1 + random.below(12)) : 0;
+    const long step = round % 5 ? 9 : 130;
+    Floats a = random.vector<float>(back);
+    for (float& tap : a) tap /= float(back);
+    Sparse filter(random.vector<float>(forward),
+                  rising(random, forward, int(random.below(3)), step), a,
+                  rising(random, back, int(1 + random.below(40)), step));
+    const int order = filter.inputOrder() + filter.outputOrder();
+    Floats line = random.vector<float>(order);
+    filter.init(line.data());
+    EXPECT_TRUE(sameBits(filter.line(), line));
+    if (round % 7 == 0) {
+      line.assign(order, 0);
+      filter.setLine({});
+    } else if (round % 7 == 1) {
+      line = random.vector<float>(order);
+      filter.setLine(line);
+    }
+    Floats src = random.vector<float>(5000);
+    src[0] = -0.f;
+    const Floats expected = filter.model(line, src);
+    Floats dst(src.size());
+    const bool inPlace = round % 3 == 0;
+    if (inPlace) dst = src;
+    for (int done = 0, len; done < 5000; done += len) {
+      len = int(std::min(5000 - done + 0L, 1 + random.below(random.below(2) ? 30 : 3000)));
+      ASSERT_EQ(filter.run(inPlace ? &dst[done] : &src[done], &dst[done], len), moxOk);
+    }
+    EXPECT_TRUE(sameBits(dst, expected));
+    EXPECT_TRUE(sameBits(filter.line(), line));
+    if (testing::Test::HasFailure()) return;
+  }
+}
+
+TEST(Sparse, RefusesPositionsThatDoNotRise) {
+  int bytes;
+  Mox8u memory[4096];
+  const Floats taps(4, 1);
+  MoxsFIRSparseState* fir = nullptr;
+  MoxsIIRSparseState* iir = nullptr;
+  for (const Positions& p : {Positions{-1, 0}, {0, 0}, {3, 2}}) {
+    EXPECT_EQ(moxsFIRSparseInit_32f(&fir, taps.data(), p.data(), 2, nullptr, memory),
+              moxErrSparseTapPos);
+    const int pq[] = {p[0], p[1], 1, 2};
+    EXPECT_EQ(moxsIIRSparseGetStateSize_32f(pq, 2, 2, &bytes), moxErrSparseTapPos);
+    EXPECT_EQ(moxsIIRSparseInit_32f(&iir, taps.data(), pq, 2, 2, nullptr, memory),
+              moxErrSparseTapPos);
+  }
+  for (const Positions& q : {Positions{0, 1, 0}, {0, 1, -5}, {0, 7, 7}})
+    EXPECT_EQ(moxsIIRSparseInit_32f(&iir, taps.data(), q.data(), 1, 2, nullptr, memory),
+              moxErrSparseTapPos);
+  EXPECT_FALSE(fir || iir);
+  EXPECT_EQ(moxsFIRSparseGetStateSize_32f(3, 1, &bytes), moxErrFirLen);
+  EXPECT_EQ(moxsFIRSparseGetStateSize_32f(1, -1, &bytes), moxErrFirLen);
+  EXPECT_EQ(moxsFIRSparseGetStateSize_32f(2, INT_MAX, &bytes), moxErrSize);
+  const int far[] = {INT_MAX, 1};
+  EXPECT_EQ(moxsIIRSparseGetStateSize_32f(far, 1, 1, &bytes), moxErrSize);
+}
+
+}  // namespace

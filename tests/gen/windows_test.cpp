@@ -1,0 +1,180 @@
+// Windows against their formulas in long double.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <moxsp.h>
+
+#include <cmath>
+
+#include "support/members.h"
+#include "support/random.h"
+#include "support/values.h"
+
+namespace {
+
+using namespace test;
+using L = long double;
+
+constexpr L pi = 3.14159265358979323846264338327950288L;
+
+L besselI0(L x) {
+  L sum = 1, term = 1;
+  for (int k = 1; term > sum * 1e-20L; ++k) sum += term *= x / 2 / k * (x / 2 / k);
+  return sum;
+}
+
+// w(n), of `last` = len - 1.
+using Weight = L (*)(L n, L last, L alpha);
+L bartlett(L n, L last, L) { return 2 * n / last; }
+L hann(L n, L last, L) { return 0.5L - 0.5L * std::cos(2 * pi * n / last); }
+L hamming(L n, L last, L) { return 0.54L - 0.46L * std::cos(2 * pi * n / last); }
+L blackman(L n, L last, L alpha) {
+  const L t = 2 * pi * n / last;
+  return (alpha + 1) / 2 - std::cos(t) / 2 - alpha / 2 * std::cos(2 * t);
+}
+L blackmanOpt(L n, L last, L) {
+  const L ratio = 0.5L / std::cos(pi / last);
+  return blackman(n, last, -ratio * ratio);
+}
+L kaiser(L n, L last, L alpha) {
+  return besselI0(std::fabs(alpha) * std::sqrt(n * (last - n))) /
+         besselI0(std::fabs(alpha) * last / 2);
+}
+
+// All short lengths, both sides of those where kernels change, long ones.
+std::vector<int> lengths(int least) {
+  std::vector<int> all = {1024, 1025, 1026, 1027, 2047, 2048, 5000, 100001};
+  for (int len = least; len < 5000; len += 1 + len / 25) all.push_back(len);
+  return all;
+}
+
+// |got - w src| is within the bound, of integers beyond half a unit.
+template <class E, class... P>
+void expectWindow(Member<const E*, E*, int, P...> member, Weight weight, L alpha, double bound,
+                  int len) {
+  using F = mox::Part<E>;
+  constexpr int parts = mox::partsPerElement<E>;
+  const auto src = Random(len).vector<E>(len);
+  const auto got = run(member, src, P(alpha)...);
+  ASSERT_EQ(got.status, moxOk) << member.name << ' ' << len;
+  const auto *x = mox::parts(src.data()), *y = mox::parts(got.values.data());
+  const L full = std::is_integral_v<F> ? 32768 : 1, half = std::is_integral_v<F> ? 0.5L : 0;
+  L worst = 0, w = 0;
+  for (int i = 0; i < len * parts; ++i) {
+    const int n = std::min(i / parts, len - 1 - i / parts);
+    if (i % parts == 0) w = 2 * n == len - 1 ? 1 : weight(n, len - 1, alpha);
+    const L exact = half ? std::clamp<L>(w * x[i], -32768, 32767) : w * x[i];
+    worst = std::max(worst, std::fabs(y[i] - exact));
+  }
+  EXPECT_LE(worst, half + bound * full) << member.name << ' ' << len << ' ' << seedNote();
+}
+
+// `single` and `wide` are the bounds of the header for weights in either format; they grow by
+// `growth` an element.
+#define EXPECT_WINDOWS(family, least, weight, alpha, single, wide, growth) \
+  for (const int len : lengths(least)) {                                   \
+    const L a = alpha, af = Mox32f(a);                                     \
+    const double s = single * 0x1p-24 * (1 + growth * len),                \
+                 d = wide * 0x1p-53 * (1 + growth * len);                  \
+    expectWindow(MEMBER(Win##family##_16s), weight, af, s, len);           \
+    expectWindow(MEMBER(Win##family##_16sc), weight, af, s, len);          \
+    expectWindow(MEMBER(Win##family##_32f), weight, af, s, len);           \
+    expectWindow(MEMBER(Win##family##_32fc), weight, af, s, len);          \
+    expectWindow(MEMBER(Win##family##_64f), weight, a, d, len);            \
+    expectWindow(MEMBER(Win##family##_64fc), weight, a, d, len);           \
+  }
+
+TEST(Windows, AreThoseOfTheirFormulas) {
+  EXPECT_WINDOWS(Bartlett, 3, bartlett, 0, 4, 4, 0.02);
+  EXPECT_WINDOWS(Hann, 3, hann, 0, 1.01, 40, 0);
+  EXPECT_WINDOWS(Hamming, 3, hamming, 0, 1.01, 40, 0);
+  EXPECT_WINDOWS(BlackmanStd, 3, blackman, -0.16, 4, 60, 0);
+  EXPECT_WINDOWS(BlackmanOpt, 4, blackmanOpt, 0, 6, 60, 0);
+  for (const L alpha : {-0.3L, 0.0L, 2.5L})
+    EXPECT_WINDOWS(Blackman, 3, blackman, alpha, 4 * (1 + 4 * std::fabs(alpha)),
+                   40 * (1 + 4 * std::fabs(alpha)), 0);
+}
+
+TEST(Windows, KaiserIsThatOfItsFormula) {
+  for (const L peak : {0.0L, -0.4L, 3.7L, 12.0L, 37.99L})
+    EXPECT_WINDOWS(Kaiser, 2, kaiser, 2 * peak / (len - 1), (4 + 2.5 * std::fabs(peak)),
+                   (std::ldexp(2e-7, 53)), 0);
+  // Beyond what floats hold on the way.
+  for (const L peak : {40.0L, 307.9L})
+    for (const int len : {2, 17, 300, 5000}) {
+      const L alpha = 2 * peak / (len - 1);
+      expectWindow(MEMBER(WinKaiser_16s), kaiser, Mox32f(alpha), 1e-6, len);
+      expectWindow(MEMBER(WinKaiser_64fc), kaiser, Mox64f(alpha), 2e-7, len);
+    }
+}
+
+TEST(Windows, TakeParametersInFixedPoint) {
+  for (const int len : {4, 5, 100, 701})
+    for (const int alphaQ15 : {-5243, 0, 20000, 90000}) {
+      const L alpha = alphaQ15 * 0x1p-15L;
+      const auto src = Random(len).vector<Mox16s>(len);
+      const auto z = Random(len).vector<Mox16sc>(len);
+      EXPECT_EQ(run(MEMBER(WinBlackmanQ15_16s), src, alphaQ15).values,
+                run(MEMBER(WinBlackman_16s), src, Mox32f(alpha)).values);
+      EXPECT_TRUE(sameBits(run(MEMBER(WinBlackmanQ15_16sc), z, alphaQ15).values,
+                           run(MEMBER(WinBlackman_16sc), z, Mox32f(alpha)).values));
+      if (std::fabs(alpha) * (len - 1) / 2 > 308) continue;
+      EXPECT_EQ(run(MEMBER(WinKaiserQ15_16s), src, alphaQ15).values,
+                run(MEMBER(WinKaiser_16s), src, Mox32f(alpha)).values);
+      EXPECT_TRUE(sameBits(run(MEMBER(WinKaiserQ15_16sc), z, alphaQ15).values,
+                           run(MEMBER(WinKaiser_16sc), z, Mox32f(alpha)).values));
+    }
+}
+
+// The one in the middle of three has its ties away from zero, that of five to even.
+TEST(Windows, ScaleBlackman) {
+  forAllFactors([](int factor) {
+    for (const int len : {3, 4, 5, 77}) {
+      const auto src = Random(len).vector<Mox16s>(len);
+      const auto got = resultsOf("WinBlackmanQ15_16s_ISfs", src, [&](Mox16s* p, int n) {
+        return moxsWinBlackmanQ15_16s_ISfs(p, n, -5243, factor);
+      });
+      const L scale = std::ldexp(1.0L, -std::clamp(factor, -100, 100));
+      for (int i = 0; i < len; ++i) {
+        const int n = std::min(i, len - 1 - i);
+        const L w = 2 * n == len - 1 ? 1 : n == 0 ? 0 : blackman(n, len - 1, -5243 * 0x1p-15L);
+        const L exact = std::clamp<L>(src[i] * w * scale, -32768, 32767);
+        ASSERT_NEAR(got.values[i], exact, 0.5001L + std::fabs(src[i] * scale) * 3e-7L)
+            << len << ' ' << i;
+      }
+    }
+  });
+  for (const Mox16s sign : {1, -1}) {
+    std::vector<Mox16s> three = {sign, sign, sign}, five(5, sign);
+    moxsWinBlackmanQ15_16s_ISfs(three.data(), 3, -5243, 1);
+    moxsWinBlackmanQ15_16s_ISfs(five.data(), 5, -5243, 1);
+    EXPECT_THAT(three, testing::ElementsAre(0, sign, 0));
+    EXPECT_EQ(five[2], 0);
+  }
+}
+
+TEST(Windows, HaveTheirSpecialEnds) {
+  const std::vector<Mox32f> endless = {INFINITY, -3, NAN};
+  EXPECT_THAT(run(MEMBER(WinHann_32f), endless).values, testing::ElementsAre(0, -3, 0));
+  EXPECT_THAT(run(MEMBER(WinBartlett_32f), endless).values, testing::ElementsAre(0, -3, 0));
+  EXPECT_THAT(run(MEMBER(WinBlackman_64f), std::vector<Mox64f>{INFINITY, -3, 1}, 7).values,
+              testing::ElementsAre(0, -3, 0));
+  for (const int len : {4, 5, 2000}) {
+    std::vector<Mox32f> x(len, 1);
+    x[0] = INFINITY;
+    const auto y = run(MEMBER(WinBlackman_32f), x, 3).values;
+    EXPECT_EQ(y.front(), 0);
+    EXPECT_EQ(y.back(), 0);
+  }
+  EXPECT_EQ(run(MEMBER(WinKaiser_32f), std::vector<Mox32f>{-7}, 38).values[0], -7);
+}
+
+TEST(Windows, KaiserHasLimits) {
+  std::vector<Mox32f> x(21, 1);
+  std::vector<Mox64f> y(21, 1);
+  EXPECT_EQ(moxsWinKaiser_32f_I(x.data(), 21, 3.8001f), moxErrKaiserAlpha);  // above 38 / 10
+  EXPECT_EQ(moxsWinKaiser_32f_I(x.data(), 21, 3.7999f), moxOk);
+  EXPECT_EQ(moxsWinKaiser_64f_I(y.data(), 21, 3.8), moxOk);
+  EXPECT_EQ(moxsWinKaiser_64f_I(y.data(), 21, -30.81), moxErrKaiserAlpha);
+}
+
+}  // namespace

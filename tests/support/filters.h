@@ -1,0 +1,84 @@
+// What tests of all filters share.
+#pragma once
+
+#include <algorithm>
+#include <complex>
+#include <limits>
+#include <memory>
+
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "frame/elements.h"
+#include "support/guarded_array.h"
+#include "support/random.h"
+
+namespace test {
+
+// Functions of floats with the signature of the scaled ones, so that tests are written once.
+template <auto f>
+struct WithoutScale;
+template <class... P, MoxStatus (*f)(P...)>
+struct WithoutScale<f> {
+  static MoxStatus call(P... p, int) { return f(p...); }
+};
+
+// A state that its family's function releases.
+template <class State>
+struct Release {
+  MoxStatus (*free)(State*);
+  void operator()(State* s) const { free(s); }
+};
+template <class State>
+using Handle = std::unique_ptr<State, Release<State>>;
+
+using Exact = std::complex<long double>;
+template <class E>
+Exact exactly(E e) {
+  if constexpr (mox::Complex<E>)
+    return Exact(e.re, e.im);
+  else
+    return Exact(e);
+}
+
+// Within the range of integers D.
+template <class D>
+Exact inRange(Exact value) {
+  using L = std::numeric_limits<mox::Part<D>>;
+  if constexpr (!L::is_integer) return value;
+  const auto part = [](long double v) { return std::clamp<long double>(v, L::min(), L::max()); };
+  return {part(value.real()), part(value.imag())};
+}
+
+enum class Way { block, inPlace, singly };
+struct Piece {
+  Way way;
+  int len;
+};
+
+// Pieces of all ways and of at most `longest`.
+inline std::vector<Piece> cut(Random& random, int len, int longest) {
+  std::vector<Piece> pieces;
+  for (; len > 0; len -= pieces.back().len)
+    pieces.push_back({Way(random.below(3)), int(std::min<long>(len, 1 + random.below(longest)))});
+  return pieces;
+}
+
+// Results of a piece, by arrays that end at inaccessible pages.
+template <class F, class D>
+void run(auto* state, const Piece& piece, const D* src, long inputs, std::vector<D>& got,
+         int scale) {
+  const bool inPlace = piece.way == Way::inPlace;
+  const long outputs = long(got.size());
+  const GuardedArray<D> in(inPlace ? std::max(inputs, outputs) : inputs), out(outputs);
+  std::copy_n(src, inputs, in.begin());
+  if (piece.way == Way::singly)
+    for (int i = 0; i < piece.len; ++i) ASSERT_EQ(F::one(in[i], &out[i], state, scale), moxOk);
+  else if (inPlace && piece.len % 2)
+    ASSERT_EQ(F::inPlace(in.data(), piece.len, state, scale), moxOk);
+  else
+    ASSERT_EQ(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale), moxOk);
+  std::copy_n(inPlace ? in.begin() : out.begin(), outputs, got.begin());
+}
+
+}  // namespace test

@@ -1,0 +1,99 @@
+// Analytic signals against their defining sum, and of tones.
+#include <gtest/gtest.h>
+#include <moxsp.h>
+
+#include <climits>
+#include <cmath>
+#include <complex>
+#include <numbers>
+
+#include "support/accuracy.h"
+
+namespace {
+
+using Complex = std::complex<long double>;
+
+template <class S, class D, class... Factor>
+std::vector<D> analytic(auto init, auto run, auto free, const std::vector<S>& x, Factor... factor) {
+  MoxsHilbertSpec* spec = nullptr;
+  std::vector<D> z(x.size());
+  EXPECT_EQ(init(&spec, int(x.size()), 0), moxOk);
+  EXPECT_EQ(run(x.data(), z.data(), spec, factor...), moxOk);
+  EXPECT_EQ(free(spec), moxOk);
+  return z;
+}
+#define ANALYTIC(S, D, t, suffix, ...)                                                  \
+  analytic<S, D>(moxsHilbertInitAlloc_##t, moxsHilbert_##t##suffix, moxsHilbertFree_##t, \
+                 __VA_ARGS__)
+
+// The spectrum of the samples without its negative frequencies, and back.
+template <class S>
+std::vector<Complex> exactly(const std::vector<S>& x) {
+  const long n = long(x.size());
+  std::vector<Complex> turns(n), z(n);
+  for (long k = 0; k < n; ++k)
+    turns[k] = std::polar(1.0L, 2 * std::numbers::pi_v<long double> * k / n);
+  for (long k = 0; 2 * k <= n; ++k) {
+    Complex bin = 0;
+    for (long i = 0; i < n; ++i) bin += (long double)x[i] * std::conj(turns[i * k % n]);
+    const long double weight = (k == 0 || 2 * k == n ? 1.0L : 2.0L) / n;
+    for (long i = 0; i < n; ++i) z[i] += weight * bin * turns[i * k % n];
+  }
+  if (n < 3)
+    for (Complex& v : z) v = v.real();
+  return z;
+}
+
+long double bound(long n) { return 6e-7L * std::sqrt(1 + std::log2((long double)n)); }
+
+void expectNear(const std::vector<Mox32fc>& got, const std::vector<Complex>& exact) {
+  test::RelativeError error;
+  for (std::size_t i = 0; i < got.size(); ++i) {
+    error.add(got[i].re, exact[i].real());
+    error.add(got[i].im, exact[i].imag());
+  }
+  EXPECT_LE(error.value(), bound(long(got.size())));
+}
+
+TEST(Hilbert, DropsTheNegativeFrequencies) {
+  SCOPED_TRACE(test::seedNote());
+  test::Random random;
+  std::vector<long> lengths = {211, 256, 500, 501, 509, 1024};
+  for (long n = 1; n <= 100; ++n) lengths.push_back(n);
+  for (const long n : lengths) {
+    SCOPED_TRACE(testing::Message() << "length " << n);
+    const auto x = random.vector<Mox32f>(n);
+    expectNear(ANALYTIC(Mox32f, Mox32fc, 32f32fc, , x), exactly(x));
+    const auto words = random.vector<Mox16s>(n);
+    const auto exact = exactly(words);
+    expectNear(ANALYTIC(Mox16s, Mox32fc, 16s32fc, , words), exact);
+    for (const int factor : {0, 3, -2, 40, INT_MAX, INT_MIN}) {
+      const auto got = ANALYTIC(Mox16s, Mox16sc, 16s16sc, _Sfs, words, factor);
+      const long double scale = std::exp2(-(long double)std::clamp(factor, -99, 99));
+      const auto expectPart = [&](Mox16s part, long double value) {
+        const long double scaled = std::clamp(scale * value, -32768.0L, 32767.0L);
+        const long double error = 65536 * scale * std::sqrt((long double)n) * bound(n);
+        EXPECT_LE(std::fabs(part - scaled), 0.5L + error) << "factor " << factor;
+      };
+      for (long i = 0; i < n; ++i) {
+        expectPart(got[i].re, exact[i].real());
+        expectPart(got[i].im, exact[i].imag());
+      }
+    }
+  }
+}
+
+TEST(Hilbert, TurnsACosineIntoAnExponential) {
+  for (const long n : {10, 63, 1000, 4410, 8191}) {
+    std::vector<Mox32f> x(n);
+    std::vector<Complex> exact(n);
+    const long periods = n / 5;
+    for (long i = 0; i < n; ++i) {
+      exact[i] = std::polar(1.0L, 2 * std::numbers::pi_v<long double> * (i * periods % n) / n);
+      x[i] = Mox32f(exact[i].real());
+    }
+    expectNear(ANALYTIC(Mox32f, Mox32fc, 32f32fc, , x), exact);
+  }
+}
+
+}  // namespace
