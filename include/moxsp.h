@@ -17,15 +17,16 @@
  *   change their signs, keep both.
  * - Results are the same for every address of the arrays, but for sums of floats
  *   (moxsp/reductions.h), and on every processor, but for those that rest on the processor's
- *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision
- *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, and the L1
- *   norm of complex elements.
+ *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: DemodulateFM, and in
+ *   single precision Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with
+ *   LTInv, and the L1 norm of complex elements.
  */
 #ifndef MOXSP_H
 #define MOXSP_H
 
 #include <moxsp/adaptive.h>
 #include <moxsp/arith.h>
+#include <moxsp/channel.h>
 #include <moxsp/companding.h>
 #include <moxsp/complex.h>
 #include <moxsp/convert.h>

@@ -44,6 +44,8 @@ MoxStatus ln(const S* src, D* dst, int len) {
 
 }  // namespace
 
+void lnOfFloats(Mox32f* srcDst, long len) { runFunction<Ln32f>(srcDst, srcDst, int(len)); }
+
 MOX_EXPORT_BOTH(moxsLn_32f, moxsLn_32f_I, ln<Ln32f>);
 MOX_EXPORT_BOTH(moxsLn_64f, moxsLn_64f_I, ln<Ln64f>);
 MOX_EXPORT(moxsLn_64f32f, ln<Ln64f>);

@@ -17,6 +17,9 @@ inline MoxStatus lnStatus(int code) {
   return (code & ~16) == 2 ? moxWarnLnZeroArg : moxWarnLnNegArg;
 }
 
+// Those of numbers in an array, for other families.
+void lnOfFloats(Mox32f* srcDst, long len);
+
 // x = 2^exponent * mantissa, the mantissa from sqrt(1/2) to sqrt(2), for normal x above 0.
 struct LnArgument {
   V<Mox64f> exponent, mantissa;

@@ -38,7 +38,8 @@ struct BankKind {
 
     void layout(Arena& arena, Record& r) const {
       r.low = {lenLow, offsLow, arena.place<Mox32f>(std::size_t(lenLow), partAlignment), nullptr};
-      r.high = {lenHigh, offsHigh, arena.place<Mox32f>(std::size_t(lenHigh), partAlignment), nullptr};
+      r.high = {lenHigh, offsHigh, arena.place<Mox32f>(std::size_t(lenHigh), partAlignment),
+                nullptr};
       D::placeStores(arena, r);
     }
   };

@@ -66,6 +66,7 @@ const Table<Row> refusals = {
      row("Convert_32f16f Convert_16s16f Convert_16f16s_Sfs", "roundMode", {2}, moxErrRoundMode,
          number),
      row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
+     row("Cauchy*", "c", {0, -1}, moxErrCauchyConst, number),
      row("Sample@(Up|Down)_*", "srcLen", belowOne, moxErrSize, length),
      row("Sample@(Up|Down)_*", "factor", belowOne, moxErrSampleFactor, number),
      row("ResamplePolyphase@(GetSize|Init)_*", "nStep", belowOne, moxErrSize, length),
