@@ -49,7 +49,7 @@ const Table<Row> deviations = {
 
 const Table<Row> optionalPointers = {
     "optional pointers",
-    {{{"FFT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
+    {{{"@(FFT|DFT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIRSetDlyLine*", "dlyLine"}, "the delay line is cleared"},
