@@ -7,12 +7,12 @@
  * #include <stdio.h>
  *
  * int main(void) {
- *   const Mox32f x[6] = {1, 0.5f, -0.5f, -1, -0.5f, 0.5f};  // one period of a cosine
- *   Mox32f spectrum[8];                                     // CCS: 6 / 2 + 1 complex numbers
+ *   const Mox32f x[6] = {1};  // an impulse
+ *   Mox32f spectrum[8];       // CCS: 6 / 2 + 1 complex numbers
  *   MoxsDFTSpec* dft;
  *   if (moxsDFTInitAlloc_R_32f(&dft, 6, 8, 0) != moxOk) return 1;  // 6 samples, no scaling
  *   moxsDFTFwd_RToCCS_32f(x, spectrum, dft, NULL);
- *   for (int k = 0; k < 4; ++k) printf("%.3g ", spectrum[2 * k]);  // 0 3 0 0
+ *   for (int k = 0; k < 4; ++k) printf("%g ", spectrum[2 * k]);  // 1 1 1 1
  *   moxsDFTFree_R_32f(dft);
  * }
  * @endcode

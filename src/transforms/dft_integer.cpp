@@ -57,14 +57,14 @@ struct Samples {
 template <DftKind kind, class From, class To, class Source, class Target, class Run>
 MoxStatus runIntegers(Source src, Target dst, const MoxsDFTSpec* memory, int scaleFactor,
                       Mox8u* buffer, Run run) {
-  return runDft<DftIntegerSpec, Mox32f>(
-      memory, kind, src.anyNull() || dst.anyNull(), buffer,
-      [=](const DftIntegerSpec& spec, Mox32f* work) {
-        const DftSpec<Mox32f>& plan = *spec.plan;
-        integerRun(src, From::places(plan.len), dst, To::places(plan.len), scaleFactor,
-                   work + plan.bufSize / int(sizeof(Mox32f)),
-                   [&](auto view) { run(plan, view, work); });
-      });
+  return runDft<DftIntegerSpec, Mox32f>(memory, kind, src.anyNull() || dst.anyNull(), buffer,
+                                        [=](const DftIntegerSpec& spec, Mox32f* work) {
+                                          const DftSpec<Mox32f>& plan = *spec.plan;
+                                          integerRun(src, From::places(plan.len), dst,
+                                                     To::places(plan.len), scaleFactor,
+                                                     work + plan.bufSize / int(sizeof(Mox32f)),
+                                                     [&](auto view) { run(plan, view, work); });
+                                        });
 }
 
 template <Direction d>

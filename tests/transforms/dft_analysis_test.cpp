@@ -17,10 +17,11 @@ TEST(DftAnalysis, Examples) {
     int len;
     std::vector<int> levels;
     int leaf;
-  } products[] = {{18, {3}, 6},         {51, {3}, 17},         {100, {5, 5}, 4},
-                  {212, {}, 0},         {2000, {5, 5, 5}, 16}, {2002, {13, 7, 11}, 2},
-                  {30, {5}, 6},         {24, {3}, 8},          {96, {3, 4}, 8},
-                  {10080, {7, 4, 3, 3, 5}, 8}};
+  } products[] = {{18, {3}, 6},          {51, {3}, 17},
+                  {100, {5, 5}, 4},      {212, {}, 0},
+                  {2000, {5, 5, 5}, 16}, {2002, {13, 7, 11}, 2},
+                  {30, {5}, 6},          {24, {3}, 8},
+                  {96, {3, 4}, 8},       {10080, {7, 4, 3, 3, 5}, 8}};
   for (const auto& [len, levels, leaf] : products) {
     if (leaf == 0) continue;
     EXPECT_EQ(levelsOf(dftFactors<Mox32f>(len)), levels) << len;
@@ -68,10 +69,7 @@ void expectRules(int len) {
     // Levels are the odd primes and fours; the leaf is the largest prime, or takes what is even.
     std::vector<int> expected = odd, levels = levelsOf(factors);
     const bool six = twos == 1 && odd[0] == 3;
-    const int leaf = six         ? 6
-                     : twos > 2  ? (twos % 2 ? 8 : 16)
-                     : twos > 0  ? 1 << twos
-                                 : odd.back();
+    const int leaf = six ? 6 : twos > 2 ? (twos % 2 ? 8 : 16) : twos > 0 ? 1 << twos : odd.back();
     if (six) expected.erase(expected.begin());
     if (twos == 0) expected.pop_back();
     for (int t = twos; t > 4; t -= 2) expected.push_back(4);

@@ -17,8 +17,8 @@ class Check {
  public:
   Check(long n, int scaleFactor, long double factor, long double norm, long double greatest)
       : scale_(factor * std::ldexp(1.0L, -scaleFactor)),
-        slack_(0.5L + 16 * 0x1p-24L * scale_ *
-                          (std::sqrt(std::log2((long double)n)) * norm + greatest)) {}
+        slack_(0.5L +
+               16 * 0x1p-24L * scale_ * (std::sqrt(std::log2((long double)n)) * norm + greatest)) {}
 
   void expect(Mox16s got, long double exact) const {
     const long double wanted = std::clamp(scale_ * exact, -32768.0L, 32767.0L);
@@ -115,8 +115,8 @@ TEST(DftInteger, ResultsAreWithinTheBound) {
   for (long n = 1; n <= 233; ++n) {
     const Flag& flag = test::flags[n % 4];
     for (const int scaleFactor : {0, 5, -3, 40}) {
-      SCOPED_TRACE(testing::Message() << "length " << n << " flag " << flag.value << " factor "
-                                      << scaleFactor);
+      SCOPED_TRACE(testing::Message()
+                   << "length " << n << " flag " << flag.value << " factor " << scaleFactor);
       ASSERT_NO_FATAL_FAILURE(expectComplex(n, flag, scaleFactor));
       ASSERT_NO_FATAL_FAILURE(expectReal(n, flag, scaleFactor, test::layouts[n % 3]));
     }

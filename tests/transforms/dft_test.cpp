@@ -28,8 +28,8 @@ TYPED_TEST_SUITE(DftForm, test::DftForms);
 // In the L2 norm.
 template <class F>
 long double bound(long n, bool real) {
-  const bool chirp = mox::transforms::analyseDft<F>(int(n), real).method ==
-                     mox::transforms::DftMethod::chirp;
+  const bool chirp =
+      mox::transforms::analyseDft<F>(int(n), real).method == mox::transforms::DftMethod::chirp;
   return (sizeof(F) == 4 ? 3e-7L : 6e-16L) * std::sqrt(std::log2(std::max(n, 2L))) *
          (chirp ? 4 : 1);
 }
@@ -64,9 +64,8 @@ TYPED_TEST(DftForm, FollowsTheDefiningSumAtEveryLength) {
 
     ASSERT_EQ(T::run(true, src.data(), dst.data(), n, dft, nullptr), moxOk);
     const auto spectrum = dst.numbers();
-    ASSERT_LE(test::spectrumError<T>(
-                  spectrum.data(), n, 1,
-                  [&](long k) { return up * bin(noise(n), k, T::kind.real); }),
+    ASSERT_LE(test::spectrumError<T>(spectrum.data(), n, 1,
+                                     [&](long k) { return up * bin(noise(n), k, T::kind.real); }),
               tolerance);
     ASSERT_EQ(T::run(true, both.data(), both.data(), n, dft, dft.buffer()), moxOk);
     ASSERT_EQ(both.numbers(), spectrum);
@@ -88,9 +87,9 @@ TYPED_TEST(DftForm, FollowsTheDefiningSumAtLongLengths) {
   test::Random random;
   // Products of small primes, primes, their powers and doubles, and chirps around the lengths of
   // convolutions that are tabulated.
-  for (const long n : {1000, 1009, 1024, 1331, 1500, 2000, 2002, 2018, 2401, 3125, 4001, 4096, 4097,
-                       4410, 8191, 8194, 9973, 10080, 16384, 19683, 28561, 51200, 65521, 65536,
-                       83521, 107811, 131042, 151200, 177147, 200000}) {
+  for (const long n : {1000,  1009,  1024,  1331,  1500,  2000,   2002,   2018,   2401,   3125,
+                       4001,  4096,  4097,  4410,  8191,  8194,   9973,   10080,  16384,  19683,
+                       28561, 51200, 65521, 65536, 83521, 107811, 131042, 151200, 177147, 200000}) {
     SCOPED_TRACE(testing::Message() << "length " << n);
     const auto x = random.vector<F>(T::parts * n);
     std::vector<Complex> roots(n);
@@ -124,15 +123,16 @@ struct Sizes {
 // object gives the same bits as one in library memory.
 TYPED_TEST(DftForm, FitsItsSizeWhereverItLies) {
   using T = TypeParam;
-  for (const int n : {1, 16, 17, 18, 32, 34, 51, 53, 60, 81, 83, 106, 212, 360, 509, 1000, 1009, 2002,
-                      4096, 8194, 19683})
+  for (const int n : {1,   16,  17,  18,  32,   34,   51,   53,   60,   81,   83,
+                      106, 212, 360, 509, 1000, 1009, 2002, 4096, 8194, 19683})
     for (const int slack : {0, 63}) {
       SCOPED_TRACE(testing::Message() << "length " << n << " slack " << slack);
       Sizes sizes;
       ASSERT_EQ(this->api.getSize(n, 8, 0, &sizes.spec, &sizes.init, &sizes.work), moxOk);
       const test::GuardedArray<Mox8u> memory(sizes.spec + slack), scratch(sizes.init + slack),
           work(sizes.work + slack);
-      ASSERT_EQ(this->api.init(n, 8, 0, memory.data(), sizes.init ? scratch.data() : nullptr), moxOk);
+      ASSERT_EQ(this->api.init(n, 8, 0, memory.data(), sizes.init ? scratch.data() : nullptr),
+                moxOk);
       auto* const spec = reinterpret_cast<MoxsDFTSpec*>(memory.data());
       int bufSize = -1;
       ASSERT_EQ(this->api.getBufSize(spec, &bufSize), moxOk);
