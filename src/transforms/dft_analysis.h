@@ -20,8 +20,9 @@ enum class DftMethod : Mox32s {
 template <class F>
 struct DftLimits {
   static constexpr int mostSmall = 16;
-  static constexpr int mostPrime = sizeof(F) == 4 ? 50 : 90;  // of a radix, and of the direct method
-  static constexpr int mostLeaf = 150;                        // of a length that 4 divides
+  static constexpr int mostPrime =
+      sizeof(F) == 4 ? 50 : 90;         // of a radix, and of the direct method
+  static constexpr int mostLeaf = 150;  // of a length that 4 divides
   static constexpr int most = sizeof(F) == 4 ? 0x7FFFFFF : 0x3FFFFFF;
   static constexpr int mostChirp = most / 2;
 };

@@ -97,16 +97,15 @@ requires(!detail::isOddPrime(n) && !detail::hasOwnButterfly(n))  //
     });
     butterfly<direction, F>(row);
     unrolled<p>([&](auto k) {
-      columns[k][c] = detail::turned<direction, factors.coprime ? 0 : k * c, n, F>(row[k]);
+      columns[k][c] = detail::turned < direction, factors.coprime ? 0 : k * c, n, F > (row[k]);
     });
   });
   unrolled<p>([&](auto k) {
     butterfly<direction, F>(columns[k]);
     unrolled<q>([&](auto l) {
-      constexpr int given = factors.coprime ? (k * detail::idempotent(p, q) +
-                                               l * detail::idempotent(q, p)) %
-                                                  n
-                                            : k + p * l;
+      constexpr int given = factors.coprime
+                                ? (k * detail::idempotent(p, q) + l * detail::idempotent(q, p)) % n
+                                : k + p * l;
       a[given] = columns[k][l];
     });
   });

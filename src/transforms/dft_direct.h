@@ -4,8 +4,8 @@
 //   X[j], X[n-j] = P -+ i Q,  P = x[0] + sum of a[k] cos(2 pi j k / n),
 //                             Q = sum of b[k] sin(2 pi j k / n),  0 < k < n/2.
 //
-// Indices go by powers of a generator of the residues of n: then those of the cosines and sines of a
-// sum are neighbours (Rader, 1968).
+// Indices go by powers of a generator of the residues of n: then those of the cosines and sines of
+// a sum are neighbours (Rader, 1968).
 #pragma once
 
 #include "transforms/dft_spec.h"
@@ -13,7 +13,8 @@
 
 namespace mox::transforms {
 
-// give(j, P, Q) for all j, of sums and differences in the order of the table, each of `parts` parts.
+// give(j, P, Q) for all j, of sums and differences in the order of the table, each of `parts`
+// parts.
 template <int parts, class F, class Give>
 [[gnu::always_inline]] inline void primeSums(const PrimeTable<F>& table, const F* first, const F* a,
                                              const F* b, Give give) {
@@ -36,8 +37,8 @@ template <int parts, class F, class Give>
 
 // `work` has room for n - 1 numbers.
 template <class F, class View>
-void ownDftDirect(const PrimeTable<F>& table, Scaled<typename View::Const> src, Scaled<View> dst,
-                  F* work) {
+void ownDftDirect(const PrimeTable<F>& table, const Scaled<typename View::Const>& src,
+                  const Scaled<View>& dst, F* work) {
   const int n = table.prime();
   F *const a = work, *const b = work + 2 * table.half;
   const Pair<F> first = src.number(0);

@@ -8,8 +8,8 @@ namespace mox::transforms {
 
 // The power-of-two transform inside, real or complex.
 template <class F, bool isReal>
-using DftFft = std::conditional_t<
-    isReal, RealKind<F>, ComplexKind<F, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc>>;
+using DftFft = std::conditional_t<isReal, RealKind<F>,
+                                  ComplexKind<F, sizeof(F) == 4 ? fftComplex32fc : fftComplex64fc>>;
 template <class F, class Visit>
 constexpr auto withFft(bool isReal, Visit visit) {
   return isReal ? visit(DftFft<F, true>()) : visit(DftFft<F, false>());
@@ -32,7 +32,7 @@ PrimeTable<F>* placePrimeTable(Arena& arena, int p) {
 
 template <class F>
 void placePasses(Arena& arena, DftSpec<F>& plan) {
-  const DftRadices radices = dftRadices(dftFactors<F>(plan.core));
+  const DftRadices radices = dftRadices(dftFactors<F>(plan.core), lanesOf<F> / 2);
   plan.passes = radices.count;
   int rows = 1, before = 0;
   for (int i = 0; i < radices.count; ++i) {
@@ -54,6 +54,19 @@ void placePasses(Arena& arena, DftSpec<F>& plan) {
 struct DftSizes {
   long spec, init, work;
 };
+
+template <class F>
+struct DftShape;
+
+// A plan inside another object.
+template <class F>
+DftSpec<F>* placePlan(Arena& arena, const DftShape<F>& shape) {
+  auto* const plan = arena.place<DftSpec<F>>(1, fftAlignment);
+  DftSpec<F> measured{};
+  if (plan) *plan = {};
+  shape.layout(arena, plan ? *plan : measured);
+  return plan;
+}
 
 template <class F>
 struct DftShape {
@@ -86,10 +99,7 @@ struct DftShape {
       plan.convLen = dftConvLength(plan.core);
       plan.chirp = detail::placeTable<F>(arena, 2L * plan.core);
       plan.filterSpectrum = detail::placeTable<F>(arena, 2L * plan.convLen);
-      plan.conv = arena.place<DftSpec<F>>(1, fftAlignment);
-      DftSpec<F> measured{};
-      if (plan.conv) *plan.conv = {};
-      DftShape{plan.convLen, false}.layout(arena, plan.conv ? *plan.conv : measured);
+      plan.conv = placePlan(arena, DftShape{plan.convLen, false});
     }
   }
 
@@ -110,7 +120,9 @@ struct DftShape {
 
   // Roots of unity that the tables are made of.
   long roots() const {
-    return analysis.method == DftMethod::chirp ? 2L * analysis.core : isHalved() ? len : analysis.core;
+    return analysis.method == DftMethod::chirp ? 2L * analysis.core
+           : isHalved()                        ? len
+                                               : analysis.core;
   }
 
   DftSizes sizes() const {
@@ -125,12 +137,12 @@ struct DftShape {
         if (order <= Kind::maxSmallOrder) return {spec, 0, 0};
         return {spec, fftInitSize<F>(order), Kind::workBytes(order)};
       });
-    const long init = len > DftLimits<F>::mostSmall
-                          ? up(2 * long(sizeof(F)) * roots()) + fftAlignment
-                          : 0;
+    const long init =
+        len > DftLimits<F>::mostSmall ? up(2 * long(sizeof(F)) * roots()) + fftAlignment : 0;
     switch (plan.method) {
       case DftMethod::mixed:
-        return {spec, init, mixedWorkBytes(plan) + (isReal && !isHalved() ? 2 * long(sizeof(F)) * len : 0)};
+        return {spec, init,
+                mixedWorkBytes(plan) + (isReal && !isHalved() ? 2 * long(sizeof(F)) * len : 0)};
       case DftMethod::direct:
         return {spec, init, (isReal && !isHalved() ? 1 : 2) * long(sizeof(F)) * plan.core + 64};
       case DftMethod::chirp: {

@@ -21,8 +21,8 @@ F factorOf(const DftSpec<F>& plan) {
 
 // x[k] chirp[k] convolved with the conjugate of the chirp is X[k] / chirp[k] (Bluestein, 1970).
 template <class F, class View>
-void ownDftChirp(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scaled<View> dst,
-                 F* work) {
+void ownDftChirp(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
+                 const Scaled<View>& dst, F* work) {
   using C = ComplexOf<F>;
   const Array<C> area = {reinterpret_cast<C*>(work)};
   const long n = plan.core, length = plan.convLen;
@@ -140,8 +140,7 @@ void realInverse(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
 template <Direction d, class View, class F>
 void ownDftRun(const DftSpec<F>& plan, typename View::Const src, View dst, F* work) {
   const F factor = factorOf<d>(plan);
-  if (plan.method == DftMethod::small)
-    return ownDftSmall<d, View>(plan.core, src, dst, factor);
+  if (plan.method == DftMethod::small) return ownDftSmall<d, View>(plan.core, src, dst, factor);
   if (plan.method == DftMethod::fft)
     return ownFftRun<d, View>(*plan.fft, src, dst, plan.fft->order, work);
   const auto source = directed(src, d, F(1));
@@ -165,17 +164,17 @@ void ownDftRealInverse(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   realInverse(plan, dst, dst, work);
 }
 
-#define MOX_INSTANTIATE_VIEW(F, View)                                                           \
-  template void ownDftRun<Direction::forward, View>(const DftSpec<F>&, View::Const, View, F*);  \
+#define MOX_INSTANTIATE_VIEW(F, View)                                                          \
+  template void ownDftRun<Direction::forward, View>(const DftSpec<F>&, View::Const, View, F*); \
   template void ownDftRun<Direction::inverse, View>(const DftSpec<F>&, View::Const, View, F*)
-#define MOX_INSTANTIATE_LAYOUT(F, Layout)                                              \
-  template void ownDftRealForward<Layout>(const DftSpec<F>&, const F*, F*, F*);        \
+#define MOX_INSTANTIATE_LAYOUT(F, Layout)                                       \
+  template void ownDftRealForward<Layout>(const DftSpec<F>&, const F*, F*, F*); \
   template void ownDftRealInverse<Layout>(const DftSpec<F>&, const F*, F*, F*)
-#define MOX_INSTANTIATE(F)                     \
+#define MOX_INSTANTIATE(F)                      \
   MOX_INSTANTIATE_VIEW(F, Array<ComplexOf<F>>); \
   MOX_INSTANTIATE_VIEW(F, Split<F>);            \
-  MOX_INSTANTIATE_LAYOUT(F, PermLayout);       \
-  MOX_INSTANTIATE_LAYOUT(F, PackLayout);       \
+  MOX_INSTANTIATE_LAYOUT(F, PermLayout);        \
+  MOX_INSTANTIATE_LAYOUT(F, PackLayout);        \
   MOX_INSTANTIATE_LAYOUT(F, CcsLayout)
 MOX_INSTANTIATE(Mox32f);
 MOX_INSTANTIATE(Mox64f);

@@ -55,9 +55,9 @@ struct DftSpec : MoxsDFTSpec {
   Mox32s fwdNorm, invNorm;  // not 0: the direction multiplies by normFactor
   F normFactor;
   DftMethod method;
-  Mox32s core;                      // length of the complex transform that the method computes
-  Mox32s convLen;                   // of the chirp method
-  Mox32s passes;                    // of the mixed method
+  Mox32s core;                         // length of the complex transform that the method computes
+  Mox32s convLen;                      // of the chirp method
+  Mox32s passes;                       // of the mixed method
   F *realFwdTwiddle, *realInvTwiddle;  // even lengths of real kinds
   PrimeTable<F>* direct;
   FftSpec<F>* fft;
