@@ -10,9 +10,9 @@
  *   a call. Float results are those of the rounding mode in force; bounds in ulps hold for
  *   rounding to nearest.
  * - A function whose arrays all hold integers raises no floating-point exception that its caller
- *   sees, but for filters, which may compute integers in floats. Any other may set every exception
- *   flag of IEEE 754, and stop a program that traps the exception, even where no result shows a
- *   cause, since kernels compute more than they keep.
+ *   sees, but for filters and transforms, which may compute integers in floats. Any other may set
+ *   every exception flag of IEEE 754, and stop a program that traps the exception, even where no
+ *   result shows a cause, since kernels compute more than they keep.
  * - Where a result is NaN, its sign and payload are open. Functions that only move elements, or
  *   change their signs, keep both.
  * - Results are the same for every address of the arrays, but for sums of floats
@@ -32,6 +32,7 @@
 #include <moxsp/convert.h>
 #include <moxsp/corr.h>
 #include <moxsp/dct.h>
+#include <moxsp/dft.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>

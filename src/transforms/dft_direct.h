@@ -37,8 +37,8 @@ template <int parts, class F, class Give>
 
 // `work` has room for n - 1 numbers.
 template <class F, class View>
-void ownDftDirect(const PrimeTable<F>& table, Scaled<typename View::Const> src, Scaled<View> dst,
-                  F* work) {
+void ownDftDirect(const PrimeTable<F>& table, const Scaled<typename View::Const>& src,
+                  const Scaled<View>& dst, F* work) {
   const int n = table.prime();
   F *const a = work, *const b = work + 2 * table.half;
   const Pair<F> first = src.number(0);

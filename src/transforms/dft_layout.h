@@ -32,7 +32,7 @@ PrimeTable<F>* placePrimeTable(Arena& arena, int p) {
 
 template <class F>
 void placePasses(Arena& arena, DftSpec<F>& plan) {
-  const DftRadices radices = dftRadices(dftFactors<F>(plan.core));
+  const DftRadices radices = dftRadices(dftFactors<F>(plan.core), lanesOf<F> / 2);
   plan.passes = radices.count;
   int rows = 1, before = 0;
   for (int i = 0; i < radices.count; ++i) {
@@ -54,6 +54,19 @@ void placePasses(Arena& arena, DftSpec<F>& plan) {
 struct DftSizes {
   long spec, init, work;
 };
+
+template <class F>
+struct DftShape;
+
+// A plan inside another object.
+template <class F>
+DftSpec<F>* placePlan(Arena& arena, const DftShape<F>& shape) {
+  auto* const plan = arena.place<DftSpec<F>>(1, fftAlignment);
+  DftSpec<F> measured{};
+  if (plan) *plan = {};
+  shape.layout(arena, plan ? *plan : measured);
+  return plan;
+}
 
 template <class F>
 struct DftShape {
@@ -86,10 +99,7 @@ struct DftShape {
       plan.convLen = dftConvLength(plan.core);
       plan.chirp = detail::placeTable<F>(arena, 2L * plan.core);
       plan.filterSpectrum = detail::placeTable<F>(arena, 2L * plan.convLen);
-      plan.conv = arena.place<DftSpec<F>>(1, fftAlignment);
-      DftSpec<F> measured{};
-      if (plan.conv) *plan.conv = {};
-      DftShape{plan.convLen, false}.layout(arena, plan.conv ? *plan.conv : measured);
+      plan.conv = placePlan(arena, DftShape{plan.convLen, false});
     }
   }
 

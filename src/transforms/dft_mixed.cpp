@@ -1,54 +1,88 @@
 #include "transforms/dft_mixed.h"
 
+#include <climits>
+
 namespace mox::transforms {
 namespace {
 
-// What a pass of a radix costs for each number, in about a quarter of a cycle per vector: the
-// operations of its butterfly, and those of a pass whatever its radix.
-constexpr int passCost = 24;
-constexpr int butterflyCost[] = {0, 0, 4, 11, 9, 19, 15, 28, 14, 29, 23, 44, 19, 52, 32, 30, 25};
 constexpr int mostRadix = 16;
 
-struct Choice {
-  DftRadices radices;
-  int cost = 0;
-};
+// Instructions of a butterfly, a prime's of more than 16 by its sums; those of a twiddle.
+constexpr int butterflyCost(int radix) {
+  constexpr int costs[] = {0, 0, 2, 8, 10, 27, 24, 55, 35, 70, 66, 153, 67, 201, 136, 139, 130};
+  return radix <= mostRadix ? costs[radix] : radix * radix;
+}
+constexpr int twiddleCost = 6;
 
-// The cheapest product, of falling factors up to `most`; of no cost where there is none.
-Choice cheapest(long len, int most) {
-  Choice best;
-  for (int r = int(std::min<long>(most, len)); r > 1; --r) {
-    if (len % r) continue;
-    Choice choice;
-    if (r < len) {
-      choice = cheapest(len / r, r);
-      if (choice.cost == 0) continue;
-    }
-    choice.cost += passCost + butterflyCost[r];
-    if (best.cost && choice.cost >= best.cost) continue;
-    choice.radices.radix[choice.radices.count++] = r;
-    best = choice;
+// Instructions of the passes of a transform of n numbers, `numbers` in a vector.
+long costOf(const DftRadices& radices, long n, long numbers) {
+  const auto vectors = [=](long count) { return (count + numbers - 1) / numbers; };
+  long cost = 0, rows = 1;
+  for (int i = 0; i < radices.count; ++i) {
+    const long radix = radices.radix[i], columns = n / (rows * radix);
+    const long twiddles = twiddleCost * (radix - 1), plain = butterflyCost(int(radix)) + 4;
+    if (columns > 1 && columns < numbers) return LONG_MAX;
+    if (columns > 1)
+      cost += (rows * (plain + 2 * radix + twiddles) - twiddles) * vectors(columns);
+    else
+      cost += (plain + 4 * radix + twiddles) * vectors(rows) + (rows < numbers ? 6 * n : 0);
+    rows *= radix;
   }
-  return best;
+  return cost;
 }
 
+// Finds the cheapest product of factors up to 16 for what is left of a length, in rising order but
+// for the last.
+class Search {
+ public:
+  Search(long n, long numbers) : n_(n), numbers_(numbers) {}
+
+  void complete(DftRadices& chosen, long rest, int least) {
+    if (rest == 1) return consider(chosen);
+    if (chosen.count == dftMaxPasses) return;
+    for (int r = least; r <= mostRadix && r <= rest; ++r) {
+      if (rest % r) continue;
+      chosen.radix[chosen.count++] = r;
+      complete(chosen, rest / r, r);
+      --chosen.count;
+    }
+  }
+  const DftRadices& best() const { return best_; }
+
+ private:
+  // With each of the radices as the last one.
+  void consider(DftRadices radices) {
+    std::sort(radices.radix, radices.radix + radices.count);
+    for (int i = radices.count - 1; i >= 0; --i) {
+      DftRadices ordered = radices;
+      std::rotate(ordered.radix + i, ordered.radix + i + 1, ordered.radix + radices.count);
+      const long cost = costOf(ordered, n_, numbers_);
+      if (best_.count == 0 || cost < cost_) best_ = ordered, cost_ = cost;
+    }
+  }
+
+  long n_, numbers_, cost_ = 0;
+  DftRadices best_;
+};
+
 template <class F, class Source>
-using ColumnsKernel = void (*)(Source src, Array<ComplexOf<F>> dst, const DftPass<F>& pass);
+using ColumnsKernel = void (*)(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass);
 template <class F, class Target>
-using LastKernel = void (*)(Array<const ComplexOf<F>> src, Target dst, const DftPass<F>& pass);
+using LastKernel = void (*)(Array<const ComplexOf<F>> src, const Target& dst,
+                            const DftPass<F>& pass);
 
 // By radix; the first entry is for those that only the plan knows.
 template <class F, class Source>
 class ColumnsKernels {
  public:
   constexpr ColumnsKernels() { fill(std::make_integer_sequence<int, mostRadix + 1>()); }
-  void operator()(Source src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) const {
+  void operator()(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) const {
     kernels_[pass.radix > mostRadix ? 0 : pass.radix](src, dst, pass);
   }
 
  private:
   template <int radix>
-  static void kernel(Source src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
+  static void kernel(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
     if constexpr (radix > 0)
       joinColumns<F>(std::integral_constant<int, radix>(), src, dst, pass);
     else
@@ -64,13 +98,13 @@ template <class F, class Target>
 class LastKernels {
  public:
   constexpr LastKernels() { fill(std::make_integer_sequence<int, mostRadix + 1>()); }
-  void operator()(Array<const ComplexOf<F>> src, Target dst, const DftPass<F>& pass) const {
+  void operator()(Array<const ComplexOf<F>> src, const Target& dst, const DftPass<F>& pass) const {
     kernels_[pass.radix > mostRadix ? 0 : pass.radix](src, dst, pass);
   }
 
  private:
   template <int radix>
-  static void kernel(Array<const ComplexOf<F>> src, Target dst, const DftPass<F>& pass) {
+  static void kernel(Array<const ComplexOf<F>> src, const Target& dst, const DftPass<F>& pass) {
     if constexpr (radix > 0)
       joinLast<F>(std::integral_constant<int, radix>(), src, dst, pass);
     else
@@ -89,22 +123,21 @@ constexpr LastKernels<F, Target> ownDftLast;
 
 }  // namespace
 
-DftRadices dftRadices(const DftFactors& factors) {
-  long smooth = 1;
-  DftRadices r;
+DftRadices dftRadices(const DftFactors& factors, long numbers) {
+  long smooth = 1, length = 1;
+  DftRadices primes;
   const auto take = [&](int factor) {
+    length *= factor;
     if (factor > mostRadix)
-      r.radix[r.count++] = factor;
+      primes.radix[primes.count++] = factor;
     else
       smooth *= factor;
   };
   for (int i = 0; i < factors.levels; ++i) take(factors.radix[i]);
   take(factors.leaf);
-  const DftRadices small = cheapest(smooth, mostRadix).radices;
-  std::copy_n(small.radix, small.count, r.radix + r.count);
-  r.count += small.count;
-  std::sort(r.radix, r.radix + r.count);
-  return r;
+  Search search(length, numbers);
+  search.complete(primes, smooth, 2);
+  return search.best();
 }
 
 template <class F>
@@ -137,8 +170,8 @@ void primeButterfly(V<F>* a, const PrimeTable<F>& table) {
 }
 
 template <class F, class View>
-void ownDftMixed(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scaled<View> dst,
-                 F* work) {
+void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
+                 const Scaled<View>& dst, F* work) {
   using C = ComplexOf<F>;
   using Area = Array<C>;
   using Const = Array<const C>;
@@ -163,10 +196,11 @@ void ownDftMixed(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scale
 
 #define MOX_INSTANTIATE(F)                                                                    \
   template void primeButterfly(V<F>*, const PrimeTable<F>&);                                  \
-  template void ownDftMixed<F, Array<ComplexOf<F>>>(                                          \
-      const DftSpec<F>&, Scaled<Array<const ComplexOf<F>>>, Scaled<Array<ComplexOf<F>>>, F*); \
-  template void ownDftMixed<F, Split<F>>(const DftSpec<F>&, Scaled<Split<const F>>,           \
-                                         Scaled<Split<F>>, F*)
+  template void ownDftMixed<F, Array<ComplexOf<F>>>(const DftSpec<F>&,                        \
+                                                    const Scaled<Array<const ComplexOf<F>>>&, \
+                                                    const Scaled<Array<ComplexOf<F>>>&, F*);  \
+  template void ownDftMixed<F, Split<F>>(const DftSpec<F>&, const Scaled<Split<const F>>&,    \
+                                         const Scaled<Split<F>>&, F*)
 MOX_INSTANTIATE(Mox32f);
 MOX_INSTANTIATE(Mox64f);
 

@@ -12,9 +12,9 @@ struct DftRadices {
   int radix[dftMaxPasses] = {};
 };
 
-// Those that take least time for a product of levels and a leaf: primes above 16 as they are, and
-// the rest in as few factors of up to 16 as pay. The last pass has the largest one.
-DftRadices dftRadices(const DftFactors& factors);
+// Those that take fewest instructions for a product of levels and a leaf, on vectors of so many
+// numbers: primes above 16 as they are, the rest in factors of up to 16.
+DftRadices dftRadices(const DftFactors& factors, long numbers);
 
 template <class F>
 constexpr long columnTwiddles(const DftPass<F>& pass) {
@@ -40,7 +40,7 @@ constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
 
 // From the source to the target, which may be the same arrays.
 template <class F, class View>
-void ownDftMixed(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scaled<View> dst,
-                 F* work);
+void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
+                 const Scaled<View>& dst, F* work);
 
 }  // namespace mox::transforms

@@ -51,21 +51,22 @@ void transform(int, V<F> (&a)[mostAnyRadix], const DftPass<F>& pass) {
 
 // One row of a pass, over all columns; row 0 needs no twiddles.
 template <bool turns, class F, class Radix, class Source, class Target>
-[[gnu::always_inline]] inline void joinRow(Radix radix, Source src, Target dst, long apart,
-                                           const F* twiddle, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinRow(Radix radix, const Source& src, const Target& dst,
+                                           long apart, const F* twiddle, const DftPass<F>& pass) {
   const long columns = pass.columns;
-  forVectors<F>(columns, [=, &pass](long t) {
-    V<F> a[mostOf<Radix>];
-    each(radix, [&](auto j) {
-      a[j] = src.interleaved(t + columns * j);
-      if constexpr (turns)
-        if (j > 0)
-          a[j] =
-              times(a[j], broadcast<V<F>>(twiddle[2 * j - 2]), broadcast<V<F>>(twiddle[2 * j - 1]));
-    });
-    transform(radix, a, pass);
-    each(radix, [&](auto c) { dst.putInterleaved(t + apart * c, a[c]); });
-  });
+  forVectors<F>(
+      columns, [&](long t) __attribute__((always_inline)) {
+        V<F> a[mostOf<Radix>];
+        each(radix, [&](auto j) {
+          a[j] = src.interleaved(t + columns * j);
+          if constexpr (turns)
+            if (j > 0)
+              a[j] = times(a[j], broadcast<V<F>>(twiddle[2 * j - 2]),
+                           broadcast<V<F>>(twiddle[2 * j - 1]));
+        });
+        transform(radix, a, pass);
+        each(radix, [&](auto c) { dst.putInterleaved(t + apart * c, a[c]); });
+      });
 }
 
 // Vectors of numbers j, j + 1 ... of consecutive rows that start at `rows`.
@@ -93,7 +94,8 @@ template <class C>
 
 // Any pass but the last one. The first has a single row, the source's numbers.
 template <class F, class Radix, class Source>
-void joinColumns(Radix radix, Source src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinColumns(Radix radix, const Source& src,
+                                               Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
   const long apart = long(pass.rows) * pass.columns;
   detail::joinRow<false>(radix, src, dst, apart, pass.twiddle, pass);
   const F* twiddle = pass.twiddle;
@@ -103,23 +105,25 @@ void joinColumns(Radix radix, Source src, Array<ComplexOf<F>> dst, const DftPass
 }
 
 template <class F, class Radix, class Target>
-void joinLast(Radix radix, Array<const ComplexOf<F>> src, Target dst, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinLast(Radix radix, Array<const ComplexOf<F>> src,
+                                            const Target& dst, const DftPass<F>& pass) {
   constexpr int numbers = lanesOf<F> / 2;
   const F* twiddle = pass.twiddle;
   const long rows = pass.rows;
-  forVectors<F>(rows, [&](long k) {
-    V<F> a[detail::mostOf<Radix>], block[numbers];
-    detail::each(radix, [&](auto j) {
-      if (j % numbers == 0) detail::loadColumns(src.p + k * radix + j, radix, block);
-      a[j] = block[j % numbers];
-      if (j == 0) return;
-      const V<F> w = load<V<F>>(twiddle + (j - 1) * lanesOf<F>);
-      a[j] = times(a[j], realParts(w), imaginaryParts(w));
-    });
-    twiddle += (radix - 1) * lanesOf<F>;
-    detail::transform(radix, a, pass);
-    detail::each(radix, [&](auto c) { dst.putInterleaved(k + rows * c, a[c]); });
-  });
+  forVectors<F>(
+      rows, [&](long k) __attribute__((always_inline)) {
+        V<F> a[detail::mostOf<Radix>], block[numbers];
+        detail::each(radix, [&](auto j) {
+          if (j % numbers == 0) detail::loadColumns(src.p + k * radix + j, radix, block);
+          a[j] = block[j % numbers];
+          if (j == 0) return;
+          const V<F> w = load<V<F>>(twiddle + (j - 1) * lanesOf<F>);
+          a[j] = times(a[j], realParts(w), imaginaryParts(w));
+        });
+        twiddle += (radix - 1) * lanesOf<F>;
+        detail::transform(radix, a, pass);
+        detail::each(radix, [&](auto c) { dst.putInterleaved(k + rows * c, a[c]); });
+      });
 }
 
 }  // namespace mox::transforms

@@ -21,8 +21,8 @@ F factorOf(const DftSpec<F>& plan) {
 
 // x[k] chirp[k] convolved with the conjugate of the chirp is X[k] / chirp[k] (Bluestein, 1970).
 template <class F, class View>
-void ownDftChirp(const DftSpec<F>& plan, Scaled<typename View::Const> src, Scaled<View> dst,
-                 F* work) {
+void ownDftChirp(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
+                 const Scaled<View>& dst, F* work) {
   using C = ComplexOf<F>;
   const Array<C> area = {reinterpret_cast<C*>(work)};
   const long n = plan.core, length = plan.convLen;

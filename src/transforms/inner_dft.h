@@ -21,12 +21,7 @@ class InnerDft {
   static long scratchBytes(int len) { return DftShape<F>{len, isReal}.sizes().init; }
   static long workBytes(int len) { return DftShape<F>{len, isReal}.sizes().work; }
 
-  void place(Arena& arena, int len) {
-    plan_ = arena.place<DftSpec<F>>(1, fftAlignment);
-    DftSpec<F> measured{};
-    if (plan_) *plan_ = {};
-    DftShape<F>{len, isReal}.layout(arena, plan_ ? *plan_ : measured);
-  }
+  void place(Arena& arena, int len) { plan_ = placePlan(arena, DftShape<F>{len, isReal}); }
   void fill(Mox8u* scratch) {
     constexpr int inverseByN = 2;
     fillDft(*plan_, isReal, inverseByN, 0, scratch);

@@ -3,8 +3,10 @@
 
 #include "frame/export.h"
 #include "frame/in_place.h"
+#include "frame/rounding_control.h"
 #include "transforms/fft_run.h"
 #include "transforms/integer_fft.h"
+#include "transforms/integer_fft_mid.h"
 #include "transforms/integer_run.h"
 #include "transforms/packed_layouts.h"
 
@@ -47,11 +49,14 @@ Split<const F> constant(Split<F> a) {
 template <Direction d, class Kind, class View>
 MoxStatus run(typename View::Const src, View dst, const MoxsFFTSpec* object, int scaleFactor,
               Mox8u* buffer) {
-  return checked<Kind>(
-      src, dst, object, buffer, [=](const auto& spec, long n, auto* area, auto* work) {
-        integerRun(src, n, dst, n, scaleFactor, area,
-                   [&](auto data) { ownFftRun<d>(spec, constant(data), data, spec.order, work); });
-      });
+  const auto body = [=](const auto& spec, long n, auto* area, auto* work) {
+    if constexpr (std::is_same_v<View, Array<Mox16sc>>)
+      if (isForWords(spec.order, scaleFactor))
+        return ownFftWords<d>(spec, src.p, dst.p, scaleFactor, work);
+    integerRun(src, n, dst, n, scaleFactor, area,
+               [&](auto data) { ownFftRun<d>(spec, constant(data), data, spec.order, work); });
+  };
+  return checked<Kind>(src, dst, object, buffer, body);
 }
 
 template <Direction d, class C>

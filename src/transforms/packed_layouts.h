@@ -13,18 +13,21 @@ namespace mox::transforms {
 struct PermLayout {
   static constexpr long firstPair(long n) { return n % 2 ? 1 : 2; }
   static constexpr long middle(long) { return 1; }
+  static constexpr long places(long n) { return n; }
   static constexpr bool imaginaryEnds = false;
 };
 
 struct PackLayout {
   static constexpr long firstPair(long) { return 1; }
   static constexpr long middle(long n) { return n - 1; }
+  static constexpr long places(long n) { return n; }
   static constexpr bool imaginaryEnds = false;
 };
 
 struct CcsLayout {
   static constexpr long firstPair(long) { return 2; }
   static constexpr long middle(long n) { return n; }
+  static constexpr long places(long n) { return n / 2 * 2 + 2; }
   static constexpr bool imaginaryEnds = true;  // a place behind R[0] and behind R[n/2], holding 0
 };
 
@@ -32,6 +35,7 @@ template <class L>
 concept PackedLayout = requires(long n) {
   { L::firstPair(n) } -> std::same_as<long>;
   { L::middle(n) } -> std::same_as<long>;
+  { L::places(n) } -> std::same_as<long>;
   { L::imaginaryEnds } -> std::convertible_to<bool>;
 };
 

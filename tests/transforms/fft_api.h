@@ -74,7 +74,7 @@ struct Form {
   static constexpr bool split = !kind.real && sizeof(E) == sizeof(F);
 
   static MoxStatus run(bool forward, const F* src, F* dst, [[maybe_unused]] long n,
-                       const MoxsFFTSpec* spec, Mox8u* buffer) {
+                       const auto& spec, Mox8u* buffer) {
     const auto f = forward ? fwd : inv;
     if constexpr (split)
       return f(src, src + n, dst, dst + n, spec, buffer);

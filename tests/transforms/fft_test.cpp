@@ -2,76 +2,30 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <numbers>
 
-#include "support/accuracy.h"
-#include "support/guarded_array.h"
-#include "transforms/fft_api.h"
+#include "transforms/fft_data.h"
 
 namespace {
 
 using test::Complex;
 using test::Fft;
+using test::Flag;
+using test::flags;
 using test::largeOrder;
+using test::Room;
+using test::signalError;
+using test::spectrumError;
+using test::turn;
 
 template <class T>
 class FftForm : public testing::Test {};
 TYPED_TEST_SUITE(FftForm, test::Forms);
-
-struct Flag {
-  int value;
-  double forward, inverse;  // the factors are N to these powers
-};
-constexpr Flag flags[] = {{8, 0, 0}, {1, -1, 0}, {2, 0, -1}, {4, -0.5, -0.5}};
-
-// exp(-2 pi i k / n), its angle reduced in integers.
-Complex turn(long k, long n) {
-  return std::polar(1.0L, -2 * std::numbers::pi_v<long double> * (long double)(k & (n - 1)) / n);
-}
 
 // In the L2 norm, for each doubling.
 template <class F>
 long double bound(int order) {
   return (sizeof(F) == 4 ? 3e-7L : 6e-16L) * std::sqrt(order + 1.0L);
 }
-
-template <class T, class Exact>
-long double spectrumError(const typename T::F* spectrum, long n, long step, Exact exact) {
-  test::RelativeError error;
-  for (long k = 0; k < T::bins(n); k += 1 + (k + k / 7) % step) {
-    const Complex got = T::bin(spectrum, n, k), expected = exact(k);
-    error.add(got.real(), expected.real());
-    error.add(got.imag(), expected.imag());
-  }
-  return error.value();
-}
-
-template <class F>
-long double signalError(const F* got, const std::vector<F>& x, long double factor) {
-  test::RelativeError error;
-  for (std::size_t i = 0; i < x.size(); ++i) error.add(got[i], factor * x[i]);
-  return error.value();
-}
-
-// Numbers that end so many bytes before an inaccessible page, beginning with those of x.
-template <class F>
-class Room {
- public:
-  Room(const std::vector<F>& x, long numbers, long slack)
-      : numbers_(numbers), bytes_(numbers * sizeof(F) + slack, test::Guard::after) {
-    if (!x.empty()) std::memcpy(bytes_.data(), x.data(), x.size() * sizeof(F));
-  }
-  F* data() const { return reinterpret_cast<F*>(bytes_.data()); }
-  std::vector<F> numbers() const {
-    std::vector<F> v(numbers_);
-    std::memcpy(v.data(), bytes_.data(), numbers_ * sizeof(F));
-    return v;
-  }
-
- private:
-  long numbers_;
-  test::GuardedBytes bytes_;
-};
 
 TYPED_TEST(FftForm, FollowsTheDefiningSumWithEveryFlagAtAnyAddress) {
   using T = TypeParam;

@@ -82,6 +82,8 @@ const Table<Row> optionalPointers = {
      {{"CrossCorrNorm_*", "buffer"}, "sums need none"},
     {{{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"FFTInit_* DCT*Init_*", "initBuf"}, "tables of small lengths need none"},
+    {{{"@(FFT|DFT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
+     {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIR*SetDlyLine*", "dlyLine"}, "the delay line is cleared"},
      {{"FIRSR_*", "dlySrc"}, "the history is silence"},

@@ -25,6 +25,8 @@ const Row rows[] = {
     {"FFTInit_R_16s32s", "FFTInv_CCSToR_32s16s"},
     {"DCT(Fwd|Inv)Init_(.*)", "DCT$1(Free|GetBufSize)?_$2"},
     {"HilbertInitAlloc_(.*)", "Hilbert(Free)?_$1"},
+    {"DFTInitAlloc_([CR])_(.*)",
+     "DFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
 
     // Combinations that share their states.
     {"FIRInit(32sc?_16sc?)(32fc?)?", "FIR(One|[GS]etTaps|[GS]etDlyLine|Free)?$1(32fc?)?"},

@@ -29,6 +29,9 @@ auto bits(const char* offset, long width) {
 long length(const Call& c) { return c.length(); }
 long elementBytes(const Call& c) { return c.function().type(0).element->bytes; }
 long transformLength(const Call& c) { return 1L << c("order"); }
+auto ccsOf(const char* length) {
+  return [=](const Call& c) { return c(length) / 2 * 2 + 2; };
+}
 long ccsLength(const Call& c) { return transformLength(c) / 2 * 2 + 2; }
 
 // What the size query that belongs to an Init function stores there.
@@ -50,7 +53,13 @@ long sizeOfDesign(const Call& c) {
 }
 long workBufferSize(const Call& c) {
   const std::string init = kindOf(c.function())->init->name;
-  return query(std::regex_replace(init, std::regex("Init"), "GetBufSize"), c.setting(), "size");
+  return query(std::regex_replace(init, std::regex("Init(Alloc)?"), "GetBufSize"), c.setting(),
+               "size");
+}
+// The DFT tells the bytes at a multiple of 64.
+long dftBufferSize(const Call& c) {
+  const long bytes = workBufferSize(c);
+  return bytes > 0 ? bytes + 64 : 0;
 }
 
 // What the size query of a convolution or correlation stores for the lengths and the type.
@@ -105,6 +114,9 @@ const Table<NumberRow> numberRows = {
      {{"ResamplePolyphase[GS]etFixedFilter_*", "step"}, fixed(12), {5, 17}},
      {{"ResamplePolyphase[GS]etFixedFilter_*", "height"}, fixed(2), {1}},
      {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
+     {{"FFT* DFT*", "flag"}, fixed(8), {1, 2, 4}},
+     {{"DFT@(GetSize|Init)_*", "len"},
+      [](const Call& c) { return 3 * c.length() + 15; }},  // has tables
      {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
      {{"FIRMR*", "downFactor"}, fixed(2), {5}},
@@ -216,6 +228,15 @@ const Table<CountRow> countRows = {
      {{"FFTInit_* DCT*Init_*", "initBuf"}, sizeOfObject("initSize")},
      {{"DCT@(Fwd|Inv)_* Hilbert_*", "src dst srcDst"}, length},
      {{"ConjCcs_*", "src"}, [](const Call& c) { return c("len") / 2 * 2 + 2; }},
+     {{"FFT@(Fwd|Inv)_*", "buffer"}, workBufferSize},
+     {{"FFTInit_*", "specMem"}, sizeOfObject("specSize")},
+     {{"FFTInit_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"DFT@(Fwd|Inv)_*", "buffer"}, dftBufferSize},
+     {{"DFTInit_*", "specMem"}, sizeOfObject("specSize")},
+     {{"DFTInit_*", "initBuf"}, sizeOfObject("initSize")},
+     {{"DFTFwd_RToCCS_*", "dst"}, ccsOf("len")},
+     {{"DFTInv_CCSToR_*", "src"}, ccsOf("len")},
+     {{"ConjCcs_*", "src"}, ccsOf("len")},
 
      {{"FIR*Init* IIR*Init*", "buffer"}, sizeOfObject("size")},
      {{"FIROne* FIRLMS*One* IIROne*", "dst srcDst"}, fixed(1)},
