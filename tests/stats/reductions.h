@@ -55,13 +55,13 @@ Lanes<F> folded(Lanes<F> lane, const Order& o, Op op = plus) {
 template <class F, class Term, class Op = decltype(plus)>
 Lanes<F> reduced(const Order& o, long n, long peel, Term term, Op op = plus, long i = 0) {
   Lanes<F> lane(o.lanes);
-  const auto add = [&](long j) { lane[j] = op(lane[j], F(term(i++))); };
+  const auto add = [&](long j, long k) { lane[j] = op(lane[j], F(term(k))); };
   const auto addWidth = [&](long width) {
-    for (long j = 0; j < width; ++j) add(j);
+    for (long j = 0; j < width; ++j) add(j, i++);
   };
-  while (i < peel) add((i + peel) % o.parts);
-  while (n - i >= o.step)
-    for (long j = 0; j < o.step; ++j) add(j % o.lanes);
+  for (; i < peel; ++i) add((i + peel) % o.parts, i);
+  for (; n - i >= o.step; i += o.step)
+    for (long j = 0; j < o.step; ++j) add(j % o.lanes, i + j);
 
   constexpr long leastFolded = 32 / sizeof(F);
   while (o.rest == Rest::folded && long(lane.size()) > leastFolded) {
@@ -71,11 +71,11 @@ Lanes<F> reduced(const Order& o, long n, long peel, Term term, Op op = plus, lon
   if (o.rest == Rest::halves || o.rest == Rest::folded)
     for (long width = long(lane.size()) / 2; width > 0; width /= 2)
       if ((n - i) & width) addWidth(width);
-  const long start = i, cycle = o.rest == Rest::pairs ? 2 : 1;
-  while (i < n && o.rest != Rest::serial)
-    add(o.rest == Rest::last ? o.lanes - 1 : (i - start) % cycle);
+  const long cycle = o.rest == Rest::pairs ? 2 : 1, first = o.rest == Rest::last ? o.lanes - 1 : 0;
+  if (o.rest != Rest::serial)
+    for (long t = 0; i < n; ++i, ++t) add(first + t % cycle, i);
   lane = folded(lane, o, op);
-  for (const long first = i; i < n;) add((i - first) % o.parts);
+  for (long t = 0; i < n; ++i, ++t) add(t % o.parts, i);
   return lane;
 }
 
