@@ -9,7 +9,7 @@ what=$1 include=$2
 # lose their names.
 exports() {
   echo '#include <moxsp.h>' | "$1" -E -P -I"$include" - | tr -s '\n ' ' ' | tr ';' '\n' |
-    sed -nE 's/^ *extern __attribute__\(\(visibility\("default"\)\)\) //p' |
+    sed -nE 's/^[ }]*extern __attribute__\(\(visibility\("default"\)\)\) //p' |
     sed -E 's/ ?\* ?/*/g; s/([a-z0-9])\*+/&\n/g; s/\*\n/* /g; s/\n/ /g' |
     sed -E 's/ ?[A-Za-z_0-9]+(\[[0-9]*\])? ?([,)])/\1\2/g; s/\(\)/(void)/' |
     sed -E 's/(.*) (moxs[A-Za-z0-9_]+\(.*)/\2\t\1 \2/' | sort | cut -f2
