@@ -26,8 +26,7 @@ void expectLines(Member<D*, int, F, F> ramp, Member<D*, int, F, F> slope) {
   for (const F offset : {F(0), F(-1e4), F(250.5), F(3e9), F(-0.25), F(1e12)})
     for (const F step : {F(0), F(0.5), F(-3.3), F(1e7), F(-1e10)}) {
       std::vector<D> a(len), b(len), want(len);
-      for (int i = 0; i < len; ++i)
-        want[i] = awayFromZero<D>(double(offset) + double(step) * i);
+      for (int i = 0; i < len; ++i) want[i] = awayFromZero<D>(double(offset) + double(step) * i);
       ASSERT_EQ(ramp.function(a.data(), len, offset, step), moxOk);
       ASSERT_EQ(slope.function(b.data(), len, offset, step), moxOk);
       EXPECT_EQ(a, want) << ramp.name << ' ' << offset << ' ' << step;
@@ -52,7 +51,8 @@ void expectJaehne(Member<D*, int, D> member, D magn) {
   for (const int len : {1, 2, 17, 1000, 1500000}) {
     std::vector<D> got(len);
     ASSERT_EQ(member.function(got.data(), len, magn), moxOk);
-    const double h = 1.5707963267948966 / len, amplitude = std::is_unsigned_v<D> ? 0.5 * magn : magn;
+    const double h = 1.5707963267948966 / len,
+                 amplitude = std::is_unsigned_v<D> ? 0.5 * magn : magn;
     std::vector<L> want(len);
     for (int i = 0; i < len; ++i) want[i] = amplitude * std::sin(L(i * h * i));
     L tolerance = amplitude * 2 * L(std::numeric_limits<D>::epsilon()), lowest = 0;
