@@ -39,8 +39,8 @@
 #include <moxsp/fir.h>
 #include <moxsp/fir_direct.h>
 #include <moxsp/fir_sr.h>
-#include <moxsp/goertzel.h>
 #include <moxsp/generators.h>
+#include <moxsp/goertzel.h>
 #include <moxsp/hilbert.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
@@ -59,7 +59,7 @@
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
-#include <moxsp/windows.h>
 #include <moxsp/wavelet.h>
+#include <moxsp/windows.h>
 
 #endif

@@ -331,18 +331,20 @@ const Table<CountRow> countRows = {
 
      {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
      {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
-      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
-      {{"*", "outVal outIndex counts"}, fixed(1)},
-      {{"*", "table"}, argument("tableLen")},
-      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
-      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
+{{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+    {{"*", "outVal outIndex counts"}, fixed(1)}, {{"*", "table"}, argument("tableLen")},
+    {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+    {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")}, {
+  {"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")
+}
+}
+};
 
 }  // namespace
 
