@@ -37,10 +37,11 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
+#include <moxsp/fir_design.h>
 #include <moxsp/fir_direct.h>
 #include <moxsp/fir_sr.h>
-#include <moxsp/goertzel.h>
 #include <moxsp/generators.h>
+#include <moxsp/goertzel.h>
 #include <moxsp/hilbert.h>
 #include <moxsp/iir.h>
 #include <moxsp/iir_design.h>
@@ -59,7 +60,7 @@
 #include <moxsp/threshold.h>
 #include <moxsp/transforms.h>
 #include <moxsp/types.h>
-#include <moxsp/windows.h>
 #include <moxsp/wavelet.h>
+#include <moxsp/windows.h>
 
 #endif

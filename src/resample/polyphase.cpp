@@ -7,9 +7,9 @@
 #include "resample/resampler.h"
 
 struct MoxsResamplePolyphaseState {
-  long len, step;     // points of a wing, and to a sample
-  Mox32f* points;     // one after the last is the last again
-  Mox32f* rows;       // row p has every step-th point, from p on
+  long len, step;  // points of a wing, and to a sample
+  Mox32f* points;  // one after the last is the last again
+  Mox32f* rows;    // row p has every step-th point, from p on
   long rowCount, rowLen;
 };
 
@@ -169,7 +169,8 @@ MoxStatus resample(const Data* src, int len, Data* dst, Mox64f factor, Mox32f no
   const Mox64f start = load<Mox64f>(time), end = len + std::trunc(start), step = 1 / factor;
   if (!isPosition(start)) return moxErrBadArg;
   const State& s = recordIn<Kind>(state);
-  const Mox64f stretch = std::min(factor, 1.0), gain = stretch * norm, points = stretch * Mox64f(s.step);
+  const Mox64f stretch = std::min(factor, 1.0), gain = stretch * norm,
+               points = stretch * Mox64f(s.step);
   const auto position = [=](long k) { return start + Mox64f(k) * step; };
 
   long count = std::max(0L, long((end - start) * factor) - 1);
@@ -180,7 +181,8 @@ MoxStatus resample(const Data* src, int len, Data* dst, Mox64f factor, Mox32f no
     const auto both = [&](auto left, auto right) {
       return (wing<Side::past>(left, x) + wing<Side::future>(right, x + 1)) * gain;
     };
-    return factor < 1 ? both(StretchedTaps(s, f * points, points), StretchedTaps(s, (1 - f) * points, points))
+    return factor < 1 ? both(StretchedTaps(s, f * points, points),
+                             StretchedTaps(s, (1 - f) * points, points))
                       : both(RowTaps(s, f * points), RowTaps(s, (1 - f) * points));
   });
   store(time, position(count));

@@ -81,7 +81,8 @@ template <class Tap>
 void fillRows(State& s, Mox32f rollf, Mox32f alpha) {
   const Mox64f ratio = Mox64f(s.outRate) / Mox64f(s.inRate);
   const long step = std::max(s.inRate, s.outRate), width = 2 * s.halfWidth;
-  const long len = long((1e-5f + Mox32f(width) * Mox32f(std::min(ratio, 1.0))) * 0.5f * Mox32f(step)) + 1;
+  const long len =
+      long((1e-5f + Mox32f(width) * Mox32f(std::min(ratio, 1.0))) * 0.5f * Mox32f(step)) + 1;
   const KaiserSinc response(len, step, rollf, alpha);
   for (long p = 0; p < s.outRate; ++p) {
     Mox32f* const row = s.rows + p * rowLen(s);
@@ -130,7 +131,8 @@ V<Mox64f> sumWindows(const Data* x, long stride, const Mox32f* taps, long count)
   V<Sum, 4> rest = {};
   for (; k < count; ++k)
     for (int w = 0; w < windows; ++w) rest[w] += load<Data>(x + w * stride + k) * taps[k];
-  return __builtin_convertvector((columns[0] + columns[1]) + (columns[2] + columns[3]) + rest, V<Mox64f>);
+  return __builtin_convertvector((columns[0] + columns[1]) + (columns[2] + columns[3]) + rest,
+                                 V<Mox64f>);
 }
 
 // Where the next output stands: in `phase` behind *sample.

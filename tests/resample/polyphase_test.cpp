@@ -106,8 +106,8 @@ TEST(ResamplePolyphase, IsTheSumOfItsInterpolatedTable) {
   const auto x = noise<Mox32f>();
   const auto x16 = noise<Mox16s>();
   for (const double factor : {1.0, 160.0 / 147, 2.5, 7.0, 0.5, 147.0 / 160, 0.083})
-    for (const auto& [window, step, alpha] : {std::tuple(24.0f, 32, 6.0f), {7.3f, 5, 1.0f},
-                                              {0.4f, 5, 2.0f}, {40.0f, 100, 30.0f}}) {
+    for (const auto& [window, step, alpha] :
+         {std::tuple(24.0f, 32, 6.0f), {7.3f, 5, 1.0f}, {0.4f, 5, 2.0f}, {40.0f, 100, 30.0f}}) {
       Variable filter(window, step, 0.9f, alpha);
       const auto h = wingOf(long(window * 0.5f * float(step)) + 1, step, 0.9f, alpha);
       std::vector<Mox32f> y(len * factor + 2);
@@ -125,8 +125,9 @@ TEST(ResamplePolyphase, IsTheSumOfItsInterpolatedTable) {
       ASSERT_NEAR(time, 0.3 + count / factor, 1e-9);
       for (int k = 0; k < count; ++k) {
         const auto sum = [&](const auto& in) {
-          return 0.8f * interpolated(h, step, factor, [&](long i) { return in[margin + i]; },
-                                     0.3 + k / factor);
+          return 0.8f *
+                 interpolated(
+                     h, step, factor, [&](long i) { return in[margin + i]; }, 0.3 + k / factor);
         };
         ASSERT_NEAR(y[k], double(sum(x)), 2e-6) << k << " by " << factor << ", step " << step;
         const double exact = std::clamp(double(sum(x16)), -32768.0, 32767.0);
@@ -151,7 +152,8 @@ void checkFixed(auto init, auto resample, int hint, double perSample) {
       std::vector<Data> y(len * 6L + 1);
       double time = double(start) / b;
       int count = 0;
-      ASSERT_EQ(resample(&x[margin], len, y.data(), 0.8f, &time, &count, filter.memory.state()), moxOk);
+      ASSERT_EQ(resample(&x[margin], len, y.data(), 0.8f, &time, &count, filter.memory.state()),
+                moxOk);
       ASSERT_EQ(count, (len * b - start + a - 1) / a);
       ASSERT_NEAR(time, (start + double(count) * a) / b, 1e-9);
       for (int k = 0; k < count; ++k) {
@@ -263,7 +265,8 @@ TEST(ResamplePolyphaseFixed, KeepsSinesTo130dB) {
                                              filter.memory.state()),
               moxOk);
     for (int k = 0; k < count; ++k)
-      error += std::pow(y[k] - std::sin(2 * std::numbers::pi * hz * (200.0 / 44100 + k / 48000.0)), 2);
+      error +=
+          std::pow(y[k] - std::sin(2 * std::numbers::pi * hz * (200.0 / 44100 + k / 48000.0)), 2);
     EXPECT_LT(10 * std::log10(2 * error / count), -130) << hz << " Hz";
   }
 }

@@ -113,11 +113,16 @@ const Table<NumberRow> numberRows = {
      {{"ResamplePolyphaseFixed@(GetSize|Init)_*", "len"}, fixed(8)},
      {{"ResamplePolyphase[GS]etFixedFilter_*", "step"}, fixed(12), {5, 17}},
      {{"ResamplePolyphase[GS]etFixedFilter_*", "height"}, fixed(2), {1}},
+     {{"FIRGen*", "rFreq rHighFreq"}, fixed(0.3)},
+     {{"FIRGen*", "rLowFreq"}, fixed(0.1)},
+     {{"FIRGen*", "tapsLen"}, [](const Call& c) { return c.length() + 4; }},
+     {{"FIRGen*", "winType"}, fixed(0), {1, 2, 3, 4}},
+     {{"FIRGen*", "doNormal"}, fixed(0), {1}},
      {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
      {{"FFT* DFT*", "flag"}, fixed(8), {1, 2, 4}},
      {{"DFT@(GetSize|Init)_*", "len"},
       [](const Call& c) { return 3 * c.length() + 15; }},  // has tables
-     {{"FIR*", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
+     {{"FIR!(Gen*)", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
      {{"FIRMR*", "downFactor"}, fixed(2), {5}},
      {{"FIRMR*", "upPhase downPhase"}, fixed(0)},
@@ -331,18 +336,20 @@ const Table<CountRow> countRows = {
 
      {{"*", "size specSize initSize workSize bufSize bufferSize dstBitLen"}, fixed(1)},
      {{"*", "dlyLineIndex tapsFactor"}, fixed(1)},
-      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
-      {{"*", "outVal outIndex counts"}, fixed(1)},
-      {{"*", "table"}, argument("tableLen")},
-      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
-      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
-      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
      {{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
      {{"*", "outVal outIndex counts"}, fixed(1)},
      {{"*", "table"}, argument("tableLen")},
      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
+{{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
+    {{"*", "outVal outIndex counts"}, fixed(1)}, {{"*", "table"}, argument("tableLen")},
+    {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
+    {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")}, {
+  {"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")
+}
+}
+};
 
 }  // namespace
 
