@@ -37,6 +37,7 @@
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>
 #include <moxsp/fir.h>
+#include <moxsp/fir_design.h>
 #include <moxsp/fir_direct.h>
 #include <moxsp/fir_sr.h>
 #include <moxsp/generators.h>

@@ -78,6 +78,8 @@ const Table<Row> refusals = {
      row("ResamplePolyphase_*", "factor", {0, -1, 1e-10, 1e30}, moxErrSize, length),
      row("ResamplePolyphase[GS]etFixedFilter_*", "step height", belowOne, moxErrSize, length),
      row("ResamplePolyphase[GS]etFixedFilter_*", "height", {INT_MAX}, moxErrSize, last),
+     row("FIRGen*", "tapsLen", {4, 0, -1, INT_MIN}, moxErrSize, length),
+     row("FIRGen*", "rFreq rLowFreq rHighFreq", {0, 0.5, -1}, moxErrSize, number),
      row("FilterMedian_*", "maskSize", belowOne, moxErrSize, number),
      row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
      row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
