@@ -3,7 +3,6 @@
 // and the power series summed far enough that its rest is below the rounding of the result.
 #pragma once
 
-#include "arith/polynomial.h"
 #include "frame/pair.h"
 
 namespace mox::arith {
@@ -28,6 +27,14 @@ Reduced reducedFar(Mox64f x);
   // `rest` and the difference.
   const V<Mox64f> rest = n * halfPi3 - ((r - first) - w), angle = first - rest;
   return {n, angle, ((first - angle) - rest) - n * halfPi4};
+}
+
+// Horner's rule over coefficients from the lowest power on.
+template <int count>
+[[gnu::always_inline]] inline V<Mox64f> polynomial(const Mox64f (&c)[count], V<Mox64f> x) {
+  V<Mox64f> sum = broadcast<V<Mox64f>>(c[count - 1]);
+  for (int i = count - 2; i >= 0; --i) sum = sum * x + c[i];
+  return sum;
 }
 
 constexpr Mox64f sineTerms[] = {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "arith/exp.h"
-#include "arith/polynomial.h"
 #include "frame/vec/vec.h"
 
 namespace mox::gen {
@@ -30,19 +29,31 @@ struct FineI0 {
       0.1113315511,  -0.0366694767, 0.0051246015};
 };
 
+// A polynomial over coefficients from the lowest power on; even and odd powers apart, which makes
+// two short chains of a long one.
+template <class T, int count>
+[[gnu::always_inline]] inline T polynomial(const Mox64f (&c)[count], T x) {
+  using F = Lane<T>;
+  const T square = x * x;
+  T sums[2] = {broadcast<T>(F(c[count - 1 - (count - 1) % 2])),
+               broadcast<T>(F(c[count - 1 - count % 2]))};
+  for (int i = count - 3; i >= 0; --i) sums[i % 2] = sums[i % 2] * square + F(c[i]);
+  return sums[0] + sums[1] * x;
+}
+
 template <class Series, class T>
 [[gnu::always_inline]] inline T besselI0(T x) {
   using F = Lane<T>;
   const auto limit = broadcast<T>(F(Series::limit));
   const auto near = [&] {
     const T u = x * F(1 / Series::limit);
-    return arith::polynomial(Series::inSquare, u * u);
+    return polynomial(Series::inSquare, u * u);
   };
   const auto isFar = x >= limit;
   if (!anyLane(isFar)) return near();
   const T y = greater(x, limit), r = F(1) / squareRoot(y);
   const T far =
-      arith::polynomial(Series::inReciprocal, r * r * F(Series::limit)) * r * arith::exponential(y);
+      polynomial(Series::inReciprocal, r * r * F(Series::limit)) * r * arith::exponential(y);
   return anyLane(~isFar) ? select(T(isFar), far, near()) : far;
 }
 
