@@ -13,7 +13,7 @@ Channel whitened(const WholeSound& sound) {
   const int frames = int(mix.size());
   for (std::size_t c = 1; c < sound.channels.size(); ++c)
     require(moxsAdd_32f_I(sound.channels[c].data(), mix.data(), frames), "moxsAdd_32f_I");
-  constexpr float pole = 0.97f;
+  constexpr float pole = 0.9f;
   require(moxsPreemphasize_32f(mix.data(), frames, pole), "moxsPreemphasize_32f");
   return mix;
 }

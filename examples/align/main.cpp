@@ -32,7 +32,7 @@ void run(const Options& o) {
   std::printf("delay %+.6f s (%+ld frames), confidence %.2f, similarity %.2f%s\n",
               double(delay.frames) / first.rate, delay.frames, delay.confidence, delay.similarity,
               delay.isInverted ? ", inverted" : "");
-  constexpr double leastConfidence = 0.1;
+  constexpr double leastConfidence = 0.15;
   if (delay.confidence < leastConfidence)
     std::printf("these may be recordings of different sounds\n");
 
