@@ -32,11 +32,11 @@ const std::vector<std::string>& writableExtensions() {
   return all;
 }
 
-SoundWriter::SoundWriter(const std::filesystem::path& path, const SndfileHandle& like)
+SoundWriter::SoundWriter(const std::filesystem::path& path, const SndfileHandle& like, int rate)
     : path_(path),
       result_(path),
       file_(result_.temporary().string(), SFM_WRITE, formatFor(path, like.format()),
-            like.channels(), like.samplerate()) {
+            like.channels(), rate ? rate : like.samplerate()) {
   if (file_.error()) fail();
   file_.command(SFC_SET_CLIPPING, nullptr, SF_TRUE);
 }
