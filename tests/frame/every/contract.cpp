@@ -77,13 +77,9 @@ const Table<Row> deviations = {
 
 const Table<Row> optionalPointers = {
     "optional pointers",
-    {{{"FFT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
-     {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
+    {{{"@(FFT|DFT|DCT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"CrossCorrNorm_*", "buffer"}, "sums need none"},
-    {{{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"FFTInit_* DCT*Init_*", "initBuf"}, "tables of small lengths need none"},
-    {{{"@(FFT|DFT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
-     {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIR*SetDlyLine*", "dlyLine"}, "the delay line is cleared"},
      {{"FIRSR_*", "dlySrc"}, "the history is silence"},
@@ -107,11 +103,8 @@ const Table<Row> scratchMemory = {
     "scratch memory",
     {{{"ResamplePolyphase*Init_*", "state"}, "the object holds addresses"},
      {{"*", "buffer initBuf tmpIdx"}, "work memory"},
+     {{"FIRSRInit_*", "spec"}, "the object holds addresses"},
      {{"*", "specMem"}, "the object holds addresses"}}};
-const Table<Row> scratchMemory = {"scratch memory",
-                                  {{{"*", "buffer initBuf tmpIdx"}, "work memory"},
-                                   {{"FIRSRInit_*", "spec"}, "the object holds addresses"},
-                                   {{"*", "specMem"}, "the object holds addresses"}}};
 
 }  // namespace
 

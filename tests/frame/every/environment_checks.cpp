@@ -52,6 +52,9 @@ bool hasIntegerResults(Call& call) {
     for (const char* kind : {"FIR", "IIR", "LMS", "FFT", "DFT", "DCTFwdInit", "DCTInvInit"})
       for (const char* kind : {"FIR", "IIR", "LMS", "FFT", "DFT", "Resample"})
         if (call.function().name.find(kind) != std::string::npos) return false;
+  for (const char* kind :
+       {"FIR", "IIR", "LMS", "FFT", "DFT", "DCTFwdInit", "DCTInvInit", "WTInv_", "Resample"})
+    if (call.function().name.find(kind) != std::string::npos) return false;
   int integers = 0, floats = 0;
   for (const auto& array : call.arrays())
     if (!array->isConst && array->element) ++(array->element->isFloat ? floats : integers);

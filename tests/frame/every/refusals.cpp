@@ -106,13 +106,12 @@ const Table<Row> refusals = {
      row("DFT@(GetSize|Init)*", "len", {INT_MAX}, moxErrSize, last),
      row("DFT@(GetSize|Init)*", "len", {1 << 30}, moxErrFftOrder, last),
 
-     row("FIR!(LMS*|SR*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
      row("DCT*GetSize_* DCT*Init_*", "len", belowOne, moxErrSize, first),
      row("DCT*GetSize_* DCT*Init*", "len", {INT_MAX, 0x10000000}, moxErrSize, last),
      row("DCT*InitAlloc_*", "len", belowOne, moxErrSize, length),
      row("DCT!(*Init*) Hilbert!(Init*)", "spec", {cleared}, moxErrContext, behindLength),
 
-     row("FIR!(LMS*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
+     row("FIR!(LMS*|SR*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
      row("FIR!(*Init*|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),

@@ -342,14 +342,6 @@ const Table<CountRow> countRows = {
      {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
      {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")},
      {{"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")}}};
-{{"*", "sum mean stdDev norm dp result index min max minIndex maxIndex order"}, fixed(1)},
-    {{"*", "outVal outIndex counts"}, fixed(1)}, {{"*", "table"}, argument("tableLen")},
-    {{"*", "src srcRe srcIm srcMagn srcPhase srcRows bitWidths"}, argument("len")},
-    {{"*", "dst dstRe dstIm dstMagn dstPhase dstIdx dstRows"}, argument("len")}, {
-  {"*", "src1 src2 tmpIdx outVals outIndices srcDst buffer ref"}, argument("len")
-}
-}
-};
 
 }  // namespace
 
