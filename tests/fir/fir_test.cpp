@@ -100,6 +100,7 @@ TYPED_TEST(Fir, InPlaceInChunks) {
       this->expectSignal(n, {}, {{Way::inPlace, len}}, -9);
       if (this->HasFatalFailure()) return;
     }
+  this->expectSignal(5, {3, 0, 2, 0}, {{Way::inPlace, 9000}}, -9);  // would overtake its inputs
 }
 
 // Single samples walk to the end of the room for them, and then a block needs all of it.
