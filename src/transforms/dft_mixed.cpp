@@ -22,10 +22,11 @@ long costOf(const DftRadices& radices, long n, long numbers) {
     const long radix = radices.radix[i], columns = n / (rows * radix);
     const long twiddles = twiddleCost * (radix - 1), plain = butterflyCost(int(radix)) + 4;
     if (columns > 1 && columns < numbers) return LONG_MAX;
-    if (columns > 1)
-      cost += (rows * (plain + 2 * radix + twiddles) - twiddles) * vectors(columns);
-    else
-      cost += (plain + 4 * radix + twiddles) * vectors(rows) + (rows < numbers ? 6 * n : 0);
+    const long vector = plain + (columns > 1 ? 2 : 4) * radix + twiddles;
+    cost += (columns > 1 ? rows * vectors(columns) : vectors(rows)) * vector;
+    if (columns > 1) cost -= vectors(columns) * twiddles;
+    if (rows < numbers && columns == 1) cost += 6 * n;
+    cost += vector / 2;  // the next pass waits for the last vector
     rows *= radix;
   }
   return cost;
@@ -82,7 +83,8 @@ class ColumnsKernels {
 
  private:
   template <int radix>
-  static void kernel(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
+  [[gnu::flatten]] static void kernel(const Source& src, Array<ComplexOf<F>> dst,
+                                      const DftPass<F>& pass) {
     if constexpr (radix > 0)
       joinColumns<F>(std::integral_constant<int, radix>(), src, dst, pass);
     else
@@ -104,7 +106,8 @@ class LastKernels {
 
  private:
   template <int radix>
-  static void kernel(Array<const ComplexOf<F>> src, const Target& dst, const DftPass<F>& pass) {
+  [[gnu::flatten]] static void kernel(Array<const ComplexOf<F>> src, const Target& dst,
+                                      const DftPass<F>& pass) {
     if constexpr (radix > 0)
       joinLast<F>(std::integral_constant<int, radix>(), src, dst, pass);
     else
@@ -169,9 +172,8 @@ void primeButterfly(V<F>* a, const PrimeTable<F>& table) {
   }
 }
 
-template <class F, class View>
-void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
-                 const Scaled<View>& dst, F* work) {
+template <class F, class Source, class Target>
+void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F* work) {
   using C = ComplexOf<F>;
   using Area = Array<C>;
   using Const = Array<const C>;
@@ -179,14 +181,14 @@ void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src
   Area from = {reinterpret_cast<C*>(work)}, to = from.from(mixedAreaNumbers(plan));
   // Results of the first pass lie so that those of the last but one come into the first area.
   if (last % 2 == 0) std::swap(from, to);
-  ownDftColumns<F, Scaled<typename View::Const>>(src, from, plan.pass[0]);
+  ownDftColumns<F, Source>(src, from, plan.pass[0]);
   for (int i = 1; i < last; ++i) {
     ownDftColumns<F, Const>({from.p}, to, plan.pass[i]);
     std::swap(from, to);
   }
   const DftPass<F>& pass = plan.pass[last];
   if (constexpr long numbers = lanesOf<F> / 2; pass.rows >= numbers) {
-    ownDftLast<F, Scaled<View>>({from.p}, dst, pass);
+    ownDftLast<F, Target>({from.p}, dst, pass);
   } else {
     // Too few rows for a vector: stores reach into the numbers behind, which come later.
     ownDftLast<F, Area>({from.p}, to, pass);
@@ -194,13 +196,13 @@ void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src
   }
 }
 
-#define MOX_INSTANTIATE(F)                                                                    \
-  template void primeButterfly(V<F>*, const PrimeTable<F>&);                                  \
-  template void ownDftMixed<F, Array<ComplexOf<F>>>(const DftSpec<F>&,                        \
-                                                    const Scaled<Array<const ComplexOf<F>>>&, \
-                                                    const Scaled<Array<ComplexOf<F>>>&, F*);  \
-  template void ownDftMixed<F, Split<F>>(const DftSpec<F>&, const Scaled<Split<const F>>&,    \
-                                         const Scaled<Split<F>>&, F*)
+#define MOX_INSTANTIATE_VIEW(F, Source, Target) \
+  template void ownDftMixed(const DftSpec<F>&, const Source&, const Target&, F*)
+#define MOX_INSTANTIATE(F)                                                                 \
+  template void primeButterfly(V<F>*, const PrimeTable<F>&);                               \
+  MOX_INSTANTIATE_VIEW(F, Array<const ComplexOf<F>>, Array<ComplexOf<F>>);                 \
+  MOX_INSTANTIATE_VIEW(F, Scaled<Array<const ComplexOf<F>>>, Scaled<Array<ComplexOf<F>>>); \
+  MOX_INSTANTIATE_VIEW(F, Scaled<Split<const F>>, Scaled<Split<F>>)
 MOX_INSTANTIATE(Mox32f);
 MOX_INSTANTIATE(Mox64f);
 

@@ -38,9 +38,8 @@ constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
   return long(2 * first);
 }
 
-// From the source to the target, which may be the same arrays.
-template <class F, class View>
-void ownDftMixed(const DftSpec<F>& plan, const Scaled<typename View::Const>& src,
-                 const Scaled<View>& dst, F* work);
+// From the source to the target, which may be the same arrays: views, plain or scaled.
+template <class F, class Source, class Target>
+void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F* work);
 
 }  // namespace mox::transforms

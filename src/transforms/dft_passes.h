@@ -18,7 +18,7 @@ constexpr long lastPassSlack(int radix) {
 
 // A transform of a prime number of vectors.
 template <class F>
-void primeButterfly(V<F>* a, const PrimeTable<F>& table);
+[[gnu::noinline]] void primeButterfly(V<F>* a, const PrimeTable<F>& table);
 
 namespace detail {
 
@@ -51,21 +51,27 @@ void transform(int, V<F> (&a)[mostAnyRadix], const DftPass<F>& pass) {
 
 // One row of a pass, over all columns; row 0 needs no twiddles.
 template <bool turns, class F, class Radix, class Source, class Target>
-[[gnu::always_inline]] inline void joinRow(Radix radix, const Source& src, const Target& dst,
-                                           long apart, const F* twiddle, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinRow(Radix radix, Source src, Target dst, long apart,
+                                           const F* twiddle, const DftPass<F>& pass) {
   const long columns = pass.columns;
   forVectors<F>(
       columns, [&](long t) __attribute__((always_inline)) {
         V<F> a[mostOf<Radix>];
+        Source from = src.from(t);
         each(radix, [&](auto j) {
-          a[j] = src.interleaved(t + columns * j);
+          a[j] = from.interleaved(0);
+          from = from.from(columns);
           if constexpr (turns)
             if (j > 0)
               a[j] = times(a[j], broadcast<V<F>>(twiddle[2 * j - 2]),
                            broadcast<V<F>>(twiddle[2 * j - 1]));
         });
         transform(radix, a, pass);
-        each(radix, [&](auto c) { dst.putInterleaved(t + apart * c, a[c]); });
+        Target to = dst.from(t);
+        each(radix, [&](auto c) {
+          to.putInterleaved(0, a[c]);
+          to = to.from(apart);
+        });
       });
 }
 
@@ -94,8 +100,8 @@ template <class C>
 
 // Any pass but the last one. The first has a single row, the source's numbers.
 template <class F, class Radix, class Source>
-[[gnu::always_inline]] inline void joinColumns(Radix radix, const Source& src,
-                                               Array<ComplexOf<F>> dst, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinColumns(Radix radix, Source src, Array<ComplexOf<F>> dst,
+                                               const DftPass<F>& pass) {
   const long apart = long(pass.rows) * pass.columns;
   detail::joinRow<false>(radix, src, dst, apart, pass.twiddle, pass);
   const F* twiddle = pass.twiddle;
@@ -105,8 +111,8 @@ template <class F, class Radix, class Source>
 }
 
 template <class F, class Radix, class Target>
-[[gnu::always_inline]] inline void joinLast(Radix radix, Array<const ComplexOf<F>> src,
-                                            const Target& dst, const DftPass<F>& pass) {
+[[gnu::always_inline]] inline void joinLast(Radix radix, Array<const ComplexOf<F>> src, Target dst,
+                                            const DftPass<F>& pass) {
   constexpr int numbers = lanesOf<F> / 2;
   const F* twiddle = pass.twiddle;
   const long rows = pass.rows;
@@ -122,7 +128,11 @@ template <class F, class Radix, class Target>
         });
         twiddle += (radix - 1) * lanesOf<F>;
         detail::transform(radix, a, pass);
-        detail::each(radix, [&](auto c) { dst.putInterleaved(k + rows * c, a[c]); });
+        Target to = dst.from(k);
+        detail::each(radix, [&](auto c) {
+          to.putInterleaved(0, a[c]);
+          to = to.from(rows);
+        });
       });
 }
 

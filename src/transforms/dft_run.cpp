@@ -143,9 +143,11 @@ void ownDftRun(const DftSpec<F>& plan, typename View::Const src, View dst, F* wo
   if (plan.method == DftMethod::small) return ownDftSmall<d, View>(plan.core, src, dst, factor);
   if (plan.method == DftMethod::fft)
     return ownFftRun<d, View>(*plan.fft, src, dst, plan.fft->order, work);
+  if constexpr (d == Direction::forward && std::is_same_v<View, Array<ComplexOf<F>>>)
+    if (plan.method == DftMethod::mixed && factor == 1) return ownDftMixed(plan, src, dst, work);
   const auto source = directed(src, d, F(1));
   const auto target = directed(dst, d, factor);
-  if (plan.method == DftMethod::mixed) return ownDftMixed<F, View>(plan, source, target, work);
+  if (plan.method == DftMethod::mixed) return ownDftMixed(plan, source, target, work);
   if (plan.method == DftMethod::direct)
     return ownDftDirect<F, View>(*plan.direct, source, target, work);
   ownDftChirp<F, View>(plan, source, target, work);

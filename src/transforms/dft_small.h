@@ -32,7 +32,7 @@ template <class F>
 }
 
 template <Direction d, int n, class View>
-void smallDft(typename View::Const src, View dst, typename View::F factor) {
+[[gnu::flatten]] void smallDft(typename View::Const src, View dst, typename View::F factor) {
   using Z = decltype(loadNumber(src, 0));
   Z a[n];
   unrolled<n>([&](auto i) { a[i] = loadNumber(src, i); });
