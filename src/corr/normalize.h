@@ -21,7 +21,7 @@ void divideByRamp(long first, int step, E* dst, long len) {
   using T = V<F>;
   constexpr int lanes = laneCount<T>, width = partsPerElement<E>;
   Beside<Mox32s, T> divisors;
-  for (int j = 0; j < lanes; ++j) divisors[j] = int(first) + j / width * step;
+  for (int j = 0; j < lanes; ++j) divisors[j] = int(first + long(j / width) * step);
   F* const numbers = parts(dst);
   long i = 0;
   for (; i <= len * width - lanes; i += lanes, divisors += lanes / width * step)
