@@ -28,9 +28,9 @@ typedef struct MoxsDCTSpec MoxsDCTSpec;
 /** @defgroup dct_objects Objects of the DCT
  * @ingroup topic_transforms
  * An object for each direction, of any length from 1 on: `moxsDCTFwd` and `moxsDCTInv` take their
- * own. `GetSize` tells the bytes of the object, of the scratch memory that its initialisation needs,
- * and of the work buffer of a run, each with the slack for its alignment to 64 bytes. `Init` sets
- * the object up in `specMem` and stores its address, which is inside `specMem`, in `spec`;
+ * own. `GetSize` tells the bytes of the object, of the scratch memory that its initialisation
+ * needs, and of the work buffer of a run, each with the slack for its alignment to 64 bytes. `Init`
+ * sets the object up in `specMem` and stores its address, which is inside `specMem`, in `spec`;
  * `initBuf` may be released when it returns, and may be null where the query told 0. `InitAlloc`
  * takes the memory itself; end with `Free`, which only invalidates an object that lies in the
  * caller's memory. `GetBufSize` tells the bytes of the work buffer once more. `hint` is stored and
@@ -45,12 +45,18 @@ typedef struct MoxsDCTSpec MoxsDCTSpec;
  * `GetSize`, ::moxErrMemAlloc. `Free` and `GetBufSize`: ::moxErrNullPtr, ::moxErrContext for an
  * object of another kind or one that was freed.
  * @{ */
-MOX_API MoxStatus moxsDCTFwdGetSize_16s(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTFwdGetSize_32f(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTFwdGetSize_64f(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTFwdInit_16s(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsDCTFwdInit_32f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsDCTFwdInit_64f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTFwdGetSize_16s(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTFwdGetSize_32f(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTFwdGetSize_64f(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTFwdInit_16s(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTFwdInit_32f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTFwdInit_64f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
 MOX_API MoxStatus moxsDCTFwdInitAlloc_16s(MoxsDCTSpec** spec, int len, int hint);
 MOX_API MoxStatus moxsDCTFwdInitAlloc_32f(MoxsDCTSpec** spec, int len, int hint);
 MOX_API MoxStatus moxsDCTFwdInitAlloc_64f(MoxsDCTSpec** spec, int len, int hint);
@@ -60,12 +66,18 @@ MOX_API MoxStatus moxsDCTFwdFree_64f(MoxsDCTSpec* spec);
 MOX_API MoxStatus moxsDCTFwdGetBufSize_16s(const MoxsDCTSpec* spec, int* size);
 MOX_API MoxStatus moxsDCTFwdGetBufSize_32f(const MoxsDCTSpec* spec, int* size);
 MOX_API MoxStatus moxsDCTFwdGetBufSize_64f(const MoxsDCTSpec* spec, int* size);
-MOX_API MoxStatus moxsDCTInvGetSize_16s(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTInvGetSize_32f(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTInvGetSize_64f(int len, int hint, int* specSize, int* initSize, int* workSize);
-MOX_API MoxStatus moxsDCTInvInit_16s(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsDCTInvInit_32f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
-MOX_API MoxStatus moxsDCTInvInit_64f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem, Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTInvGetSize_16s(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTInvGetSize_32f(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTInvGetSize_64f(int len, int hint, int* specSize, int* initSize,
+                                        int* workSize);
+MOX_API MoxStatus moxsDCTInvInit_16s(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTInvInit_32f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
+MOX_API MoxStatus moxsDCTInvInit_64f(MoxsDCTSpec** spec, int len, int hint, Mox8u* specMem,
+                                     Mox8u* initBuf);
 MOX_API MoxStatus moxsDCTInvInitAlloc_16s(MoxsDCTSpec** spec, int len, int hint);
 MOX_API MoxStatus moxsDCTInvInitAlloc_32f(MoxsDCTSpec** spec, int len, int hint);
 MOX_API MoxStatus moxsDCTInvInitAlloc_64f(MoxsDCTSpec** spec, int len, int hint);
@@ -101,18 +113,26 @@ MOX_API MoxStatus moxsDCTInvGetBufSize_64f(const MoxsDCTSpec* spec, int* size);
  * 6e-16 * sqrt(2 + log2 N) for `_64f`.
  * @see Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28, 1980.
  * @{ */
-MOX_API MoxStatus moxsDCTFwd_32f(const Mox32f* src, Mox32f* dst, const MoxsDCTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTFwd_32f(const Mox32f* src, Mox32f* dst, const MoxsDCTSpec* spec,
+                                 Mox8u* buffer);
 MOX_API MoxStatus moxsDCTFwd_32f_I(Mox32f* srcDst, const MoxsDCTSpec* spec, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTFwd_64f(const Mox64f* src, Mox64f* dst, const MoxsDCTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTFwd_64f(const Mox64f* src, Mox64f* dst, const MoxsDCTSpec* spec,
+                                 Mox8u* buffer);
 MOX_API MoxStatus moxsDCTFwd_64f_I(Mox64f* srcDst, const MoxsDCTSpec* spec, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTFwd_16s_Sfs(const Mox16s* src, Mox16s* dst, const MoxsDCTSpec* spec, int scaleFactor, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTFwd_16s_ISfs(Mox16s* srcDst, const MoxsDCTSpec* spec, int scaleFactor, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTInv_32f(const Mox32f* src, Mox32f* dst, const MoxsDCTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTFwd_16s_Sfs(const Mox16s* src, Mox16s* dst, const MoxsDCTSpec* spec,
+                                     int scaleFactor, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTFwd_16s_ISfs(Mox16s* srcDst, const MoxsDCTSpec* spec, int scaleFactor,
+                                      Mox8u* buffer);
+MOX_API MoxStatus moxsDCTInv_32f(const Mox32f* src, Mox32f* dst, const MoxsDCTSpec* spec,
+                                 Mox8u* buffer);
 MOX_API MoxStatus moxsDCTInv_32f_I(Mox32f* srcDst, const MoxsDCTSpec* spec, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTInv_64f(const Mox64f* src, Mox64f* dst, const MoxsDCTSpec* spec, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTInv_64f(const Mox64f* src, Mox64f* dst, const MoxsDCTSpec* spec,
+                                 Mox8u* buffer);
 MOX_API MoxStatus moxsDCTInv_64f_I(Mox64f* srcDst, const MoxsDCTSpec* spec, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTInv_16s_Sfs(const Mox16s* src, Mox16s* dst, const MoxsDCTSpec* spec, int scaleFactor, Mox8u* buffer);
-MOX_API MoxStatus moxsDCTInv_16s_ISfs(Mox16s* srcDst, const MoxsDCTSpec* spec, int scaleFactor, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTInv_16s_Sfs(const Mox16s* src, Mox16s* dst, const MoxsDCTSpec* spec,
+                                     int scaleFactor, Mox8u* buffer);
+MOX_API MoxStatus moxsDCTInv_16s_ISfs(Mox16s* srcDst, const MoxsDCTSpec* spec, int scaleFactor,
+                                      Mox8u* buffer);
 /** @} */
 
 #endif

@@ -157,9 +157,10 @@ MOX_API MoxStatus moxsWinBlackmanQ15_16s_ISfs(Mox16s* srcDst, int len, int alpha
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then
  * ::moxErrKaiserAlpha for p above 38 in `32f` and `32fc`, above 308 in the others.
- * @note The weights are within 2^-24 (3 + 2.5 p) of the formula in `32f` and `32fc`, within 2e-6 in
- * 16 bits for p above 38, and within 2e-7 in double precision. Source: Abramowitz and Stegun,
- * Handbook of Mathematical Functions, 9.8.1 and 9.8.2.
+ * @note The weights are within 2^-24 (3 + 2.5 p) of the formula in `32f`, `32fc` and 16 bits, but
+ * within 2e-6 in 16 bits for p above 38; in double precision within 6e-6, by which the series of I0
+ * is off for arguments from 4 to 5. Source: Abramowitz and Stegun, Handbook of Mathematical
+ * Functions, 9.8.1 and 9.8.2.
  * @{ */
 MOX_API MoxStatus moxsWinKaiser_16s(const Mox16s* src, Mox16s* dst, int len, Mox32f alpha);
 MOX_API MoxStatus moxsWinKaiser_16s_I(Mox16s* srcDst, int len, Mox32f alpha);

@@ -18,7 +18,7 @@ struct RecordHead {
 template <class R>
 MoxStatus recordSize(int* size) {
   if (anyNull(size)) return moxErrNullPtr;
-  *size = int(sizeof(R));
+  store(size, int(sizeof(R)));
   return moxOk;
 }
 

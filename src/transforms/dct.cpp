@@ -181,8 +181,7 @@ MoxStatus initAlloc(MoxsDCTSpec** spec, int len, int hint) {
   if (MoxStatus s = checkLimit<Kind>(len, mostOfQuery)) return s;
   const WorkBuffer scratch(nullptr, int(Kind::figures(len).init));
   if (scratch.failed()) return moxErrMemAlloc;
-  return mox::initAlloc<Kind>(spec, Kind::id, {len},
-                              filler<Kind>(len, hint, scratch.as<Mox8u>()));
+  return mox::initAlloc<Kind>(spec, Kind::id, {len}, filler<Kind>(len, hint, scratch.as<Mox8u>()));
 }
 
 template <class Kind>

@@ -79,30 +79,32 @@ template <class F, class Step>
 // `up`, and the other down from `down`: op() of the pair i gives up[i] and down[-i].
 template <class F, class Op>
 void pairsToFronts(const F* pairs, F* up, F* down, long count, Op op) {
-  forVectors<F>(count, [=]<class T>(T, long i, long lanes) __attribute__((always_inline)) {
-    Pair<T> z;
-    if constexpr (std::is_same_v<T, F>)
-      z = {load<F>(pairs + 2 * i), load<F>(pairs + 2 * i + 1)};
-    else
-      z = loadDeinterleaved<T>(pairs + 2 * i);
-    z = op(z, i);
-    store(up + i, z.re);
-    store(down - i - (lanes - 1), reversed(z.im));
-  });
+  forVectors<F>(
+      count, [=]<class T>(T, long i, long lanes) __attribute__((always_inline)) {
+        Pair<T> z;
+        if constexpr (std::is_same_v<T, F>)
+          z = {load<F>(pairs + 2 * i), load<F>(pairs + 2 * i + 1)};
+        else
+          z = loadDeinterleaved<T>(pairs + 2 * i);
+        z = op(z, i);
+        store(up + i, z.re);
+        store(down - i - (lanes - 1), reversed(z.im));
+      });
 }
 // And back.
 template <class F, class Op>
 void frontsToPairs(const F* up, const F* down, F* pairs, long count, Op op) {
-  forVectors<F>(count, [=]<class T>(T, long i, long lanes) __attribute__((always_inline)) {
-    const Pair<T> z =
-        op(Pair<T>{load<T>(up + i), reversed(load<T>(down - i - (lanes - 1)))}, i);
-    if constexpr (std::is_same_v<T, F>) {
-      store(pairs + 2 * i, z.re);
-      store(pairs + 2 * i + 1, z.im);
-    } else {
-      storeInterleaved(pairs + 2 * i, z, [](void* at, auto v) { store(at, v); });
-    }
-  });
+  forVectors<F>(
+      count, [=]<class T>(T, long i, long lanes) __attribute__((always_inline)) {
+        const Pair<T> z =
+            op(Pair<T>{load<T>(up + i), reversed(load<T>(down - i - (lanes - 1)))}, i);
+        if constexpr (std::is_same_v<T, F>) {
+          store(pairs + 2 * i, z.re);
+          store(pairs + 2 * i + 1, z.im);
+        } else {
+          storeInterleaved(pairs + 2 * i, z, [](void* at, auto v) { store(at, v); });
+        }
+      });
 }
 
 // The samples 0, 2, 4 .. 5, 3, 1 have a DFT of which X[k] exp(-i pi k / 2N) has the parts y[k] and
@@ -150,7 +152,7 @@ void ownDctRun(const DctSpec<F>& spec, const F* src, F* dst, F* work) {
   }
 }
 
-#define MOX_INSTANTIATE(F)                                                                \
+#define MOX_INSTANTIATE(F)                                                          \
   template void ownDctRun<Direction::forward>(const DctSpec<F>&, const F*, F*, F*); \
   template void ownDctRun<Direction::inverse>(const DctSpec<F>&, const F*, F*, F*)
 MOX_INSTANTIATE(Mox32f);

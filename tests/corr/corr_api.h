@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <numeric>
@@ -99,22 +100,22 @@ int publishedSize(int order, int arrays) {
   return int(up(spec) + up(init) + up(work) + up((long(arrays) * sizeof(E)) << order) + 64);
 }
 
-// A buffer of that size at any address, and the bytes around it.
+// A buffer of that size at any address, and bytes behind it.
 class Buffer {
  public:
-  Buffer(int bytes, int offset) : bytes_(bytes), offset_(offset), memory_(bytes + 192, 0x5A) {
-    offset_ += int(64 - reinterpret_cast<std::uintptr_t>(memory_.data()) % 64);
+  Buffer(int bytes, int offset) : memory_(bytes + 192, 0x5A) {
+    first_ = memory_.data() + offset + 64 - reinterpret_cast<std::uintptr_t>(memory_.data()) % 64;
+    behind_ = first_ + bytes;
   }
-  Mox8u* data() { return memory_.data() + offset_; }
+  Mox8u* data() { return first_; }
   bool isIntact() const {
-    for (int i = 0; i < int(memory_.size()); ++i)
-      if ((i < offset_ || i >= offset_ + bytes_) && memory_[i] != 0x5A) return false;
-    return true;
+    return std::all_of(behind_, memory_.data() + memory_.size(), [](int b) { return b == 0x5A; });
   }
 
  private:
-  int bytes_, offset_;
   std::vector<Mox8u> memory_;
+  Mox8u* first_;
+  const Mox8u* behind_;
 };
 
 // Fails the allocations of a call one after the other; counts those of the call that succeeds.

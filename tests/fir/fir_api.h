@@ -13,17 +13,16 @@
 namespace test {
 
 // What is set up from taps of one type; what runs has the types of the taps and of the data.
-#define FIR_STATES(types, run, tap, data, number)                     \
-  using Tap = Mox##tap;                                               \
-  using Data = Mox##data;                                             \
-  static constexpr Mox32s id = 0x46490000 | number;                   \
-  static constexpr auto initAlloc = moxsFIRInitAlloc##types;          \
-  static constexpr auto getTaps = moxsFIRGetTaps##types;              \
-  static constexpr auto setTaps = moxsFIRSetTaps##types;              \
-  static constexpr auto multirateSize = moxsFIRMRGetStateSize##types; \
-  static constexpr auto allocMultirate = moxsFIRMRInitAlloc##types;   \
-  static constexpr auto free = moxsFIRFree##run;                      \
-  static constexpr auto getDlyLine = moxsFIRGetDlyLine##run;          \
+#define FIR_STATES(types, run, tap, data, number)                   \
+  using Tap = Mox##tap;                                             \
+  using Data = Mox##data;                                           \
+  static constexpr Mox32s id = 0x46490000 | number;                 \
+  static constexpr auto initAlloc = moxsFIRInitAlloc##types;        \
+  static constexpr auto getTaps = moxsFIRGetTaps##types;            \
+  static constexpr auto setTaps = moxsFIRSetTaps##types;            \
+  static constexpr auto allocMultirate = moxsFIRMRInitAlloc##types; \
+  static constexpr auto free = moxsFIRFree##run;                    \
+  static constexpr auto getDlyLine = moxsFIRGetDlyLine##run;        \
   static constexpr auto setDlyLine = moxsFIRSetDlyLine##run
 
 // Floats, and integers by way of floats: where the engine changes to that by FFT.
@@ -109,19 +108,23 @@ struct Rates {
 
 using FirHandle = Handle<MoxsFIRState>;
 
+// By initAlloc, or by allocMultirate with rates.
+template <class F>
+MoxStatus allocFir(MoxsFIRState** s, auto alloc, const std::vector<typename F::Tap>& taps,
+                   const typename F::Data* dlyLine, int factor, auto... rates) {
+  if constexpr (takesFactor<F>)
+    return alloc(s, taps.data(), int(taps.size()), factor, rates..., dlyLine);
+  else
+    return alloc(s, taps.data(), int(taps.size()), rates..., dlyLine);
+}
+
 template <class F>
 FirHandle makeFir(const std::vector<typename F::Tap>& taps,
                   const typename F::Data* dlyLine = nullptr, const Rates& r = {}, int factor = 0) {
   MoxsFIRState* s = nullptr;
-  const int n = int(taps.size());
-  const auto make = [&](auto f, auto... rates) {
-    if constexpr (takesFactor<F>)
-      return f(&s, taps.data(), n, factor, rates..., dlyLine);
-    else
-      return f(&s, taps.data(), n, rates..., dlyLine);
-  };
-  EXPECT_EQ(r.areSingle() ? make(F::initAlloc)
-                          : make(F::allocMultirate, r.up, r.upPhase, r.down, r.downPhase),
+  EXPECT_EQ(r.areSingle() ? allocFir<F>(&s, F::initAlloc, taps, dlyLine, factor)
+                          : allocFir<F>(&s, F::allocMultirate, taps, dlyLine, factor, r.up,
+                                        r.upPhase, r.down, r.downPhase),
             moxOk);
   return FirHandle(s, {F::free});
 }

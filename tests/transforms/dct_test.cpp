@@ -12,17 +12,17 @@ namespace {
 
 template <class T>
 struct Api;
-#define DCT_API(T, t, suffix)                                                                  \
-  template <>                                                                                  \
-  struct Api<T> {                                                                              \
-    static constexpr decltype(&moxsDCTFwdGetSize_##t) size[] = {moxsDCTFwdGetSize_##t,         \
-                                                                moxsDCTInvGetSize_##t};        \
-    static constexpr decltype(&moxsDCTFwdInitAlloc_##t) init[] = {moxsDCTFwdInitAlloc_##t,     \
-                                                                  moxsDCTInvInitAlloc_##t};    \
-    static constexpr decltype(&moxsDCTFwdFree_##t) free[] = {moxsDCTFwdFree_##t,               \
-                                                             moxsDCTInvFree_##t};              \
-    static constexpr decltype(&moxsDCTFwd_##t##suffix) run[] = {moxsDCTFwd_##t##suffix,        \
-                                                                moxsDCTInv_##t##suffix};       \
+#define DCT_API(T, t, suffix)                                                               \
+  template <>                                                                               \
+  struct Api<T> {                                                                           \
+    static constexpr decltype(&moxsDCTFwdGetSize_##t) size[] = {moxsDCTFwdGetSize_##t,      \
+                                                                moxsDCTInvGetSize_##t};     \
+    static constexpr decltype(&moxsDCTFwdInitAlloc_##t) init[] = {moxsDCTFwdInitAlloc_##t,  \
+                                                                  moxsDCTInvInitAlloc_##t}; \
+    static constexpr decltype(&moxsDCTFwdFree_##t) free[] = {moxsDCTFwdFree_##t,            \
+                                                             moxsDCTInvFree_##t};           \
+    static constexpr decltype(&moxsDCTFwd_##t##suffix) run[] = {moxsDCTFwd_##t##suffix,     \
+                                                                moxsDCTInv_##t##suffix};    \
   };
 DCT_API(Mox32f, 32f, )
 DCT_API(Mox64f, 64f, )

@@ -22,7 +22,7 @@ std::vector<D> analytic(auto init, auto run, auto free, const std::vector<S>& x,
   EXPECT_EQ(free(spec), moxOk);
   return z;
 }
-#define ANALYTIC(S, D, t, suffix, ...)                                                  \
+#define ANALYTIC(S, D, t, suffix, ...)                                                   \
   analytic<S, D>(moxsHilbertInitAlloc_##t, moxsHilbert_##t##suffix, moxsHilbertFree_##t, \
                  __VA_ARGS__)
 

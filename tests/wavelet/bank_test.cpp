@@ -5,6 +5,7 @@
 #include <complex>
 #include <functional>
 #include <memory>
+#include <numeric>
 
 #include "support/random.h"
 
@@ -13,56 +14,35 @@ namespace {
 using test::Random;
 using Floats = std::vector<Mox32f>;
 
-// The coefficients of a product of polynomials, in rising powers.
-using Polynomial = std::vector<std::complex<long double>>;
-Polynomial operator*(const Polynomial& a, const Polynomial& b) {
-  Polynomial product(a.size() + b.size() - 1);
-  for (std::size_t i = 0; i < a.size(); ++i)
-    for (std::size_t j = 0; j < b.size(); ++j) product[i + j] += a[i] * b[j];
-  return product;
-}
+using Number = std::complex<long double>;
 
-// The roots by the method of Durand and Kerner.
-Polynomial rootsOf(const Polynomial& p) {
-  Polynomial roots(p.size() - 1);
-  for (std::size_t i = 0; i < roots.size(); ++i)
-    roots[i] = std::pow(std::complex<long double>(0.4L, 0.9L), (long double)(i));
-  for (int turn = 0; turn < 300; ++turn)
-    for (auto& z : roots) {
-      std::complex<long double> value = 0, rest = p.back();
-      for (std::size_t k = p.size(); k-- > 0;) value = value * z + p[k];
-      for (const auto& other : roots)
-        if (&other != &z) rest *= z - other;
-      z -= value / rest;
-    }
-  return roots;
-}
-
-// The orthogonal filter of Daubechies with `zeros` zeros at -1, the energy of which is 1: the roots
-// within the unit circle of sum over k < zeros of binomial(zeros - 1 + k, k) y^k, where
-// y = (2 - z - 1/z) / 4.
+// The orthogonal filter by Daubechies with `zeros` zeros at -1. The others are the roots z within
+// the unit circle of sum over k < zeros of binomial(zeros - 1 + k, k) y^k, where y = (2 - z - 1/z)
+// / 4.
 std::vector<double> daubechies(int zeros) {
-  Polynomial p(1, 0), power = {1};
-  long double binomial = 1;
-  for (int k = 0; k < zeros; ++k) {
-    // y^k times z^(zeros - 1) is a polynomial.
-    Polynomial term = power;
-    Polynomial shift(zeros - k, 0);
-    shift.back() = binomial;
-    term = term * shift;
-    p.resize(std::max(p.size(), term.size()));
-    for (std::size_t i = 0; i < term.size(); ++i) p[i] += term[i];
-    power = power * Polynomial{-0.25L, 0.5L, -0.25L};
-    binomial *= (zeros + k) / (k + 1.0L);
+  std::vector<Number> p = {1}, roots(zeros - 1), filter = {1};
+  for (int k = 0; k + 1 < zeros; ++k) p.push_back(p[k] * (long double)(zeros + k) / (k + 1.0L));
+  for (int i = 0; i + 1 < zeros; ++i) roots[i] = std::pow(Number(0.4L, 0.9L), i);
+  for (int turn = 0; turn < 300; ++turn)  // Durand and Kerner
+    for (Number& y : roots) {
+      Number value = 0, rest = p.back();
+      for (int k = zeros; k-- > 0;) value = value * y + p[k];
+      for (const Number& other : roots) rest *= &other == &y ? 1 : y - other;
+      y -= value / rest;
+    }
+  const auto multiplyBy = [&](Number root) {  // z - root
+    filter.push_back(0);
+    for (std::size_t i = filter.size(); i-- > 1;) filter[i] = filter[i - 1] - root * filter[i];
+    filter[0] *= -root;
+  };
+  for (int k = 0; k < zeros; ++k) multiplyBy(-1);
+  for (const Number& y : roots) {
+    const Number half = 1.0L - 2.0L * y, root = std::sqrt(half * half - 1.0L);
+    multiplyBy(std::abs(half + root) < 1 ? half + root : half - root);
   }
-  Polynomial filter = {1};
-  for (int k = 0; k < zeros; ++k) filter = filter * Polynomial{1, 1};
-  for (const auto& root : rootsOf(p))
-    if (std::abs(root) < 1) filter = filter * Polynomial{-root, 1};
-  std::complex<long double> sum = 0;
-  for (const auto& c : filter) sum += c;
+  const Number sum = std::accumulate(filter.begin(), filter.end(), Number());
   std::vector<double> taps;
-  for (const auto& c : filter) taps.push_back(double((c / sum).real() * std::sqrt(2.0L)));
+  for (const Number& c : filter) taps.push_back(double((c / sum).real() * std::sqrt(2.0L)));
   return taps;
 }
 
