@@ -88,16 +88,6 @@ const Table<Row> optionalPointers = {
      {{"FIRLMSMRSetTaps*", "taps"}, "the taps are cleared"},
      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
      {{"RealToCplx_*", "srcRe srcIm"}, "that part is zero"}}};
-     {{{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
-      {{"FFTInit_* DCT*Init_*", "initBuf"}, "tables of small lengths need none"},
-      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
-      {{"FIR*SetDlyLine* IIR*SetDlyLine*", "dlyLine"}, "the delay line is cleared"},
-      {{"FIRSR_*", "dlySrc"}, "the history is silence"},
-      {{"FIRSR_*", "dlyDst"}, "the history is not wanted"},
-      {{"FIRLMS*InitAlloc*", "taps"}, "the taps start at zero"},
-      {{"FIRLMSMRSetTaps*", "taps"}, "the taps are cleared"},
-      {{"@(Max|Min)?(Abs)Indx_*", "index"}, "the index is not wanted"},
-      {{"RealToCplx_*", "srcRe srcIm"}, "that part is zero"}}};
 
 const Table<Row> scratchMemory = {
     "scratch memory",
