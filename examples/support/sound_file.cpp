@@ -36,11 +36,7 @@ SoundWriter::SoundWriter(const std::filesystem::path& path, const SndfileHandle&
     : path_(path),
       result_(path),
       file_(result_.temporary().string(), SFM_WRITE, formatFor(path, like.format()),
-<<<<<<< HEAD
             like.channels(), rate ? rate : like.samplerate()) {
-=======
-            like.channels(), rate > 0 ? rate : like.samplerate()) {
->>>>>>> res
   if (file_.error()) fail();
   file_.command(SFC_SET_CLIPPING, nullptr, SF_TRUE);
 }

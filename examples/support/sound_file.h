@@ -13,14 +13,9 @@ SndfileHandle openSound(const std::filesystem::path& path);
 
 const std::vector<std::string>& writableExtensions();
 
-<<<<<<< HEAD
 // A sound file that is being written, of the channels and, where the container can hold it, the
 // sample format of `like`, and of its rate, unless another is given. What leaves full scale is
 // clipped.
-=======
-// A sound file that is being written, of the rate, unless another is named, the channels and, where
-// the container can hold it, the sample format of `like`. What leaves full scale is clipped.
->>>>>>> res
 class SoundWriter {
  public:
   SoundWriter(const std::filesystem::path& path, const SndfileHandle& like, int rate = 0);
