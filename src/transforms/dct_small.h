@@ -11,15 +11,10 @@ constexpr double rootOfHalf = 0.70710678118654752;
 
 // cos(pi m / 16)
 constexpr double cosineOfSixteenths(int m) {
-  constexpr double cosines[] = {1,
-                                0.98078528040323045,
-                                0.92387953251128676,
-                                0.83146961230254524,
-                                rootOfHalf,
-                                0.55557023301960222,
-                                0.38268343236508977,
-                                0.19509032201612827,
-                                0};
+  constexpr double cosines[] = {
+      1,          0.98078528040323045, 0.92387953251128676, 0.83146961230254524,
+      rootOfHalf, 0.55557023301960222, 0.38268343236508977, 0.19509032201612827,
+      0};
   m %= 32;
   if (m > 16) m = 32 - m;
   return m > 8 ? -cosines[16 - m] : cosines[m];
