@@ -50,10 +50,8 @@ const Table<Row> deviations = {
 
 const Table<Row> optionalPointers = {
     "optional pointers",
-    {{{"FFT@(Fwd|Inv)_* DCT@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
+    {{{"@(FFT|DFT|DCT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"FFTInit_* DCT*Init_*", "initBuf"}, "tables of small lengths need none"},
-    {{{"@(FFT|DFT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
-     {{"FFTInit_*", "initBuf"}, "tables of small lengths need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},
      {{"FIR*SetDlyLine* IIRSetDlyLine*", "dlyLine"}, "the delay line is cleared"},
      {{"FIRLMS*InitAlloc*", "taps"}, "the taps start at zero"},
