@@ -18,8 +18,8 @@
  * - Results are the same for every address of the arrays, but for sums of floats
  *   (moxsp/reductions.h), and on every processor, but for those that rest on the processor's
  *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision
- *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, and the L1
- *   norm of complex elements.
+ *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, the L1 norm
+ *   of complex elements, and DCT of lengths that are no powers of two below 36.
  */
 #ifndef MOXSP_H
 #define MOXSP_H
