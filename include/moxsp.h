@@ -20,6 +20,9 @@
  *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: DemodulateFM, and in
  *   single precision Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with
  *   LTInv, and the L1 norm of complex elements.
+ *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision
+ *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, the L1 norm
+ *   of complex elements, and DCT of lengths that are no powers of two below 36.
  */
 #ifndef MOXSP_H
 #define MOXSP_H
