@@ -2,12 +2,16 @@
 
 #include <climits>
 
+#include "frame/kernel_table.h"
+
 namespace mox::transforms {
 namespace {
 
 constexpr int mostRadix = 16;
+static_assert(hasButterfly(mostRadix) && !hasButterfly(mostRadix + 1));
 
-// Instructions of a butterfly, a prime's of more than 16 by its sums; those of a twiddle.
+// Instructions of a butterfly as GCC makes it, a prime's of more than 16 by its sums; those of a
+// twiddle.
 constexpr int butterflyCost(int radix) {
   constexpr int costs[] = {0, 0, 2, 8, 10, 27, 24, 55, 35, 70, 66, 153, 67, 201, 136, 139, 130};
   return radix <= mostRadix ? costs[radix] : radix * radix;
@@ -72,57 +76,38 @@ template <class F, class Target>
 using LastKernel = void (*)(Array<const ComplexOf<F>> src, const Target& dst,
                             const DftPass<F>& pass);
 
-// By radix; the first entry is for those that only the plan knows.
-template <class F, class Source>
-class ColumnsKernels {
- public:
-  constexpr ColumnsKernels() { fill(std::make_integer_sequence<int, mostRadix + 1>()); }
-  void operator()(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass) const {
-    kernels_[pass.radix > mostRadix ? 0 : pass.radix](src, dst, pass);
-  }
+// The radix of a kernel's number: 0 stands for those that only the plan knows.
+template <int number, class F>
+auto radixOf(const DftPass<F>& pass) {
+  if constexpr (number > 1)
+    return std::integral_constant<int, number>();
+  else
+    return int(pass.radix);
+}
+template <class F>
+int numberOf(const DftPass<F>& pass) {
+  return hasButterfly(pass.radix) ? pass.radix : 0;
+}
 
- private:
-  template <int radix>
-  [[gnu::flatten]] static void kernel(const Source& src, Array<ComplexOf<F>> dst,
-                                      const DftPass<F>& pass) {
-    if constexpr (radix > 0)
-      joinColumns<F>(std::integral_constant<int, radix>(), src, dst, pass);
-    else
-      joinColumns<F>(int(pass.radix), src, dst, pass);
-  }
-  template <int... radix>
-  constexpr void fill(std::integer_sequence<int, radix...>) {
-    ((kernels_[radix] = kernel<radix>), ...);
-  }
-  ColumnsKernel<F, Source> kernels_[mostRadix + 1] = {};
-};
-template <class F, class Target>
-class LastKernels {
- public:
-  constexpr LastKernels() { fill(std::make_integer_sequence<int, mostRadix + 1>()); }
-  void operator()(Array<const ComplexOf<F>> src, const Target& dst, const DftPass<F>& pass) const {
-    kernels_[pass.radix > mostRadix ? 0 : pass.radix](src, dst, pass);
-  }
+// All that they call must be inlined, or the numbers of a butterfly go through memory.
+template <int number, class F, class Source>
+[[gnu::flatten]] void columnsKernel(const Source& src, Array<ComplexOf<F>> dst,
+                                    const DftPass<F>& pass) {
+  joinColumns<F>(radixOf<number>(pass), src, dst, pass);
+}
+template <int number, class F, class Target>
+[[gnu::flatten]] void lastKernel(Array<const ComplexOf<F>> src, const Target& dst,
+                                 const DftPass<F>& pass) {
+  joinLast<F>(radixOf<number>(pass), src, dst, pass);
+}
 
- private:
-  template <int radix>
-  [[gnu::flatten]] static void kernel(Array<const ComplexOf<F>> src, const Target& dst,
-                                      const DftPass<F>& pass) {
-    if constexpr (radix > 0)
-      joinLast<F>(std::integral_constant<int, radix>(), src, dst, pass);
-    else
-      joinLast<F>(int(pass.radix), src, dst, pass);
-  }
-  template <int... radix>
-  constexpr void fill(std::integer_sequence<int, radix...>) {
-    ((kernels_[radix] = kernel<radix>), ...);
-  }
-  LastKernel<F, Target> kernels_[mostRadix + 1] = {};
-};
 template <class F, class Source>
-constexpr ColumnsKernels<F, Source> ownDftColumns;
+constexpr auto ownDftColumns = kernelTable<ColumnsKernel<F, Source>, mostRadix + 1>(
+    [](auto number) { return columnsKernel<number, F, Source>; });
 template <class F, class Target>
-constexpr LastKernels<F, Target> ownDftLast;
+constexpr auto ownDftLast = kernelTable<LastKernel<F, Target>, mostRadix + 1>([](auto number) {
+  return lastKernel<number, F, Target>;
+});
 
 }  // namespace
 
@@ -181,17 +166,19 @@ void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F
   Area from = {reinterpret_cast<C*>(work)}, to = from.from(mixedAreaNumbers(plan));
   // Results of the first pass lie so that those of the last but one come into the first area.
   if (last % 2 == 0) std::swap(from, to);
-  ownDftColumns<F, Source>(src, from, plan.pass[0]);
+  const DftPass<F>& first = plan.pass[0];
+  ownDftColumns<F, Source>[numberOf(first)](src, from, first);
   for (int i = 1; i < last; ++i) {
-    ownDftColumns<F, Const>({from.p}, to, plan.pass[i]);
+    const DftPass<F>& pass = plan.pass[i];
+    ownDftColumns<F, Const>[numberOf(pass)]({from.p}, to, pass);
     std::swap(from, to);
   }
   const DftPass<F>& pass = plan.pass[last];
   if (constexpr long numbers = lanesOf<F> / 2; pass.rows >= numbers) {
-    ownDftLast<F, Target>({from.p}, dst, pass);
+    ownDftLast<F, Target>[numberOf(pass)]({from.p}, dst, pass);
   } else {
     // Too few rows for a vector: stores reach into the numbers behind, which come later.
-    ownDftLast<F, Area>({from.p}, to, pass);
+    ownDftLast<F, Area>[numberOf(pass)]({from.p}, to, pass);
     for (long i = 0; i < plan.core; ++i) dst.putNumber(i, to.number(i));
   }
 }
