@@ -47,6 +47,21 @@ void ownDftChirp(const DftSpec<F>& plan, const Scaled<typename View::Const>& src
   dst.putInterleaved(n - numbers, lastResult);
 }
 
+// Apart from the other methods, which need no room for views on the stack.
+template <Direction d, class View, class F>
+[[gnu::noinline]] void runByTables(const DftSpec<F>& plan, typename View::Const src, View dst,
+                                   F* work) {
+  const F factor = factorOf<d>(plan);
+  if constexpr (d == Direction::forward && std::is_same_v<View, Array<ComplexOf<F>>>)
+    if (plan.method == DftMethod::mixed && factor == 1) return ownDftMixed(plan, src, dst, work);
+  const auto source = directed(src, d, F(1));
+  const auto target = directed(dst, d, factor);
+  if (plan.method == DftMethod::mixed) return ownDftMixed(plan, source, target, work);
+  if (plan.method == DftMethod::direct)
+    return ownDftDirect<F, View>(*plan.direct, source, target, work);
+  ownDftChirp<F, View>(plan, source, target, work);
+}
+
 // dst[0] and dst[1] become the sum and the difference of two numbers.
 template <class F>
 void storeEnds(F* dst, F a, F b) {
@@ -66,23 +81,15 @@ bool isHalved(const DftSpec<F>& plan) {
   return plan.realFwdTwiddle != nullptr;
 }
 
-// Straight-line kernels by length.
+// Straight-line kernels by length less 1.
 template <class F>
-class RealSmallDfts {
- public:
-  constexpr RealSmallDfts() { fill(std::make_integer_sequence<int, most>()); }
-  RealKernel<F> forward[DftLimits<F>::mostSmall] = {}, inverse[DftLimits<F>::mostSmall] = {};
-
- private:
-  static constexpr int most = DftLimits<F>::mostSmall;
-  template <int... i>
-  constexpr void fill(std::integer_sequence<int, i...>) {
-    ((forward[i] = ownRealSmallFwd<F, i + 1, true>), ...);
-    ((inverse[i] = ownRealSmallInv<F, i + 1, true>), ...);
-  }
-};
+constexpr auto realSmallFwd = kernelTable<RealKernel<F>, DftLimits<F>::mostSmall>([](auto i) {
+  return ownRealSmallFwd<F, i + 1, true>;
+});
 template <class F>
-constexpr RealSmallDfts<F> realSmallDfts;
+constexpr auto realSmallInv = kernelTable<RealKernel<F>, DftLimits<F>::mostSmall>([](auto i) {
+  return ownRealSmallInv<F, i + 1, true>;
+});
 
 // Work memory for the numbers of a transform whose data are real.
 template <class F>
@@ -97,7 +104,7 @@ void realForward(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   using C = ComplexOf<F>;
   const long n = plan.len;
   const F factor = factorOf<Direction::forward>(plan);
-  if (n <= DftLimits<F>::mostSmall) return realSmallDfts<F>.forward[n - 1](src, dst, factor);
+  if (n <= DftLimits<F>::mostSmall) return realSmallFwd<F>[n - 1](src, dst, factor);
   if (plan.method == DftMethod::fft) return runRealForward(*plan.fft, src, dst, work);
   if (isHalved(plan)) {
     runOnPairs<Direction::forward>(plan, src, dst, work);
@@ -119,7 +126,7 @@ void realInverse(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   using C = ComplexOf<F>;
   const long n = plan.len;
   const F factor = factorOf<Direction::inverse>(plan);
-  if (n <= DftLimits<F>::mostSmall) return realSmallDfts<F>.inverse[n - 1](src, dst, factor);
+  if (n <= DftLimits<F>::mostSmall) return realSmallInv<F>[n - 1](src, dst, factor);
   if (plan.method == DftMethod::fft) return runRealInverse(*plan.fft, src, dst, work);
   if (isHalved(plan)) {
     const F first = load<F>(src), middle = load<F>(src + 1);
@@ -139,18 +146,11 @@ void realInverse(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
 
 template <Direction d, class View, class F>
 void ownDftRun(const DftSpec<F>& plan, typename View::Const src, View dst, F* work) {
-  const F factor = factorOf<d>(plan);
-  if (plan.method == DftMethod::small) return ownDftSmall<d, View>(plan.core, src, dst, factor);
+  if (plan.method == DftMethod::small)
+    return ownDftSmall<d, View>[plan.core - 1](src, dst, factorOf<d>(plan));
   if (plan.method == DftMethod::fft)
     return ownFftRun<d, View>(*plan.fft, src, dst, plan.fft->order, work);
-  if constexpr (d == Direction::forward && std::is_same_v<View, Array<ComplexOf<F>>>)
-    if (plan.method == DftMethod::mixed && factor == 1) return ownDftMixed(plan, src, dst, work);
-  const auto source = directed(src, d, F(1));
-  const auto target = directed(dst, d, factor);
-  if (plan.method == DftMethod::mixed) return ownDftMixed(plan, source, target, work);
-  if (plan.method == DftMethod::direct)
-    return ownDftDirect<F, View>(*plan.direct, source, target, work);
-  ownDftChirp<F, View>(plan, source, target, work);
+  runByTables<d>(plan, src, dst, work);
 }
 
 template <class Layout, class F>

@@ -2,6 +2,7 @@
 // that source and destination may be one array.
 #pragma once
 
+#include "frame/kernel_table.h"
 #include "transforms/dft_butterflies.h"
 #include "transforms/dft_views.h"
 
@@ -42,23 +43,10 @@ template <Direction d, int n, class View>
 
 }  // namespace detail
 
+// By length less 1; `factor` multiplies the result.
 template <Direction d, class View>
-class SmallDfts {
- public:
-  constexpr SmallDfts() { fill(std::make_integer_sequence<int, most>()); }
-  void operator()(int n, typename View::Const src, View dst, typename View::F factor) const {
-    kernels_[n - 1](src, dst, factor);
-  }
-
- private:
-  static constexpr int most = 16;
-  template <int... i>
-  constexpr void fill(std::integer_sequence<int, i...>) {
-    ((kernels_[i] = detail::smallDft<d, i + 1, View>), ...);
-  }
-  void (*kernels_[most])(typename View::Const src, View dst, typename View::F factor) = {};
-};
-template <Direction d, class View>
-constexpr SmallDfts<d, View> ownDftSmall;
+constexpr auto ownDftSmall =
+    kernelTable<void (*)(typename View::Const src, View dst, typename View::F factor), 16>(
+        [](auto i) { return detail::smallDft<d, i + 1, View>; });
 
 }  // namespace mox::transforms

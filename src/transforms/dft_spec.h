@@ -48,7 +48,8 @@ struct DftPass {
 };
 
 constexpr int dftMaxPasses = 12;
-constexpr bool hasButterfly(int radix) { return radix <= 16; }
+constexpr int mostButterfly = 16;
+constexpr bool hasButterfly(int radix) { return radix <= mostButterfly; }
 
 template <class F>
 struct DftSpec : MoxsDFTSpec {
