@@ -92,22 +92,44 @@ void addCrossCorrelation(int len1, int len2) {
               peers});
 }
 
+// As the definition has it.
+void correlate(const float* __restrict x, int len, float* __restrict y, int lags) {
+  for (int n = 0; n < lags; ++n) {
+    float sum = 0;
+    for (int k = 0; k < len - n; ++k) sum += x[k] * x[k + n];
+    y[n] = sum;
+  }
+}
+
+// So few lags are summed unless the caller asks for a transform.
 void addAutocorrelation(int len, int lags) {
   const auto d = std::make_shared<Data>(len, lags);
+  int bytes;
+  moxsAutoCorrNormGetBufferSize(len, lags, moxType32f, moxAlgFft, &bytes);
+  const auto buffer = std::make_shared<std::vector<Mox8u>>(bytes);
   const auto fftw = std::make_shared<bench::FftwFilter>(d->longer.data(), len, 8192);
-  const auto tight = std::make_shared<bench::FftwFilter>(d->longer.data(), len, 4608);
-  const auto x = d->padded.data() + lags - 1;
-  bench::add({"autocorr_32f",
-              len,
-              {.floatOps = 2.0 * len * lags},
-              [=] { moxsAutoCorr_32f(d->longer.data(), len, d->y.data(), lags); },
-              {{"loop",
-                [=] {
-                  slide(x, len, x, d->y.data(), lags);
-                  bench::clobber(d->y.data());
-                }},
-               {"fftw 8192", [=] { fftw->correlate(x, len, d->y.data(), lags); }},
-               {"fftw 4608", [=] { tight->correlate(x, len, d->y.data(), lags); }}}});
+  const auto x = [=] { return d->padded.data() + lags - 1; };
+  const std::vector<std::pair<std::string, bench::Call>> peers = {
+      {"loop",
+       [=] {
+         correlate(x(), len, d->y.data(), lags);
+         bench::clobber(d->y.data());
+       }},
+      {"loop by lags",
+       [=] {
+         slide(x(), len, x(), d->y.data(), lags);
+         bench::clobber(d->y.data());
+       }},
+      {"fftw 8192", [=] { fftw->correlate(x(), len, d->y.data(), lags); }}};
+  const bench::Work work = {.floatOps = 2.0 * len * lags};
+  bench::add({"autocorr_32f", len, work,
+              [=] { moxsAutoCorr_32f(d->longer.data(), len, d->y.data(), lags); }, peers});
+  bench::add({"autocorrnorm_32f by fft", len, work,
+              [=] {
+                moxsAutoCorrNorm_32f(d->longer.data(), len, d->y.data(), lags, moxAlgFft,
+                                     buffer->data());
+              },
+              peers});
 }
 
 const bool registered = [] {

@@ -128,19 +128,18 @@ void addTones() {
   bench::add<Tones>("tone_64f", len, passOver<double>(0), data,
                     {{"", toneOf(d.wide, moxsTone_Direct_64f, moxHintAccurate)},
                      {"loop", [&d] { cosineLoop(d.wide.dst.data()); }}});
-  bench::add<Tones>(
-      "tone_32fc accurate", len, passOver<Mox32fc>(0), data,
-      {{"",
-        [&d, phase = 0.0f]() mutable {
-          moxsTone_Direct_32fc(d.z.data(), len, 1, 0.01f, &phase, moxHintAccurate);
-        }},
-       {"loop", [&d] {
-          for (int i = 0; i < len; ++i) {
-            const float angle = 0.0628318531f * float(i);
-            d.z.data()[i] = {std::cos(angle), std::sin(angle)};
-          }
-          bench::clobber(d.z.data());
-        }}});
+  bench::add<Tones>("tone_32fc accurate", len, passOver<Mox32fc>(0), data,
+                    {{"",
+                      [&d, phase = 0.0f]() mutable {
+                        moxsTone_Direct_32fc(d.z.data(), len, 1, 0.01f, &phase, moxHintAccurate);
+                      }},
+                     {"loop", [&d] {
+                        for (int i = 0; i < len; ++i) {
+                          const float angle = 0.0628318531f * float(i);
+                          d.z.data()[i] = {std::cos(angle), std::sin(angle)};
+                        }
+                        bench::clobber(d.z.data());
+                      }}});
 }
 
 struct Xoshiro128Plus {
@@ -181,11 +180,10 @@ struct Random : Data<T> {
 void addRandom() {
   const auto data = std::make_shared<Random<float>>();
   Random<float>& d = *data;
-  bench::add<Random<float>>(
-      "randuniform_32f", len, passOver<float>(0), data,
-      {{"", [&d] { moxsRandUniform_32f(d.dst.data(), len, d.uniform); }},
-       {"mt19937", [&d] { d.fill([&d] { return d.even(d.engine); }); }},
-       {"xoshiro128+", [&d] { d.fill([&d] { return d.xoshiro(); }); }}});
+  bench::add<Random<float>>("randuniform_32f", len, passOver<float>(0), data,
+                            {{"", [&d] { moxsRandUniform_32f(d.dst.data(), len, d.uniform); }},
+                             {"mt19937", [&d] { d.fill([&d] { return d.even(d.engine); }); }},
+                             {"xoshiro128+", [&d] { d.fill([&d] { return d.xoshiro(); }); }}});
   bench::add<Random<float>>(
       "randgauss_32f", len, passOver<float>(0), data,
       {{"", [&d] { moxsRandGauss_32f(d.dst.data(), len, d.gauss); }},

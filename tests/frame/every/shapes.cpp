@@ -101,6 +101,7 @@ const Table<NumberRow> numberRows = {
     "numbers",
     {{{"FFT*", "order"}, [](const Call& c) { return std::bit_width(unsigned(c.length())) - 1; }},
      {{"FFT*", "flag"}, fixed(8), {1, 2, 4}},
+     {{"Sample@(Up|Down)_*", "srcLen"}, length},
      {{"Sample@(Up|Down)_*", "factor"}, fixed(3), {1, 2}},
      {{"Sample@(Up|Down)_*", "phase"}, fixed(0)},
      {{"ResamplePolyphase_*", "factor"}, [](const Call&) { return 0.75; }, {1, 2}},
