@@ -43,10 +43,18 @@ enum WindowType { bartlett, blackmanOpt, hamming, hann };
 
 void applyWindow(int winType, Mox64f* taps, int len) {
   switch (winType) {
-    case bartlett: gen::winBartlett(taps, taps, len); break;
-    case blackmanOpt: gen::winBlackmanOpt(taps, taps, len); break;
-    case hamming: gen::winHamming(taps, taps, len); break;
-    case hann: gen::winHann(taps, taps, len); break;
+    case bartlett:
+      gen::winBartlett(taps, taps, len);
+      break;
+    case blackmanOpt:
+      gen::winBlackmanOpt(taps, taps, len);
+      break;
+    case hamming:
+      gen::winHamming(taps, taps, len);
+      break;
+    case hann:
+      gen::winHann(taps, taps, len);
+      break;
   }
 }
 
@@ -54,7 +62,8 @@ MoxStatus design(const Band& band, Mox64f* taps, int tapsLen, int winType, bool 
   if (anyNull(taps)) return moxErrNullPtr;
   if (MoxStatus s = checkLength(tapsLen, 5)) return s;
   const auto isFrequency = [](Mox64f f) { return f > 0 && f < 0.5; };
-  if (!isFrequency(band.high) || !(band.low < band.high) || !(band.low == 0 || isFrequency(band.low)))
+  if (!isFrequency(band.high) || !(band.low < band.high) ||
+      !(band.low == 0 || isFrequency(band.low)))
     return moxErrSize;
   // The half before the middle, and the tap there where the length is odd.
   const int half = tapsLen / 2, count = tapsLen - half;

@@ -4,7 +4,8 @@
 namespace mox::transforms {
 
 template void primeButterfly(V<Mox32f>*, const PrimeTable<Mox32f>&);
-template void ownDftMixed(const DftSpec<Mox32f>&, const Array<const Mox32fc>&, const Array<Mox32fc>&, Mox32f*);
+template void ownDftMixed(const DftSpec<Mox32f>&, const Array<const Mox32fc>&,
+                          const Array<Mox32fc>&, Mox32f*);
 template void ownDftMixed(const DftSpec<Mox32f>&, const Scaled<Array<const Mox32fc>>&,
                           const Scaled<Array<Mox32fc>>&, Mox32f*);
 template void ownDftMixed(const DftSpec<Mox32f>&, const Scaled<Split<const Mox32f>>&,

@@ -4,7 +4,8 @@
 namespace mox::transforms {
 
 template void primeButterfly(V<Mox64f>*, const PrimeTable<Mox64f>&);
-template void ownDftMixed(const DftSpec<Mox64f>&, const Array<const Mox64fc>&, const Array<Mox64fc>&, Mox64f*);
+template void ownDftMixed(const DftSpec<Mox64f>&, const Array<const Mox64fc>&,
+                          const Array<Mox64fc>&, Mox64f*);
 template void ownDftMixed(const DftSpec<Mox64f>&, const Scaled<Array<const Mox64fc>>&,
                           const Scaled<Array<Mox64fc>>&, Mox64f*);
 template void ownDftMixed(const DftSpec<Mox64f>&, const Scaled<Split<const Mox64f>>&,

@@ -15,11 +15,16 @@ Real windowAt(int type, Real n, Real last) {
   const Real c = std::cos(2 * pi * n / last);
   const Real alpha = -std::pow(0.5L / std::cos(pi / last), 2);
   switch (type) {
-    case moxWindowBartlett: return 1 - std::abs(2 * n / last - 1);
-    case moxWindowBlackmanOpt: return (alpha + 1) / 2 - c / 2 - alpha / 2 * (2 * c * c - 1);
-    case moxWindowHamming: return 0.54L - 0.46L * c;
-    case moxWindowHann: return 0.5L - 0.5L * c;
-    default: return 1;
+    case moxWindowBartlett:
+      return 1 - std::abs(2 * n / last - 1);
+    case moxWindowBlackmanOpt:
+      return (alpha + 1) / 2 - c / 2 - alpha / 2 * (2 * c * c - 1);
+    case moxWindowHamming:
+      return 0.54L - 0.46L * c;
+    case moxWindowHann:
+      return 0.5L - 0.5L * c;
+    default:
+      return 1;
   }
 }
 
@@ -29,19 +34,28 @@ Real idealAt(Kind kind, Real low, Real high, Real d, bool isEven) {
   const auto s = [&](Real f) { return d == 0 ? 2 * f : std::sin(2 * pi * f * d) / (pi * d); };
   const Real unit = d == 0 ? 1 : 0;
   switch (kind) {
-    case lowpass: return s(high);
-    case highpass: return isEven ? std::cos(2 * pi * high * d) / (pi * d) : unit - s(high);
-    case bandpass: return s(high) - s(low);
-    default: return unit - s(high) + s(low);
+    case lowpass:
+      return s(high);
+    case highpass:
+      return isEven ? std::cos(2 * pi * high * d) / (pi * d) : unit - s(high);
+    case bandpass:
+      return s(high) - s(low);
+    default:
+      return unit - s(high) + s(low);
   }
 }
 
-MoxStatus generate(Kind kind, double low, double high, Mox64f* taps, int len, int type, int normal) {
+MoxStatus generate(Kind kind, double low, double high, Mox64f* taps, int len, int type,
+                   int normal) {
   switch (kind) {
-    case lowpass: return moxsFIRGenLowpass_64f(high, taps, len, type, normal);
-    case highpass: return moxsFIRGenHighpass_64f(high, taps, len, type, normal);
-    case bandpass: return moxsFIRGenBandpass_64f(low, high, taps, len, type, normal);
-    default: return moxsFIRGenBandstop_64f(low, high, taps, len, type, normal);
+    case lowpass:
+      return moxsFIRGenLowpass_64f(high, taps, len, type, normal);
+    case highpass:
+      return moxsFIRGenHighpass_64f(high, taps, len, type, normal);
+    case bandpass:
+      return moxsFIRGenBandpass_64f(low, high, taps, len, type, normal);
+    default:
+      return moxsFIRGenBandstop_64f(low, high, taps, len, type, normal);
   }
 }
 
@@ -71,7 +85,9 @@ TEST(FIRGen, IsTheWindowedIdealResponse) {
             ASSERT_EQ(taps[i], (turns ? -1 : 1) * taps[len - 1 - i]);
             ASSERT_EQ(normal[i], (turns ? -1 : 1) * normal[len - 1 - i]);
           }
-          const Real reference = kind == highpass ? 0.5 : kind == bandpass ? (Real(low) + high) / 2 : 0;
+          const Real reference = kind == highpass   ? 0.5
+                                 : kind == bandpass ? (Real(low) + high) / 2
+                                                    : 0;
           if (magnitude(taps, reference) > 1e-3) {
             ASSERT_NEAR(magnitude(normal, reference), 1, 1e-13) << kind << " of " << len;
           }
