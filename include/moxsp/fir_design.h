@@ -7,9 +7,9 @@
  * #include <stdio.h>
  *
  * int main(void) {
- *   Mox64f taps[7];
- *   moxsFIRGenLowpass_64f(0.2, taps, 7, moxWindowHamming, 1);
- *   for (int i = 0; i < 7; ++i) printf("%.3f ", taps[i]);  // -0.006 0.027 0.273 0.411 0.273 0.027 -0.006
+ *   Mox64f taps[5];
+ *   moxsFIRGenLowpass_64f(0.2, taps, 5, moxWindowHamming, 1);
+ *   for (int i = 0; i < 5; ++i) printf("%.3f ", taps[i]);  // 0.010 0.220 0.539 0.220 0.010
  * }
  * @endcode
  */
@@ -40,7 +40,8 @@ enum {
  * The second half mirrors the first, so that a filter delays by (tapsLen - 1) / 2 samples; that of
  * a highpass of even length is its negative. With `doNormal` other than 0 the taps are divided by
  * the magnitude of the response at 0 (lowpass, bandstop), at half the sample rate (highpass), or in
- * the middle of the band (bandpass). The edges of the band are where the response is about one half.
+ * the middle of the band (bandpass). The edges of the band are where the response is about one
+ * half.
  *
  * @return ::moxErrNullPtr for a null array; ::moxErrSize for `tapsLen` below 5, for a frequency not
  * between 0 and 0.5, and for a low one not below the high one.
