@@ -1,5 +1,5 @@
 // Median filters beside what one would write: a sorting network for each output, which the compiler
-// makes vectors of, as programs are built by default and for AVX; and a selection in each window.
+// makes vectors of, and a selection in each window.
 #include <moxsp.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ constexpr std::pair<int, int> exchanges9[] = {
     {5, 8}, {4, 7}, {3, 6}, {1, 4}, {2, 5}, {4, 7}, {4, 2}, {6, 4}, {4, 2}};
 
 template <class E>
-[[gnu::always_inline]] inline void runNetwork9(const E* x, E* y, long len) {
+void network9(const E* x, E* y, long len) {
   for (long i = 0; i < len - 8; ++i) {
     E w[9];
     for (int k = 0; k < 9; ++k) w[k] = x[i + k];
@@ -29,15 +29,6 @@ template <class E>
     }
     y[i + 4] = w[4];
   }
-}
-
-template <class E>
-void network9(const E* x, E* y, long len) {
-  runNetwork9(x, y, len);
-}
-template <class E>
-[[gnu::target("no-avx")]] void network9ByDefault(const E* x, E* y, long len) {
-  runNetwork9(x, y, len);
 }
 
 template <class E>
@@ -65,12 +56,10 @@ void add(const char* type, MoxStatus (*filter)(const E*, E*, int, int)) {
                                bench::clobber(y->data());
                              }}}};
     if (mask == 9)
-      for (const auto& [name, network] :
-           {std::pair("network, AVX", network9<E>), {"network", network9ByDefault<E>}})
-        c.peers.push_back({name, [=, run = network] {
-                             run(x->data(), y->data(), len);
-                             bench::clobber(y->data());
-                           }});
+      c.peers.push_back({"network", [=] {
+                           network9(x->data(), y->data(), len);
+                           bench::clobber(y->data());
+                         }});
     bench::add(std::move(c));
   }
 }

@@ -3,10 +3,14 @@
 #include "support/program.h"
 
 int main(int argc, char** argv) {
-  CLI::App app("Draws windows and their spectra as SVG files.", "gallery");
+  CLI::App app("Draws windows, filters and resampled tones as SVG files.", "gallery");
   std::filesystem::path folder;
   app.add_option("folder", folder, "where the pictures go")
       ->required()
       ->check(CLI::ExistingDirectory);
-  return runProgram(app, argc, argv, [&] { drawWindows(folder); });
+  return runProgram(app, argc, argv, [&] {
+    drawWindows(folder);
+    drawFilters(folder);
+    drawResampling(folder);
+  });
 }

@@ -4,3 +4,5 @@
 #include <filesystem>
 
 void drawWindows(const std::filesystem::path& folder);
+void drawFilters(const std::filesystem::path& folder);
+void drawResampling(const std::filesystem::path& folder);

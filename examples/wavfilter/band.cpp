@@ -2,18 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "support/program.h"
-
-namespace {
-
-// Ideal lowpass at tap offset `t` from the middle; `f` is the cut-off relative to the rate.
-double idealLowpass(double f, int t) {
-  return t == 0 ? 2 * f : std::sin(2 * std::numbers::pi * f * t) / (std::numbers::pi * t);
-}
-
-}  // namespace
+#include "support/require.h"
 
 bool Band::stops(double hz) const {
   return hz < low - halfTransition() || hz > high + halfTransition();
@@ -39,16 +30,20 @@ std::string Band::name() const {
 }
 
 std::vector<float> windowedSinc(const Band& band) {
-  const int middle = band.taps / 2;
-  std::vector<float> taps(band.taps);
-  for (int i = 0; i < band.taps; ++i) {
-    const double phase = 2 * std::numbers::pi * (i + 1) / (band.taps + 1);
-    const double window = 0.42 - 0.5 * std::cos(phase) + 0.08 * std::cos(2 * phase);
-    const double ideal = idealLowpass(band.high / band.rate, i - middle) -
-                         idealLowpass(band.low / band.rate, i - middle);
-    taps[i] = float(window * ideal);
-  }
-  return taps;
+  constexpr int noWindow = -1;
+  const double low = band.low / band.rate, high = band.high / band.rate;
+  std::vector<double> taps(band.taps);
+  if (low == 0)
+    require(moxsFIRGenLowpass_64f(high, taps.data(), band.taps, noWindow, 0),
+            "moxsFIRGenLowpass_64f");
+  else if (high >= 0.5)
+    require(moxsFIRGenHighpass_64f(low, taps.data(), band.taps, noWindow, 0),
+            "moxsFIRGenHighpass_64f");
+  else
+    require(moxsFIRGenBandpass_64f(low, high, taps.data(), band.taps, noWindow, 0),
+            "moxsFIRGenBandpass_64f");
+  require(moxsWinBlackmanStd_64f_I(taps.data(), band.taps), "moxsWinBlackmanStd_64f_I");
+  return {taps.begin(), taps.end()};
 }
 
 BandLevels levelsOf(const Spectrogram& s, int channel, const Band& band) {

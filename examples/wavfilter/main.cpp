@@ -35,7 +35,7 @@ void declare(CLI::App& app, Options& o) {
       ->check(frequency());
   app.add_option("--taps", o.band.taps, "Length of the filter, odd")
       ->capture_default_str()
-      ->check(CLI::Range(3, 65535));
+      ->check(CLI::Range(5, 65535));
   app.add_option("--picture", o.picture, "PNG file for the spectrograms before and after")
       ->check(extension({".png"}));
 }

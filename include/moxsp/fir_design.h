@@ -7,10 +7,9 @@
  * #include <stdio.h>
  *
  * int main(void) {
- *   Mox64f taps[7];
- *   moxsFIRGenLowpass_64f(0.2, taps, 7, moxWindowHamming, 1);
- *   for (int i = 0; i < 7; ++i) printf("%.3f ", taps[i]);  // -0.006 0.027 0.273 0.411 0.273 0.027
- * -0.006
+ *   Mox64f taps[5];
+ *   moxsFIRGenLowpass_64f(0.2, taps, 5, moxWindowHamming, 1);
+ *   for (int i = 0; i < 5; ++i) printf("%.3f ", taps[i]);  // 0.010 0.220 0.539 0.220 0.010
  * }
  * @endcode
  */

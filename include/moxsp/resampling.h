@@ -18,8 +18,9 @@
  * 0); state = (MoxsResamplePolyphaseFixedState*)moxsMalloc_8u(size);
  *   moxsResamplePolyphaseFixedInit_32f(44100, 48000, 2 * history, 0.95f, 9, state, 0);
  *   moxsResamplePolyphaseFixed_32f(x + history, len, y, 1, &time, &count, state);
- *   printf("%d filters of %d, %d samples, time %g, %.3f", filters, filterLen, count, time, y[100]);
- *   moxsFree(state);  // 160 filters of 64, 480 samples, time 441, 0.500
+ *   printf("%d filters of %d: ", filters, filterLen);  // 160 filters of 64:
+ *   printf("%d samples, %.3f", count, y[100]);         // 480 samples, 0.500
+ *   moxsFree(state);
  * }
  * @endcode
  */

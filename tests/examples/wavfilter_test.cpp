@@ -17,7 +17,7 @@ using WavFilter = ExampleTest;
 std::vector<double> bandTaps(double low, double high, double rate, int count) {
   std::vector<double> taps(count);
   for (int i = 0; i < count; ++i) {
-    const double t = i - (count - 1) / 2.0, u = double(i + 1) / (count + 1);
+    const double t = i - (count - 1) / 2.0, u = double(i) / (count - 1);
     const auto lowpass = [&](double hz) {
       return t == 0 ? 2 * hz / rate : std::sin(2 * M_PI * hz / rate * t) / (M_PI * t);
     };
