@@ -163,7 +163,6 @@ const Table<Row> refusals = {
      row("WT*InitAlloc*", "offsLow offsHigh", {-2, INT_MIN}, moxErrWtOffset, level),
      row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
 
-     row("IIR*@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
      row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIRSRInit_*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrSize, first),
