@@ -72,7 +72,7 @@ MoxStatus convolveGetBufferSize(int len1, int len2, int dataType, Mox8u algType,
   if (MoxStatus s = check(len1, len2, bufferSize)) return s;
   if (!isMethod(algType)) return moxErrAlgType;
   const Lengths lengths(len1, len2);
-  *bufferSize = 0;
+  store(bufferSize, 0);
   return reportSize<Mox32f, Mox64f>(dataType, bufferSize, [&]<class E>(E) -> long {
     if (!lengths.takeFft(Method(algType))) return WorkBuffer::alignment;
     return fftFigure<E>(lengths.plan().order, sumArrays);

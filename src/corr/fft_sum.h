@@ -63,7 +63,7 @@ MoxStatus reportSize(int dataType, int* bufferSize, Figure figure) {
   long bytes = 0;
   if (!((dataType == dataTypeOf<E> && (bytes = figure(E()), true)) || ...)) return moxErrDataType;
   if (bytes < 0) return moxErrFftOrder;
-  *bufferSize = int(bytes);
+  store(bufferSize, int(bytes));
   return moxOk;
 }
 

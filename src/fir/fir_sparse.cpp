@@ -31,7 +31,7 @@ MoxStatus getStateSize(int nzTapsLen, int order, int* size) {
   if (nzTapsLen < 1 || nzTapsLen > order + 1L) return moxErrFirLen;
   const Sparse::Shape shape{nzTapsLen, order};
   if (!fitsInInt<Sparse>(shape)) return moxErrSize;
-  *size = int(objectBytes<Sparse>(shape));
+  store(size, int(objectBytes<Sparse>(shape)));
   return moxOk;
 }
 

@@ -77,8 +77,8 @@ template <class E>
 MoxStatus report(int tapsLen, int* specSize, int* bufSize) {
   if (anyNull(specSize, bufSize)) return moxErrNullPtr;
   if (MoxStatus s = checkTaps<E>(tapsLen)) return s;
-  *specSize = int(objectBytes<Sr<E>>({tapsLen}));
-  *bufSize = int(workBytes<E>(tapsLen));
+  store(specSize, int(objectBytes<Sr<E>>({tapsLen})));
+  store(bufSize, int(workBytes<E>(tapsLen)));
   return moxOk;
 }
 MoxStatus getSize(int tapsLen, int dataType, int* specSize, int* bufSize) {

@@ -13,7 +13,7 @@ MoxStatus getStateSize(int tapsLen, int* size) {
   if (tapsLen < 1) return moxErrFirLen;
   const Shape shape = shapeOf<C>(tapsLen, {}, C::leastTapsForFft);
   if (MoxStatus s = checkSize<C>(shape)) return s;
-  *size = int(objectBytes<Kind<C>>(shape));
+  store(size, int(objectBytes<Kind<C>>(shape)));
   return moxOk;
 }
 
@@ -26,7 +26,7 @@ MoxStatus getMultirateStateSize(int tapsLen, int upFactor, int downFactor, int* 
   if (MoxStatus s = rates.checkFactors(moxErrFirMrPhase)) return s;
   const Shape shape = shapeOf<C>(tapsLen, rates, C::leastTapsForFft);
   if (MoxStatus s = checkSize<C>(shape)) return s;
-  *size = int(objectBytes<Kind<C>>(shape));
+  store(size, int(objectBytes<Kind<C>>(shape)));
   return moxOk;
 }
 

@@ -39,7 +39,7 @@ MoxStatus streamSize16s(int tapsLen, int upFactor, int downFactor, int* size) {
   const WordStreamKind::Shape shape{tapsLen, {.up = upFactor, .down = downFactor}};
   if (MoxStatus s = shape.rates.checkFactors(moxErrFirMrPhase)) return s;
   if (MoxStatus s = checkSize16s(shape)) return s;
-  *size = int(streamBytes16s(shape));
+  store(size, int(streamBytes16s(shape)));
   return moxOk;
 }
 

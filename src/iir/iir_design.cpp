@@ -8,6 +8,7 @@
 
 #include "frame/checks.h"
 #include "frame/export.h"
+#include "frame/vec/vec.h"
 
 namespace mox::iir {
 namespace {
@@ -93,7 +94,7 @@ MoxStatus genFilter(double rFreq, double ripple, double* taps, int order, int fi
 MoxStatus getBufferSize(int order, int* bufferSize) {
   if (anyNull(bufferSize)) return moxErrNullPtr;
   if (MoxStatus s = checkOrder(order)) return s;
-  *bufferSize = 64;
+  store(bufferSize, 64);
   return moxOk;
 }
 

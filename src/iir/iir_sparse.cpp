@@ -48,7 +48,7 @@ MoxStatus getStateSize(const int* nzTapPos, int nzTapsLen1, int nzTapsLen2, int*
   if (anyNull(nzTapPos, size)) return moxErrNullPtr;
   Sparse::Shape shape;
   if (MoxStatus s = shapeOf(nzTapPos, nzTapsLen1, nzTapsLen2, shape)) return s;
-  *size = int(objectBytes<Sparse>(shape));
+  store(size, int(objectBytes<Sparse>(shape)));
   return moxOk;
 }
 

@@ -17,7 +17,7 @@ MoxStatus getStateSize(int count, int* size) {
   if (anyNull(size)) return moxErrNullPtr;
   const Shape shape = {form, count};
   if (count < 1 || !fitsInInt<Kind<C>>(shape)) return moxErrIirOrder;
-  *size = int(objectBytes<Kind<C>>(shape));
+  store(size, int(objectBytes<Kind<C>>(shape)));
   return moxOk;
 }
 

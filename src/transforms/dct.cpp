@@ -152,7 +152,7 @@ MoxStatus getSize(int len, int /*hint*/, int* specSize, int* initSize, int* work
   if (anyNull(specSize, initSize, workSize)) return moxErrNullPtr;
   if (MoxStatus s = checkLimit<Kind>(len, mostOfQuery)) return s;
   const DctFigures f = Kind::figures(len);
-  *specSize = int(f.spec), *initSize = int(f.init), *workSize = int(f.work);
+  store(specSize, int(f.spec)), store(initSize, int(f.init)), store(workSize, int(f.work));
   return moxOk;
 }
 
@@ -193,7 +193,7 @@ template <class Kind>
 MoxStatus getBufSize(const MoxsDCTSpec* spec, int* size) {
   if (anyNull(spec, size)) return moxErrNullPtr;
   if (MoxStatus s = requireId(spec, Kind::id)) return s;
-  *size = bufferFigure(spec->bufSize);
+  store(size, bufferFigure(spec->bufSize));
   return moxOk;
 }
 

@@ -45,8 +45,8 @@ MoxStatus getDftSize(int len, int flag, int /*hint*/, int* specSize, int* initSi
   const typename Kind::Shape shape{len, Kind::isReal};
   if (MoxStatus s = checkDft(shape, flag)) return s;
   const DftSizes bytes = shape.sizes();
-  *specSize = int(bytes.spec);
-  *initSize = int(bytes.init);
+  store(specSize, int(bytes.spec));
+  store(initSize, int(bytes.init));
   *workSize = bufferFigure(long(roundUp(std::size_t(bytes.work), fftAlignment)));
   return moxOk;
 }
@@ -83,7 +83,7 @@ MoxStatus getDftBufSize(const MoxsDFTSpec* memory, int* size) {
   const MoxsDFTSpec* const spec = planIn(memory);
   if (anyNull(spec, size)) return moxErrNullPtr;
   if (MoxStatus s = requireId(spec, Kind::id)) return s;
-  *size = spec->bufSize;
+  store(size, spec->bufSize);
   return moxOk;
 }
 

@@ -153,9 +153,9 @@ MoxStatus getSize(int order, int flag, int /*hint*/, int* specSize, int* initSiz
   if (!fftNorm(flag).known) return moxErrFftFlag;
   if (!orderIsGood<Kind>(order)) return moxErrFftOrder;
   const FftSizes sizes = fftSizes<Kind>(order);
-  *specSize = sizes.spec;
-  *initSize = sizes.init;
-  *workSize = sizes.work;
+  store(specSize, sizes.spec);
+  store(initSize, sizes.init);
+  store(workSize, sizes.work);
   return moxOk;
 }
 
@@ -194,7 +194,7 @@ template <FftObject Kind>
 MoxStatus getBufSize(const MoxsFFTSpec* spec, int* size) {
   if (anyNull(spec, size)) return moxErrNullPtr;
   if (MoxStatus s = requireId(spec, Kind::id)) return s;
-  *size = bufferFigure(spec->bufSize);
+  store(size, bufferFigure(spec->bufSize));
   return moxOk;
 }
 

@@ -292,11 +292,16 @@ void checkRefusals(const Function& f, Position& at) {
 
 bool takesObject(const Function& f) { return objectParameter(f) >= 0; }
 
-// Objects of all kinds but those that the function takes.
+bool hasIdentifier(const Kind& kind) {
+  return !deviation(*kind.users.front(), Deviation::unidentified);
+}
+
+// Objects of all kinds but those that the function takes. What has no identifier may begin with
+// anything.
 void checkForeignObjects(const Function& f, Position& at) {
   if (deviation(f, Deviation::unidentified)) return;
   for (const Kind& kind : allKinds()) {
-    if (kind.isTakenBy(f)) continue;
+    if (kind.isTakenBy(f) || !hasIdentifier(kind)) continue;
     at.detail = "with an object of " + kind.init->name;
     Call& foreign = objectOf(kind);
     Call call(f, {});
