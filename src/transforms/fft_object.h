@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "frame/lifecycle.h"
+#include "frame/vec/vec.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_figures.h"
 #include "transforms/fft_tables.h"
