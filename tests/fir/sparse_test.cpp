@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "support/random.h"
@@ -84,7 +85,8 @@ struct Sparse {
 };
 
 bool sameBits(const Floats& a, const Floats& b) {
-  return a.size() == b.size() && !std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]);
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](float x, float y) { return !std::memcmp(&x, &y, sizeof x); });
 }
 
 Positions rising(test::Random& random, long count, int first, long step) {

@@ -124,7 +124,7 @@ TEST(ResamplePolyphase, IsTheSumOfItsInterpolatedTable) {
       ASSERT_EQ(count16, count);
       ASSERT_NEAR(time, 0.3 + count / factor, 1e-9);
       for (int k = 0; k < count; ++k) {
-        const auto sum = [&](const auto& in) {
+        const auto sum = [&, step = step](const auto& in) {
           return 0.8f *
                  interpolated(
                      h, step, factor, [&](long i) { return in[margin + i]; }, 0.3 + k / factor);
