@@ -68,7 +68,6 @@ struct Memory {
 
 struct Variable {
   using State = MoxsResamplePolyphaseState;
-  static constexpr int margin = 400;
 
   Variable(float window, int step, float rollf, float alpha) : memory(0) {
     int size = 0;
