@@ -35,7 +35,7 @@ inline double roundingsOfSums(const Function& function, int length) {
   return deviation(function, Deviation::alignedSums) ? length + 1 : 0;
 }
 
-// Under the sanitizers, where a sweep takes several times as long, every fifth.
+// All of them in one build, every fifth in the others (CMakeLists.txt).
 template <class F>
 void forRemainders(Position& position, F f) {
   for (int remainder = 0; remainder < 32; remainder += REMAINDER_STEP) {
