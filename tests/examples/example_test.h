@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -42,9 +43,7 @@ inline Sound readSound(const std::filesystem::path& path) {
 class ExampleTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("example-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    folder_ = std::filesystem::path(testing::TempDir()) / ("example-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder_);
   }
   void TearDown() override { std::filesystem::remove_all(folder_); }

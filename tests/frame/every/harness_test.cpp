@@ -58,7 +58,7 @@ constexpr auto writesBehind = [](const Mox32f*, Mox32f* dst, int len) {
     reinterpret_cast<char*>(dst + len)[0] = 0;
 };
 constexpr auto dependsOnAlignment = [](const Mox32f*, Mox32f* dst, int) {
-  if (reinterpret_cast<std::uintptr_t>(dst) % 32 == 5) *reinterpret_cast<char*>(dst) ^= 1;
+  if (reinterpret_cast<std::uintptr_t>(dst) % 4 == 3) *reinterpret_cast<char*>(dst) ^= 1;
 };
 constexpr auto dependsOnLength = [](const Mox32f*, Mox32f* dst, int len) {
   if (len == 19) reinterpret_cast<char*>(dst + 18)[0] ^= 1;

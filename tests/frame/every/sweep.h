@@ -35,7 +35,7 @@ inline double roundingsOfSums(const Function& function, int length) {
   return deviation(function, Deviation::alignedSums) ? length + 1 : 0;
 }
 
-// All of them in one build, every fifth in the others (CMakeLists.txt).
+// All of them in one build, every ninth in the others (CMakeLists.txt).
 template <class F>
 void forRemainders(Position& position, F f) {
   for (int remainder = 0; remainder < 32; remainder += REMAINDER_STEP) {
