@@ -65,7 +65,7 @@ long workBytes(long tapsLen) {
   return long(work.used()) + WorkBuffer::alignment;
 }
 
-// Whether there is a transform for so many taps, and an int for the sizes.
+// Filters whose transform would be too long, or whose sizes no int can hold, have too many taps.
 template <class E>
 MoxStatus checkTaps(int tapsLen) {
   if (tapsLen < 1 || fftOrder(tapsLen) > transforms::InnerFft<E>::mostOrder) return moxErrSize;

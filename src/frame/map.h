@@ -99,11 +99,6 @@ template <class E>
 [[gnu::always_inline]] inline Part<E> partFrom(Same<E> src, long, int part) {
   return parts(&src.value)[part % partsPerElement<E>];
 }
-template <class E>
-[[gnu::always_inline]] inline Part<E> partFrom(Ramp<E> src, long i, int part) {
-  part %= partsPerElement<E>;
-  return parts(&src.step)[part] * Part<E>(i) + parts(&src.first)[part];
-}
 
 template <class D, class Source>
 bool isSameArray(const D* dst, Source src) {

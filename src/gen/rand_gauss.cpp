@@ -29,6 +29,7 @@ struct GaussSource {
 struct MoxRandGaussState : mox::gen::RecordHead {
   mox::gen::GaussSource source;
 };
+static_assert(sizeof(MoxRandGaussState) == 56, "the size has been published");
 
 namespace mox::gen {
 namespace {

@@ -10,6 +10,7 @@ struct WaveState : RecordHead {
   Wave wave;
   Mox64s count;  // of samples so far
 };
+static_assert(sizeof(WaveState) == 48, "the size has been published");
 
 // The parameters of a wave, and what is wrong with them.
 struct WaveQ15 {

@@ -15,7 +15,7 @@ namespace mox::resample {
 // These objects have no identifier, and callers keep the address of the memory, not of the record.
 template <BlockKind K>
 const typename K::Record& recordIn(const void* memory) {
-  return *static_cast<const typename K::Record*>(alignUp(const_cast<void*>(memory), K::alignment));
+  return *static_cast<const typename K::Record*>(alignUp(memory, K::alignment));
 }
 
 // Whether sample indices from here on can be reckoned.

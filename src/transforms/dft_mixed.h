@@ -12,8 +12,8 @@ struct DftRadices {
   int radix[dftMaxPasses] = {};
 };
 
-// Those that take fewest instructions for a product of levels and a leaf, on vectors of so many
-// numbers: primes above 16 as they are, the rest in factors of up to 16.
+// The radices whose passes take the fewest instructions on vectors of `numbers` numbers. The primes
+// of a length above 16 are radices themselves; the rest is divided into factors of at most 16.
 DftRadices dftRadices(const DftFactors& factors, long numbers);
 
 template <class F>

@@ -21,7 +21,7 @@ struct DftFloatKind {
 
 // The caller passes the memory that it gave: the record is at the first multiple of 64 in it.
 inline const MoxsDFTSpec* planIn(const MoxsDFTSpec* memory) {
-  return memory ? alignUp(const_cast<MoxsDFTSpec*>(memory), fftAlignment) : nullptr;
+  return memory ? alignUp(memory, fftAlignment) : nullptr;
 }
 
 template <class F>
