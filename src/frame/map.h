@@ -177,9 +177,10 @@ template <long count, class S, class D, class Block>
 }
 
 // dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
-// vectors, complex elements as interleaved parts; all loads of a block come before its stores, so
-// that `dst` may be one of the sources. An operation that takes long by itself gains nothing from a
-// block of several vectors, and has a shorter tail without.
+// vectors, complex elements as interleaved parts; results are stored before the next are made,
+// which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. An
+// operation that takes long by itself gains nothing from a block of several vectors, and has a
+// shorter tail without.
 template <Stores stores = Stores::cached, int width = vectorBytes, long leastBlock = 16, class D,
           class Op, class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
@@ -192,10 +193,9 @@ template <Stores stores = Stores::cached, int width = vectorBytes, long leastBlo
   };
   const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
     return [&](long i, auto put) __attribute__((always_inline)) {
-      V<Part<D>, lanes * partsPerElement<D>> r[count];
-      for (int j = 0; j < count; ++j)
-        r[j] = op(atLanes(std::type_identity<ElementOf<Source>>(), src, i + j * lanes)...);
-      for (int j = 0; j < count; ++j) put(dst + i + j * lanes, r[j]);
+      for (long j = i; j < i + count * lanes; j += lanes)
+        put(dst + j, V<Part<D>, lanes * partsPerElement<D>>(
+                         op(atLanes(std::type_identity<ElementOf<Source>>(), src, j)...)));
     };
   };
   forBlocks<block, vectorBytes, lanes>(
