@@ -16,7 +16,12 @@ struct Absolute {
     if constexpr (std::is_integral_v<E>) {
       // -x is ~x + 1, where ~x is x ^ sign; the one value that overflows goes back by one.
       using Unsigned = std::make_unsigned_t<E>;
-      using Word = std::conditional_t<std::is_same_v<T, E>, Unsigned, V<Unsigned>>;
+      using Word = typename decltype([] {
+        if constexpr (std::is_same_v<T, E>)
+          return std::type_identity<Unsigned>();
+        else
+          return std::type_identity<Beside<Unsigned, T>>();
+      }())::type;
       constexpr int top = 8 * sizeof(E) - 1;
       const T sign = T(x >> top);
       const Word opposite = Word(Word(x ^ sign) - Word(sign));
@@ -32,7 +37,7 @@ struct Absolute {
 template <class E>
 MoxStatus abs(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapElements(Absolute<E>(), dst, len, src);
+  mapElements<Stores::cached, registerBytes<E>>(Absolute<E>(), dst, len, src);
   return moxOk;
 }
 

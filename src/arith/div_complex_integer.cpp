@@ -12,11 +12,11 @@
 namespace mox::arith {
 namespace {
 
-using Words = I<Mox16s>;  // four elements
-using Sums = I<Mox32s>;
 using Doubles = V<Mox64f>;
+using Sums = Beside<Mox32s, Doubles>;
+using Words = V<Mox16s, 2 * laneCount<Sums>>;  // as many elements
 
-// Four divisors, ready for any number of dividends.
+// Divisors, ready for any number of dividends.
 struct Divisor {
   Words value, conjugate;  // the conjugate as (c, ~d): there is no -d in 16 bits for every d
   Sums zero;               // a mask
@@ -28,7 +28,7 @@ class Kernel : public ByReciprocal<Doubles> {
   using ByReciprocal::ByReciprocal;
 
   [[gnu::always_inline]] Divisor prepared(Words divisor) {
-    const Words imaginary = {0, -1, 0, -1, 0, -1, 0, -1};
+    const Words imaginary = Words(broadcast<Sums>(-0x10000));
     // 2^31 comes out as -2^31.
     const Sums square = multiplyAddPairs(divisor, divisor);
     return {divisor, divisor ^ imaginary, square == 0,
@@ -40,8 +40,8 @@ class Kernel : public ByReciprocal<Doubles> {
     const Sums re = Sums(dividend) << 16 >> 16, im = Sums(dividend) >> 16;
     const Sums reSum = multiplyAddPairs(dividend, divisor.value);
     const Sums imSum = addWrapping(multiplyAddPairs(swapParts(dividend), divisor.conjugate), re);
-    return packParts({rounded(unwrapped(reSum) | (re & divisor.zero), divisor),
-                      rounded(imSum | (im & divisor.zero), divisor)});
+    return packParts(Pair{rounded(unwrapped(reSum) | (re & divisor.zero), divisor),
+                          rounded(imSum | (im & divisor.zero), divisor)});
   }
 
  private:
@@ -60,11 +60,12 @@ template <class A>
   const auto map = [&](auto quotients, auto... src) {
     const auto single = [](auto source, long i) {
       const Mox16s re = partFrom(source, i, 0), im = partFrom(source, i, 1);
-      return Words{re, im, re, im, re, im, re, im};
+      return alternating<Words>(re, im);
     };
-    mapInteger(
+    constexpr int step = laneCount<Sums>;
+    mapInteger<step, step>(
         dst, len, [&](long i, int part) { return quotients(single(src, i)...)[part]; },
-        [&](long i) { return quotients(lanesFrom<Words>(src, i)...); });
+        [&](auto, long i) { return quotients(lanesFrom<Words>(src, i)...); });
   };
   if constexpr (std::is_pointer_v<A>) {
     map([&](Words a, Words b) { return kernel.quotients(b, kernel.prepared(a)); }, divisor,

@@ -16,32 +16,39 @@ template <class F>
 class ZeroDivisors {
  public:
   // The mask of those that are.
-  [[gnu::always_inline]] V<F> note(V<F> divisors) { return found(V<F>(divisors == V<F>{})); }
-  void note(F divisor) { one_ |= divisor == 0; }
+  template <Of<F> T>
+  [[gnu::always_inline]] T note(T divisors) {
+    return found(T(divisors == T{}));
+  }
+  void note(F divisor) { few_ |= divisor == 0; }
 
   // A complex divisor, of interleaved parts, is zero where both of them are. Only a sum of squares
   // of 0, which the quotient is made of as well, asks for a closer look.
-  [[gnu::always_inline]] void noteComplex(V<F> divisors) {
-    const V<F> re = realParts(divisors), im = imaginaryParts(divisors);
-    if (anyLane(re * re + im * im == V<F>{})) [[unlikely]]
-      found(V<F>((re == V<F>{}) & (im == V<F>{})));
-  }
-  [[gnu::always_inline]] void noteComplex(V<F, 2> divisor) {
-    const V<F, 2> re = realParts(divisor), im = imaginaryParts(divisor);
-    if ((re * re + im * im)[0] == 0) [[unlikely]]
-      one_ |= divisor[0] == 0 && divisor[1] == 0;
+  template <class T>
+  [[gnu::always_inline]] void noteComplex(T divisors) {
+    const T re = realParts(divisors), im = imaginaryParts(divisors), squares = re * re + im * im;
+    if constexpr (sizeof(T) < 16) {
+      if (squares[0] == 0) [[unlikely]]
+        few_ |= divisors[0] == 0 && divisors[1] == 0;
+    } else if (anyLane(squares == T{})) [[unlikely]] {
+      found(T((re == T{}) & (im == T{})));
+    }
   }
 
-  MoxStatus status() const { return one_ || signBits(found_) ? moxWarnDivByZero : moxOk; }
+  MoxStatus status() const { return few_ || signBits(found_) ? moxWarnDivByZero : moxOk; }
 
  private:
-  [[gnu::always_inline]] V<F> found(V<F> zero) {
-    found_ = either(found_, zero);
+  template <class T>
+  [[gnu::always_inline]] T found(T zero) {
+    if constexpr (std::is_same_v<T, V<F>>)
+      found_ = either(found_, zero);
+    else
+      few_ |= signBits(zero) != 0;
     return zero;
   }
 
   V<F> found_ = {};
-  bool one_ = false;
+  bool few_ = false;
 };
 
 // A divisor of zero is noted, and counts as one so small that any dividend but 0 reaches the limits

@@ -22,11 +22,12 @@ class LnNote {
     }
     return result;
   }
-  [[gnu::always_inline]] I<Mox16s> lowestWithout(I<Mox16s> x, I<Mox16s> result) {
+  template <Of<Mox16s> T>
+  [[gnu::always_inline]] T lowestWithout(T x, T result) {
     const auto bad = x < Mox16s(1);
     if (anyLane(bad)) [[unlikely]] {
-      for (int i = 0; i < laneCount<I<Mox16s>>; ++i) note(x[i]);
-      return bad ? broadcast<I<Mox16s>>(std::numeric_limits<Mox16s>::min()) : result;
+      for (int i = 0; i < laneCount<T>; ++i) note(x[i]);
+      return bad ? broadcast<T>(std::numeric_limits<Mox16s>::min()) : result;
     }
     return result;
   }
@@ -68,23 +69,16 @@ MoxStatus scaled(const S* src, D* dst, int len, int scaleFactor) {
 // Without a factor: the number of bounds that the element passes, each the last integer below
 // e^(k + 1/2).
 MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
-  using Lanes = I<Mox16s>;
   LnNote note;
-  const auto rounded = [&](Lanes x) {
+  const auto rounded = [&]<class Lanes>(Lanes x) {
     Lanes passed = {};
     for (Mox16s bound : {1, 4, 12, 33, 90, 244, 665, 1808, 4914, 13359}) passed -= Lanes(x > bound);
     return note.lowestWithout(x, passed);
   };
-  constexpr int lanes = laneCount<Lanes>;
-  forBlocks<2 * lanes>(
+  forSteps<laneCount<I<Mox16s>>, 2, 8>(
       false, dst, len,
-      [&](long i) { store(dst + i, rounded(broadcast<Lanes>(load<Mox16s>(src + i)))[0]); },
-      [&](long i, auto put) {
-        const Lanes low = rounded(load<Lanes>(src + i)),
-                    high = rounded(load<Lanes>(src + i + lanes));
-        put(dst + i, low);
-        put(dst + i + lanes, high);
-      });
+      [&](auto n, long i) { return Registers{rounded(load<V<Mox16s, n>>(src + i))}; },
+      [&](long i) { store(dst + i, rounded(broadcast<V<Mox16s, 8>>(load<Mox16s>(src + i)))[0]); });
   return note.status();
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 using Doubles = V<Mox64f>;
 
-I<Mox32s> toNearest(Doubles t) {
+Beside<Mox32s, Doubles> toNearest(Doubles t) {
   const auto high = broadcast<Doubles>(2147483647.0), low = broadcast<Doubles>(-2147483648.0);
   return toInteger(greater(lesser(t, high), low));
 }

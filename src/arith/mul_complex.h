@@ -30,15 +30,16 @@ template <class A, class B>
 void mulComplexScaled(int factor, Mox16sc* dst, long len, A a, B b) {
   using R = Exact<31>;
   Scale<Mox16s, 31>(factor).withRule([&](auto rule) {
-    mapInteger(
+    mapInteger<integerBytes / sizeof(Mox16sc), 16 / sizeof(Mox16sc)>(
         dst, len,
         [&](long i, int part) {
           const auto z = exactProduct(detail::pairFrom<R>(a, i), detail::pairFrom<R>(b, i));
           return saturate<Mox16s>(rule(part ? z.im : z.re));
         },
-        [&](long i) {
-          const auto z = exactProduct(lanesFrom<I<Mox16s>>(a, i), lanesFrom<I<Mox16s>>(b, i));
-          return packParts({rule(z.re), rule(z.im)});
+        [&](auto n, long i) {
+          using Parts = V<Mox16s, 2 * n>;
+          const auto z = exactProduct(lanesFrom<Parts>(a, i), lanesFrom<Parts>(b, i));
+          return packParts(Pair{rule(z.re), rule(z.im)});
         },
         a, b);
   });

@@ -49,10 +49,7 @@ MoxStatus mulFloatConstant(const Mox16s* src, Mox32f val, Mox16s* dst, int len, 
   const auto constant = broadcast<V<Mox32f>>(Mox32f(std::clamp(scaled, -largest, largest)));
   const auto low = broadcast<V<Mox32f>>(-32768.0f), high = broadcast<V<Mox32f>>(32767.0f);
   mapWidened<V<Mox32f>>(
-      [=](auto v) {
-        const auto r = halves(toInteger(greater(lesser(v * constant, high), low)));
-        return packInOrder<Mox16s>(r.low, r.high);
-      },
+      [=](auto v) { return narrowed<Mox16s>(toInteger(greater(lesser(v * constant, high), low))); },
       dst, len, src);
   return moxOk;
 }

@@ -10,7 +10,8 @@ namespace mox::arith {
 namespace detail {
 
 // (x & 1) is what halving lost: a tie, which moves an odd floor up to the even integer above it.
-inline I<Mox16s> halfToEven(I<Mox16s> floor, I<Mox16s> x) {
+template <Of<Mox16s> T>
+T halfToEven(T floor, T x) {
   return addSaturated(floor, floor & x & 1);
 }
 
@@ -24,9 +25,10 @@ struct Sum {
     return addSaturated(a, b);
   }
   // (a + b) / 2 to nearest, ties to even.
-  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) {
-    const auto x = a ^ b;
-    return detail::halfToEven((a & b) + (x >> 1), x);
+  template <Of<Mox16s> T>
+  static T halved(T a, T b) {
+    const T x = a ^ b;
+    return detail::halfToEven(T((a & b) + (x >> 1)), x);
   }
 };
 inline constexpr Sum sum;
@@ -38,9 +40,10 @@ struct Difference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(a, b)) {
     return subtractSaturated(a, b);
   }
-  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) {
-    const auto x = a ^ b;
-    return detail::halfToEven((x >> 1) - (~a & b), x);
+  template <Of<Mox16s> T>
+  static T halved(T a, T b) {
+    const T x = a ^ b;
+    return detail::halfToEven(T((x >> 1) - (~a & b)), x);
   }
 };
 inline constexpr Difference firstMinusSecond;
@@ -52,20 +55,28 @@ struct ReverseDifference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(b, a)) {
     return subtractSaturated(b, a);
   }
-  static I<Mox16s> halved(I<Mox16s> a, I<Mox16s> b) { return Difference::halved(b, a); }
+  template <Of<Mox16s> T>
+  static T halved(T a, T b) {
+    return Difference::halved(b, a);
+  }
 };
 inline constexpr ReverseDifference secondMinusFirst;
 
 struct Product {
   constexpr auto operator()(auto a, auto b) const { return a * b; }
 
-  static I<Mox16s> saturated(I<Mox16s> a, I<Mox16s> b) {
+  template <Of<Mox16s> T>
+  static T saturated(T a, T b) {
     return packBlocks<Mox16s>(multiplyWide(a, b));
   }
-  static I<Mox16u> saturated(I<Mox16u> a, I<Mox16u> b) {
-    return a * b | I<Mox16u>(multiplyHigh(a, b) != 0);
+  template <Of<Mox16u> T>
+  static T saturated(T a, T b) {
+    return a * b | T(multiplyHigh(a, b) != 0);
   }
-  static BlockHalves<I<Mox32s>> wide(I<Mox16s> a, I<Mox16s> b) { return multiplyWide(a, b); }
+  template <Of<Mox16s> T>
+  static auto wide(T a, T b) {
+    return multiplyWide(a, b);
+  }
 };
 inline constexpr Product product;
 

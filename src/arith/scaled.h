@@ -41,7 +41,7 @@ class Arithmetic {
   using T = Part<D>;
   using SA = Part<ElementOf<A>>;
   using SB = Part<ElementOf<B>>;
-  using Lanes = I<T>;
+  using Register = I<T>;
   static constexpr int magnitude = magnitudeOf<Op, SA, SB>;
   static constexpr bool lanesHoldSources = holds<T, SA> && holds<T, SB>;
   static constexpr bool of16s = std::is_same_v<T, Mox16s>;
@@ -51,24 +51,28 @@ class Arithmetic {
       : scale_(factor), factor_(factor), dst_(dst), len_(len), a_(a), b_(b) {}
 
   [[gnu::always_inline]] void run() const {
-    if constexpr (lanesHoldSources && requires(Lanes v) { Op::saturated(v, v); }) {
+    if constexpr (lanesHoldSources && requires(Register v) { Op::saturated(v, v); }) {
       if (factor_ == -1) return twiceSaturated();
       if (factor_ <= 0) return saturated();
     }
-    if constexpr (of16s && requires(Lanes v) { Op::halved(v, v); })
+    if constexpr (of16s && requires(Register v) { Op::halved(v, v); })
       if (factor_ == 1) return halved();
     if constexpr (std::is_same_v<T, Mox8u>)
       if (factor_ <= mostFactorInWords) return inWords();
-    if constexpr (of16s && lanesHoldSources && requires(Lanes v) { Op::wide(v, v); })
+    if constexpr (of16s && lanesHoldSources && requires(Register v) { Op::wide(v, v); })
       wide();
     else
       exact();
   }
 
  private:
-  // lanes(i) makes the results from element i on.
+  // The parts of n elements.
+  template <int n>
+  using Lanes = V<T, n * partsPerElement<D>>;
+
+  // lanes(n, i) makes the results of n elements from element i on.
   [[gnu::always_inline]] void map(auto rule, auto lanes) const {
-    mapInteger(
+    mapInteger<integerBytes / sizeof(D), 16 / sizeof(D)>(
         dst_, len_,
         [&](long i, int part) {
           using R = Exact<magnitude>;
@@ -78,47 +82,49 @@ class Arithmetic {
   }
 
   // For factors up to 0 saturating before scaling gives the same result.
-  [[gnu::always_inline]] Lanes saturatedFrom(long i) const {
-    return op.saturated(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
+  template <int n>
+  [[gnu::always_inline]] Lanes<n> saturatedFrom(long i) const {
+    return op.saturated(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
   }
   [[gnu::always_inline]] void saturated() const {
     scale_.withUpwardRule([&](auto rule) __attribute__((always_inline)) {
-      const auto scaled = rule.template forLanes<Lanes>();
-      map(rule, [&](long i) { return scaled(saturatedFrom(i)); });
+      map(rule, [&](auto n, long i) { return rule(saturatedFrom<n>(i)); });
     });
   }
   [[gnu::always_inline]] void twiceSaturated() const {
-    map(ScaledUp<T, magnitude>(1), [&](long i) {
-      const Lanes r = saturatedFrom(i);
+    map(ScaledUp<T, magnitude>(1), [&](auto n, long i) {
+      const auto r = saturatedFrom<n>(i);
       return addSaturated(r, r);
     });
   }
 
   [[gnu::always_inline]] void halved() const {
-    map(ScaledDown<magnitude>(1),
-        [&](long i) { return op.halved(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i)); });
+    map(ScaledDown<magnitude>(1), [&](auto n, long i) {
+      return op.halved(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
+    });
   }
 
   // Sixteen bits hold values of bytes and what the rule adds to them: 255 * 255 + 2^8 < 2^16.
   static constexpr int mostFactorInWords = 9;
   [[gnu::always_inline]] void inWords() const {
-    using Words = I<std::conditional_t<(magnitude > 14), Mox16u, Mox16s>>;
-    const auto high = broadcast<Words>(Lane<Words>(255));
+    using Word = std::conditional_t<(magnitude > 14), Mox16u, Mox16s>;
     scale_.withRule([&](auto rule) __attribute__((always_inline)) {
-      const auto scaled = rule.template forLanes<Words>();
-      const auto words = [&](long i) {
-        const Words r = scaled(Words(op(lanesFrom<Words>(a_, i), lanesFrom<Words>(b_, i))));
-        return I<Mox16s>(magnitude > 14 ? lesser(r, high) : r);
-      };
-      map(rule, [&](long i) { return packInOrder<Mox8u>(words(i), words(i + laneCount<Words>)); });
+      map(rule, [&](auto n, long i) {
+        using Words = V<Word, n / 2>;
+        const auto words = [&](long from) {
+          const Words r = rule(Words(op(lanesFrom<Words>(a_, from), lanesFrom<Words>(b_, from))));
+          return Beside<Mox16s, Words>(magnitude > 14 ? lesser(r, broadcast<Words>(255)) : r);
+        };
+        return packInOrder<Mox8u>(words(i), words(i + n / 2));
+      });
     });
   }
 
   // Whole results in two halves.
   [[gnu::always_inline]] void wide() const {
     scale_.withRule([&](auto rule) __attribute__((always_inline)) {
-      map(rule, [&](long i) {
-        const auto r = op.wide(lanesFrom<Lanes>(a_, i), lanesFrom<Lanes>(b_, i));
+      map(rule, [&](auto n, long i) {
+        const auto r = op.wide(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
         return packBlocks<Mox16s>(BlockHalves{rule(r.low), rule(r.high)});
       });
     });

@@ -1,7 +1,7 @@
 // The square root of floats.
 #include <moxsp/arith.h>
 
-#include <bit>
+#include <cmath>
 #include <type_traits>
 
 #include "frame/in_place.h"
@@ -14,21 +14,24 @@ namespace {
 template <class E>
 class SignNote {
   using Lanes = Bits<V<E>>;
-  using Word = Lane<Lanes>;
 
  public:
   void see(V<E> x) { lanes_ |= Lanes(x); }
-  void see(E x) { one_ |= std::bit_cast<Word>(x); }
+  template <class T>
+  void see(T x) {
+    if constexpr (std::is_same_v<T, E>)
+      few_ |= std::signbit(x);
+    else
+      few_ |= signBits(x) != 0;
+  }
 
-  bool any() const { return signBits(V<E>(lanes_)) || one_ >> (8 * sizeof(Word) - 1); }
+  bool any() const { return few_ || signBits(V<E>(lanes_)); }
 
  private:
   Lanes lanes_ = {};
-  Word one_ = 0;
+  bool few_ = false;
 };
 
-// The divider sets the pace, and only a scalar root, at that of a vector, costs time: so there is
-// no peel, unless for stores that bypass the cache.
 template <class E>
 MoxStatus squareRoots(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
@@ -37,14 +40,7 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
     negative.see(x);
     return squareRoot(x);
   };
-  constexpr long lanes = lanesOf<E>;
-  if (bypasses<Stores::bypassing>(dst, len, src)) {
-    mapElements<Stores::bypassing>(root, dst, len, src);
-  } else {
-    long i = 0;
-    for (; i <= len - lanes; i += lanes) store(dst + i, root(load<V<E>>(src + i)));
-    for (; i < len; ++i) store(dst + i, root(load<E>(src + i)));
-  }
+  mapElements<Stores::bypassing, vectorBytes, 1>(root, dst, len, src);
   return negative.any() ? moxWarnSqrtNegArg : moxOk;
 }
 

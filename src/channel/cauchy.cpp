@@ -48,10 +48,9 @@ MoxStatus cauchyDD2(Mox32f* srcDst, Mox32f* dst2, int len, Mox32f c) {
     store(srcDst + i, x * r);
     store(dst2 + i, r * r * (square - x * x));
   };
-  constexpr long lanes = lanesOf<Mox32f>;
-  forBlocks<lanes>(
-      false, srcDst, len, [=](long i) { put(c * c, i); },
-      [=](long i, auto) { put(broadcast<V<Mox32f>>(c * c), i); });
+  long i = 0;
+  for (; i <= len - lanesOf<Mox32f>; i += lanesOf<Mox32f>) put(broadcast<V<Mox32f>>(c * c), i);
+  for (; i < len; ++i) put(c * c, i);
   return moxOk;
 }
 

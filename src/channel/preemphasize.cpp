@@ -38,7 +38,7 @@ MoxStatus preemphasize16s(Mox16s* srcDst, int len, Mox32f val) {
   const auto half = [=](const Mox16s* x) {
     return rounded(loadWidened<Lanes>(x), loadWidened<Lanes>(x - 1));
   };
-  backward<laneCount<I<Mox16s>>>(
+  backward<2 * laneCount<Lanes>>(
       len,
       [=](long i) {
         Mox16s* const x = srcDst + i;

@@ -9,8 +9,9 @@
 namespace mox::convert {
 namespace {
 
-using Codes = I<Mox8u>;
-using Words = I<Mox16s>;
+using Codes = V<Mox8u, 16>;
+using Words = V<Mox16s, 8>;
+using Floats = V<Mox32f, 8>;
 
 constexpr long count = 16;
 constexpr Mox8u signOfCode = 0x80;
@@ -37,8 +38,8 @@ WordPair expand(Codes codes) {
                              firstLower = tableOfSegments([](int s) { return Law::first(s); }),
                              firstUpper = tableOfSegments([](int s) { return Law::first(s) >> 8; });
   codes ^= Law::inversion;
-  const Codes segment = Codes(I<Mox16u>(codes) >> 4) & 7;
-  const Codes eightSteps = Codes(I<Mox16u>(codes & 15) << 3);
+  const Codes segment = Codes(V<Mox16u, 8>(codes) >> 4) & 7;
+  const Codes eightSteps = Codes(V<Mox16u, 8>(codes & 15) << 3);
   const WordPair steps = wordsOf(eightSteps, Codes{});
   const WordPair step = wordsOf(entries(eighthOfStep, segment), Codes{});
   const WordPair first = wordsOf(entries(firstLower, segment), entries(firstUpper, segment));
@@ -51,8 +52,8 @@ WordPair expand(Codes codes) {
 // interval in a segment, at the top of the fraction: together they count intervals from 2^0 on.
 Words intervalsFromOne(Words x) {
   const auto intervals = [](Words extended) {
-    const auto number = __builtin_convertvector(I<Mox32s>(extended), Beside<Mox32f, I<Mox32s>>);
-    return (I<Mox32s>(number) >> 19) - (127 << 4);
+    using Integers = V<Mox32s, 4>;
+    return (Integers(floatsOf(Integers(extended))) >> 19) - (127 << 4);
   };
   return packInOrder<Mox16s>(intervals(unpackLow<Mox16s>(x, Words{})),
                              intervals(unpackHigh<Mox16s>(x, Words{})));
@@ -81,24 +82,21 @@ Codes compress(WordPair samples) {
 // Rounded half away from zero. In mu-law -1 stands for a negative sample that rounds to 0, for it
 // has the same interval and the right sign.
 template <class Law>
-Words rounded(V<Mox32f> x) {
-  const auto ordered = V<Mox32f>(Bits<V<Mox32f>>(x) & Bits<V<Mox32f>>(x == x));
-  const auto limit = [](Mox32f bound) { return broadcast<V<Mox32f>>(bound); };
-  const V<Mox32f> y = lesser(greater(ordered * 32768.0f, limit(-32768)), limit(32767));
-  const V<Mox32s> r = integersOf(y + withSignOf(y, limit(0.5f)));
-  const auto parts = halves(r);
-  Words words = packInOrder<Mox16s>(parts.low, parts.high);
-  if constexpr (Law::signOfUnrounded) {
-    const auto negative = halves(V<Mox32s>(x < 0));
-    words += (words == 0) & packInOrder<Mox16s>(negative.low, negative.high);
-  }
+Words rounded(Floats x) {
+  const auto ordered = Floats(Bits<Floats>(x) & Bits<Floats>(x == x));
+  const auto limit = [](Mox32f bound) { return broadcast<Floats>(bound); };
+  const Floats y = lesser(greater(ordered * 32768.0f, limit(-32768)), limit(32767));
+  Words words = narrowed<Mox16s>(integersOf(y + withSignOf(y, limit(0.5f))));
+  if constexpr (Law::signOfUnrounded)
+    words += (words == 0) & narrowed<Mox16s>(Beside<Mox32s, Floats>(x < 0));
   return words;
 }
 
-V<Mox32f> fullScaleOne(Words words) {
-  const auto low = I<Mox32s>(unpackLow<Mox16s>(words, words)) >> 16;
-  const auto high = I<Mox32s>(unpackHigh<Mox16s>(words, words)) >> 16;
-  return floatsOf(join<V<Mox32s>>(low, high)) * 0x1p-15f;
+Floats fullScaleOne(Words words) {
+  using Integers = V<Mox32s, 4>;
+  const auto low = Integers(unpackLow<Mox16s>(words, words)) >> 16;
+  const auto high = Integers(unpackHigh<Mox16s>(words, words)) >> 16;
+  return floatsOf(join<V<Mox32s, 8>>(low, high)) * 0x1p-15f;
 }
 
 template <class S, class D, class Block>
@@ -135,8 +133,8 @@ template <class Law>
 MoxStatus fromFloats(const Mox32f* src, Mox8u* dst, int len) {
   const HiddenExceptions scope;
   return mapCodes(src, dst, len, [](const Mox32f* from, Mox8u* to, auto put) {
-    put(to, compress<Law>(
-                {rounded<Law>(load<V<Mox32f>>(from)), rounded<Law>(load<V<Mox32f>>(from + 8))}));
+    put(to,
+        compress<Law>({rounded<Law>(load<Floats>(from)), rounded<Law>(load<Floats>(from + 8))}));
   });
 }
 

@@ -39,13 +39,11 @@ struct Conjugate {
       auto z = std::bit_cast<E>(elements);
       z.im = z.im == std::numeric_limits<F>::min() ? std::numeric_limits<F>::max() : F(-z.im);
       return std::bit_cast<T>(z);
-    } else if constexpr (sizeof(T) == vectorBytes) {
-      const auto [low, high] = halves(V<Mox32s>(elements));
-      return join<T>((*this)(low), (*this)(high));
     } else {
-      using Words = V<F, parts>;  // -x is ~x + 1
-      return T(addSaturated(Words(elements) ^ detail::inImaginaryParts<Words>(-1),
-                            detail::inImaginaryParts<Words>(1)));
+      return T(inIntegers(V<F, parts>(elements), []<class Words>(Words z) {
+        return addSaturated(z ^ detail::inImaginaryParts<Words>(-1),  // -x is ~x + 1
+                            detail::inImaginaryParts<Words>(1));
+      }));
     }
   }
 };

@@ -19,7 +19,9 @@ void decode(const Mox16f* src, Mox32f* dst, long len) {
     mapWidened<Beside<Mox16u, V<Mox32f>>, Stores::bypassing>([](auto v) { return halfToFloat(v); },
                                                              dst, len, src);
   else
-    mapWidened<I<Mox32u>>([](auto v) { return decodeHalf(v); }, dst, len, src);
+    mapWidened<V<Mox32u>>(
+        [](auto v) { return inIntegers(v, [](auto bits) { return decodeHalf(bits); }); }, dst, len,
+        src);
 }
 
 template <HalfRounding rounding>
@@ -33,10 +35,9 @@ void encodeRounding(const Mox32f* src, Mox16f* dst, long len) {
   const RoundingScope scope(
       rounding == HalfRounding::nearEven ? Rounding::nearEven : Rounding::zero, Exceptions::hidden);
   mapWidened<V<Mox32f>>(
-      [](auto v) {
-        const auto [low, high] = halves(v);
-        return packInOrder<Mox16u>(I<Mox32s>(encodeHalf<rounding>(low)),
-                                   I<Mox32s>(encodeHalf<rounding>(high)));
+      [](V<Mox32f> v) {
+        return narrowed<Mox16u>(inIntegers(
+            v, [](Floats x) { return V<Mox32s, laneCount<Floats>>(encodeHalf<rounding>(x)); }));
       },
       dst, len, src);
 }

@@ -14,25 +14,41 @@ struct Magnitude {
   }
 };
 
-// A register of numbers of 16-bit parts, interleaved.
-inline I<Mox16s> interleavedWords(Array<const Mox16sc> src, long i) {
-  return load<I<Mox16s>>(src.p + i);
+// Numbers of 16-bit parts, interleaved.
+template <int count>
+[[gnu::always_inline]] inline auto interleavedWords(Array<const Mox16sc> src, long i) {
+  return load<V<Mox16s, 2 * count>>(src.p + i);
 }
-inline I<Mox16s> interleavedWords(Split<const Mox16s> src, long i) {
-  const auto half = [i](const Mox16s* p) { return I<Mox16s>(I<Mox64s>{load<Mox64s>(p + i)}); };
-  return unpackLow<Mox16s>(half(src.re), half(src.im));
+template <int count>
+[[gnu::always_inline]] inline auto interleavedWords(Split<const Mox16s> src, long i) {
+  using Words = V<Mox16s, 2 * count>;
+  if constexpr (count > 4) {
+    return join<Words>(interleavedWords<count / 2>(src, i),
+                       interleavedWords<count / 2>(src, i + count / 2));
+  } else {
+    const auto four = [i](const Mox16s* p) { return Words(V<Mox64s, 2>{load<Mox64s>(p + i)}); };
+    return unpackLow<Mox16s>(four(src.re), four(src.im));
+  }
 }
 
-// The squares of as many magnitudes. The one that 32 bits don't hold, 2^31, is -2^31 here.
-[[gnu::always_inline]] inline I<Mox32s> squaredMagnitudeOfWords(auto src, long i) {
-  const auto words = interleavedWords(src, i);
-  return multiplyAddPairs(words, words);
+// The squares of magnitudes, as many as T has lanes. The one that 32 bits don't hold, 2^31, is
+// -2^31 here.
+template <class T>
+[[gnu::always_inline]] inline Beside<Mox32s, T> squaredMagnitudesOfWords(auto src, long i) {
+  constexpr int count = laneCount<T>;
+  if constexpr (4 * count > integerBytes) {
+    using Half = V<Lane<T>, count / 2>;
+    return join<Beside<Mox32s, T>>(squaredMagnitudesOfWords<Half>(src, i),
+                                   squaredMagnitudesOfWords<Half>(src, i + count / 2));
+  } else {
+    const auto words = interleavedWords<count>(src, i);
+    return multiplyAddPairs(words, words);
+  }
 }
 
 // The same as floats, exact before their one rounding.
 [[gnu::always_inline]] inline V<Mox32f> squaredMagnitudeAsFloat(auto src, long i) {
-  return absolute(floatsOf(join<V<Mox32s>>(
-      squaredMagnitudeOfWords(src, i), squaredMagnitudeOfWords(src, i + laneCount<I<Mox32s>>))));
+  return absolute(floatsOf(squaredMagnitudesOfWords<V<Mox32f>>(src, i)));
 }
 
 // Whether sqrt(square) * 2^-factor is above n + 1/2, or just that and n odd.
@@ -57,7 +73,7 @@ struct ScaledMagnitude {
       if constexpr (sizeof(D) == 2) {
         // Doubles suffice: a scaled root up to 2^16 that isn't half an odd number keeps more than
         // 2^-36 of itself away from one.
-        const auto squares = squaredMagnitudeOfWords(src, i + j);
+        const auto squares = squaredMagnitudesOfWords<V<Mox64f>>(src, i + j);
         return nearestInteger(
             scale(squareRoot(absolute(__builtin_convertvector(squares, V<Mox64f>)))));
       } else {

@@ -28,8 +28,7 @@ struct ScaledPower {
 
   auto operator()(auto src, long i) const {
     const auto half = [&](long at) {
-      const auto squares = squaredMagnitudeOfWords(src, at);
-      return rule(unwrapped(squares));
+      return rule(unwrapped(squaredMagnitudesOfWords<I<Mox32s>>(src, at)));
     };
     return packInOrder<Mox16s>(half(i), half(i + lanes / 2));
   }

@@ -38,7 +38,7 @@ template <class IsAboveTie>
   return rounded;
 }
 
-// Doubles that are integers, saturated to a register of the result's type: make(i) makes a vector
+// Doubles that are integers, saturated to integerLanes of the result's type: make(i) makes a vector
 // of them from element i on.
 template <class D, class Make>
 [[gnu::always_inline]] inline auto integersFrom(Make make) {
@@ -48,6 +48,6 @@ template <class D, class Make>
     return saturate<D>(make(0));
 }
 template <class D>
-constexpr int integerLanes = laneCount<I<D>>;
+constexpr int integerLanes = laneCount<V<Mox64f>>*(sizeof(D) == 2 ? 2 : 1);
 
 }  // namespace mox::convert

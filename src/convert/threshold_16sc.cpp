@@ -1,4 +1,4 @@
-// Thresholds on complex 16-bit integers: four elements to a register, each seen as 32 bits.
+// Thresholds on complex 16-bit integers, each seen as 32 bits.
 #include <bit>
 
 #include "convert/threshold.h"
@@ -12,32 +12,36 @@
 namespace mox::convert {
 namespace {
 
-using Elements = I<Mox32s>;
+// As many as doubles, in which their magnitudes are made.
+using Elements = Beside<Mox32s, V<Mox64f>>;
 
 // No level tells the largest square, 2^31, from the next number below.
-Elements squaredMagnitudes(Elements z) { return exactSquaredMagnitude(I<Mox16s>(z)); }
+template <Of<Mox32s> T>
+T squaredMagnitudes(T z) {
+  return exactSquaredMagnitude(V<Mox16s, 2 * laneCount<T>>(z));
+}
 
 // dst[i] = op(src[i]) with an operation on registers.
 template <class Op>
 void mapRegisters(Op op, const Mox16sc* src, Mox16sc* dst, long len) {
   const auto onBoth = [=](auto z) {
-    if constexpr (std::is_same_v<decltype(z), Elements>)
-      return op(z);
-    else
+    if constexpr (std::is_same_v<decltype(z), Mox32s>)
       return op(Elements{z})[0];
+    else
+      return op(z);
   };
   mapElements<Stores::bypassing, sizeof(Elements)>(onBoth, reinterpret_cast<Mox32s*>(dst), len,
                                                    reinterpret_cast<const Mox32s*>(src));
 }
 
 // `level` times the direction of each element, rounded; the real axis for zero.
-Elements toLevel(Elements z, Elements m, Mox16s level) {
-  const auto wide = [](Elements v) { return __builtin_convertvector(v, V<Mox64f>); };
-  const V<Mox64f> factors = level / squareRoot(greater(wide(m), broadcast<V<Mox64f>>(1.0)));
-  const auto scaled = [&](Elements part) {
-    return toInteger(nearestInteger(wide(part) * factors));
-  };
-  const Elements re = scaled(z << 16 >> 16), im = scaled(z >> 16);
+template <Of<Mox32s> T>
+T toLevel(T z, T m, Mox16s level) {
+  using Doubles = Beside<Mox64f, T>;
+  const auto wide = [](T v) { return __builtin_convertvector(v, Doubles); };
+  const Doubles factors = level / squareRoot(greater(wide(m), broadcast<Doubles>(1.0)));
+  const auto scaled = [&](T part) { return toInteger(nearestInteger(wide(part) * factors)); };
+  const T re = scaled(z << 16 >> 16), im = scaled(z >> 16);
   return (re & 0xFFFF) | im << 16 | ((m == 0) & Mox32s(level));
 }
 
@@ -53,11 +57,10 @@ MoxStatus magnitude(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level) {
     return moxOk;
   }
   const HiddenExceptions scope;
-  const auto square = broadcast<Elements>(Mox32s(level) * level);
   mapRegisters(
-      [=](Elements z) {
-        const auto m = squaredMagnitudes(z);
-        const auto changes = Relation::changes(m, square);
+      [=]<class T>(T z) {
+        const T m = squaredMagnitudes(z);
+        const auto changes = Relation::changes(m, broadcast<T>(Mox32s(level) * level));
         return anyLane(changes) ? where(changes, toLevel(z, m, level), z) : z;
       },
       src, dst, len);
@@ -68,10 +71,12 @@ template <class Relation>
 MoxStatus replace(const Mox16sc* src, Mox16sc* dst, int len, Mox16s level, Mox16sc value) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   if (MoxStatus s = NoNegativeLevel::check(level)) return s;
-  const auto square = broadcast<Elements>(Mox32s(level) * level);
-  const auto values = broadcast<Elements>(std::bit_cast<Mox32s>(value));
   mapRegisters(
-      [=](Elements z) { return where(Relation::keeps(squaredMagnitudes(z), square), z, values); },
+      [=]<class T>(T z) {
+        const T square = broadcast<T>(Mox32s(level) * level);
+        return where(Relation::keeps(squaredMagnitudes(z), square), z,
+                     broadcast<T>(std::bit_cast<Mox32s>(value)));
+      },
       src, dst, len);
   return moxOk;
 }

@@ -13,9 +13,12 @@ namespace {
 
 // 16-bit integers times s = 2^-scaleFactor with one float operation: the bits of 2^23 s with the
 // low word w are the float 2^23 s + w s. False, with nothing done, where a power of two isn't
-// normal or a difference of equals would be -0.
+// normal or a difference of equals would be -0. Where integers have registers as wide as floats, a
+// conversion is faster.
 template <class S>
-requires(sizeof(S) == 2) bool wordsToFloats(const S* src, Mox32f* dst, long len, int scaleFactor) {
+requires(sizeof(S) == 2 && integerBytes < vectorBytes) bool wordsToFloats(const S* src, Mox32f* dst,
+                                                                          long len,
+                                                                          int scaleFactor) {
   if (scaleFactor < -104 || scaleFactor > 126 || roundsDown()) return false;
   constexpr Mox16u lift = std::is_signed_v<S> ? 0x8000 : 0;  // makes a signed word unsigned
   const Mox32f base = powerOfTwo<Mox32f>(23 - scaleFactor);

@@ -1,4 +1,4 @@
-// Exact arithmetic on complex 16-bit integers, four to a register of 16 bytes. A sum of two
+// Exact arithmetic on complex 16-bit integers. A sum of two
 // products of parts lies from -2^31 + 2^16 to 2^31, and wraps in 32 bits for 2^31 alone.
 #pragma once
 
@@ -16,23 +16,27 @@ template <class Integers>
 }
 
 // x y, part by part.
-[[gnu::always_inline]] inline Pair<I<Mox32s>> exactProduct(I<Mox16s> x, I<Mox16s> y) {
-  const auto imaginary = I<Mox16s>(broadcast<I<Mox32s>>(-0x10000));
+template <Of<Mox16s> T>
+[[gnu::always_inline]] inline auto exactProduct(T x, T y) {
+  using Sums = V<Mox32s, laneCount<T> / 2>;
+  const T imaginary = T(broadcast<Sums>(-0x10000));
   // There is no -d in 16 bits for every d, but there is ~d, which is -d - 1.
-  const auto re = addWrapping(multiplyAddPairs(x, y ^ imaginary), I<Mox32s>(x) >> 16);
-  return {re, unwrapped(multiplyAddPairs(x, swapParts(y)))};
+  const Sums re = addWrapping(multiplyAddPairs(x, y ^ imaginary), Sums(x) >> 16);
+  return Pair<Sums>{re, unwrapped(multiplyAddPairs(x, swapParts(y)))};
 }
 
 // No square but the one that has wrapped is negative.
-[[gnu::always_inline]] inline I<Mox32s> exactSquaredMagnitude(I<Mox16s> z) {
+template <Of<Mox16s> T>
+[[gnu::always_inline]] inline auto exactSquaredMagnitude(T z) {
   const auto squares = multiplyAddPairs(z, z);
   return squares ^ (squares >> 31);
 }
 
 // The parts saturated and interleaved.
-[[gnu::always_inline]] inline I<Mox16s> packParts(Pair<I<Mox32s>> z) {
-  constexpr auto interleaved = [](int i) { return i / 8 * 8 + i % 2 * 4 + i % 8 / 2; };
-  return shuffle<interleaved>(packBlocks<Mox16s>(BlockHalves{z.re, z.im}));
+template <Of<Mox32s> T>
+[[gnu::always_inline]] inline V<Mox16s, 2 * laneCount<T>> packParts(Pair<T> z) {
+  constexpr auto byBlocks = [](int i) { return i / 8 * 8 + i % 2 * 4 + i % 8 / 2; };
+  return shuffle<byBlocks>(packBlocks<Mox16s>(BlockHalves{z.re, z.im}));
 }
 
 // One product of complex integers with parts of half of R's bits, likewise.

@@ -10,7 +10,8 @@
 
 namespace mox {
 
-constexpr long complexBlock = 16;
+// What the operation with the most lanes takes at once.
+constexpr long complexBlock = std::max(16, laneCount<I<Mox16s>>);
 
 // What drivers need of a view. A piece takes up to a block of numbers out of memory and back.
 template <class View>
@@ -29,13 +30,15 @@ template <class T, class F>
   constexpr int lanes = laneCount<T>;
   if constexpr (std::is_same_v<F, Lane<T>>) {
     return loadDeinterleaved<T>(z);
-  } else if constexpr (std::is_same_v<T, V<Mox32f>>) {
-    const Pair low = loadDeinterleavedAs<I<Mox32s>>(z),
-               high = loadDeinterleavedAs<I<Mox32s>>(z + lanes);
-    return {floatsOf(join<V<Mox32s>>(low.re, high.re)), floatsOf(join<V<Mox32s>>(low.im, high.im))};
-  } else if constexpr (std::is_same_v<T, I<Mox32s>>) {
-    const T words = load<T>(z);
-    return {T(I<Mox32u>(words) << 16) >> 16, words >> 16};
+  } else if constexpr (Of<T, Mox32s>) {
+    if constexpr (int(sizeof(T)) > integerBytes) {
+      using Half = V<Mox32s, lanes / 2>;
+      const Pair low = loadDeinterleavedAs<Half>(z), high = loadDeinterleavedAs<Half>(z + lanes);
+      return {join<T>(low.re, high.re), join<T>(low.im, high.im)};
+    } else {
+      const T words = load<T>(z);
+      return {T(Beside<Mox32u, T>(words) << 16) >> 16, words >> 16};
+    }
   } else {
     using Exact = std::conditional_t<sizeof(F) == 2, Mox32s, F>;
     const auto parts = loadDeinterleavedAs<V<Exact, lanes>>(z);
@@ -45,11 +48,8 @@ template <class T, class F>
 
 template <class T>
 [[gnu::always_inline]] inline void storeInterleaved(Lane<T>* z, Pair<T> v, auto put) {
-  const T low = interleavedLow(v), high = interleavedHigh(v);
-  if constexpr (sizeof(T) == integerBytes)
-    put(z, low), put(z + laneCount<T>, high);
-  else
-    put(z, joinLow(low, high)), put(z + laneCount<T>, joinHigh(low, high));
+  const auto [low, high] = interleaved(v).of;
+  put(z, low), put(z + laneCount<T>, high);
 }
 
 // One array, of real or of complex elements.

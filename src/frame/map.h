@@ -1,5 +1,6 @@
-// The drivers of element-wise kernels: a peel until the destination is aligned, blocks of vectors,
-// and a tail; all three apply the same operation.
+// The drivers of element-wise kernels. The destination is filled in steps of whole registers, of
+// which the first and the last one overlap their neighbours; arrays shorter than a step are filled
+// in narrower ones.
 #pragma once
 
 #include <algorithm>
@@ -126,28 +127,77 @@ bool bypasses(const D* dst, long len, Source... src) {
          !(isSameArray(dst, src) || ...);
 }
 
-// Runs one(i) for single elements and eachBlock(i, put) for blocks of elements from i on, which
-// stores its vectors through put(place, vector). `fewer`, where there is one, does the same for
-// `step` elements, of what is left for the tail.
-template <long block, int alignment = vectorBytes, long step = block, class D, class One,
-          class Block, class... Fewer>
-[[gnu::always_inline]] inline void forBlocks(bool bypass, D* dst, long len, One one,
-                                             Block eachBlock, Fewer... fewer) {
-  const auto plain = [](void* p, auto v) { store(p, v); };
-  const auto stream = [](void* p, auto v) { storeStream(p, v); };
-  long i = 0;
-  if (const int peel = peelCount<alignment>(dst); peel + block <= len) {
-    for (; i < peel; ++i) one(i);
-    if (bypass && isAligned(dst + i, alignment)) {
-      for (; i <= len - block; i += block) eachBlock(i, stream);
-      streamFence();
-    } else {
-      for (; i <= len - block; i += block) eachBlock(i, plain);
-    }
+namespace detail {
+
+template <int n>
+constexpr std::integral_constant<int, n> stepOf;
+
+template <class T, int count>
+[[gnu::always_inline]] inline void putRegisters(void* dst, const Registers<T, count>& r, auto put) {
+  for (int j = 0; j < count; ++j) put(static_cast<char*>(dst) + j * sizeof(T), r.of[j]);
+}
+
+constexpr auto plainly = [](void* p, auto v) { store(p, v); };
+constexpr auto bypassingCache = [](void* p, auto v) { storeStream(p, v); };
+
+// Fewer than three steps: one behind the other, and the last one where it ends with the array.
+// Below a step narrower ones do the same, and below `least` elements one after the other.
+template <int step, int least, class D, class At, class One>
+[[gnu::always_inline]] inline void forFew(D* dst, long len, At at, One one) {
+  if constexpr (step < least) {
+    for (long i = 0; i < len; ++i) one(i);
+  } else if (len >= step) {
+    const auto first = at(stepOf<step>, 0),
+               second = at(stepOf<step>, std::min(long(step), len - step)),
+               last = at(stepOf<step>, len - step);
+    putRegisters(dst, first, plainly);
+    putRegisters(dst + std::min(long(step), len - step), second, plainly);
+    putRegisters(dst + (len - step), last, plainly);
+  } else {
+    forFew<step / 2, least>(dst, len, at, one);
   }
-  if constexpr (sizeof...(fewer) > 0)
-    for (; i <= len - step; i += step) (fewer(i, plain), ...);
-  for (; i < len; ++i) one(i);
+}
+
+// The last element at or below `step` that is aligned, if there is one.
+template <int step, int alignment, class D>
+long alignedStart(const D* dst) {
+  const int past = int(addressOf(dst + step) & (alignment - 1));
+  return past % int(sizeof(D)) ? step : step - past / int(sizeof(D));
+}
+
+}  // namespace detail
+
+// Fills dst in steps: at(n, i) makes the results of the n elements from i on, where n is the type
+// of a number; one(i) stores that of a single element. `vecs` steps make a round of the loop, and
+// steps go down to `least` elements. The first step overlaps the second, which starts where the
+// destination is aligned, and the last one the one before it. Results that overlap are made before
+// either is stored: so `dst` may be a source, and each element is the function of what it was.
+template <int step, int vecs, int least, class D, class At, class One>
+[[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one) {
+  using namespace detail;
+  constexpr int alignment = sizeof(D) % 3 == 0 ? 16 : std::min(vectorBytes, step * int(sizeof(D)));
+  const auto stepAt = [&](long i) { return at(stepOf<step>, i); };
+  const auto putPair = [&](long i, long j) {
+    const auto a = stepAt(i), b = stepAt(j);
+    putRegisters(dst + i, a, plainly);
+    putRegisters(dst + j, b, plainly);
+  };
+  if (len < 3 * step) return forFew<step, least>(dst, len, at, one);
+  long i = alignedStart<step, alignment>(dst);
+  putPair(0, i);
+  i += step;
+  const auto rounds = [&](auto put) __attribute__((always_inline)) {
+    for (; i <= len - (vecs + 1) * step; i += vecs * step)
+      for (int j = 0; j < vecs; ++j) putRegisters(dst + i + j * step, stepAt(i + j * step), put);
+  };
+  if (bypass && isAligned(dst + i, alignment)) {
+    rounds(bypassingCache);
+    streamFence();
+  } else {
+    rounds(plainly);
+  }
+  for (; i <= len - 2 * step; i += step) putRegisters(dst + i, stepAt(i), plainly);
+  putPair(i, len - step);
 }
 
 // Runs eachBlock(from, to, put) for whole blocks of `count` elements only. What is left goes
@@ -155,23 +205,22 @@ template <long block, int alignment = vectorBytes, long step = block, class D, c
 template <long count, class S, class D, class Block>
 [[gnu::always_inline]] inline void forWholeBlocks(bool bypass, const S* src, D* dst, long len,
                                                   Block eachBlock) {
-  const auto plain = [](void* p, auto v) { store(p, v); };
-  const auto stream = [](void* p, auto v) { storeStream(p, v); };
+  using detail::plainly;
   const auto part = [&](long from, long elements) {
     S in[count];
     D out[count];
     for (long j = 0; j < count; ++j) in[j] = load<S>(src + from + std::min(j, elements - 1));
-    eachBlock(in, out, plain);
+    eachBlock(in, out, plainly);
     for (long j = 0; j < elements; ++j) store(dst + from + j, out[j]);
   };
   // Only stores that bypass the cache want an aligned destination.
   long i = bypass ? std::min(long(peelCount(dst)), len) : 0;
   if (i > 0) part(0, i);
   if (bypass && isAligned(dst + i, vectorBytes)) {
-    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, stream);
+    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, detail::bypassingCache);
     streamFence();
   } else {
-    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, plain);
+    for (; i <= len - count; i += count) eachBlock(src + i, dst + i, plainly);
   }
   if (i < len) part(i, len - i);
 }
@@ -179,44 +228,36 @@ template <long count, class S, class D, class Block>
 // dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. An
-// operation that takes long by itself gains nothing from a block of several vectors, and has a
-// shorter tail without.
-template <Stores stores = Stores::cached, int width = vectorBytes, long leastBlock = 16, class D,
+// operation that takes long by itself gains nothing from a round of several vectors.
+template <Stores stores = Stores::cached, int width = vectorBytes, int leastRound = 16, class D,
           class Op, class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
-  constexpr long lanes = width / long(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
+  constexpr int widest = int(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
+  constexpr int lanes = width / widest, least = 16 / widest;
   // The same number of bytes through narrow registers takes more instructions: share the loop's.
-  constexpr long vecsAtLeast = width < vectorBytes ? 4 : 1;
-  constexpr long block = std::max(vecsAtLeast * lanes, leastBlock), vecs = block / lanes;
-  const auto atLanes = [&]<class E>(std::type_identity<E>, auto source, long i) {
-    return lanesFrom<V<Part<E>, lanes * partsPerElement<E>>>(source, i);
+  constexpr int vecs = std::max(width < 32 ? 4 : 1, leastRound / lanes);
+  const auto atLanes = [&]<class E>(std::type_identity<E>, auto n, auto source, long i) {
+    return lanesFrom<V<Part<E>, n * partsPerElement<E>>>(source, i);
   };
-  const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
-    return [&](long i, auto put) __attribute__((always_inline)) {
-      for (long j = i; j < i + count * lanes; j += lanes)
-        put(dst + j, V<Part<D>, lanes * partsPerElement<D>>(
-                         op(atLanes(std::type_identity<ElementOf<Source>>(), src, j)...)));
-    };
-  };
-  forBlocks<block, vectorBytes, lanes>(
+  forSteps<lanes, vecs, least>(
       bypasses<stores>(dst, len, src...), dst, len,
-      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); },
-      vectors(std::integral_constant<int, vecs>()), vectors(std::integral_constant<int, 1>()));
+      [&](auto n, long i) __attribute__((always_inline)) {
+        using R = V<Part<D>, n * partsPerElement<D>>;
+        return Registers<R>{R(op(atLanes(std::type_identity<ElementOf<Source>>(), n, src, i)...))};
+      },
+      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); });
 }
 
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element
 // goes through the first lane of one.
 template <class Wide, Stores stores = Stores::cached, class D, class Op, class... Source>
 [[gnu::always_inline]] inline void mapWidened(Op op, D* dst, long len, Source... src) {
-  constexpr long lanes = laneCount<Wide>, vecs = 16 / lanes;
-  forBlocks<16>(
+  constexpr int lanes = laneCount<Wide>;
+  forSteps<lanes, std::max(1, 16 / lanes), lanes>(
       bypasses<stores>(dst, len, src...), dst, len,
-      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(partFrom(src, i, 0))}...)[0])); },
-      [&](long i, auto put) {
-        decltype(op(lanesFrom<Wide>(src, 0)...)) r[vecs];
-        for (int j = 0; j < vecs; ++j) r[j] = op(lanesFrom<Wide>(src, i + j * lanes)...);
-        for (int j = 0; j < vecs; ++j) put(dst + i + j * lanes, r[j]);
-      });
+      [&](auto, long i)
+          __attribute__((always_inline)) { return Registers{op(lanesFrom<Wide>(src, i)...)}; },
+      [&](long i) { store(dst + i, D(op(Wide{Lane<Wide>(partFrom(src, i, 0))}...)[0])); });
 }
 
 }  // namespace mox

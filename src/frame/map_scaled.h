@@ -8,71 +8,84 @@
 
 namespace mox {
 
-// A block of integers: four registers of 32-bit lanes, which one register of bytes holds.
-constexpr long integerBlock = integerBytes;
-
-// A block of results saturated to D.
-template <class D, class Put>
-[[gnu::always_inline]] inline void storeSaturated(D* dst, const I<Mox32s> (&r)[4], Put put) {
-  constexpr int lanes = laneCount<I<Mox32s>>;
+// Consecutive 32-bit integers as registers of D, saturated.
+template <class D, class T, int count>
+[[gnu::always_inline]] inline auto saturatedRegisters(const Registers<T, count>& r) {
   if constexpr (sizeof(D) == 4) {
-    for (int j = 0; j < 4; ++j) put(dst + j * lanes, r[j]);
+    return r;
   } else if constexpr (sizeof(D) == 3) {
-    storeLanes(dst, r, put);
+    return packedLanes(r);
+  } else if constexpr (count == 1) {
+    if constexpr (sizeof(D) == 2)
+      return Registers{narrowed<D>(r.of[0])};
+    else
+      return Registers{narrowed<D>(narrowed<Mox16s>(r.of[0]))};
   } else if constexpr (sizeof(D) == 2) {
-    put(dst, packInOrder<D>(r[0], r[1]));
-    put(dst + 2 * lanes, packInOrder<D>(r[2], r[3]));
+    Registers<V<D, 2 * laneCount<T>>, count / 2> words;
+    for (int j = 0; j < count / 2; ++j) words.of[j] = packInOrder<D>(r.of[2 * j], r.of[2 * j + 1]);
+    return words;
   } else {
-    put(dst, packInOrder<D>(packInOrder<Mox16s>(r[0], r[1]), packInOrder<Mox16s>(r[2], r[3])));
+    const auto words = saturatedRegisters<Mox16s>(r);
+    if constexpr (count == 2)
+      return Registers{narrowed<D>(words.of[0])};
+    else
+      return Registers{packInOrder<D>(words.of[0], words.of[1])};
   }
 }
 
-// Runs one(i) for single elements; blocks go through lanes(), which makes 32-bit integers of
-// vectors `Wide`, and are saturated to the parts of D.
-template <class Wide, Stores stores = Stores::cached, class D, class One, class Op, class... Source>
-void mapToInteger(One one, Op lanes, D* dst, long len, Source... src) {
-  constexpr int perElement = partsPerElement<D>, perRegister = laneCount<I<Mox32s>>;
-  forBlocks<integerBlock / perElement, integerBytes>(
-      bypasses<stores>(dst, len, src...), dst, len, one, [&](long i, auto put) {
-        I<Mox32s> r[4];
-        for (int j = 0; j < 4; j += laneCount<Wide> / perRegister) {
-          const auto wide = lanes(lanesFrom<Wide>(src, i + perRegister * j / perElement)...);
-          if constexpr (laneCount<Wide> == perRegister)
-            r[j] = saturate<Part<D>>(wide);
-          else
-            r[j] = saturate<Part<D>>(halves(wide).low),
-            r[j + 1] = saturate<Part<D>>(halves(wide).high);
-        }
-        storeSaturated(parts(dst + i), r, put);
-      });
+// Results go through lanes(), which makes 32-bit integers of vectors like `Wide`, and are saturated
+// to the parts of D. one(i) stores a single element. A step is four registers of 32-bit lanes,
+// which one register of bytes holds; `narrows` says that lanes() takes shorter vectors too.
+template <class Wide, Stores stores = Stores::cached, bool narrows = false, class D, class One,
+          class Op, class... Source>
+[[gnu::always_inline]] inline void mapToInteger(One one, Op lanes, D* dst, long len,
+                                                Source... src) {
+  constexpr int perElement = partsPerElement<D>, step = integerBytes / perElement;
+  constexpr int least = sizeof(Part<D>) == 3 ? 16 : narrows ? 4 / perElement : step;
+  const auto at = [&]<int n>(std::integral_constant<int, n>, long i)
+      __attribute__((always_inline)) {
+    constexpr int parts = n * perElement, perRegister = std::min(parts, laneCount<I<Mox32s>>);
+    constexpr int perWide = std::min(parts, laneCount<Wide>);
+    const auto from = [&](int part) __attribute__((always_inline)) {
+      return saturate<Part<D>>(
+          lanes(lanesFrom<V<Lane<Wide>, perWide>>(src, i + part / perElement)...));
+    };
+    using R = V<Mox32s, perRegister>;
+    Registers<R, parts / perRegister> r;
+    for (int j = 0, part = 0; part < parts; ++j, part += perRegister) {
+      if constexpr (perWide == perRegister) {
+        r.of[j] = from(part);
+      } else if constexpr (perWide < perRegister) {
+        r.of[j] = join<R>(from(part), from(part + perWide));
+      } else {
+        const auto [low, high] = halves(from(part));
+        r.of[j] = low, r.of[++j] = high;
+        part += perRegister;
+      }
+    }
+    return saturatedRegisters<Part<D>>(r);
+  };
+  forSteps<step, 1, least>(bypasses<stores>(dst, len, src...), dst, len, at, one);
 }
 
-// Results in registers of integers: lanes(i) makes those from element i on, one(i, part) a single
-// one. All of a block are made before any is stored; where that would change results, since `dst`
-// starts within a block of one of the sources, elements go one by one.
-template <class D, class One, class Lanes, class... Source>
+// Results in registers of integers, or of as many as `step` elements: lanes(n, i) makes those of n
+// elements from i on, where n is the type of a number; one(i, part) makes a single part. Where
+// `dst` starts within a source, elements go one by one: each is the function of what the ones
+// before it have left.
+template <int step, int least, class D, class One, class Lanes, class... Source>
 [[gnu::always_inline]] inline void mapInteger(D* dst, long len, One one, Lanes lanes,
                                               Source... src) {
-  constexpr int perVector = integerBytes / int(sizeof(Part<D>)), perElement = partsPerElement<D>;
-  constexpr int step = perVector / perElement, vecs = sizeof(Part<D>) == 1 ? 2 : 4;
-  const auto vectors = [&]<int count>(std::integral_constant<int, count>) {
-    return [&](long i, auto put) {
-      I<Part<D>> r[count];
-      for (int j = 0; j < count; ++j) r[j] = lanes(i + j * step);
-      for (int j = 0; j < count; ++j) put(dst + i + j * step, r[j]);
-    };
-  };
+  constexpr int perElement = partsPerElement<D>;
   const auto element = [&](long i) {
     Part<D> r[perElement];
     for (int part = 0; part < perElement; ++part) r[part] = one(i, part);
     for (int part = 0; part < perElement; ++part) store(parts(dst + i) + part, r[part]);
   };
-  if ((runsAhead(dst, src, integerBytes * vecs) || ...)) [[unlikely]]
+  if ((runsAhead(dst, src, len * long(sizeof(D))) || ...)) [[unlikely]]
     for (long i = 0; i < len; ++i) element(i);
   else
-    forBlocks<vecs * step, integerBytes, step>(false, dst, len, element,
-                                               vectors(std::integral_constant<int, vecs>()),
-                                               vectors(std::integral_constant<int, 1>()));
+    forSteps<step, sizeof(Part<D>) == 1 ? 2 : 4, least>(
+        false, dst, len, [&](auto n, long i) { return Registers{lanes(n, i)}; }, element);
 }
 
 // dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within `bound`.
@@ -90,7 +103,7 @@ void mapScaled(int factor, Op exact, D* dst, long len, Source... src) {
               saturate<Part<D>>(rule(R(exact(R(partFrom(src, i, part))...)))));
     };
     if constexpr (hasExactVector<bound> && alike && fits)
-      mapToInteger<ExactVector<bound>>(
+      mapToInteger<ExactVector<bound>, Stores::cached, true>(
           one, [&](auto... v) { return rule(exact(v...)); }, dst, len, src...);
     else
       for (long i = 0; i < len; ++i) one(i);

@@ -38,33 +38,50 @@ struct Limits<Packed24<Value>> {
 
 namespace detail {
 // Byte moves of four lanes: the three bytes of each packed sample to the top of a 32-bit lane, and
-// the three low bytes of each lane together. A negative index gives a zero byte.
-constexpr V<Mox8s, 16> spread24 = {-1, 0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11};
-constexpr V<Mox8s, 16> gather24 = {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1};
-
-[[gnu::always_inline]] inline V<Mox8s, 16> moveBytes(V<Mox8s, 16> v, V<Mox8s, 16> places) {
-  return V<Mox8s, 16>(_mm_shuffle_epi8(__m128i(v), __m128i(places)));
-}
+// the three low bytes of each lane together. An index with bit 7 set gives a zero byte.
+using Block = V<Mox8u, 16>;
+constexpr Block spread24 = {255, 0, 1, 2, 255, 3, 4, 5, 255, 6, 7, 8, 255, 9, 10, 11};
+constexpr Block gather24 = {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 255, 255, 255, 255};
 }  // namespace detail
 
-// Four samples widened; no byte behind them is read.
-template <class Value>
-[[gnu::always_inline]] inline V<Value, 4> loadLanes(const Packed24<Value>* p) {
-  const __m128i bytes = _mm_insert_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
-                                         load<int>(p->bytes + 8), 2);
-  return V<Value, 4>(detail::moveBytes(V<Mox8s, 16>(bytes), detail::spread24)) >> 8;
+// Samples widened; no byte behind them is read.
+template <class Wide, class Value>
+[[gnu::always_inline]] inline Wide loadLanes(const Packed24<Value>* p) {
+  constexpr int count = laneCount<Wide>;
+  if constexpr (count > 4) {
+    using Half = V<Lane<Wide>, count / 2>;
+    return join<Wide>(loadLanes<Half>(p), loadLanes<Half>(p + count / 2));
+  } else {
+    const __m128i bytes = _mm_insert_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
+                                           load<int>(p->bytes + 8), 2);
+    return Wide(V<Value, 4>(lookUp(detail::Block(bytes), detail::spread24)) >> 8);
+  }
 }
 
-// Sixteen samples, the low three bytes of each lane.
-template <class Value, class Put>
-[[gnu::always_inline]] inline void storeLanes(Packed24<Value>* p, const I<Mox32s> (&lanes)[4],
-                                              Put put) {
-  __m128i v[4];
-  for (int j = 0; j < 4; ++j)
-    v[j] = __m128i(detail::moveBytes(V<Mox8s, 16>(lanes[j]), detail::gather24));
-  put(p->bytes, _mm_or_si128(v[0], _mm_slli_si128(v[1], 12)));
-  put(p->bytes + 16, _mm_or_si128(_mm_srli_si128(v[1], 4), _mm_slli_si128(v[2], 8)));
-  put(p->bytes + 32, _mm_or_si128(_mm_srli_si128(v[2], 8), _mm_slli_si128(v[3], 4)));
+// The low three bytes of each lane, of sixteen lanes or a multiple of that.
+template <class T, int count>
+[[gnu::always_inline]] inline auto packedLanes(const Registers<T, count>& lanes) {
+  if constexpr (sizeof(T) > 16) {
+    Registers<V<Lane<T>, laneCount<T> / 2>, 2 * count> narrow;
+    for (int j = 0; j < count; ++j) {
+      const auto [low, high] = halves(lanes.of[j]);
+      narrow.of[2 * j] = low, narrow.of[2 * j + 1] = high;
+    }
+    return packedLanes(narrow);
+  } else {
+    Registers<detail::Block, count / 4 * 3> packed;
+    for (int j = 0; j < count / 4; ++j) {
+      __m128i v[4];
+      for (int k = 0; k < 4; ++k)
+        v[k] = __m128i(lookUp(detail::Block(lanes.of[4 * j + k]), detail::gather24));
+      packed.of[3 * j] = detail::Block(_mm_or_si128(v[0], _mm_slli_si128(v[1], 12)));
+      packed.of[3 * j + 1] =
+          detail::Block(_mm_or_si128(_mm_srli_si128(v[1], 4), _mm_slli_si128(v[2], 8)));
+      packed.of[3 * j + 2] =
+          detail::Block(_mm_or_si128(_mm_srli_si128(v[2], 8), _mm_slli_si128(v[3], 4)));
+    }
+    return packed;
+  }
 }
 
 }  // namespace mox

@@ -78,25 +78,45 @@ template <class T>
   return unpackHigh<Lane<T>>(z.re, z.im);
 }
 
+// The numbers interleaved, in order.
+template <class T>
+[[gnu::always_inline]] inline Registers<T, 2> interleaved(Pair<T> z) {
+  if constexpr (sizeof(T) == 64) {
+    constexpr int lanes = laneCount<T>;
+    return {{shuffle<[](int i) { return i % 2 * lanes + i / 2; }>(z.re, z.im),
+             shuffle<[](int i) { return i % 2 * lanes + (lanes + i) / 2; }>(z.re, z.im)}};
+  } else {
+    const T low = interleavedLow(z), high = interleavedHigh(z);
+    if constexpr (sizeof(T) == 32)
+      return {{joinLow(low, high), joinHigh(low, high)}};
+    else
+      return {{low, high}};
+  }
+}
+
 // Consecutive numbers from `z` on, in order.
 template <class T>
 [[gnu::always_inline]] inline Pair<T> loadDeinterleaved(const Lane<T>* z) {
   constexpr int lanes = laneCount<T>;
-  if constexpr (std::is_same_v<T, I<Mox16s>>) {
-    const auto a = load<I<Mox32u>>(z), b = load<I<Mox32u>>(z + lanes);
-    const auto packed = [](auto low, auto high) {
-      return T(packInOrder<Mox16u>(I<Mox32s>(low), I<Mox32s>(high)));
+  if constexpr (std::is_same_v<Lane<T>, Mox16s>) {
+    using Numbers = V<Mox32u, lanes / 2>;
+    const auto a = load<Numbers>(z), b = load<Numbers>(z + lanes);
+    const auto packed = [](Numbers low, Numbers high) {
+      using Signed = Beside<Mox32s, Numbers>;
+      return T(packInOrder<Mox16u>(Signed(low), Signed(high)));
     };
     return {packed(a & 0xFFFF, b & 0xFFFF), packed(a >> 16, b >> 16)};
-  } else if constexpr (sizeof(T) == 16) {
-    return deinterleaved(load<T>(z), load<T>(z + lanes));
-  } else {
+  } else if constexpr (sizeof(T) == 32) {
     // Numbers in order cross the 16-byte blocks of the vectors. One half is loaded once more where
     // it goes, the other is shuffled there: so the processor's loads and shuffles share the work.
     using Half = V<Lane<T>, lanes / 2>;
     const T low = inRegister(load<T>(z));
     const auto lowest = shuffle<[](int i) { return i; }, lanes / 2>(low, low);
     return deinterleaved(join<T>(lowest, load<Half>(z + lanes)), joinHigh(low, load<T>(z + lanes)));
+  } else {
+    const T a = load<T>(z), b = load<T>(z + lanes);
+    return {shuffle<[](int i) { return 2 * i; }>(a, b),
+            shuffle<[](int i) { return 2 * i + 1; }>(a, b)};
   }
 }
 

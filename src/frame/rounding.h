@@ -43,9 +43,8 @@ F powerOfTwo(int n) {
     return std::bit_cast<F>(Mox64u(1023 + n) << 52);
 }
 
-// The rules below take scalars and vectors of Exact<bound> and ExactVector<bound>.
-// forLanes<W>() is the same rule for integer vectors W of another width, which must hold what the
-// rule makes of r on the way; it is made once, before a loop.
+// The rules below take scalars of Exact<bound>, vectors of ExactVector<bound>, and vectors of other
+// integers that hold what the rule makes of r on the way.
 
 // Factor 0: the value itself.
 struct Unscaled {
@@ -53,87 +52,82 @@ struct Unscaled {
   R operator()(R r) const {
     return r;
   }
-  template <class W>
-  Unscaled forLanes() const {
-    return {};
-  }
 };
 
-// Division of integers by 2^n, n > 0, to nearest with ties to even; R is E or a vector of it.
-// hasHeadroom says that a bit of E is free for the sum with half a unit.
-template <class R, class E, bool hasHeadroom>
-class RoundedShift {
-  using Unsigned = BitsOf<E>;
-  using UnsignedR =
-      std::conditional_t<std::is_same_v<R, E>, Unsigned, V<Unsigned, sizeof(R) / sizeof(E)>>;
-  static constexpr int bits = 8 * sizeof(E);
+namespace detail {
 
+// Scalars or lanes.
+template <class R>
+struct LanesOf {
+  using type = R;
+};
+template <class R>
+requires(!std::is_arithmetic_v<R> && !std::is_same_v<R, Int128>) struct LanesOf<R> {
+  using type = Lane<R>;
+};
+template <class R>
+using Number = typename LanesOf<R>::type;
+
+template <class R>
+[[gnu::always_inline]] inline R all(Number<R> e) {
+  if constexpr (std::is_same_v<R, Number<R>>)
+    return e;
+  else
+    return broadcast<R>(e);
+}
+
+}  // namespace detail
+
+// A factor above 0: division by 2^n, to nearest with ties to even.
+template <int bound>
+class ScaledDown {
  public:
-  explicit RoundedShift(int n) : n_(std::min(n, bits - 1)), bias_(lanes((E(1) << (n_ - 1)) - 1)) {
-    if constexpr (!hasHeadroom) {
-      mask_ = lanes(E((Unsigned(1) << n_) - 1));
-      // For n >= bits every result is 0: the bias carries exactly when `whole` is -1.
-      if (n >= bits) mask_ = lanes(0), bias_ = lanes(std::numeric_limits<E>::max());
+  explicit ScaledDown(int n) : n_(n) {}
+
+  template <class R>
+  [[gnu::always_inline]] R operator()(R r) const {
+    using E = detail::Number<R>;
+    // A bit is free for the sum with half a unit.
+    constexpr bool hasHeadroom = sizeof(E) == 2 || bound < 8 * int(sizeof(E)) - 1;
+    if constexpr (std::is_floating_point_v<E>)
+      return nearestInteger(r * powerOfTwo<Mox64f>(-std::min(n_, bound + 2)));
+    else if constexpr (hasHeadroom)
+      return shiftedInHeadroom(r);
+    else
+      return shifted(r);
+  }
+
+ private:
+  template <class R>
+  [[gnu::always_inline]] R shiftedInHeadroom(R r) const {
+    using E = detail::Number<R>;
+    const int n = std::min(n_, 8 * int(sizeof(E)) - 1);
+    const R whole = r >> n, bias = detail::all<R>(E((E(1) << (n - 1)) - 1));
+    return (r + bias + (whole & 1)) >> n;
+  }
+
+  // The fraction is rounded apart from the whole, and its carry added.
+  template <class R>
+  [[gnu::always_inline]] R shifted(R r) const {
+    using E = detail::Number<R>;
+    using Bits = BitsOf<E>;
+    constexpr int bits = 8 * sizeof(E);
+    const int n = std::min(n_, bits - 1);
+    // For n >= bits every result is 0: the bias carries exactly when `whole` is -1.
+    const E mask = n_ >= bits ? E(0) : E((Bits(1) << n) - 1);
+    const E bias = n_ >= bits ? std::numeric_limits<E>::max() : E((E(1) << (n - 1)) - 1);
+    const R whole = r >> n;
+    if constexpr (std::is_same_v<R, E>) {
+      return whole + R((Bits(r & mask) + Bits(bias) + Bits(whole & 1)) >> n);
+    } else {
+      using UnsignedR = Beside<Bits, R>;
+      const auto fraction = UnsignedR(r & detail::all<R>(mask)) + UnsignedR(detail::all<R>(bias)) +
+                            UnsignedR(whole & 1);
+      return whole + R(fraction >> n);
     }
   }
 
-  [[gnu::always_inline]] R operator()(R r) const {
-    const R whole = r >> n_;
-    if constexpr (hasHeadroom) return (r + bias_ + (whole & 1)) >> n_;
-    // The fraction is rounded apart from the whole, and its carry added.
-    const auto fraction = UnsignedR(r & mask_) + UnsignedR(bias_) + UnsignedR(whole & 1);
-    return whole + R(fraction >> n_);
-  }
-
- private:
-  static R lanes(E e) {
-    if constexpr (std::is_same_v<R, E>)
-      return e;
-    else
-      return broadcast<R>(e);
-  }
-
   int n_;
-  R mask_, bias_;
-};
-
-// The same for doubles that are integers up to 2^bound.
-template <int bound>
-class RoundedQuotient {
- public:
-  explicit RoundedQuotient(int n)
-      : factor_(broadcast<V<Mox64f>>(powerOfTwo<Mox64f>(-std::min(n, bound + 2)))) {}
-
-  [[gnu::always_inline]] V<Mox64f> operator()(V<Mox64f> r) const {
-    return nearestInteger(r * factor_);
-  }
-
- private:
-  V<Mox64f> factor_;
-};
-
-// A factor above 0: division by 2^n.
-template <int bound>
-class ScaledDown {
-  using Scalar = Exact<bound>;
-  using Vector = ExactVector<bound>;
-
- public:
-  explicit ScaledDown(int n) : n_(n), scalar_(n), vector_(n) {}
-
-  [[gnu::always_inline]] Scalar operator()(Scalar r) const { return scalar_(r); }
-  [[gnu::always_inline]] Vector operator()(Vector r) const { return vector_(r); }
-
-  template <class W>
-  auto forLanes() const {
-    return RoundedShift<W, Lane<W>, true>(n_);
-  }
-
- private:
-  int n_;
-  RoundedShift<Scalar, Scalar, bound != 63> scalar_;
-  std::conditional_t<bound <= 31, RoundedShift<Vector, Mox32s, bound != 31>, RoundedQuotient<bound>>
-      vector_;
 };
 
 // A factor below 0: multiplication by 2^n, stopped at the limits of T before it can wrap. From 2^n
@@ -141,22 +135,13 @@ class ScaledDown {
 template <class T, int bound>
 class ScaledUp {
   using Scalar = Exact<bound>;
-  using Vector = ExactVector<bound>;
   static_assert(Int128(Scalar(Limits<T>::max)) == Limits<T>::max, "name a larger bound");
 
  public:
   explicit ScaledUp(int n)
       : n_(std::min(n, Limits<T>::digits)),
         high_(Scalar(Limits<T>::max >> n_)),
-        low_(Scalar(Limits<T>::min >> n_)) {
-    if constexpr (bound <= 31) {
-      highLanes_ = broadcast<Vector>(Mox32s(high_));
-      lowLanes_ = broadcast<Vector>(Mox32s(low_));
-      ones_ = broadcast<Vector>(Mox32s((Int128(1) << n_) - 1));
-    } else {
-      factor_ = broadcast<Vector>(powerOfTwo<Mox64f>(n_));
-    }
-  }
+        low_(Scalar(Limits<T>::min >> n_)) {}
 
   [[gnu::always_inline]] Scalar operator()(Scalar r) const {
     if (r > high_) return Scalar(Limits<T>::max);
@@ -164,47 +149,38 @@ class ScaledUp {
     return r << n_;
   }
 
-  [[gnu::always_inline]] Vector operator()(Vector r) const {
-    if constexpr (bound <= 31)
-      return (greater(lesser(r, highLanes_), lowLanes_) << n_) | ((r > highLanes_) & ones_);
-    else
-      return r * factor_;
-  }
-
-  template <class W>
-  auto forLanes() const {
-    using E = Lane<W>;
-    const auto high = broadcast<W>(E(high_)), low = broadcast<W>(E(low_)),
-               ones = broadcast<W>(E((Int128(1) << n_) - 1));
-    const int count = n_ < 8 * int(sizeof(E)) ? n_ : 8 * int(sizeof(E));
-    return [=](W r) {
-      W stopped = lesser(r, high);
-      if constexpr (std::is_signed_v<E>) stopped = greater(stopped, low);
-      return shiftLeft(stopped, count) | (W(r > high) & ones);
-    };
+  template <class R>
+  [[gnu::always_inline]] R operator()(R r) const {
+    using E = Lane<R>;
+    if constexpr (std::is_floating_point_v<E>) {
+      return r * powerOfTwo<Mox64f>(n_);
+    } else {
+      const R high = broadcast<R>(E(high_)), ones = broadcast<R>(E((Int128(1) << n_) - 1));
+      R stopped = lesser(r, high);
+      if constexpr (std::is_signed_v<E>) stopped = greater(stopped, broadcast<R>(E(low_)));
+      return shiftLeft(stopped, std::min(n_, 8 * int(sizeof(E)))) | (R(r > high) & ones);
+    }
   }
 
  private:
   int n_;
   Scalar high_, low_;
-  I<Mox32s> highLanes_, lowLanes_, ones_;
-  V<Mox64f> factor_;
 };
 
-// The nearest value of T. Four doubles, which are integers by now, come out as 32-bit integers, and
-// vectors of those stand for packInOrder() to narrow; for 24 bits there is no such pack.
+// The nearest value of T. Doubles, which are integers by now, come out as 32-bit integers, and
+// vectors of those stand for packs to narrow; for 24 bits there is no such pack.
 template <class T, class R>
-auto saturate(R r) {
-  if constexpr (std::is_same_v<R, I<Mox32s>> && std::is_integral_v<T>) {
+[[gnu::always_inline]] inline auto saturate(R r) {
+  if constexpr (Of<R, Mox32s> && std::is_integral_v<T>) {
     return r;
-  } else if constexpr (std::is_same_v<R, I<Mox32s>>) {
+  } else if constexpr (Of<R, Mox32s>) {
     return greater(lesser(r, broadcast<R>(Mox32s(Limits<T>::max))),
                    broadcast<R>(Mox32s(Limits<T>::min)));
-  } else if constexpr (std::is_same_v<R, V<Mox64f>>) {
+  } else if constexpr (Of<R, Mox64f>) {
     static_assert(Limits<T>::max < Int128(1) << 31, "no lanes for this type");
     const auto high = broadcast<R>(Mox64f(Limits<T>::max)),
                low = broadcast<R>(Mox64f(Limits<T>::min));
-    return __builtin_convertvector(greater(lesser(r, high), low), I<Mox32s>);
+    return __builtin_convertvector(greater(lesser(r, high), low), Beside<Mox32s, R>);
   } else {
     return T(std::clamp<Int128>(r, Limits<T>::min, Limits<T>::max));
   }

@@ -1,6 +1,7 @@
 // Arrays filled with blocks of numbers that are made on the way.
 #pragma once
 
+#include <bit>
 #include <cstring>
 
 #include "frame/complex_views.h"
@@ -24,24 +25,19 @@ template <class D, class F>
 
 namespace detail {
 
-// The four registers of integers of a block, truncated and saturated. Numbers of single precision
-// fit in 32 bits.
+// A vector truncated and saturated to D in 32 bits. Numbers of single precision fit in those.
 template <class D>
-[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox64f>& b) {
-  for (int j = 0; j < 4; ++j) {
-    if constexpr (std::is_same_v<D, Mox32u>)  // less 2^31 while they are signed
-      r[j] =
-          saturate<Mox32s>(truncated(b.v[j]) - 0x1p31) ^ I<Mox32s>(broadcast<I<Mox32u>>(1u << 31));
-    else
-      r[j] = saturate<D>(b.v[j]);
-  }
+[[gnu::always_inline]] inline auto truncatedTo(V<Mox64f> v) {
+  using Integers = Beside<Mox32s, V<Mox64f>>;
+  if constexpr (std::is_same_v<D, Mox32u>)  // less 2^31 while they are signed
+    return saturate<Mox32s>(truncated(v) - 0x1p31) ^
+           Integers(broadcast<Beside<Mox32u, Integers>>(1u << 31));
+  else
+    return saturate<D>(v);
 }
 template <class D>
-[[gnu::always_inline]] inline void truncateInto(I<Mox32s> (&r)[4], const Block<Mox32f>& b) {
-  for (int j = 0; j < 2; ++j) {
-    const auto [low, high] = halves(integersOf(b.v[j]));
-    r[2 * j] = low, r[2 * j + 1] = high;
-  }
+[[gnu::always_inline]] inline auto truncatedTo(V<Mox32f> v) {
+  return integersOf(v);
 }
 
 }  // namespace detail
@@ -54,9 +50,12 @@ template <class D, class F>
     const auto numbers = inFormat<D>(b);
     for (int j = 0; j < Block<D>::vectors; ++j) put(dst + j * lanesOf<D>, numbers.v[j]);
   } else {
-    I<Mox32s> r[4];
-    detail::truncateInto<D>(r, b);
-    storeSaturated(dst, r, put);
+    using Integers = Beside<Mox32s, V<F>>;
+    Registers<Integers, Block<F>::vectors> r;
+    for (int j = 0; j < Block<F>::vectors; ++j) r.of[j] = detail::truncatedTo<D>(b.v[j]);
+    // Registers in which all builds narrow integers.
+    const auto four = std::bit_cast<Registers<V<Mox32s, 4>, blockLen / 4>>(r);
+    mox::detail::putRegisters(dst, saturatedRegisters<D>(four), put);
   }
 }
 

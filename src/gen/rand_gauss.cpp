@@ -40,7 +40,7 @@ constexpr Mox32s gaussId = 38 + std::countr_zero(sizeof(T));
 using Wide = V<Mox64f>;
 
 // u 2^-31
-[[gnu::always_inline]] inline Wide coordinates(I<Mox32s> u) {
+[[gnu::always_inline]] inline Wide coordinates(RandomSequence::Vector u) {
   return __builtin_convertvector(u, Wide) * 0x1p-31;
 }
 
@@ -90,20 +90,23 @@ class GaussNumbers {
   }
 
   [[gnu::always_inline]] void keepPoints(RandomSequence& sequence) {
-    I<Mox32s> u[4];
+    RandomSequence::Vector u[RandomSequence::vectors];
     sequence.nextBlock(u);
     int end = end_;  // in a register: a store to the pool might change a member
-    for (int j = 0; j < 4; j += 2) {
-      const auto [first, second] = deinterleaved(u[j], u[j + 1]);
+    for (int j = 0; j < RandomSequence::vectors; j += 2) {
+      const auto first = shuffle<[](int i) { return 2 * i; }>(u[j], u[j + 1]),
+                 second = shuffle<[](int i) { return 2 * i + 1; }>(u[j], u[j + 1]);
       const Pair<Wide> z = {coordinates(second), coordinates(first)};
       const Wide s = squaredMagnitude(z);
-      const int inCircle = signBits((s < 1) & (s > 0));
-      const auto even = halves(interleavedLow(z)), odd = halves(interleavedHigh(z));
-      const auto keep = [&](int point, auto numbers) {
-        store(pool_ + end, numbers);
+      const int inCircle = int(signBits((s < 1) & (s > 0)));
+      // Each a point: those with even numbers, and those with odd ones.
+      using Points = Registers<V<Mox64f, 2>, lanesOf<Mox64f> / 2>;
+      const auto even = std::bit_cast<Points>(interleavedLow(z)),
+                 odd = std::bit_cast<Points>(interleavedHigh(z));
+      for (int point = 0; point < lanesOf<Mox64f>; ++point) {
+        store(pool_ + end, (point % 2 ? odd : even).of[point / 2]);
         end += inCircle >> point << 1 & 2;
-      };
-      keep(0, even.low), keep(1, odd.low), keep(2, even.high), keep(3, odd.high);
+      }
     }
     toDraw_ -= end - end_;
     end_ = end;

@@ -43,11 +43,12 @@ void fillUniform(T* dst, long len, const Interval& interval, RandomSequence& seq
   const ResultScope<T> scope;
   RandomSequence s = sequence;
   fillBlocks(dst, len, [&](int count) {
-    I<Mox32s> u[4] = {};
+    RandomSequence::Vector u[RandomSequence::vectors] = {};
+    constexpr int lanes = laneCount<RandomSequence::Vector>;
     if (count == blockLen)
       s.nextBlock(u);
     else
-      for (int i = 0; i < count; ++i) u[i / 4][i % 4] = s.next();
+      for (int i = 0; i < count; ++i) u[i / lanes][i % lanes] = s.next();
     return blockOf<Mox64f>([&](int j) {
       return __builtin_convertvector(u[j], V<Mox64f>) * interval.range + interval.mid;
     });

@@ -3,6 +3,8 @@
 // generators, 1994).
 #pragma once
 
+#include <cstring>
+
 #include "gen/block.h"
 
 namespace mox::gen {
@@ -38,15 +40,20 @@ class RandomSequence {
     return Mox32s(n + lcg_);
   }
 
-  // The next sixteen at once.
-  [[gnu::always_inline]] void nextBlock(I<Mox32s> (&u)[4]) {
+  // The next sixteen at once, in vectors that go with those of doubles.
+  using Vector = Beside<Mox32s, V<Mox64f>>;
+  static constexpr int vectors = blockLen / laneCount<Vector>;
+  [[gnu::always_inline]] void nextBlock(Vector (&u)[vectors]) {
+    using Four = V<Mox32u, 4>;
     Mox32u n[blockLen];
     for (Mox32u& e : n) e = difference();
-    for (int j = 0; j < 4; ++j) {
-      const auto lcg = load<I<Mox32u>>(&detail::ahead.factor[4 * j]) * lcg_ +
-                       load<I<Mox32u>>(&detail::ahead.sum[4 * j]);
-      u[j] = I<Mox32s>(I<Mox32u>{n[4 * j], n[4 * j + 1], n[4 * j + 2], n[4 * j + 3]} + lcg);
+    Registers<Four, blockLen / 4> r;
+    for (int j = 0; j < blockLen; j += 4) {
+      const auto lcg =
+          load<Four>(&detail::ahead.factor[j]) * lcg_ + load<Four>(&detail::ahead.sum[j]);
+      r.of[j / 4] = Four{n[j], n[j + 1], n[j + 2], n[j + 3]} + lcg;
     }
+    std::memcpy(u, &r, sizeof u);
     lcg_ = lcg_ * detail::ahead.factor[blockLen - 1] + detail::ahead.sum[blockLen - 1];
   }
 

@@ -26,10 +26,9 @@ template <int partsPerElement, class F>
 }
 
 // To the nearest of the integers of 16 bits.
-[[gnu::always_inline]] inline I<Mox16s> rounded(V<Mox32f> v) {
+[[gnu::always_inline]] inline Beside<Mox16s, V<Mox32f>> rounded(V<Mox32f> v) {
   const auto low = broadcast<V<Mox32f>>(-32768.0f), high = broadcast<V<Mox32f>>(32767.0f);
-  const auto [first, second] = halves(integersOf(nearestInteger(greater(lesser(v, high), low))));
-  return packInOrder<Mox16s>(first, second);
+  return narrowed<Mox16s>(integersOf(nearestInteger(greater(lesser(v, high), low))));
 }
 
 template <class E, class W>

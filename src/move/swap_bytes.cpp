@@ -17,47 +17,37 @@ Packed24u swapped(Packed24u e) {
   return e;
 }
 
-using Bytes = I<Mox8u>;
-
 // Where the byte that belongs at place i stands: mirrored within its element.
 template <int size>
 constexpr int mirrored(int i) {
   return i / size * size + size - 1 - i % size;
 }
 
-template <int size>
-[[gnu::always_inline]] inline void swapBlock(Bytes (&v)[4]) {
-  for (Bytes& b : v) b = shuffle<mirrored<size>>(b);
-}
-
 // Sixteen elements of three bytes: those across a vector boundary draw from both sides.
-template <int size>
-[[gnu::always_inline]] inline void swapBlock(Bytes (&v)[3]) {
+using Bytes = V<Mox8u, 16>;
+[[gnu::always_inline]] inline Registers<Bytes, 3> mirroredTriples(const Mox8u* src) {
   constexpr auto first = [](int i) { return mirrored<3>(i); };
   constexpr auto last = [](int i) { return mirrored<3>(32 + i) - 16; };
   // Place 1 of the middle draws from the first vector and place 14 from the last one.
   constexpr auto middle = [](int i) { return i == 14 ? 30 : mirrored<3>(16 + i); };
   constexpr auto third = [](int i) { return i == 14 ? 16 : i; };
-  const Bytes a = shuffle<first>(v[0], v[1]), c = shuffle<last>(v[1], v[2]);
-  v[1] = shuffle<third>(shuffle<middle>(v[0], v[1]), v[2]);
-  v[0] = a, v[2] = c;
+  const auto a = load<Bytes>(src), b = load<Bytes>(src + 16), c = load<Bytes>(src + 32);
+  return {{shuffle<first>(a, b), shuffle<third>(shuffle<middle>(a, b), c), shuffle<last>(b, c)}};
 }
 
 template <class E>
 void swapElements(const E* src, E* dst, long len) {
-  constexpr int size = sizeof(E), vecs = size == 3 ? 3 : 4;
-  constexpr long vector = sizeof(Bytes), block = vecs * vector / size;
-  forBlocks<block>(
+  constexpr int size = sizeof(E), step = size == 3 ? 16 : integerBytes / size;
+  forSteps<step, size == 3 ? 1 : 4, 16 / (size == 3 ? 1 : size)>(
       bypasses<Stores::bypassing>(dst, len, src), dst, len,
-      [&](long i) { store(dst + i, swapped(load<E>(src + i))); },
-      [&](long i, auto put) {
+      [&](auto n, long i) {
         const auto* from = reinterpret_cast<const Mox8u*>(src + i);
-        auto* to = reinterpret_cast<Mox8u*>(dst + i);
-        Bytes v[vecs];
-        for (int j = 0; j < vecs; ++j) v[j] = load<Bytes>(from + j * vector);
-        swapBlock<size>(v);
-        for (int j = 0; j < vecs; ++j) put(to + j * vector, v[j]);
-      });
+        if constexpr (size == 3)
+          return mirroredTriples(from);
+        else
+          return Registers{shuffle<mirrored<size>>(load<V<Mox8u, n * size>>(from))};
+      },
+      [&](long i) { store(dst + i, swapped(load<E>(src + i))); });
 }
 
 template <class Packed = void, class E>

@@ -68,7 +68,7 @@ auto squaredMagnitudes(const Numbers& numbers) {
 template <class T>
 [[gnu::always_inline]] inline T quickRoot(T squared) {
   if constexpr (std::is_same_v<T, V<Mox32f, 4>>) {
-    if (anyLane(I<Mox32s>(squared) == 0)) return squareRoot(squared);
+    if (anyLane(V<Mox32s, 4>(squared) == 0)) return squareRoot(squared);
     const T estimate = reciprocalRootEstimate(squared);
     const T root = squared * estimate, one = root * estimate;
     return 0.5f * (3.0f - one) * root;

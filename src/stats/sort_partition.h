@@ -23,12 +23,12 @@ constexpr int scanBlock = 64;
 template <class T, class Test>
 [[gnu::always_inline]] inline Mox64u stops(const T* elements, int count, Test passes) {
   constexpr int lanes = laneCount<Register<T>>;
-  constexpr unsigned every = (1u << lanes) - 1;
+  constexpr Mox64u every = ~Mox64u(0) >> (64 - lanes);
   Mox64u bits = 0;
   int k = 0;
   for (; k <= count - lanes; k += lanes) {
-    const unsigned passed = unsigned(signBits(passes(load<Register<T>>(elements + k))));
-    bits |= Mox64u(passed ^ every) << k;
+    const Mox64u passed = signBits(passes(load<Register<T>>(elements + k)));
+    bits |= (passed ^ every) << k;
   }
   for (; k < count; ++k) bits |= Mox64u(!passes(load<T>(elements + k))) << k;
   return bits;

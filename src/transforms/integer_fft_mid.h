@@ -30,10 +30,9 @@ struct WordTarget {
 
  private:
   // The conversion gives the least integer for what is below all, and would for what is above.
-  [[gnu::always_inline]] I<Mox16s> words(V<F> v) const {
+  [[gnu::always_inline]] Beside<Mox16s, V<F>> words(V<F> v) const {
     const V<F> most = broadcast<V<F>>(F(Limits<Mox16s>::max));
-    const auto r = halves(toInteger(lesser(v * factor, most)));
-    return packInOrder<Mox16s>(r.low, r.high);
+    return narrowed<Mox16s>(toInteger(lesser(v * factor, most)));
   }
 };
 

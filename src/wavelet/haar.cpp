@@ -19,12 +19,11 @@ MoxStatus forwardFloats(const E* src, int len, E* low, E* high) {
     store(high + i, h);
     store(low + i, x.re + h);
   };
-  forPairs<lanesOf<E>, vectorBytes>(
-      low, len / 2,
+  splitPairs<lanesOf<E>>(
+      len / 2, [=](long i) { put(i, loadDeinterleaved<V<E>>(src + 2 * i)); },
       [=](long i) {
         put(i, Pair<E>{load<E>(src + 2 * i), load<E>(src + 2 * i + 1)});
-      },
-      [=](long i, auto) { put(i, loadDeinterleaved<V<E>>(src + 2 * i)); });
+      });
   if (len % 2) store(low + len / 2, load<E>(src + len - 1));
   return moxOk;
 }
@@ -32,16 +31,16 @@ MoxStatus forwardFloats(const E* src, int len, E* low, E* high) {
 template <class E>
 MoxStatus inverseFloats(const E* low, const E* high, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, low, high, dst)) return s;
-  forPairs<lanesOf<E>, vectorBytes>(
-      pairsOf(dst), len / 2,
+  joinPairs<lanesOf<E>>(
+      dst, len / 2,
+      [=](long i) {
+        const auto l = load<V<E>>(low + i), h = load<V<E>>(high + i);
+        return Pair{l - h, l + h};
+      },
       [=](long i) {
         const E l = load<E>(low + i), h = load<E>(high + i);
         store(dst + 2 * i, l - h);
         store(dst + 2 * i + 1, l + h);
-      },
-      [=](long i, auto put) {
-        const auto l = load<V<E>>(low + i), h = load<V<E>>(high + i);
-        storeInterleaved(dst + 2 * i, Pair{l - h, l + h}, put);
       });
   if (len % 2) store(dst + len - 1, load<E>(low + len / 2));
   return moxOk;
@@ -54,9 +53,11 @@ constexpr int bound = 8 * sizeof(E);
 template <class E>
 using Lanes = std::conditional_t<sizeof(E) == 1, I<Mox16s>, ExactVector<bound<E>>>;
 
-// What makes one register of E.
+// Results of a step: those of two vectors of lanes that a pack joins, or of one.
 template <class E>
-constexpr int registers = laneCount<I<E>> / laneCount<Lanes<E>>;
+constexpr int registers = sizeof(E) < 4 ? 2 : 1;
+template <class E>
+constexpr int step = registers<E>* laneCount<Lanes<E>>;
 
 template <class E>
 Pair<Lanes<E>> loadPairs(const E* src) {
@@ -68,20 +69,12 @@ Pair<Lanes<E>> loadPairs(const E* src) {
   }
 }
 template <class E>
-I<E> saturated(const Lanes<E> (&r)[registers<E>]) {
+V<E, step<E>> saturated(const Lanes<E> (&r)[registers<E>]) {
   if constexpr (registers<E> == 1)
     return saturate<E>(r[0]);
   else
     return packInOrder<E>(r[0], r[1]);
 }
-template <class E, class Rule>
-auto laneRule(Rule rule) {
-  if constexpr (sizeof(E) == 1)
-    return rule.template forLanes<Lanes<E>>();
-  else
-    return rule;
-}
-
 // Pairs that are used as they are.
 constexpr auto unchanged = [](auto x) { return x; };
 
@@ -98,17 +91,19 @@ void forwardIntegers(const E* src, int len, E* low, E* high, int exponent, Adjus
     if constexpr (!hasExactVector<bound<E>>)
       for (long i = 0; i < len / 2; ++i) one(i);
     else
-      forPairs<laneCount<I<E>>, integerBytes>(
-          low, len / 2, one, [&, scaled = laneRule<E>(rule)](long i, auto) {
+      splitPairs<step<E>>(
+          len / 2,
+          [&](long i) {
             Lanes<E> sums[registers<E>], differences[registers<E>];
             for (int j = 0; j < registers<E>; ++j) {
               const auto x = adjusted(loadPairs(src + 2 * (i + j * laneCount<Lanes<E>>)));
-              sums[j] = scaled(x.re + x.im);
-              differences[j] = scaled(x.im - x.re);
+              sums[j] = rule(x.re + x.im);
+              differences[j] = rule(x.im - x.re);
             }
             store(low + i, saturated<E>(sums));
             store(high + i, saturated<E>(differences));
-          });
+          },
+          one);
     if (len % 2) store(low + len / 2, saturate<E>(rule(2 * R(load<E>(src + len - 1)))));
   });
 }
@@ -126,17 +121,19 @@ void inverseIntegers(const E* low, const E* high, E* dst, int len, int exponent)
     if constexpr (!hasExactVector<bound<E>>)
       for (long i = 0; i < len / 2; ++i) one(i);
     else
-      forPairs<laneCount<I<E>>, integerBytes>(
-          pairsOf(dst), len / 2, one, [&, scaled = laneRule<E>(rule)](long i, auto put) {
+      joinPairs<step<E>>(
+          dst, len / 2,
+          [&](long i) {
             Lanes<E> first[registers<E>], second[registers<E>];
             for (int j = 0; j < registers<E>; ++j) {
               const auto l = loadWidened<Lanes<E>>(low + i + j * laneCount<Lanes<E>>),
                          h = loadWidened<Lanes<E>>(high + i + j * laneCount<Lanes<E>>);
-              first[j] = scaled(l - h);
-              second[j] = scaled(l + h);
+              first[j] = rule(l - h);
+              second[j] = rule(l + h);
             }
-            storeInterleaved(dst + 2 * i, Pair{saturated<E>(first), saturated<E>(second)}, put);
-          });
+            return Pair{saturated<E>(first), saturated<E>(second)};
+          },
+          one);
     if (len % 2) store(dst + len - 1, saturate<E>(rule(R(load<E>(low + len / 2)))));
   });
 }

@@ -80,17 +80,17 @@ void filterStep(const Channel& c, const Mox32f* src, long len, Outputs& outputs)
 
 // Adds both channels and interleaves the even and the odd outputs.
 void join(const Outputs& low, const Outputs& high, Mox32f* dst, long len) {
-  forPairs<lanesOf<Mox32f>, vectorBytes>(
-      pairsOf(dst), len,
+  joinPairs<lanesOf<Mox32f>>(
+      dst, len,
       [&](long i) {
-        store(dst + 2 * i, low[0][i] + high[0][i]);
-        store(dst + 2 * i + 1, low[1][i] + high[1][i]);
-      },
-      [&](long i, auto put) {
         const auto sum = [&](int p) {
           return load<V<Mox32f>>(low[p] + i) + load<V<Mox32f>>(high[p] + i);
         };
-        storeInterleaved(dst + 2 * i, Pair{sum(0), sum(1)}, put);
+        return Pair{sum(0), sum(1)};
+      },
+      [&](long i) {
+        store(dst + 2 * i, low[0][i] + high[0][i]);
+        store(dst + 2 * i + 1, low[1][i] + high[1][i]);
       });
 }
 

@@ -5,18 +5,19 @@
 
 namespace mox {
 
-// Complex numbers as interleaved parts, real part first.
+// Complex numbers as interleaved parts, real part first. In single precision the instructions are
+// named: a plain load does their work, where shuffle() takes a shuffle as well.
 template <class T>
 [[gnu::always_inline]] inline T realParts(T z) {
-  if constexpr (std::is_same_v<T, V<Mox32f>>)
-    return T(_mm256_moveldup_ps(z));  // a plain load, where shuffle() takes a shuffle as well
+  if constexpr (std::is_same_v<Lane<T>, Mox32f> && sizeof z >= 16)
+    MOX_BY_WIDTH(T, moveldup_ps(z));
   else
     return shuffle<[](int i) { return i & ~1; }>(z);
 }
 template <class T>
 [[gnu::always_inline]] inline T imaginaryParts(T z) {
-  if constexpr (std::is_same_v<T, V<Mox32f>>)
-    return T(_mm256_movehdup_ps(z));
+  if constexpr (std::is_same_v<Lane<T>, Mox32f> && sizeof z >= 16)
+    MOX_BY_WIDTH(T, movehdup_ps(z));
   else
     return shuffle<[](int i) { return i | 1; }>(z);
 }
@@ -33,14 +34,15 @@ template <class T, class E>
 // The real parts of a - b and the imaginary parts of a + b.
 template <class T>
 [[gnu::always_inline]] inline T addSubtract(T a, T b) {
-  if constexpr (std::is_same_v<T, V<Mox32f>>)
-    return T(_mm256_addsub_ps(a, b));
-  else if constexpr (std::is_same_v<T, V<Mox64f>>)
-    return T(_mm256_addsub_pd(a, b));
-  else if constexpr (std::is_same_v<T, V<Mox32f, 4>>)
-    return T(_mm_addsub_ps(a, b));
-  else if constexpr (std::is_same_v<T, V<Mox64f, 2>>)
-    return T(_mm_addsub_pd(a, b));
+  constexpr bool single = std::is_same_v<Lane<T>, Mox32f>, of64f = std::is_same_v<Lane<T>, Mox64f>;
+  if constexpr (single && sizeof a == 64)
+    return T(_mm512_mask_sub_ps(_mm512_add_ps(a, b), 0x5555, a, b));
+  else if constexpr (of64f && sizeof a == 64)
+    return T(_mm512_mask_sub_pd(_mm512_add_pd(a, b), 0x55, a, b));
+  else if constexpr (single && sizeof a >= 16)
+    MOX_BY_WIDTH(T, addsub_ps(a, b));
+  else if constexpr (of64f && sizeof a >= 16)
+    MOX_BY_WIDTH(T, addsub_pd(a, b));
   else
     return shuffle<[](int i) { return i % 2 ? laneCount<T> + i : i; }>(T(a - b), T(a + b));
 }

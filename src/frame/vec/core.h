@@ -12,8 +12,13 @@
 namespace mox {
 
 // The width of a register is a fact of the build.
-constexpr int vectorBytes = 32;
-constexpr int integerBytes = 16;  // AVX has no arithmetic on wider registers of integers
+#if defined __AVX512VL__
+constexpr int vectorBytes = 64, integerBytes = 64;
+#elif defined __AVX2__
+constexpr int vectorBytes = 32, integerBytes = 32;
+#else
+constexpr int vectorBytes = 32, integerBytes = 16;  // AVX has no wider arithmetic on integers
+#endif
 
 // What results are defined by, whatever the registers: lanes of sums, and where sums start.
 constexpr int orderBytes = 32;
@@ -52,6 +57,39 @@ constexpr int laneCount = int(sizeof(Vector) / sizeof(Lane<Vector>));
 template <class E, class Vector>
 using Beside = V<E, laneCount<Vector>>;
 
+// A register of E, of any width.
+template <class T, class E>
+concept Of = sizeof(T) >= 16 && std::is_same_v<T, V<E, sizeof(T) / sizeof(E)>>;
+
+// As the type that the instructions take.
+template <class T>
+[[gnu::always_inline]] inline auto raw(T v) {
+  using F = Lane<T>;
+  if constexpr (std::is_same_v<F, Mox32f>)
+    return V<float, sizeof(T) / sizeof(float)>(v);
+  else if constexpr (std::is_same_v<F, Mox64f>)
+    return V<double, sizeof(T) / sizeof(double)>(v);
+  else
+    return V<long long, sizeof(T) / sizeof(long long)>(v);
+}
+
+// The body of a function whose instruction has a name for each width.
+#define MOX_BY_WIDTH(T, ...)          \
+  if constexpr (sizeof(T) == 16)      \
+    return T(_mm_##__VA_ARGS__);      \
+  else if constexpr (sizeof(T) == 32) \
+    return T(_mm256_##__VA_ARGS__);   \
+  else                                \
+    return T(_mm512_##__VA_ARGS__)
+
+// Registers one behind the other in memory.
+template <class T, int count = 1>
+struct Registers {
+  T of[count];
+};
+template <class T>
+Registers(T) -> Registers<T>;
+
 // Callers' arrays need not be aligned, not even to their element: kernels reach elements and
 // vectors alike through load and store, never by dereferencing a pointer.
 template <class T>
@@ -65,7 +103,11 @@ template <class T>
 // every use.
 template <class T>
 [[gnu::always_inline]] inline T inRegister(T v) {
+#ifdef __AVX512VL__
+  asm("" : "+v"(v));  // any of 32 registers
+#else
   asm("" : "+x"(v));
+#endif
   return v;
 }
 
@@ -82,11 +124,13 @@ template <class T>
 // Stores that bypass the cache; end a run of them with streamFence().
 template <class T>
 [[gnu::always_inline]] inline void storeStream(void* p, T v) {
-  static_assert(sizeof v == vectorBytes || sizeof v == integerBytes);
-  if constexpr (sizeof v == 32)
+  static_assert(sizeof v >= 16);
+  if constexpr (sizeof v == 16)
+    _mm_stream_si128(static_cast<__m128i*>(p), __m128i(v));
+  else if constexpr (sizeof v == 32)
     _mm256_stream_si256(static_cast<__m256i*>(p), __m256i(v));
   else
-    _mm_stream_si128(static_cast<__m128i*>(p), __m128i(v));
+    _mm512_stream_si512(static_cast<__m512i*>(p), __m512i(v));
 }
 inline void streamFence() { _mm_sfence(); }
 
@@ -94,21 +138,27 @@ inline void streamFence() { _mm_sfence(); }
 // operand where they compare neither way, as with NaN.
 template <class T>
 [[gnu::always_inline]] inline T lesser(T a, T b) {
-  if constexpr (std::is_same_v<T, V<Mox32f>>)
-    return T(_mm256_min_ps(a, b));
-  else if constexpr (std::is_same_v<T, V<Mox64f>>)
-    return T(_mm256_min_pd(a, b));
-  else
-    return a < b ? a : b;
+  return a < b ? a : b;
 }
 template <class T>
 [[gnu::always_inline]] inline T greater(T a, T b) {
-  if constexpr (std::is_same_v<T, V<Mox32f>>)
-    return T(_mm256_max_ps(a, b));
-  else if constexpr (std::is_same_v<T, V<Mox64f>>)
-    return T(_mm256_max_pd(a, b));
-  else
-    return a > b ? a : b;
+  return a > b ? a : b;
+}
+template <Of<Mox32f> T>
+[[gnu::always_inline]] inline T lesser(T a, T b) {
+  MOX_BY_WIDTH(T, min_ps(a, b));
+}
+template <Of<Mox64f> T>
+[[gnu::always_inline]] inline T lesser(T a, T b) {
+  MOX_BY_WIDTH(T, min_pd(a, b));
+}
+template <Of<Mox32f> T>
+[[gnu::always_inline]] inline T greater(T a, T b) {
+  MOX_BY_WIDTH(T, max_ps(a, b));
+}
+template <Of<Mox64f> T>
+[[gnu::always_inline]] inline T greater(T a, T b) {
+  MOX_BY_WIDTH(T, max_pd(a, b));
 }
 
 inline std::uintptr_t addressOf(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }

@@ -1,22 +1,36 @@
 // Comparisons of lanes, and what is chosen by them.
 #pragma once
 
-#include "frame/vec/core.h"
+#include "frame/vec/shuffle.h"
 
 namespace mox {
 
+namespace detail {
+// The lanes for which a comparison that never signals holds.
+template <int predicate, Of<Mox32f> T>
+[[gnu::always_inline]] inline T compared(T a, T b) {
+  if constexpr (sizeof a == 64)
+    return T(_mm512_movm_epi32(_mm512_cmp_ps_mask(a, b, predicate)));
+  else
+    MOX_BY_WIDTH(T, cmp_ps(a, b, predicate));
+}
+template <int predicate, Of<Mox64f> T>
+[[gnu::always_inline]] inline T compared(T a, T b) {
+  if constexpr (sizeof a == 64)
+    return T(_mm512_movm_epi64(_mm512_cmp_pd_mask(a, b, predicate)));
+  else
+    MOX_BY_WIDTH(T, cmp_pd(a, b, predicate));
+}
+}  // namespace detail
+
 // Masks of the lanes that break a bound; NaN breaks every bound, silently.
-[[gnu::always_inline]] inline V<Mox32f> notAtMost(V<Mox32f> v, Mox32f limit) {
-  return V<Mox32f>(_mm256_cmp_ps(v, _mm256_set1_ps(limit), _CMP_NLE_UQ));
+template <class T>
+[[gnu::always_inline]] inline T notAtMost(T v, Lane<T> limit) {
+  return detail::compared<_CMP_NLE_UQ>(v, broadcast<T>(limit));
 }
-[[gnu::always_inline]] inline V<Mox64f> notAtMost(V<Mox64f> v, Mox64f limit) {
-  return V<Mox64f>(_mm256_cmp_pd(v, _mm256_set1_pd(limit), _CMP_NLE_UQ));
-}
-[[gnu::always_inline]] inline V<Mox32f> notAtLeast(V<Mox32f> v, Mox32f limit) {
-  return V<Mox32f>(_mm256_cmp_ps(v, _mm256_set1_ps(limit), _CMP_NGE_UQ));
-}
-[[gnu::always_inline]] inline V<Mox64f> notAtLeast(V<Mox64f> v, Mox64f limit) {
-  return V<Mox64f>(_mm256_cmp_pd(v, _mm256_set1_pd(limit), _CMP_NGE_UQ));
+template <class T>
+[[gnu::always_inline]] inline T notAtLeast(T v, Lane<T> limit) {
+  return detail::compared<_CMP_NGE_UQ>(v, broadcast<T>(limit));
 }
 
 // The lanes of either mask.
@@ -26,45 +40,67 @@ template <class T>
 }
 
 // One bit for each lane: its sign.
-[[gnu::always_inline]] inline int signBits(V<Mox32f> v) { return _mm256_movemask_ps(v); }
-[[gnu::always_inline]] inline int signBits(V<Mox64f> v) { return _mm256_movemask_pd(v); }
-// The same for a comparison of any lanes.
 template <class T>
-[[gnu::always_inline]] inline int signBits(T v) {
-  constexpr int width = sizeof(Lane<T>);
-  if constexpr (sizeof v == vectorBytes)
-    return signBits(std::conditional_t<width == 4, V<Mox32f>, V<Mox64f>>(v));
-  else if constexpr (width == 4)
-    return _mm_movemask_ps(__m128(v));
-  else if constexpr (width == 2)
-    return _mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128()));
-  else
-    return _mm_movemask_epi8(__m128i(v));
+[[gnu::always_inline]] inline Mox64u signBits(T v) {
+  constexpr int width = sizeof(Lane<T>), bytes = sizeof v;
+  if constexpr (bytes == 64) {
+    if constexpr (width == 8)
+      return _mm512_movepi64_mask(__m512i(v));
+    else if constexpr (width == 4)
+      return _mm512_movepi32_mask(__m512i(v));
+    else if constexpr (width == 2)
+      return _mm512_movepi16_mask(__m512i(v));
+    else
+      return _mm512_movepi8_mask(__m512i(v));
+  } else if constexpr (width == 8) {
+    if constexpr (bytes == 16)
+      return unsigned(_mm_movemask_pd(__m128d(v)));
+    else
+      return unsigned(_mm256_movemask_pd(__m256d(v)));
+  } else if constexpr (width == 4) {
+    if constexpr (bytes == 16)
+      return unsigned(_mm_movemask_ps(__m128(v)));
+    else
+      return unsigned(_mm256_movemask_ps(__m256(v)));
+  } else if constexpr (bytes == 32) {
+    const auto [low, high] = halves(v);
+    return signBits(low) | signBits(high) << laneCount<T> / 2;
+  } else if constexpr (width == 2) {
+    return unsigned(_mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128())));
+  } else {
+    return unsigned(_mm_movemask_epi8(__m128i(v)));
+  }
 }
 
 // Whether a comparison holds in any lane, and the first lane in which it does.
 template <class T>
 [[gnu::always_inline]] inline bool anyLane(T comparison) {
-  if constexpr (sizeof comparison == 16)  // narrow lanes need not be told apart
-    return _mm_movemask_epi8(__m128i(comparison)) != 0;
+  if constexpr (sizeof(Lane<T>) < 4 &&
+                sizeof comparison < 64)  // narrow lanes need not be told apart
+    return signBits(V<Mox8s, sizeof comparison>(comparison)) != 0;
   else
     return signBits(comparison) != 0;
 }
 template <class T>
 [[gnu::always_inline]] inline int firstLane(T comparison) {
-  return __builtin_ctz(unsigned(signBits(comparison)));
+  return __builtin_ctzll(signBits(comparison));
 }
 
 // `yes` in the lanes of the mask, `no` in the others. Spelled out, for GCC takes the intrinsic
 // apart into a branch for each lane.
-[[gnu::always_inline]] inline V<Mox32f> select(V<Mox32f> mask, V<Mox32f> yes, V<Mox32f> no) {
-  V<Mox32f> r;
-  asm("vblendvps %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
-  return r;
-}
-[[gnu::always_inline]] inline V<Mox64f> select(V<Mox64f> mask, V<Mox64f> yes, V<Mox64f> no) {
-  V<Mox64f> r;
-  asm("vblendvpd %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
+template <class T>
+[[gnu::always_inline]] inline T select(T mask, T yes, T no) {
+  T r;
+  if constexpr (sizeof r == 64) {
+    if constexpr (sizeof(Lane<T>) == 4)
+      r = T(_mm512_mask_mov_epi32(__m512i(no), _mm512_movepi32_mask(__m512i(mask)), __m512i(yes)));
+    else
+      r = T(_mm512_mask_mov_epi64(__m512i(no), _mm512_movepi64_mask(__m512i(mask)), __m512i(yes)));
+  } else if constexpr (sizeof(Lane<T>) == 4) {
+    asm("vblendvps %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
+  } else {
+    asm("vblendvpd %3, %2, %1, %0" : "=x"(r) : "x"(no), "xm"(yes), "x"(mask));
+  }
   return r;
 }
 

@@ -7,24 +7,6 @@
 
 namespace mox {
 
-// A vector of integers as two halves in the order of its lanes; join() undoes it.
-template <class T>
-struct Halves {
-  T low, high;
-};
-template <class T>
-[[gnu::always_inline]] inline auto halves(T v) {
-  using Half = V<Lane<T>, laneCount<T> / 2>;
-  static_assert(sizeof v == 2 * integerBytes);
-  return Halves<Half>{Half(_mm256_castsi256_si128(__m256i(v))),
-                      Half(_mm256_extractf128_si256(__m256i(v), 1))};
-}
-template <class Wide, class Half>
-[[gnu::always_inline]] inline Wide join(Half low, Half high) {
-  static_assert(sizeof low == 16);
-  return Wide(_mm256_set_m128i(__m128i(high), __m128i(low)));
-}
-
 // The results of the lower halves of all 16-byte blocks, and those of the upper halves: the way in
 // which wide products leave a register, and in which packBlocks() takes them back.
 template <class T>
@@ -35,8 +17,8 @@ template <class T>
 BlockHalves(T, T) -> BlockHalves<T>;
 
 namespace detail {
-template <class T, class E, int... lane>
-[[gnu::always_inline]] inline T broadcastTo(E e, std::integer_sequence<int, lane...>) {
+template <class T, int... lane>
+[[gnu::always_inline]] inline T broadcastTo(Lane<T> e, std::integer_sequence<int, lane...>) {
   return T{(void(lane), e)...};
 }
 template <auto index, class T, int... lane>
@@ -46,8 +28,8 @@ template <auto index, class T, int... lane>
 }  // namespace detail
 
 // Every lane holds the same value.
-template <class T, class E>
-[[gnu::always_inline]] inline T broadcast(E e) {
+template <class T>
+[[gnu::always_inline]] inline T broadcast(Lane<T> e) {
   return detail::broadcastTo<T>(e, std::make_integer_sequence<int, laneCount<T>>());
 }
 
@@ -64,6 +46,34 @@ template <auto index, class T>
 template <auto index, class T>
 [[gnu::always_inline]] inline T shuffle(T a) {
   return shuffle<index>(a, a);
+}
+
+// A vector as two halves in the order of its lanes; join() undoes it.
+template <class T>
+struct Halves {
+  T low, high;
+};
+template <class T>
+[[gnu::always_inline]] inline auto halves(T v) {
+  constexpr int half = laneCount<T> / 2;
+  return Halves<V<Lane<T>, half>>{shuffle<[](int i) { return i; }, half>(v, v),
+                                  shuffle<[](int i) { return i + half; }, half>(v, v)};
+}
+template <class Wide, class Half>
+[[gnu::always_inline]] inline Wide join(Half low, Half high) {
+  return Wide(shuffle<[](int i) { return i; }, 2 * laneCount<Half>>(low, high));
+}
+
+// f of a vector, in registers of integers: of its halves where one is too small.
+template <class T, class F>
+[[gnu::always_inline]] inline auto inIntegers(T v, F f) {
+  if constexpr (sizeof v <= integerBytes) {
+    return f(v);
+  } else {
+    const auto [low, high] = halves(v);
+    const auto a = f(low), b = f(high);
+    return join<V<Lane<decltype(a)>, 2 * laneCount<decltype(a)>>>(a, b);
+  }
 }
 
 // Interleaves elements E of the lower (upper) halves of a and b in each 16-byte block, as
