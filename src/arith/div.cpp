@@ -28,7 +28,7 @@ template <class E, class W>
 
 template <class Op, class E, class... Source>
 void mapDivision(Op op, E* dst, long len, Source... src) {
-  mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 16 : 1>(op, dst, len, src...);
+  mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 2 : 1>(op, dst, len, src...);
 }
 
 // Either side is an array or `Same`.
@@ -36,7 +36,7 @@ template <class E, class Divisor, class Dividend>
 MoxStatus divideNoting(E* dst, int len, Divisor divisor, Dividend dividend) {
   ZeroDivisors<Part<E>> zeros;
   mapDivision(
-      [&](auto a, auto b) {
+      [&](auto a, auto b) __attribute__((always_inline)) {
         if constexpr (Complex<E>)
           zeros.noteComplex(a);
         else

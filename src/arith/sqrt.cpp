@@ -36,7 +36,7 @@ template <class E>
 MoxStatus squareRoots(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
   SignNote<E> negative;
-  const auto root = [&](auto x) {
+  const auto root = [&](auto x) __attribute__((always_inline)) {
     negative.see(x);
     return squareRoot(x);
   };

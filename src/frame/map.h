@@ -158,46 +158,56 @@ template <int step, int least, class D, class At, class One>
   }
 }
 
+template <int step, class D>
+constexpr int stepAlignment = sizeof(D) % 3 ? std::min(vectorBytes, step* int(sizeof(D))) : 16;
 // The last element at or below `step` that is aligned, if there is one.
-template <int step, int alignment, class D>
+template <int step, class D>
 long alignedStart(const D* dst) {
-  const int past = int(addressOf(dst + step) & (alignment - 1));
-  return past % int(sizeof(D)) ? step : step - past / int(sizeof(D));
+  constexpr int size = sizeof(D);
+  const int past = int(addressOf(dst + step) & (stepAlignment<step, D> - 1));
+  return past % size ? step : step - past / size;
 }
 
 }  // namespace detail
 
 // Fills dst in steps: at(n, i) makes the results of the n elements from i on, where n is the type
-// of a number; one(i) stores that of a single element. `vecs` steps make a round of the loop, and
-// steps go down to `least` elements. The first step overlaps the second, which starts where the
-// destination is aligned, and the last one the one before it. Results that overlap are made before
-// either is stored: so `dst` may be a source, and each element is the function of what it was.
+// of a number; one(i) stores that of a single element. `vecs` steps make a round of the loop. The
+// second step starts where the destination is aligned, and the last one ends with the array: both
+// may overlap the one before. Of two that overlap each is made before the other is stored: so `dst`
+// may be a source, and each element is the function of what it was. Arrays shorter than a step are
+// filled in narrower ones, down to `least` elements.
 template <int step, int vecs, int least, class D, class At, class One>
 [[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one) {
   using namespace detail;
-  constexpr int alignment = sizeof(D) % 3 == 0 ? 16 : std::min(vectorBytes, step * int(sizeof(D)));
-  const auto stepAt = [&](long i) { return at(stepOf<step>, i); };
-  const auto putPair = [&](long i, long j) {
-    const auto a = stepAt(i), b = stepAt(j);
-    putRegisters(dst + i, a, plainly);
-    putRegisters(dst + j, b, plainly);
-  };
-  if (len < 3 * step) return forFew<step, least>(dst, len, at, one);
-  long i = alignedStart<step, alignment>(dst);
-  putPair(0, i);
-  i += step;
-  const auto rounds = [&](auto put) __attribute__((always_inline)) {
-    for (; i <= len - (vecs + 1) * step; i += vecs * step)
-      for (int j = 0; j < vecs; ++j) putRegisters(dst + i + j * step, stepAt(i + j * step), put);
-  };
-  if (bypass && isAligned(dst + i, alignment)) {
-    rounds(bypassingCache);
-    streamFence();
+  if constexpr (step < least) {
+    for (long i = 0; i < len; ++i) one(i);
+  } else if (len < step) {
+    forSteps<step / 2, 0, least>(false, dst, len, at, one);
   } else {
-    rounds(plainly);
+    auto made = at(stepOf<step>, 0);  // not stored yet, from element `from` on
+    long from = 0, next = step;
+    if constexpr (vecs > 0) {
+      next = alignedStart<step>(dst);
+      const auto rounds = [&](auto put) __attribute__((always_inline)) {
+        for (; next <= len - (vecs + 1) * step; next += vecs * step)
+          for (long i = next; i < next + vecs * step; i += step)
+            putRegisters(dst + i, at(stepOf<step>, i), put);
+      };
+      if (bypass && isAligned(dst + next, stepAlignment<step, D>)) {
+        rounds(bypassingCache);
+        streamFence();
+      } else {
+        rounds(plainly);
+      }
+    }
+    while (from < len - step) {
+      next = std::min(next, len - step);
+      const auto following = at(stepOf<step>, next);
+      putRegisters(dst + from, made, plainly);
+      made = following, from = next, next += step;
+    }
+    putRegisters(dst + from, made, plainly);
   }
-  for (; i <= len - 2 * step; i += step) putRegisters(dst + i, stepAt(i), plainly);
-  putPair(i, len - step);
 }
 
 // Runs eachBlock(from, to, put) for whole blocks of `count` elements only. What is left goes
@@ -229,13 +239,13 @@ template <long count, class S, class D, class Block>
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. An
 // operation that takes long by itself gains nothing from a round of several vectors.
-template <Stores stores = Stores::cached, int width = vectorBytes, int leastRound = 16, class D,
-          class Op, class... Source>
-[[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
+// The same number of bytes through narrow registers takes more instructions: share the loop's.
+template <Stores stores = Stores::cached, int width = vectorBytes,
+          int vecs = width<32 ? 4 : 2, class D, class Op,
+                           class... Source> [[gnu::always_inline]] inline void
+              mapElements(Op op, D* dst, long len, Source... src) {
   constexpr int widest = int(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr int lanes = width / widest, least = 16 / widest;
-  // The same number of bytes through narrow registers takes more instructions: share the loop's.
-  constexpr int vecs = std::max(width < 32 ? 4 : 1, leastRound / lanes);
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto n, auto source, long i) {
     return lanesFrom<V<Part<E>, n * partsPerElement<E>>>(source, i);
   };
