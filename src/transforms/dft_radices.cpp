@@ -1,8 +1,10 @@
 // The choice of the radices of the passes.
 #include <algorithm>
+#include <bit>
 #include <climits>
 
 #include "transforms/dft_mixed.h"
+#include "transforms/dft_out_ord.h"
 
 namespace mox::transforms {
 namespace {
@@ -84,6 +86,97 @@ DftRadices dftRadices(const DftFactors& factors, long numbers) {
   Search search(length, numbers);
   search.complete(primes, smooth, 2);
   return search.best();
+}
+
+namespace {
+
+// Chooses the radices of an out-of-order transform: of the end of the length from each factor on.
+class OutOrdSearch {
+ public:
+  OutOrdSearch(int len, long numbers) : numbers_(numbers) {
+    int rest = len;
+    for (int p = 2; p <= outOrdMostFactor; ++p)
+      for (; rest % p == 0; rest /= p) end_[count_++].factor = p;
+    end_[count_].len = rest;
+    end_[count_].stage.cost = rest > 1 ? 0 : LONG_MAX;
+    end_[count_].tile.cost = 0;
+    for (int i = count_ - 1; i >= 0; --i) {
+      end_[i].len = end_[i + 1].len * end_[i].factor;
+      eachRadix(i, [&](int radix, const End& behind) {
+        const long vector = butterflyCost(radix) * (radix > 8 ? 3 : 2) + 4 * radix;
+        const long twiddles = behind.len > 1 ? 8 * (radix - 1) : 0;
+        consider(end_[i].tile, radix, behind,
+                 (vector + twiddles) * behind.len + radix * behind.tile.cost);
+      });
+    }
+    for (int i = count_ - 1; i >= 0; --i) {
+      if (rest == 1 && end_[i].len >= numbers && end_[i].len <= outOrdMostTile) {
+        const long leaves = len / end_[i].len, tiles = (leaves + 2 * numbers - 1) / (2 * numbers);
+        end_[i].stage.cost = tiles * (end_[i].tile.cost + 10 * end_[i].len) / leaves;
+        end_[i].isTile = true;
+      }
+      eachRadix(i, [&](int radix, const End& behind) {
+        if (behind.len < numbers || behind.stage.cost == LONG_MAX) return;
+        const long vectors = (behind.len + numbers - 1) / numbers;
+        const long vector = butterflyCost(radix) + 4 * radix + twiddleCost * (radix - 1);
+        if (consider(end_[i].stage, radix, behind, vectors * vector + radix * behind.stage.cost))
+          end_[i].isTile = false;
+      });
+    }
+  }
+
+  OutOrdRadices chosen() const {
+    OutOrdRadices chosen;
+    const End* end = end_;
+    for (; end != end_ + count_ && !end->isTile; end = end->stage.next)
+      chosen.radix[chosen.stages++] = end->stage.radix;
+    chosen.leaf = int(end->len);
+    chosen.kind = end->isTile ? OutOrdLeaf::tile : OutOrdLeaf::plan;
+    for (; end != end_ + count_; end = end->tile.next)
+      chosen.radix[chosen.stages + chosen.tileStages++] = end->tile.radix;
+    return chosen;
+  }
+
+ private:
+  struct End;
+  struct Choice {
+    long cost = LONG_MAX;
+    int radix;
+    const End* next;
+  };
+  struct End {
+    int factor;
+    long len;
+    Choice stage, tile;  // over columns, and in a tile
+    bool isTile = false;
+  };
+
+  template <class Visit>
+  void eachRadix(int i, Visit visit) {
+    int radix = 1;
+    for (; i < count_ && (radix *= end_[i].factor) <= mostButterfly; ++i) visit(radix, end_[i + 1]);
+  }
+  static bool consider(Choice& choice, int radix, const End& behind, long cost) {
+    if (cost >= choice.cost) return false;
+    choice = {cost, radix, &behind};
+    return true;
+  }
+
+  long numbers_;
+  int count_ = 0;
+  End end_[outOrdMaxStages + 1];
+};
+
+}  // namespace
+
+OutOrdRadices outOrdRadices(int len, long numbers) {
+  if (len > mostButterfly && !std::has_single_bit(unsigned(len)))
+    return OutOrdSearch(len, numbers).chosen();
+  OutOrdRadices chosen;
+  chosen.leaf = len == 32 ? 8 : std::min(len, mostButterfly);
+  for (int rest = len / chosen.leaf; rest > 1; rest /= chosen.radix[chosen.stages++])
+    chosen.radix[chosen.stages] = rest == 8 ? 8 : 4;
+  return chosen;
 }
 
 }  // namespace mox::transforms
