@@ -3,6 +3,7 @@
 // blocks of `columns`, one behind the other. What the last stage leaves are the leaves.
 #pragma once
 
+#include "transforms/dft_butterflies.h"
 #include "transforms/dft_layout.h"
 
 struct MoxsDFTOutOrdSpec {
@@ -20,7 +21,7 @@ constexpr Mox32s dftOutOrdId = sizeof(F) == 4 ? 0x434D414A : 0x434D414B;
 
 constexpr int outOrdMaxStages = 27;
 constexpr int outOrdMostFactor = 13;
-constexpr int outOrdMostTile = 352;  // numbers of a leaf, for as many as a register has lanes
+constexpr int outOrdMostTile = 352;  // numbers of a leaf
 
 enum class OutOrdLeaf : Mox32s {
   radix,  // a butterfly
@@ -34,11 +35,25 @@ struct OutOrdRadices {
   int radix[outOrdMaxStages] = {};
   int leaf = 1;
   OutOrdLeaf kind = OutOrdLeaf::radix;
+  bool coprime = false;  // the radices in a tile have no common divisors
 };
 
-// The radices that take the fewest instructions on vectors of `numbers` numbers: each is a product
-// of up to 16 of factors that follow one another in rising order.
-OutOrdRadices outOrdRadices(int len, long numbers);
+// The radices that take the fewest instructions on vectors of that many lanes. Each is a product of
+// up to 16 of factors that follow one another in rising order.
+OutOrdRadices outOrdRadices(int len, long lanes);
+
+// Where a transform of n numbers puts bin k: the digits of k by the prime factors of n in rising
+// order, reversed.
+constexpr int digitReversed(int k, int n) {
+  int place = 0;
+  for (int rest = n; rest > 1;) {
+    const int p = detail::leastFactor(rest);
+    rest /= p;
+    place += k % p * rest;
+    k /= p;
+  }
+  return place;
+}
 
 template <class F>
 struct OutOrdStage {
@@ -51,6 +66,7 @@ struct DftOutOrdSpec : MoxsDFTOutOrdSpec {
   F fwdFactor, invFactor;
   OutOrdRadices radices;
   OutOrdStage<F> stage[outOrdMaxStages];
+  int *natural, *placed;  // where a tile has the numbers of a leaf, before its stages and behind
   DftSpec<F>* leafPlan;
 };
 

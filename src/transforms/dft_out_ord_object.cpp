@@ -10,11 +10,12 @@
 namespace mox::transforms {
 namespace {
 
-// Numbers of one block that a step of stage i takes.
+// Numbers of one block that a step of stage i takes; 0 for a stage without twiddles.
 template <class F>
-long stepNumbers(const OutOrdRadices& radices, int i) {
-  if (i >= radices.stages) return 1;
-  return radices.kind == OutOrdLeaf::radix ? lanesOf<F> : lanesOf<F> / 2;
+int stepNumbers(const OutOrdRadices& radices, int i) {
+  if (radices.kind == OutOrdLeaf::radix) return lanesOf<F>;
+  if (i < radices.stages) return lanesOf<F> / 2;
+  return radices.coprime || i + 1 == radices.stages + radices.tileStages ? 0 : 1;
 }
 
 template <class F>
@@ -25,7 +26,7 @@ struct OutOrdKind {
   static constexpr bool releaseClearsId = true;
   struct Shape {
     int len;
-    OutOrdRadices radices = outOrdRadices(len, lanesOf<F> / 2);
+    OutOrdRadices radices = outOrdRadices(len, lanesOf<F>);
 
     // Of the plan for leaves that have one.
     DftShape<F> leaves() const { return {radices.leaf, false}; }
@@ -36,12 +37,16 @@ struct OutOrdKind {
       spec.radices = radices;
       int rest = len;
       for (int i = 0; i < radices.stages + radices.tileStages; ++i) {
-        const int radix = radices.radix[i];
+        const int radix = radices.radix[i], numbers = stepNumbers<F>(radices, i);
         rest /= radix;
-        const std::size_t count =
-            roundUp(std::size_t(rest), std::size_t(stepNumbers<F>(radices, i)));
-        spec.stage[i] = {radix, rest,
-                         detail::placeTable<F>(arena, 2 * long(count) * (radix - 1))};
+        spec.stage[i] = {radix, rest, nullptr};
+        if (numbers == 0) continue;
+        const long count = long(roundUp(std::size_t(rest), std::size_t(numbers))) * (radix - 1);
+        spec.stage[i].twiddle = detail::placeTable<F>(arena, 2 * count);
+      }
+      if (radices.kind == OutOrdLeaf::tile) {
+        spec.natural = arena.place<int>(std::size_t(radices.leaf));
+        spec.placed = arena.place<int>(std::size_t(radices.leaf));
       }
       if (hasLeafPlan()) spec.leafPlan = placePlan(arena, leaves());
     }
@@ -67,6 +72,31 @@ void writeTwiddles(const OutOrdStage<F>& stage, long numbers, const Roots<F>& ro
     }
 }
 
+int inverseModulo(int k, int n) {
+  int inverse = 1;
+  while (k * inverse % n != 1) ++inverse;
+  return inverse;
+}
+
+// Radices without common divisors need no twiddles where the numbers and the bins of a leaf are
+// taken in the order of their remainders (Good, 1958).
+template <class F>
+void writePlaces(const DftOutOrdSpec<F>& spec) {
+  const OutOrdRadices& radices = spec.radices;
+  const int n = radices.leaf;
+  for (int k = 0; k < n; ++k) {
+    const int place = digitReversed(k, n);
+    int &natural = spec.natural[k] = k, &placed = spec.placed[place] = place;
+    if (!radices.coprime) continue;
+    natural = placed = 0;
+    for (int i = radices.stages; i < radices.stages + radices.tileStages; ++i) {
+      const auto [r, columns, twiddle] = spec.stage[i];
+      natural += (r < n ? k % r * inverseModulo(n / r % r, r) % r : k) * columns;
+      placed += digitReversed(k % r, r) * columns;
+    }
+  }
+}
+
 template <class F>
 MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
   using Kind = OutOrdKind<F>;
@@ -89,7 +119,9 @@ MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
     spec.invFactor = norm.inv ? factor : F(1);
     const Roots<F> roots(scratch.as<Twiddle<F>>(), len);
     for (int i = 0; i < shape.radices.stages + shape.radices.tileStages; ++i)
-      writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
+      if (spec.stage[i].twiddle)
+        writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
+    if (shape.radices.kind == OutOrdLeaf::tile) writePlaces(spec);
     if (!spec.leafPlan) return MoxStatus(moxOk);
     constexpr int plain = 8;
     if (MoxStatus s = fillWithScratch(*spec.leafPlan, leaves, plain, 0)) return s;

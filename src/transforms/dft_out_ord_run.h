@@ -49,7 +49,8 @@ class OutOrdRun {
   // the first-level cache is finished before the next one is touched.
   void run(int i, const F* src, F* dst, long len) const {
     const long columns = plan_.stage[i].columns, least = 8 * lanesOf<F> * plan_.radices.leaf;
-    if (len <= FftLimits<F>::inCache || columns < least) return runInCache(i, src, dst, len);
+    if (i == plan_.radices.stages || len <= FftLimits<F>::inCache || columns < least)
+      return runInCache(i, src, dst, len);
     if (forward) runStage(i, src, dst, len);
     const F* const from = forward ? dst : src;
     for (long at = 0; at < 2 * len; at += 2 * columns) run(i + 1, from + at, dst + at, columns);
@@ -99,16 +100,18 @@ class OutOrdRun {
   void runTiles(const F* src, F* dst, long leaves, F factor) const {
     const OutOrdRadices& radices = plan_.radices;
     const long leaf = radices.leaf;
-    alignas(fftAlignment) F tile[2 * lanesOf<F> * outOrdMostTile];
+    const int *from = plan_.natural, *to = plan_.placed;
+    if (!forward) std::swap(from, to);
+    alignas(fftAlignment) F tile[Apart<F>::parts * outOrdMostTile];
     for (long first = 0; first < leaves; first += lanesOf<F>) {
       const auto start = [=](int i) { return 2 * leaf * std::min(first + i, leaves - 1); };
-      takeAcross([=](int i) { return src + start(i); }, leaf, factor, tile);
+      takeAcross([=](int i) { return src + start(i); }, leaf, factor, tile, from);
       eachStage(radices.stages, radices.stages + radices.tileStages, [&](int i) {
         const OutOrdStage<F>& stage = plan_.stage[i];
-        const auto& kernels = stage.columns > 1 ? tileStages<d, F, true> : tileStages<d, F, false>;
+        const auto& kernels = stage.twiddle ? tileStages<d, F, true> : tileStages<d, F, false>;
         kernels[stage.radix - 2](tile, tile, stage, leaf / (long(stage.radix) * stage.columns));
       });
-      giveAcross(static_cast<const F*>(tile), leaf, [=](int i) { return dst + start(i); });
+      giveAcross(static_cast<const F*>(tile), to, leaf, [=](int i) { return dst + start(i); });
     }
   }
 

@@ -9,19 +9,6 @@
 namespace mox::transforms {
 namespace detail {
 
-// Where a transform of n numbers puts bin k: the digits of k by the prime factors of n in rising
-// order, reversed.
-constexpr int digitReversed(int k, int n) {
-  int place = 0;
-  for (int rest = n; rest > 1;) {
-    const int p = leastFactor(rest);
-    rest /= p;
-    place += k % p * rest;
-    k /= p;
-  }
-  return place;
-}
-
 // visit(k, place) for the bins of a transform of n numbers and their places, both constants.
 template <int n, class Visit>
 [[gnu::always_inline]] inline void eachPlace(Visit visit) {
@@ -90,7 +77,8 @@ template <Direction d, int radix, class Source, class Target, bool turns = true>
                                   const OutOrdStage<typename Source::F>& stage, long blocks) {
   using F = typename Source::F;
   constexpr bool splits = d == Direction::forward;
-  constexpr long parts = Source::parts, twiddleParts = turns ? Source::twiddleParts * (radix - 1) : 0;
+  constexpr long parts = Source::parts,
+                 twiddleParts = turns ? Source::twiddleParts * (radix - 1) : 0;
   const long apart = Source::numberParts * stage.columns;
   const long rest = std::is_same_v<Source, Interleaved<F>> ? apart % parts : 0;
   const auto step = [apart](const F* from, F* to, long toApart, const F* twiddle) {
@@ -157,27 +145,31 @@ template <Direction d, int n, class F>
   eachPlace<n>([&](auto k, auto place) { storeNumber(to, splits ? place : k, a[k] * factor); });
 }
 
-// Leaves side by side, and back: row i of `len` numbers in lane i.
+// Rows of `len` numbers into the lanes of a tile, number i to `at[i]`; and back.
 template <class F, class Row>
-[[gnu::always_inline]] inline void takeAcross(Row row, long len, F factor, F* tile) {
-  constexpr int l = lanesOf<F>;
-  for (long t = 0; t < 2 * len; t += l) {
-    const long at = std::min(t, 2 * len - l);
+[[gnu::always_inline]] inline void takeAcross(Row row, long len, F factor, F* tile, const int* at) {
+  constexpr int l = lanesOf<F>, numbers = l / 2;
+  for (long t = 0; t < len; t += numbers) {
+    const long first = std::min(t, len - numbers);
     V<F> square[l];
-    for (int i = 0; i < l; ++i) square[i] = load<V<F>>(row(i) + at) * factor;
+    for (int i = 0; i < l; ++i) square[i] = load<V<F>>(row(i) + 2 * first) * factor;
     transpose(square);
-    for (int i = 0; i < l; ++i) storeAligned(tile + (at + i) * l, square[i]);
+    for (int i = 0; i < numbers; ++i)
+      Across<F>::put(tile + 2 * l * at[first + i], {square[2 * i], square[2 * i + 1]});
   }
 }
 template <class F, class Row>
-[[gnu::always_inline]] inline void giveAcross(const F* tile, long len, Row row) {
-  constexpr int l = lanesOf<F>;
-  for (long t = 0; t < 2 * len; t += l) {
-    const long at = std::min(t, 2 * len - l);
+[[gnu::always_inline]] inline void giveAcross(const F* tile, const int* at, long len, Row row) {
+  constexpr int l = lanesOf<F>, numbers = l / 2;
+  for (long t = 0; t < len; t += numbers) {
+    const long first = std::min(t, len - numbers);
     V<F> square[l];
-    for (int i = 0; i < l; ++i) square[i] = load<V<F>>(tile + (at + i) * l);
+    for (int i = 0; i < numbers; ++i) {
+      const auto z = Across<F>::get(tile + 2 * l * at[first + i]);
+      square[2 * i] = z.re, square[2 * i + 1] = z.im;
+    }
     transpose(square);
-    for (int i = 0; i < l; ++i) store(row(i) + at, square[i]);
+    for (int i = 0; i < l; ++i) store(row(i) + 2 * first, square[i]);
   }
 }
 

@@ -137,7 +137,8 @@ TYPED_TEST(DftOutOrd, AgreesWithNaturalOrderAtLongLengths) {
   using C = TypeParam;
   SCOPED_TRACE(test::seedNote());
   test::Random random;
-  for (const long n : {1001, 2048, 5040, 8191, 10080, 13122, 16384, 65536, 131072, 131342, 720720}) {
+  for (const long n :
+       {1001, 2048, 5040, 8191, 10080, 13122, 16384, 65536, 131072, 131342, 720720}) {
     SCOPED_TRACE(testing::Message() << "length " << n);
     const auto x = random.vector<C>(n);
     std::vector<C> natural(n), got(n), bins(n);
@@ -148,8 +149,7 @@ TYPED_TEST(DftOutOrd, AgreesWithNaturalOrderAtLongLengths) {
     const Order order(n);
     for (long k = 0; k < n; ++k) bins[k] = got[order.place[k]];
     const auto as = [](const C& z) { return Complex(z.re, z.im); };
-    EXPECT_LE(errorOf(bins.data(), n, [&](long k) { return as(natural[k]); }),
-              2 * bound<C>(order));
+    EXPECT_LE(errorOf(bins.data(), n, [&](long k) { return as(natural[k]); }), 2 * bound<C>(order));
     dft.inverse(got.data(), got.data());
     EXPECT_LE(errorOf(got.data(), n, [&](long i) { return as(x[i]); }), 2 * bound<C>(order));
   }
@@ -169,8 +169,9 @@ TYPED_TEST(DftOutOrd, ConvolvesByProductsOfSpectra) {
     ASSERT_EQ(Api<C>::multiply(y.data(), x.data(), n), moxOk);
     dft.inverse(x.data(), x.data());
     const auto at = [&](int i) { return Complex(signal[(i + n) % n].re, signal[(i + n) % n].im); };
-    EXPECT_LE(errorOf(x.data(), n, [&](int i) { return 2.0L * at(i - 1) + Complex(0, 1) * at(i + 3); }),
-              8 * bound<C>(Order(n)));
+    EXPECT_LE(
+        errorOf(x.data(), n, [&](int i) { return 2.0L * at(i - 1) + Complex(0, 1) * at(i + 3); }),
+        8 * bound<C>(Order(n)));
   }
 }
 
