@@ -36,6 +36,7 @@
 #include <moxsp/corr.h>
 #include <moxsp/dct.h>
 #include <moxsp/dft.h>
+#include <moxsp/dft_out_ord.h>
 #include <moxsp/division.h>
 #include <moxsp/elementary.h>
 #include <moxsp/extrema.h>

@@ -77,7 +77,7 @@ const Table<Row> deviations = {
 
 const Table<Row> optionalPointers = {
     "optional pointers",
-    {{{"@(FFT|DFT|DCT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
+    {{{"@(FFT|DFT|DFTOutOrd|DCT)@(Fwd|Inv)_*", "buffer"}, "the call takes memory and releases it"},
      {{"CrossCorrNorm_*", "buffer"}, "sums need none"},
      {{"FFTInit_* DCT*Init_*", "initBuf"}, "tables of small lengths need none"},
      {{"FIR*Init* IIR*Init*", "dlyLine"}, "the delay line starts cleared"},

@@ -25,6 +25,7 @@ const Row rows[] = {
     {"FFTInit_R_16s32s", "FFTInv_CCSToR_32s16s"},
     {"DCT(Fwd|Inv)Init_(.*)", "DCT$1(Free|GetBufSize)?_$2"},
     {"HilbertInitAlloc_(.*)", "Hilbert(Free)?_$1"},
+    {"DFTOutOrdInitAlloc_C_(.*)", "DFTOutOrd((GetBufSize|Free)_C|(Fwd|Inv)_CToC)_$1"},
     {"DFTInitAlloc_([CR])_(.*)",
      "DFT((GetBufSize|Free)_$1|(Fwd|Inv)_($1To[A-Za-z]+|[A-Za-z]+To$1))_$2"},
 

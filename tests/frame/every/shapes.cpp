@@ -120,7 +120,7 @@ const Table<NumberRow> numberRows = {
      {{"FIRGen*", "doNormal"}, fixed(0), {1}},
      {{"FilterMedian_*", "maskSize"}, fixed(5), {1, 4, 3, 7, 9, 13, 101}},
      {{"FFT* DFT*", "flag"}, fixed(8), {1, 2, 4}},
-     {{"DFT@(GetSize|Init)_*", "len"},
+     {{"DFT@(GetSize|Init)_* DFTOutOrdInit*", "len"},
       [](const Call& c) { return 3 * c.length() + 15; }},  // has tables
      {{"FIR!(Gen*)", "tapsLen"}, [](const Call& c) { return c.length() % 23 + 1; }, {70, 131}},
      {{"FIRMR*", "upFactor"}, fixed(3), {1}},
@@ -232,7 +232,7 @@ const Table<CountRow> countRows = {
      {{"@(FFT|DFT)Init_* DCT*Init_*", "specMem"}, sizeOfObject("specSize")},
      {{"@(FFT|DFT)Init_* DCT*Init_*", "initBuf"}, sizeOfObject("initSize")},
      {{"DCT@(Fwd|Inv)_* Hilbert_*", "src dst srcDst"}, length},
-     {{"DFT@(Fwd|Inv)_*", "buffer"}, dftBufferSize},
+     {{"DFT?(OutOrd)@(Fwd|Inv)_*", "buffer"}, dftBufferSize},
      {{"DFTFwd_RToCCS_*", "dst"}, ccsOf("len")},
      {{"DFTInv_CCSToR_*", "src"}, ccsOf("len")},
      {{"ConjCcs_*", "src"}, ccsOf("len")},

@@ -1,0 +1,33 @@
+// The public out-of-order transforms.
+#include <moxsp/dft_out_ord.h>
+
+#include "frame/export.h"
+#include "frame/object.h"
+#include "frame/work_buffer.h"
+#include "transforms/dft_out_ord.h"
+
+namespace mox::transforms {
+namespace {
+
+template <Direction d, class C>
+MoxStatus transform(const C* src, C* dst, const MoxsDFTOutOrdSpec* spec, Mox8u* buffer) {
+  using F = Part<C>;
+  if (anyNull(spec)) return moxErrNullPtr;
+  if (MoxStatus s = requireId(spec, dftOutOrdId<F>)) return s;
+  if (anyNull(src, dst)) return moxErrNullPtr;
+  const WorkBuffer work(buffer, spec->bufSize);
+  if (work.failed()) return moxErrMemAlloc;
+  ownDftOutOrd<d>(static_cast<const DftOutOrdSpec<F>&>(*spec), src, dst, work.template as<F>());
+  return moxOk;
+}
+
+constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
+
+}  // namespace
+
+MOX_EXPORT(moxsDFTOutOrdFwd_CToC_32fc, transform<fwd>);
+MOX_EXPORT(moxsDFTOutOrdInv_CToC_32fc, transform<inv>);
+MOX_EXPORT(moxsDFTOutOrdFwd_CToC_64fc, transform<fwd>);
+MOX_EXPORT(moxsDFTOutOrdInv_CToC_64fc, transform<inv>);
+
+}  // namespace mox::transforms
