@@ -14,7 +14,7 @@ namespace mox::stats {
 template <class T>
 constexpr int networkRows = std::min(16, 128 / laneCount<Register<T>>);
 template <class T, int rows = networkRows<T>>
-constexpr int networkKeys = rows * laneCount<Register<T>>;
+constexpr int networkKeys = rows* laneCount<Register<T>>;
 
 namespace detail {
 
@@ -25,9 +25,8 @@ template <class Order, int mask, int rows, class Row>
 [[gnu::always_inline]] inline void exchangeRanks(Row (&a)[rows]) {
   constexpr int rowMask = mask % rows, laneMask = mask / rows, lanes = laneCount<Row>;
   Row partners[rows];
-  unrolled<rows>([&](auto r) {
-    partners[r] = shuffle<[](int i) { return i ^ laneMask; }>(a[r ^ rowMask]);
-  });
+  unrolled<rows>(
+      [&](auto r) { partners[r] = shuffle<[](int i) { return i ^ laneMask; }>(a[r ^ rowMask]); });
   unrolled<rows>([&](auto row) {
     constexpr int r = row, topBit = int(std::bit_floor(unsigned(mask)));
     a[r] = shuffle<[](int lane) { return (lane * rows + r) & topBit ? lanes + lane : lane; }>(

@@ -8,6 +8,7 @@
 #include <bit>
 #include <utility>
 
+#include "stats/count_bytes.h"
 #include "stats/sort_network.h"
 #include "stats/sort_partition.h"
 #include "stats/sort_sequence.h"
@@ -98,6 +99,15 @@ void quickSort(Sequence s, long len) {
     if (count == 0) return;
     segment = waiting[--count];
   }
+}
+
+// Values alone; long vectors of bytes are counted.
+template <class Order, class T>
+void sortValues(T* values, long len) {
+  constexpr int leastCounted = 128;
+  if constexpr (sizeof(T) == 1)
+    if (len >= leastCounted) return sortByCounting<Order>(values, len);
+  quickSort<Order>(PlainKeys<T>{values}, len);
 }
 
 }  // namespace mox::stats

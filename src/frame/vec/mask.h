@@ -36,6 +36,8 @@ template <class T>
     return signBits(std::conditional_t<width == 4, V<Mox32f>, V<Mox64f>>(v));
   else if constexpr (width == 4)
     return _mm_movemask_ps(__m128(v));
+  else if constexpr (width == 8)
+    return _mm_movemask_pd(__m128d(v));
   else if constexpr (width == 2)
     return _mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128()));
   else
