@@ -28,7 +28,8 @@
  * place, counted from 0, that the element now at i had before.
  *
  * Nothing is allocated. Quicksort (Hoare's partition around the median of three), whose stack of
- * pending segments has 32 entries; long vectors of bytes are counted instead. The time grows with
+ * pending segments has 32 entries, down to segments that sorting networks take (of values alone
+ * those of Batcher, 1968); long vectors of bytes are counted instead. The time grows with
  * len log len, except on vectors made up to defeat the median of three: those take a time that
  * grows with the square of `len`.
  *

@@ -43,10 +43,10 @@ struct Cubrt32f {
   }
 
   // Zero, infinity and NaN are their own roots; a subnormal is lifted by 2^24.
-  static Mox32f one(Mox32f x, int&) {
-    if (x == 0 || !(absolute(broadcast<V<Mox32f>>(x))[0] <= std::numeric_limits<Mox32f>::max()))
-      return x + x;
-    return lanes(broadcast<V<Mox32f>>(x * 0x1p24f))[0] * 0x1p-8f;
+  static V<Mox32f> rare(V<Mox32f> x, int&) {
+    const auto isBeyond = notAtMost(absolute(x), std::numeric_limits<Mox32f>::max());
+    const V<Mox32f> isZero = V<Mox32f>(x == 0.0f);
+    return select(either(isZero, isBeyond), x + x, lanes(x * 0x1p24f) * 0x1p-8f);
   }
 };
 

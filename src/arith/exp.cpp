@@ -21,13 +21,14 @@ struct Exp64f {
   // Powers of two beyond the exponents of normal numbers.
   static V<Mox64f> special(V<Mox64f> x) { return notAtMost(absolute(x), 708.0); }
 
-  static Mox64f one(Mox64f x, int&) {
-    if (x != x) return x + x;
-    // Past these bounds nothing changes: infinity, and zero.
-    const ExpArgument argument(broadcast<V<Mox64f>>(std::clamp(x, -746.0, 710.0)));
+  static V<Mox64f> rare(V<Mox64f> x, int&) {
+    // Infinity past the one bound, zero past the other: there the product would underflow slowly.
+    const V<Mox64f> zero = {}, isZero = V<Mox64f>(x < -746.0);
+    const ExpArgument argument(select(isZero, zero, lesser(x, zero + 710.0)));
     const V<Mox64f> half = nearestInteger(argument.exponent * 0.5);
-    return (expOfRest(argument.rest) * powersOfTwo(half) *
-            powersOfTwo(argument.exponent - half))[0];
+    const V<Mox64f> result =
+        expOfRest(argument.rest) * powersOfTwo(half) * powersOfTwo(argument.exponent - half);
+    return select(isZero, zero, select(V<Mox64f>(x != x), x + x, result));
   }
 };
 
@@ -39,7 +40,11 @@ struct Exp32f {
 
   static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
-  static Mox32f one(Mox32f x, int& code) { return Mox32f(Exp64f::one(x, code)); }
+  static V<Mox32f> rare(V<Mox32f> x, int&) {
+    const auto most = broadcast<V<Mox32f>>(104.0f), least = -most;  // infinity, and zero
+    const V<Mox32f> result = inDoubles(greater(lesser(x, most), least), Exp64f::lanes);
+    return select(V<Mox32f>(x != x), x + x, result);
+  }
 };
 
 // e^x times 2^-factor for integers x. The factor joins the exponent, so that neither has to be in

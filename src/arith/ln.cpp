@@ -33,7 +33,9 @@ struct Ln32f {
     return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
   }
 
-  static Mox32f one(Mox32f x, int& code) { return lnOfFloat(x, code); }
+  static V<Mox32f> rare(V<Mox32f> x, int& code) {
+    return lnOutsideItsDomain(x, inDoubles(x, Ln64f::lanes), code);
+  }
 };
 
 template <VectorFunction Function, class S, class D>

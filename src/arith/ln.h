@@ -3,7 +3,6 @@
 
 #include <bit>
 #include <limits>
-#include <optional>
 
 #include "frame/vec/vec.h"
 
@@ -48,20 +47,17 @@ struct LnArgument {
   return x.exponent * 0x1.62e42fefa3p-1 + (f - (half - low));
 }
 
-// What a number that is not positive and finite has for a logarithm; nothing for the others.
-template <class F>
-std::optional<F> lnOutsideItsDomain(F x, int& code) {
-  using Range = std::numeric_limits<F>;
-  if (x == 0) {
-    code = lnOfZero;
-    return -Range::infinity();
-  }
-  if (x < 0) {
-    code = lnOfNegative;
-    return Range::quiet_NaN();
-  }
-  if (!(x <= Range::max())) return x * x;  // infinity and NaN
-  return {};
+// `result` where x is positive and finite, and what the others have for a logarithm.
+template <class T>
+[[gnu::always_inline]] inline T lnOutsideItsDomain(T x, T result, int& code) {
+  using Range = std::numeric_limits<Lane<T>>;
+  const T zero = {}, isZero = T(x == zero), isNegative = T(x < zero);
+  const int warned = signBits(either(isZero, isNegative));
+  if (warned && code == 0)
+    code = x[std::countr_zero(unsigned(warned))] == 0 ? lnOfZero : lnOfNegative;
+  result = select(notAtMost(x, Range::max()), x + x, result);  // infinity and NaN
+  result = select(isNegative, zero + Range::quiet_NaN(), result);
+  return select(isZero, zero - Range::infinity(), result);
 }
 
 // The logarithm of doubles: a function for runFunction().
@@ -75,15 +71,13 @@ struct Ln64f {
     return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
   }
 
-  static Mox64f one(Mox64f x, int& code) {
-    if (const auto special = lnOutsideItsDomain(x, code)) return *special;
-    LnArgument scaled(broadcast<V<Mox64f>>(x * 0x1p54));
-    scaled.exponent -= 54.0;
-    return lnOf(scaled)[0];
+  static V<Mox64f> rare(V<Mox64f> x, int& code) {
+    // A subnormal number counts steps of 2^-1074. Arithmetic on the number itself would be slow.
+    const auto bits = Bits<V<Mox64f>>(x) | std::bit_cast<Mox64u>(0x1p52);
+    LnArgument steps(V<Mox64f>(bits) - 0x1p52);
+    steps.exponent -= 1074.0;
+    return lnOutsideItsDomain(x, lnOf(steps), code);
   }
 };
-
-// The logarithm of one float, whatever its value.
-Mox32f lnOfFloat(Mox32f x, int& code);
 
 }  // namespace mox::arith

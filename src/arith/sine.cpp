@@ -19,7 +19,14 @@ struct Sine64f {
 
   static D lanes(D x) { return of(reduced(x)); }
   static D special(D x) { return notAtMost(absolute(x), largestAngle); }
-  static Mox64f one(Mox64f x, int&) { return of(reducedFar(x))[0]; }
+  static D rare(D x, int&) {
+    D result = x;
+    for (int bits = signBits(special(x)); bits; bits &= bits - 1) {
+      const int lane = std::countr_zero(unsigned(bits));
+      result[lane] = of(reducedFar(x[lane]))[0];
+    }
+    return result;
+  }
 
   static D of(Reduced x) {
     const auto [n, angle, rest] = x;
@@ -35,16 +42,11 @@ struct Sine32f {
   using Element = Mox32f;
   using InDouble = Sine64f<turn>;
 
-  static V<Mox32f> lanes(V<Mox32f> x) {
-    const auto half = [](auto v) {
-      return __builtin_convertvector(InDouble::lanes(__builtin_convertvector(v, D)),
-                                     Beside<Mox32f, D>);
-    };
-    const auto [low, high] = halves(x);
-    return join<V<Mox32f>>(half(low), half(high));
-  }
+  static V<Mox32f> lanes(V<Mox32f> x) { return inDoubles(x, InDouble::lanes); }
   static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), Mox32f(largestAngle)); }
-  static Mox32f one(Mox32f x, int& code) { return Mox32f(InDouble::one(x, code)); }
+  static V<Mox32f> rare(V<Mox32f> x, int& code) {
+    return inDoubles(x, [&](D v) { return InDouble::rare(v, code); });
+  }
 };
 
 // 2 / pi, after a word of zeros: bit i, counted from the highest of the first word on, has the

@@ -3,6 +3,8 @@
 #include <moxsp/arith.h>
 
 #include <algorithm>
+#include <limits>
+#include <optional>
 
 #include "arith/ln.h"
 #include "frame/export.h"
@@ -44,6 +46,21 @@ class Product {
   Lanes exponent_ = broadcast<Lanes>(0.0), mantissa_ = broadcast<Lanes>(1.0);
 };
 
+// What a number that is not positive and finite has for a logarithm; nothing for the others.
+std::optional<Mox64f> lnOfSpecial(Mox64f x, int& code) {
+  using Range = std::numeric_limits<Mox64f>;
+  if (x == 0) {
+    code = lnOfZero;
+    return -Range::infinity();
+  }
+  if (x < 0) {
+    code = lnOfNegative;
+    return Range::quiet_NaN();
+  }
+  if (!(x <= Range::max())) return x * x;  // infinity and NaN
+  return {};
+}
+
 class LnSum {
  public:
   template <class S>
@@ -73,7 +90,7 @@ class LnSum {
     for (int lane = 0; lane < lanes; ++lane) {
       if (!(bits >> lane & 1)) continue;
       int noted = 0;
-      if (const auto special = lnOutsideItsDomain(x[lane], noted)) {
+      if (const auto special = lnOfSpecial(x[lane], noted)) {
         special_ += *special;
         x[lane] = 1;
       } else {

@@ -1,9 +1,8 @@
-// The driver of the elementary functions on floats: vectors throughout, and a routine for one
-// element where a lane is out of the vector's reach.
+// The driver of the elementary functions on floats: a quick kernel for the usual elements, and
+// another one for vectors with lanes that it does not serve.
 #pragma once
 
 #include <algorithm>
-#include <bit>
 #include <concepts>
 
 #include "frame/checks.h"
@@ -18,14 +17,25 @@ concept VectorFunction = requires(V<typename Function::Element> x) {
   { Function::lanes(x) } -> std::same_as<decltype(x)>;
 };
 
-// special(x) masks the lanes that lanes() does not serve; one(element, code) gives the result of
-// such an element, and a code to remember if the caller is to be warned of it.
+// special(x) masks the lanes that lanes() does not serve; rare(x, code) gives their results, and
+// sets a code that is still 0 if the caller is to be warned of one of them.
 template <class Function>
 concept WithSpecialLanes = VectorFunction<Function> &&
-    requires(V<typename Function::Element> x, typename Function::Element e, int& code) {
+    requires(V<typename Function::Element> x, int& code) {
   { Function::special(x) } -> std::same_as<decltype(x)>;
-  { Function::one(e, code) } -> std::same_as<decltype(e)>;
+  { Function::rare(x, code) } -> std::same_as<decltype(x)>;
 };
+
+// A function of floats by way of doubles, whose results are rounded once more.
+template <class Op>
+[[gnu::always_inline]] inline V<Mox32f> inDoubles(V<Mox32f> x, Op op) {
+  const auto half = [&](auto v) {
+    return __builtin_convertvector(op(__builtin_convertvector(v, V<Mox64f>)),
+                                   Beside<Mox32f, V<Mox64f>>);
+  };
+  const auto [low, high] = halves(x);
+  return join<V<Mox32f>>(half(low), half(high));
+}
 
 namespace detail {
 
@@ -37,22 +47,26 @@ using FunctionLanes = V<typename Function::Element>;
 template <class Function>
 constexpr int vectorsPerBlock = functionBlock / laneCount<FunctionLanes<Function>>;
 
-// Results of a block, computed anew in its special lanes. The first code noted stays.
-template <class Function>
-struct Repair {
-  using Lanes = FunctionLanes<Function>;
-  Lanes x[vectorsPerBlock<Function>], result[vectorsPerBlock<Function>];
+template <class Lanes, class D>
+[[gnu::always_inline]] inline void storeResult(D* dst, Lanes result) {
+  if constexpr (std::is_same_v<D, Lane<Lanes>>)
+    store(dst, result);
+  else
+    store(dst, __builtin_convertvector(result, V<D, laneCount<Lanes>>));
+}
 
-  [[gnu::noinline, gnu::cold]] void run(int& code) {
-    for (int j = 0; j < vectorsPerBlock<Function>; ++j)
-      for (int bits = signBits(Function::special(x[j])); bits; bits &= bits - 1) {
-        const int lane = std::countr_zero(unsigned(bits));
-        int noted = 0;
-        result[j][lane] = Function::one(x[j][lane], noted);
-        if (code == 0) code = noted;
-      }
+// A block with special lanes. Where one lane is special, most often all are.
+template <class Function, class S, class D>
+[[gnu::noinline]] void runRareBlock(const S* src, D* dst, int& code) {
+  using Lanes = FunctionLanes<Function>;
+  for (int i = 0; i < functionBlock; i += laneCount<Lanes>) {
+    const auto x = loadWidened<Lanes>(src + i), special = Function::special(x);
+    auto result = Function::rare(x, code);
+    if (signBits(special) != (1 << laneCount<Lanes>)-1)
+      result = select(special, result, Function::lanes(x));
+    storeResult(dst + i, result);
   }
-};
+}
 
 template <class Function, class S, class D>
 [[gnu::always_inline]] inline void runBlock(const S* src, D* dst, int& code) {
@@ -60,23 +74,14 @@ template <class Function, class S, class D>
   constexpr int vectors = vectorsPerBlock<Function>, lanes = laneCount<Lanes>;
   Lanes x[vectors], result[vectors];
   for (int j = 0; j < vectors; ++j) x[j] = loadWidened<Lanes>(src + j * lanes);
-  for (int j = 0; j < vectors; ++j) result[j] = Function::lanes(x[j]);
   if constexpr (WithSpecialLanes<Function>) {
     Lanes special = Function::special(x[0]);
     for (int j = 1; j < vectors; ++j) special = either(special, Function::special(x[j]));
-    if (signBits(special)) [[unlikely]] {
-      Repair<Function> repair;
-      for (int j = 0; j < vectors; ++j) repair.x[j] = x[j], repair.result[j] = result[j];
-      repair.run(code);
-      for (int j = 0; j < vectors; ++j) result[j] = repair.result[j];
-    }
+    if (signBits(special)) [[unlikely]]
+      return runRareBlock<Function>(src, dst, code);
   }
-  for (int j = 0; j < vectors; ++j) {
-    if constexpr (std::is_same_v<D, Lane<Lanes>>)
-      store(dst + j * lanes, result[j]);
-    else
-      store(dst + j * lanes, __builtin_convertvector(result[j], V<D, lanes>));
-  }
+  for (int j = 0; j < vectors; ++j) result[j] = Function::lanes(x[j]);
+  for (int j = 0; j < vectors; ++j) storeResult(dst + j * lanes, result[j]);
 }
 
 // Fewer elements than a block: the empty lanes compute the function of a harmless value.

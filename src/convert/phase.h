@@ -2,9 +2,6 @@
 // is the tangent of an angle up to pi / 4, and the rest is symmetry.
 #pragma once
 
-#include <algorithm>
-#include <bit>
-#include <cmath>
 #include <limits>
 
 #include "arith/arctan.h"
@@ -40,7 +37,7 @@ struct Octant {
 template <class T>
 struct Angle {
   T value;
-  T isOut;  // mask of the lanes to be computed anew by phaseOfOne()
+  T isOut;  // mask of the lanes to be computed anew by phaseOfAny()
 };
 
 // The divisions by way of the processor's estimate of a reciprocal.
@@ -73,38 +70,39 @@ struct Angle {
   return {withSignOf(z.im, absolute(from + (t + (arith::arctanExcess(t) + rest)))), o.isOut};
 }
 
-// x 2^n, rounded once; unlike the C library's it leaves errno alone.
-template <class F>
-F timesPowerOfTwo(F x, int n) {
-  constexpr int most = std::numeric_limits<F>::max_exponent - 1;
-  const int near = std::clamp(n, 1 - most, most);
-  return x * powerOfTwo<F>(n - near) * powerOfTwo<F>(near);
-}
-
-// Of any number; what the kernels leave out is brought into their reach.
-template <class F>
-F phaseOfOne(F re, F im) {
-  if (std::isnan(re) || std::isnan(im)) return re + im;
-  if (std::isinf(re) || std::isinf(im)) {
-    re = std::copysign(F(std::isinf(re)), re);
-    im = std::copysign(F(std::isinf(im)), im);
-  } else {
-    const int exponent = std::ilogb(std::max(std::fabs(re), std::fabs(im)));
-    re = timesPowerOfTwo(re, -exponent);
-    im = timesPowerOfTwo(im, -exponent);
-  }
-  return phaseLanes(Pair{broadcast<V<F>>(re), broadcast<V<F>>(im)}).value[0];
-}
-
 namespace detail {
 
+// Times the power of two that brings the larger part to 1 or above, below 2. Half of it at a time
+// is a number for all exponents.
 template <class T>
-[[gnu::noinline, gnu::cold]] T repairPhases(Pair<T> z, Angle<T> angle) {
-  for (int bits = signBits(angle.isOut); bits; bits &= bits - 1) {
-    const int lane = std::countr_zero(unsigned(bits));
-    angle.value[lane] = phaseOfOne(z.re[lane], z.im[lane]);
-  }
-  return angle.value;
+Pair<T> normalised(Pair<T> z) {
+  using Range = std::numeric_limits<Lane<T>>;
+  using Integers = Bits<T>;
+  using Integer = Lane<Integers>;
+  constexpr Integer bias = Range::max_exponent - 1, fractionBits = Range::digits - 1;
+  const T larger = greater(absolute(z.re), absolute(z.im)), isSubnormal = T(larger < Range::min());
+  const T lifted = select(isSubnormal, larger * Lane<T>(Integer(1) << Range::digits), larger);
+  const Integers exponent =
+      (Integers(lifted) >> fractionBits) - (Integers(isSubnormal) & Integer(Range::digits));
+  const Integers both = 3 * bias - exponent, one = both >> 1;
+  return z * T(one << fractionBits) * T((both - one) << fractionBits);
+}
+
+// Of any numbers: those that the kernels leave out are brought into their reach.
+template <class T>
+[[gnu::noinline]] T phaseOfAny(const Pair<T>& z) {
+  const auto beyond = [](T v) {
+    return notAtMost(absolute(v), std::numeric_limits<Lane<T>>::max());
+  };
+  const T zero = {}, isInfinite = either(beyond(z.re), beyond(z.im)), isOut = Octant(z).isOut;
+  const Pair<T> finite = normalised(z);
+  const auto inReach = [&](T v, T scaled) {
+    const T direction = withSignOf(v, select(beyond(v), zero + 1, zero));
+    return select(isOut, select(isInfinite, direction, scaled), v);
+  };
+  const Pair<T> reached = {inReach(z.re, finite.re), inReach(z.im, finite.im)};
+  const T sum = z.re + z.im, isNaN = either(T(z.re != z.re), T(z.im != z.im));
+  return select(isNaN, sum, phaseLanes(reached).value);
 }
 
 }  // namespace detail
@@ -116,7 +114,7 @@ struct Phase {
     const auto z = src.template lanes<V<F>>(i);
     const auto angle = phaseLanes(z);
     if (signBits(angle.isOut)) [[unlikely]]
-      return detail::repairPhases(z, angle);
+      return detail::phaseOfAny(z);
     return angle.value;
   }
 };

@@ -1,27 +1,16 @@
 // Sorts by comparison, in place, of values and of values with their indices.
 #include <moxsp/sorting.h>
 
-#include <type_traits>
-
 #include "frame/export.h"
-#include "stats/count_bytes.h"
-#include "stats/sort_order.h"
 #include "stats/sort_quick.h"
 
 namespace mox::stats {
 namespace {
 
-constexpr int leastCounted = 128;  // bytes
-
 template <class Order, class T>
 MoxStatus sort(T* srcDst, int len) {
   if (MoxStatus s = checkArrays(len, srcDst)) return s;
-  if constexpr (std::is_same_v<T, Mox8u>)
-    if (len >= leastCounted) {
-      sortByCounting<Order>(srcDst, len);
-      return moxOk;
-    }
-  quickSort<Order>(PlainKeys<T>{srcDst}, len);
+  sortValues<Order>(srcDst, len);
   return moxOk;
 }
 

@@ -3,17 +3,31 @@
 
 #include "frame/export.h"
 #include "frame/vec/vec.h"
-#include "stats/count_bytes.h"
+#include "stats/sort_quick.h"
 #include "stats/sort_radix_cut.h"
 #include "stats/sort_radix_passes.h"
 
 namespace mox::stats {
 namespace {
 
+// Keys, and indices, for which clearing and adding up counts takes longer than comparing them.
+constexpr long mostCompared = 256, mostInserted = 32;
+
+// Equal keys cannot be told apart, so that a sort by comparison leaves the same vector.
+template <class Key, class T>
+void sortByComparison(T* srcDst, long len) {
+  using Bits = typename Key::Bits;
+  const PlainKeys<Bits> keys = {reinterpret_cast<Bits*>(srcDst)};
+  for (long i = 0; i < len; ++i) keys.put(i, {Key::mapped(keys.key(i))});
+  quickSort<Ascending>(keys, len);
+  for (long i = 0; i < len; ++i) keys.put(i, {Key::unmapped(keys.key(i))});
+}
+
 template <class Key, class T>
 void sortKeys(T* srcDst, T* buffer, long len) {
+  if (len <= mostCompared) return sortByComparison<Key>(srcDst, len);
   if constexpr (sizeof(T) >= 4)
-    if (len > longestUncut) return sortByParts<Key>(srcDst, buffer, len, false);
+    if (len > longestUncut<T>) return sortByParts<Key>(srcDst, buffer, len, false);
   sortByDigits<Key, WholeKeys<typename Key::Bits>>(srcDst, buffer, len, false);
 }
 
@@ -21,7 +35,7 @@ template <class Order, class T>
 MoxStatus sortRadix(T* srcDst, T* buffer, int len) {
   if (MoxStatus s = checkArrays(len, srcDst, buffer)) return s;
   if constexpr (sizeof(T) == 1)
-    sortByCounting<Order>(srcDst, len);
+    sortValues<Order>(srcDst, len);
   else
     sortKeys<RadixKey<T, Order>>(srcDst, buffer, len);
   return moxOk;
@@ -37,6 +51,15 @@ void orderByDigits(const void* src, long stride, Mox32s* dstIdx, Mox32s* tmpIdx,
   const auto key = [=](long i) {
     return Key::mapped(load<Bits>(static_cast<const Mox8u*>(src) + i * stride));
   };
+  if (len <= mostInserted) {
+    for (long i = 0; i < len; ++i) {
+      long place = i;
+      for (; place > 0 && key(load<Mox32s>(dstIdx + place - 1)) > key(i); --place)
+        store(dstIdx + place, load<Mox32s>(dstIdx + place - 1));
+      store(dstIdx + place, Mox32s(i));
+    }
+    return;
+  }
   DigitTables<Digits> tables;
   for (long i = 0; i < len; ++i) tables.tally(key(i));
   tables.place();

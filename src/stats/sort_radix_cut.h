@@ -14,7 +14,9 @@
 
 namespace mox::stats {
 
-constexpr long longestUncut = 1 << 19;
+// Up to here the vector and its buffer stay in the caches.
+template <class T>
+constexpr long longestUncut = (4 << 20) / sizeof(T);
 constexpr int lineBytes = 64;  // of a cache
 constexpr int cutBits = 8, cutParts = 1 << cutBits;
 constexpr int fineBits = 11, fineParts = 1 << fineBits;
@@ -120,7 +122,7 @@ void sortByParts(T* keys, T* other, long len, bool intoOther) {
   for (int p = 0; p < parts.count; ++p) {
     const long start = parts.starts[p], length = parts.starts[p + 1] - start;
     T *part = other + start, *spare = keys + start;
-    if (length > longestUncut && parts.shift > 0)
+    if (length > longestUncut<T> && parts.shift > 0)
       sortByParts<Key>(part, spare, length, !intoOther);
     else if (length > 0 && fine)
       sortByDigits<Key, Below<Bits, fineBits>>(part, spare, length, !intoOther);

@@ -19,7 +19,7 @@ MoxStatus run(typename View::Const src, View dst, const MoxsFFTSpec* object, Mox
   if (MoxStatus s = requireId(object, kind)) return s;
   if (src.anyNull() || dst.anyNull()) return moxErrNullPtr;
   const auto& spec = static_cast<const FftSpec<F>&>(*object);
-  const WorkBuffer work(buffer, spec.bufSize);
+  const WorkBuffer work(buffer, ownFftWork(spec, spec.order));
   if (work.failed()) return moxErrMemAlloc;
   ownFftRun<d>(spec, src, dst, spec.order, work.template as<F>());
   return moxOk;

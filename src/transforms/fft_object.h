@@ -25,7 +25,7 @@ template <class F, FftKind kind>
 struct ComplexKind : FloatKind<F> {
   static constexpr FftKind id = kind;
   static constexpr int maxOrder = FftLimits<F>::maxComplexOrder;
-  static constexpr int maxSmallOrder = fftMaxSmallOrder;
+  static constexpr int maxSmallOrder = fftLastBareOrder;
 
   struct Shape {
     int order;
@@ -49,7 +49,7 @@ struct RealKind : FloatKind<F> {
   static constexpr int maxOrder = FftLimits<F>::maxComplexOrder + 1;
   static constexpr int maxSmallOrder = fftMaxSmallRealOrder;
 
-  static constexpr bool hasComplexTables(int order) { return order - 1 > fftMaxSmallOrder; }
+  static constexpr bool hasComplexTables(int order) { return order - 1 > fftLastBareOrder; }
 
   struct Shape {
     int order;
@@ -78,7 +78,7 @@ concept FftObject = ObjectKind<K> &&
     requires(typename K::Record& spec, int order, QuarterSine<typename K::Float> sine) {
   K::id;
   K::maxOrder;
-  K::maxSmallOrder;  // up to there kernels need no tables
+  K::maxSmallOrder;  // up to there records have no tables
   { K::tablesFigure(order) } -> std::same_as<long>;
   { K::workBytes(order) } -> std::same_as<long>;
   K::fill(spec, order, sine);

@@ -76,7 +76,7 @@ MoxStatus checked(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer
   if (MoxStatus s = requireId(object, sizeof(F) == 4 ? fftReal32f : fftReal64f)) return s;
   if (anyNull(src, dst)) return moxErrNullPtr;
   const auto& spec = static_cast<const FftSpec<F>&>(*object);
-  const WorkBuffer work(buffer, spec.bufSize);
+  const WorkBuffer work(buffer, ownFftWork(spec, spec.order - 1));
   if (work.failed()) return moxErrMemAlloc;
   run(spec, src, dst, work.as<F>());
   return moxOk;

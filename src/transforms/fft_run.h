@@ -13,6 +13,12 @@ namespace mox::transforms {
 template <Direction d, class View, class F>
 void ownFftRun(const FftSpec<F>& spec, typename View::Const src, View dst, int order, F* work);
 
+// Bytes of work memory that it uses.
+template <class F>
+long ownFftWork(const FftSpec<F>& spec, int order) {
+  return order <= fftMaxSmallOrder ? 0 : spec.bufSize;
+}
+
 // The transform of real samples to a spectrum in Perm layout, and back.
 template <class F>
 void runRealForward(const FftSpec<F>& spec, const F* src, F* dst, F* work);

@@ -1,8 +1,8 @@
-// Straight-line transforms of 2^order numbers for orders 0 to 6. Each reads all of its source
+// Straight-line transforms of 2^order numbers for orders 0 to 8. Each reads all of its source
 // before it writes, so that source and destination may be one array.
 #pragma once
 
-#include "transforms/fft_butterflies.h"
+#include "transforms/dft_butterflies.h"
 #include "transforms/fft_spec.h"
 #include "transforms/fft_views.h"
 #include "transforms/turn.h"
@@ -44,7 +44,7 @@ constexpr RowTwiddles<F, rows, columns, direction> rowTwiddles;
 // Number n = columns * r + c is turned over the rows, then over the columns.
 template <Direction direction, bool scaled, int rows, int columns, class Source, class Target,
           class F>
-void smallInRows(Source src, Target dst, F factor) {
+[[gnu::flatten]] void smallInRows(Source src, Target dst, F factor) {
   constexpr int width = (lanesOf<F> / 2);
   constexpr const auto& twiddles = rowTwiddles<F, rows, columns, direction>;
   V<F> turned[columns][rows / width];
@@ -52,7 +52,7 @@ void smallInRows(Source src, Target dst, F factor) {
 #pragma GCC unroll 8
   for (int v = 0; v < columns / width; ++v) {
     V<F> a[rows];
-    for (int r = 0; r < rows; ++r) a[r] = src.interleaved(r * columns + v * width);
+    for (int r = 0; r < rows; ++r) a[r] = inRegister(src.interleaved(r * columns + v * width));
     butterfly<direction, F>(a);
     for (int r = 1; r < rows; ++r)
       a[r] = addSubtract(a[r] * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
@@ -79,10 +79,10 @@ template <Direction direction, bool scaled, int order, class Source, class Targe
 void smallTransform(Source src, Target dst, F factor) {
   if constexpr (order <= 3) {
     constexpr int n = 1 << order;
-    Pair<F> a[n];
-    for (int i = 0; i < n; ++i) a[i] = src.number(i);
+    decltype(loadNumber(src, 0)) a[n];
+    for (int i = 0; i < n; ++i) a[i] = loadNumber(src, i);
     butterfly<direction, F>(a);
-    for (int i = 0; i < n; ++i) dst.putNumber(i, scaled ? a[i] * factor : a[i]);
+    for (int i = 0; i < n; ++i) storeNumber(dst, i, scaled ? a[i] * factor : a[i]);
   } else {
     constexpr int rows = 1 << (order + 1) / 2, columns = 1 << order / 2;
     smallInRows<direction, scaled, rows, columns>(src, dst, factor);

@@ -63,8 +63,9 @@ struct FftLimits<Mox64f> {
   static constexpr int tileBits = 5;
   static constexpr long inCache = 1024;
 };
-constexpr int fftMaxSmallOrder = 6;      // straight-line complex kernels up to here
+constexpr int fftMaxSmallOrder = 8;      // straight-line complex kernels up to here
 constexpr int fftMaxSmallRealOrder = 4;  // straight-line real kernels up to here
+constexpr int fftLastBareOrder = 6;      // complex transforms hold no tables up to here
 
 // A record, its tables, and the work buffer of a run start on multiples of this.
 constexpr int fftAlignment = 64;

@@ -34,6 +34,29 @@ struct Blocks {
   }
 };
 
+// One number in half a register, its parts side by side; or in two registers, where memory has them
+// apart.
+[[gnu::always_inline]] inline V<Mox32f, 4> loadNumber(Array<const Mox32fc> view, long i) {
+  return V<Mox32f, 4>(V<Mox64f, 2>{load<Mox64f>(view.p + i), 0});
+}
+[[gnu::always_inline]] inline void storeNumber(Array<Mox32fc> view, long i, V<Mox32f, 4> z) {
+  store(view.p + i, V<Mox64f, 2>(z)[0]);
+}
+[[gnu::always_inline]] inline V<Mox64f, 2> loadNumber(Array<const Mox64fc> view, long i) {
+  return load<V<Mox64f, 2>>(view.p + i);
+}
+[[gnu::always_inline]] inline void storeNumber(Array<Mox64fc> view, long i, V<Mox64f, 2> z) {
+  store(view.p + i, z);
+}
+template <class F>
+[[gnu::always_inline]] inline Pair<F> loadNumber(Split<const F> view, long i) {
+  return view.number(i);
+}
+template <class F>
+[[gnu::always_inline]] inline void storeNumber(Split<F> view, long i, Pair<F> z) {
+  view.putNumber(i, z);
+}
+
 template <class F>
 void scale(Blocks<F> view, F factor, long count) {
   arith::ownsMulC_I(factor, view.data, 2 * count);

@@ -41,7 +41,7 @@ inline Blocks<Mox32f> midArea(WordSource, WordTarget, Mox32f* work) { return {wo
 // Whether ownFftWords() takes an order, and a factor with which no result is subnormal.
 inline bool isForWords(int order, int scaleFactor) {
   constexpr int mostFactor = 60;
-  return order > fftMaxSmallOrder && order < FftLimits<Mox32f>::largeOrder &&
+  return order > fftLastBareOrder && order < FftLimits<Mox32f>::largeOrder &&
          scaleFactor >= -mostFactor && scaleFactor <= mostFactor;
 }
 

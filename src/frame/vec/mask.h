@@ -62,11 +62,13 @@ template <class T>
       return unsigned(_mm_movemask_ps(__m128(v)));
     else
       return unsigned(_mm256_movemask_ps(__m256(v)));
-  } else if constexpr (bytes == 32) {
+  } else if constexpr (width == 2 && bytes == 32) {
     const auto [low, high] = halves(v);
-    return signBits(low) | signBits(high) << laneCount<T> / 2;
+    return unsigned(_mm_movemask_epi8(_mm_packs_epi16(__m128i(low), __m128i(high))));
   } else if constexpr (width == 2) {
     return unsigned(_mm_movemask_epi8(_mm_packs_epi16(__m128i(v), _mm_setzero_si128())));
+  } else if constexpr (bytes == 32) {
+    return unsigned(_mm256_movemask_epi8(__m256i(v)));
   } else {
     return unsigned(_mm_movemask_epi8(__m128i(v)));
   }
