@@ -89,22 +89,23 @@ template <class Function, class S, class D>
 [[gnu::noinline]] void runPart(const S* src, D* dst, long count, int& code) {
   alignas(vectorBytes) S in[functionBlock];
   alignas(vectorBytes) D out[functionBlock];
-  for (S& e : in) e = S(0.75);
-  for (long i = 0; i < count; ++i) in[i] = load<S>(src + i);
+  for (long i = 0; i < functionBlock; i += lanesOf<S>)
+    storeAligned(in + i, loadFirst<V<S>>(src + i, count - i, S(0.75)));
   runBlock<Function>(in, out, code);
   for (long i = 0; i < count; ++i) store(dst + i, out[i]);
 }
 
 }  // namespace detail
 
-// dst[i] = function of src[i]: a part up to the first vector boundary of `src`, blocks of 16, and a
-// part for the rest. Returns the first code that an element noted, else 0.
+// dst[i] = function of src[i]: a part up to the first vector boundary of `src` if a block follows,
+// blocks of 16, and a part for the rest. Returns the first code that an element noted, else 0.
 template <VectorFunction Function, class S, class D>
 int runFunction(const S* src, D* dst, int len) {
   if (len < 1 || anyNull(src, dst)) return 0;
   const MaskedExceptions scope;
   int code = 0;
-  long i = std::min(peelCount(src), len);
+  long i = peelCount(src);
+  if (i + detail::functionBlock > len) i = 0;
   if (i > 0) detail::runPart<Function>(src, dst, i, code);
   for (; i <= len - detail::functionBlock; i += detail::functionBlock)
     detail::runBlock<Function>(src + i, dst + i, code);

@@ -65,10 +65,15 @@ struct Array {
   struct Piece {
     alignas(vectorBytes) Value e[complexBlock];
     Array array() { return {e}; }
+    // Zeros behind the last number.
     void load(Array src, long count) {
+      using Words = V<Mox32f>;
       for (long at = 0; at < long(sizeof e); at += vectorBytes)
-        storeAligned(reinterpret_cast<Mox8u*>(e) + at, V<Mox8u>{});
-      std::memcpy(e, src.p, std::size_t(count * bytes));
+        storeAligned(reinterpret_cast<Mox8u*>(e) + at,
+                     loadFirst<Words>(reinterpret_cast<const Mox8u*>(src.p) + at,
+                                      (count * bytes - at) / 4, 0));
+      if constexpr (bytes < 4)
+        if (count % 2) e[count - 1] = mox::load<Value>(src.p + count - 1);
     }
     void store(Array dst, long count) const { std::memcpy(dst.p, e, std::size_t(count * bytes)); }
   };

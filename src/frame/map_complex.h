@@ -26,7 +26,7 @@ template <class Op, class Source, class Target>
     typename Source::Piece in;
     typename Target::Piece out;
     in.load(src.from(i), count);
-    for (int j = 0; j < complexBlock; j += Op::lanes)
+    for (int j = 0; j < count; j += Op::lanes)
       out.array().store(j, op(in.array(), j), [](void* p, auto v) { storeAligned(p, v); });
     out.store(dst.from(i), count);
   }
@@ -58,7 +58,7 @@ template <Stores stores, class Op, class Source, class Target>
 template <Stores stores = Stores::cached, class Op, ComplexView Source, ComplexView Target>
 requires ComplexOperation<Op, Source>
 [[gnu::always_inline]] inline void mapComplex(Op op, Source src, Target dst, long len) {
-  if (const long peel = std::min(long(dst.peel()), len)) {
+  if (const long peel = dst.peel(); peel > 0 && peel + complexBlock <= len) {
     detail::mapParts(op, src, dst, peel);
     src = src.from(peel), dst = dst.from(peel), len -= peel;
   }

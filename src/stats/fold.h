@@ -204,7 +204,12 @@ class Folding {
     if constexpr (ofOneSource || channels == 1) addSteps<longStep>(lanes, end);
     addSteps<order.step>(lanes, end);
     if constexpr (order.tail != Tail::folded && order.tail != Tail::serial)
-      if (i_ < end) addRest(lanes, end);
+      if (i_ < end) {
+        F lane[channels][All::count];
+        std::memcpy(lane, lanes.of, sizeof lane);
+        addRest(lane, end);
+        std::memcpy(lanes.of, lane, sizeof lane);
+      }
     addToTotal(lanes, end);
   }
 
@@ -227,17 +232,17 @@ class Folding {
       }
       addToTotal(half, end);
     } else {
-      if (order.tail == Tail::folded && i_ < end) addRest(lanes, end);
+      F lane[channels][count];
+      std::memcpy(lane, lanes.of, sizeof lane);
+      if (order.tail == Tail::folded && i_ < end) addRest(lane, end);
       for (int c = 0; c < channels; ++c) {
-        F lane[count];
-        store(lane, lanes.of[c][0]);
         if constexpr (widens) {
           for (int left = count; left > order.widenAt; left /= 2)
-            foldLanes<order.neighbours, Combine>(lane, left);
+            foldLanes<order.neighbours, Combine>(lane[c], left);
           for (int j = 0; j < totalLanes; ++j)
-            total_[c][j] += Total(lane[j]) + Total(lane[j + totalLanes]);
+            total_[c][j] += Total(lane[c][j]) + Total(lane[c][j + totalLanes]);
         } else {
-          std::copy_n(lane, totalLanes, total_[c]);
+          std::copy_n(lane[c], totalLanes, total_[c]);
         }
       }
     }
@@ -245,9 +250,7 @@ class Folding {
 
   // Adds what is no whole step, term by term.
   template <int count>
-  [[gnu::always_inline]] void addRest(Lanes<F, count, channels>& lanes, long end) {
-    F lane[channels][count];
-    std::memcpy(lane, lanes.of, sizeof lane);
+  [[gnu::always_inline]] void addRest(F (&lane)[channels][count], long end) {
     if constexpr (order.tail == Tail::halves || order.tail == Tail::folded) {
       for (int width = count / 2; width > 0; width /= 2)
         if ((end - i_) & width)
@@ -259,7 +262,6 @@ class Folding {
         for (int j = 0; j < cycle; ++j) addTo(lane, first + j, i_ + j);
       if (i_ < end) addTo(lane, first, i_++);
     }
-    std::memcpy(lanes.of, lane, sizeof lane);
   }
 
   Terms terms_;

@@ -9,4 +9,5 @@
 #include "frame/vec/float.h"
 #include "frame/vec/integer.h"
 #include "frame/vec/mask.h"
+#include "frame/vec/partial.h"
 #include "frame/vec/shuffle.h"
