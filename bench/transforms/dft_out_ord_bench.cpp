@@ -10,23 +10,23 @@
 
 namespace {
 
-#define FORM(name, C, t, w)                                                                       \
-  struct name {                                                                                   \
-    using Number = C;                                                                             \
-    static constexpr auto initAlloc = moxsDFTOutOrdInitAlloc_C_##t;                               \
-    static constexpr auto getBufSize = moxsDFTOutOrdGetBufSize_C_##t;                             \
-    static constexpr auto forward = moxsDFTOutOrdFwd_CToC_##t;                                    \
-    static constexpr auto inverse = moxsDFTOutOrdInv_CToC_##t;                                    \
-    static constexpr auto initOrdered = moxsDFTInitAlloc_C_##t;                                   \
-    static constexpr auto getBufSizeOrdered = moxsDFTGetBufSize_C_##t;                            \
-    static constexpr auto forwardOrdered = moxsDFTFwd_CToC_##t;                                   \
-    static constexpr auto inverseOrdered = moxsDFTInv_CToC_##t;                                   \
-    using Plan = w##_plan;                                                                        \
-    static Plan plan(int n, C* x, int sign) {                                                     \
-      auto* const z = reinterpret_cast<w##_complex*>(x);                                          \
-      return w##_plan_dft_1d(n, z, z, sign, FFTW_MEASURE);                                        \
-    }                                                                                             \
-    static constexpr auto execute = w##_execute;                                                  \
+#define FORM(name, C, t, w)                                            \
+  struct name {                                                        \
+    using Number = C;                                                  \
+    static constexpr auto initAlloc = moxsDFTOutOrdInitAlloc_C_##t;    \
+    static constexpr auto getBufSize = moxsDFTOutOrdGetBufSize_C_##t;  \
+    static constexpr auto forward = moxsDFTOutOrdFwd_CToC_##t;         \
+    static constexpr auto inverse = moxsDFTOutOrdInv_CToC_##t;         \
+    static constexpr auto initOrdered = moxsDFTInitAlloc_C_##t;        \
+    static constexpr auto getBufSizeOrdered = moxsDFTGetBufSize_C_##t; \
+    static constexpr auto forwardOrdered = moxsDFTFwd_CToC_##t;        \
+    static constexpr auto inverseOrdered = moxsDFTInv_CToC_##t;        \
+    using Plan = w##_plan;                                             \
+    static Plan plan(int n, C* x, int sign) {                          \
+      auto* const z = reinterpret_cast<w##_complex*>(x);               \
+      return w##_plan_dft_1d(n, z, z, sign, FFTW_MEASURE);             \
+    }                                                                  \
+    static constexpr auto execute = w##_execute;                       \
   }
 FORM(Single, Mox32fc, 32fc, fftwf);
 FORM(Double, Mox64fc, 64fc, fftw);

@@ -44,8 +44,7 @@ typedef struct MoxsHilbertSpec MoxsHilbertSpec;
  * 0x7FFFFFF, or 0x3FFFFFF where the DFT goes by a chirp, ::moxErrMemAlloc. `moxsHilbertFree`:
  * ::moxErrNullPtr, ::moxErrContext for an object of another kind. `moxsHilbert`: ::moxErrNullPtr,
  * ::moxErrContext, ::moxErrMemAlloc.
- * @note The relative error in the L2 norm is below 6e-7 * sqrt(1 + log2 len), four times that for a
- * length with a prime factor above 50.
+ * @note The relative error in the L2 norm is below 2.5e-7 * sqrt(1 + log2 len).
  * @see Marple, Computing the discrete-time analytic signal via FFT, IEEE Trans. Signal Processing
  * 47, 1999.
  * @{ */

@@ -10,17 +10,18 @@ using test::Room;
 
 template <class C>
 struct Api;
-#define OUT_ORD_API(C, t, tolerance, natural)                                        \
-  template <>                                                                        \
-  struct Api<C> {                                                                    \
-    static constexpr auto initAlloc = moxsDFTOutOrdInitAlloc_C_##t;                  \
-    static constexpr auto free = moxsDFTOutOrdFree_C_##t;                            \
-    static constexpr auto getBufSize = moxsDFTOutOrdGetBufSize_C_##t;                \
-    static constexpr auto forward = moxsDFTOutOrdFwd_CToC_##t;                       \
-    static constexpr auto inverse = moxsDFTOutOrdInv_CToC_##t;                       \
-    static constexpr auto ordered = moxsDFTFwd_CToC_##t, multiply = moxsMul_##t##_I; \
-    static constexpr auto& orderedApi = test::dftKinds[natural];                     \
-    static constexpr long double unit = tolerance;                                   \
+#define OUT_ORD_API(C, t, tolerance, natural)                         \
+  template <>                                                         \
+  struct Api<C> {                                                     \
+    static constexpr auto initAlloc = moxsDFTOutOrdInitAlloc_C_##t;   \
+    static constexpr auto free = moxsDFTOutOrdFree_C_##t;             \
+    static constexpr auto getBufSize = moxsDFTOutOrdGetBufSize_C_##t; \
+    static constexpr auto forward = moxsDFTOutOrdFwd_CToC_##t;        \
+    static constexpr auto inverse = moxsDFTOutOrdInv_CToC_##t;        \
+    static constexpr auto ordered = moxsDFTFwd_CToC_##t;              \
+    static constexpr auto multiply = moxsMul_##t##_I;                 \
+    static constexpr auto& orderedApi = test::dftKinds[natural];      \
+    static constexpr long double unit = tolerance;                    \
   }
 OUT_ORD_API(Mox32fc, 32fc, 0x4p-24L, 0);
 OUT_ORD_API(Mox64fc, 64fc, 0x4p-53L, 3);
@@ -109,14 +110,15 @@ TYPED_TEST(DftOutOrd, FollowsTheDefiningSumAtEveryLength) {
   for (long n = 1; n <= 600; ++n) {
     const test::Flag& flag = test::flags[n % 4];
     SCOPED_TRACE(testing::Message() << "length " << n << " flag " << flag.value);
-    const auto& [signal, spectrum] = test::noise(n);
+    const test::Noise& noise = test::noise(n);
     const Order order(n);
     const long double up = std::pow((long double)n, flag.forward);
     const long double back = std::pow((long double)n, 1 + flag.forward + flag.inverse);
     std::vector<C> x;
-    for (const Complex& z : signal) x.push_back({mox::Part<C>(z.real()), mox::Part<C>(z.imag())});
+    for (const Complex& z : noise.signal)
+      x.push_back({mox::Part<C>(z.real()), mox::Part<C>(z.imag())});
     std::vector<Complex> placed(n);
-    for (long k = 0; k < n; ++k) placed[order.place[k]] = up * spectrum[k];
+    for (long k = 0; k < n; ++k) placed[order.place[k]] = up * noise.spectrum[k];
     const Room<C> src(x, n, n % 3), dst({}, n, n % 3), both(x, n, n % 3);
     OutOrd<C> dft(int(n), flag.value);
     dft.forward(src.data(), dst.data());
@@ -126,7 +128,7 @@ TYPED_TEST(DftOutOrd, FollowsTheDefiningSumAtEveryLength) {
     ASSERT_EQ(std::memcmp(both.data(), dst.data(), n * sizeof(C)), 0);
     dft.inverse(dst.data(), src.data());
     const auto again = src.numbers();
-    ASSERT_LE(errorOf(again.data(), n, [&](long i) { return back * signal[i]; }),
+    ASSERT_LE(errorOf(again.data(), n, [&](long i) { return back * noise.signal[i]; }),
               2 * bound<C>(order));
     dft.inverse(both.data(), both.data());
     ASSERT_EQ(std::memcmp(both.data(), src.data(), n * sizeof(C)), 0);

@@ -44,7 +44,7 @@ std::vector<Complex> exactly(const std::vector<S>& x) {
   return z;
 }
 
-long double bound(long n) { return 6e-7L * std::sqrt(1 + std::log2((long double)n)); }
+long double bound(long n) { return 2.5e-7L * std::sqrt(1 + std::log2((long double)n)); }
 
 void expectNear(const std::vector<Mox32fc>& got, const std::vector<Complex>& exact) {
   test::RelativeError error;
