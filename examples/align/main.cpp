@@ -1,4 +1,5 @@
 // align: finds the delay between two recordings of one sound and cuts them to start together.
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <stdexcept>
 

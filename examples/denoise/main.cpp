@@ -1,4 +1,5 @@
 // denoise: takes steady noise out of a sound file.
+#include <CLI/CLI.hpp>
 #include <cmath>
 #include <cstdio>
 #include <stdexcept>

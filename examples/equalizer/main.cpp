@@ -1,4 +1,5 @@
 // equalizer: changes the tone of a sound file band by band and measures what came out.
+#include <CLI/CLI.hpp>
 #include <cmath>
 #include <cstdio>
 #include <stdexcept>

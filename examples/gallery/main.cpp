@@ -1,4 +1,6 @@
 // Draws the pictures of docs/pictures, which docs/gallery.md shows.
+#include <CLI/CLI.hpp>
+
 #include "gallery/pictures.h"
 #include "support/program.h"
 

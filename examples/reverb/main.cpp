@@ -1,4 +1,5 @@
 // reverb: plays a sound file in a room.
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
 #include "channel_reverb.h"

@@ -1,10 +1,16 @@
 // The frame of an example program: its options, its messages, and what a signal does to it.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
+
+// <CLI/CLI.hpp> takes seconds to compile: those who declare options include it.
+namespace CLI {
+class App;
+class Validator;
+}  // namespace CLI
 
 // Parses the options and runs `body`; tells an exception's text to the user. A first interrupt
 // makes checkInterrupt() throw, a second one ends the program at once.

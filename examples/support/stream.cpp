@@ -1,5 +1,6 @@
 #include "support/stream.h"
 
+#include <CLI/CLI.hpp>
 #include <map>
 #include <stdexcept>
 

@@ -1,4 +1,5 @@
 // wavfilter: filters a sound file and draws what the filter did.
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <stdexcept>
 #include <string>
