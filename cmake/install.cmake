@@ -7,6 +7,10 @@ install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev
 install(TARGETS moxsp moxsp_static EXPORT moxsp-targets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
   ARCHIVE COMPONENT development)
+foreach(isa ${wider_builds})
+  install(TARGETS moxsp_${isa} LIBRARY
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/${folder_${isa}} COMPONENT runtime NAMELINK_SKIP)
+endforeach()
 install(EXPORT moxsp-targets NAMESPACE moxsp:: DESTINATION ${package_dir} COMPONENT development)
 
 configure_package_config_file(cmake/moxsp-config.cmake.in moxsp-config.cmake

@@ -16,19 +16,19 @@ if(MOXSP_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# One text, built for the registers of each instruction set, and a folder in which the dynamic loader
+# looks on processors that have it.
+set(flags_avx -mavx)
+set(flags_avx2 -mavx2)
+set(flags_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl)
+set(folder_avx2 glibc-hwcaps/x86-64-v3)
+set(folder_avx512 glibc-hwcaps/x86-64-v4)
+if(NOT DEFINED flags_${MOXSP_ISA})
+  message(FATAL_ERROR "MOXSP_ISA is avx, avx2 or avx512, not ${MOXSP_ISA}")
+endif()
+
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp)
-add_library(moxsp_objects OBJECT ${sources})
-target_include_directories(moxsp_objects
-  PUBLIC include PRIVATE src ${PROJECT_BINARY_DIR}/generated)
-set_target_properties(moxsp_objects PROPERTIES
-  POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
-# Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
-# Vectors are written by hand, so the compiler's own vectoriser would only bloat peels and tails.
-target_compile_options(moxsp_objects PRIVATE
-  $<$<CONFIG:>:-O3> -mavx -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
-  -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
-  -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
-# These run before it is known that the processor has AVX.
+# These run before it is known which instructions the processor has.
 set_source_files_properties(src/support/attach.cpp src/support/processor.cpp
   PROPERTIES COMPILE_OPTIONS -mno-avx)
 # The compiler must not move arithmetic out of a scope that changes the rounding mode.
@@ -38,25 +38,63 @@ foreach(source ${sources})
     set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -frounding-math)
   endif()
 endforeach()
-target_link_libraries(moxsp_objects PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
 
-add_library(moxsp SHARED $<TARGET_OBJECTS:moxsp_objects>)
+# Objects for one instruction set.
+function(moxsp_objects target isa)
+  add_library(${target} OBJECT ${sources})
+  target_include_directories(${target}
+    PUBLIC include PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+  set_target_properties(${target} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  # Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
+  # Vectors are written by hand, so the compiler's own vectoriser would only bloat what is scalar; it
+  # would fuse operations, too, where the instructions are there.
+  target_compile_options(${target} PRIVATE
+    $<$<CONFIG:>:-O3> ${flags_${isa}} -ffp-contract=off -fno-tree-vectorize -fno-tree-slp-vectorize
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffunction-sections
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  if(isa STREQUAL avx512 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Which it sees in its own intrinsics.
+    target_compile_options(${target} PRIVATE -Wno-uninitialized -Wno-maybe-uninitialized)
+  endif()
+  string(TOUPPER ${isa} name)
+  target_compile_definitions(${target} PRIVATE MOXSP_${name})
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:moxsp_warnings>)
+endfunction()
+
+# A shared library of such objects, under the one name.
+function(moxsp_shared target objects folder)
+  add_library(${target} SHARED $<TARGET_OBJECTS:${objects}>)
+  set_target_properties(${target} PROPERTIES
+    OUTPUT_NAME moxsp VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${folder}
+    LINK_DEPENDS "${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld;${PROJECT_SOURCE_DIR}/src/frame/exports.map")
+  target_link_options(${target} PRIVATE
+    -Wl,-T,${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld
+    -Wl,--version-script,${PROJECT_SOURCE_DIR}/src/frame/exports.map
+    -Wl,--as-needed -Wl,-z,relro,-z,now -Wl,--no-undefined)
+  target_link_libraries(${target} PRIVATE m)
+endfunction()
+
+moxsp_objects(moxsp_objects ${MOXSP_ISA})
+moxsp_shared(moxsp moxsp_objects .)
 add_library(moxsp_static STATIC $<TARGET_OBJECTS:moxsp_objects>)
-add_library(moxsp::moxsp ALIAS moxsp)
-add_library(moxsp::moxsp_static ALIAS moxsp_static)
-set_target_properties(moxsp PROPERTIES
-  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-  LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}
-  LINK_DEPENDS "${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld;${PROJECT_SOURCE_DIR}/src/frame/exports.map")
 set_target_properties(moxsp_static PROPERTIES
   OUTPUT_NAME moxsp EXPORT_NAME moxsp_static ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
-target_link_options(moxsp PRIVATE
-  -Wl,-T,${PROJECT_SOURCE_DIR}/src/frame/entry_table.ld
-  -Wl,--version-script,${PROJECT_SOURCE_DIR}/src/frame/exports.map
-  -Wl,--as-needed -Wl,-z,relro,-z,now -Wl,--no-undefined)
+target_link_libraries(moxsp_static INTERFACE m)
 foreach(library moxsp moxsp_static)
+  add_library(moxsp::${library} ALIAS ${library})
   target_include_directories(${library} INTERFACE
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 endforeach()
-target_link_libraries(moxsp_static INTERFACE m)
-target_link_libraries(moxsp PRIVATE m)
+
+# The loader takes a wider library that it finds beside the plain one, so all are made together.
+set(wider_builds)
+if(MOXSP_WIDER)
+  set(wider_builds avx2 avx512)
+endif()
+foreach(isa ${wider_builds})
+  moxsp_objects(moxsp_objects_${isa} ${isa})
+  moxsp_shared(moxsp_${isa} moxsp_objects_${isa} ${folder_${isa}})
+  add_dependencies(moxsp moxsp_${isa})
+endforeach()

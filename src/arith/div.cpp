@@ -28,7 +28,7 @@ template <class E, class W>
 
 template <class Op, class E, class... Source>
 void mapDivision(Op op, E* dst, long len, Source... src) {
-  mapElements<Stores::bypassing, vectorBytes, Complex<E> ? 2 : 1>(op, dst, len, src...);
+  mapElements<Stores::bypassing, widestBytes, Complex<E> ? 2 : 1>(op, dst, len, src...);
 }
 
 // Either side is an array or `Same`.

@@ -40,7 +40,7 @@ MoxStatus squareRoots(const E* src, E* dst, int len) {
     negative.see(x);
     return squareRoot(x);
   };
-  mapElements<Stores::bypassing, vectorBytes, 1>(root, dst, len, src);
+  mapElements<Stores::bypassing, widestBytes, 1>(root, dst, len, src);
   return negative.any() ? moxWarnSqrtNegArg : moxOk;
 }
 

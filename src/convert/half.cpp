@@ -37,7 +37,7 @@ void encodeRounding(const Mox32f* src, Mox16f* dst, long len) {
   mapWidened<V<Mox32f>>(
       [](V<Mox32f> v) {
         return narrowed<Mox16u>(inIntegers(
-            v, [](Floats x) { return V<Mox32s, laneCount<Floats>>(encodeHalf<rounding>(x)); }));
+            v, [](auto x) { return Beside<Mox32s, decltype(x)>(encodeHalf<rounding>(x)); }));
       },
       dst, len, src);
 }

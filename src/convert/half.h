@@ -20,28 +20,25 @@ constexpr Mox32u oneHalf = 0x3F000000, bias = 112u << 23;
 constexpr Mox32u leastNormalHalf = bias + (half::leastNormal << half::shift);
 }  // namespace single
 
-// As many floats as a register has 32-bit integers.
-using Floats = Beside<Mox32f, I<Mox32u>>;
-
-inline Floats decodeHalf(I<Mox32u> bits) {
-  using U = I<Mox32u>;
+template <Of<Mox32u> U>
+Beside<Mox32f, U> decodeHalf(U bits) {
   const auto u = [](Mox32u x) { return broadcast<U>(x); };
   const U magnitude = bits & half::magnitude, raised = magnitude << half::shift;
   const U quiet = magnitude > half::infinity ? u(single::quietBit) : u(0);
   const U special = (raised + 2 * single::bias) | quiet;
   const U normal = raised + single::bias;
-  const U tiny = U(__builtin_convertvector(I<Mox32s>(magnitude), Floats) * 0x1p-24f);
+  const U tiny = U(floatsOf(Beside<Mox32s, U>(magnitude)) * 0x1p-24f);
   const U value = magnitude >= half::infinity     ? special
                   : magnitude < half::leastNormal ? tiny
                                                   : normal;
-  return Floats(value | (bits & half::sign) << 16);
+  return Beside<Mox32f, U>(value | (bits & half::sign) << 16);
 }
 
 // The rounding mode in force must be the one asked for: a result below the normal numbers is
 // rounded by an addition, after which its units are those of the sum.
-template <HalfRounding rounding>
-I<Mox32u> encodeHalf(Floats x) {
-  using U = I<Mox32u>;
+template <HalfRounding rounding, Of<Mox32f> T>
+auto encodeHalf(T x) {
+  using U = Beside<Mox32u, T>;
   constexpr bool nearest = rounding == HalfRounding::nearEven;
   const auto u = [](Mox32u e) { return broadcast<U>(e); };
   constexpr Mox32u belowHalf = (1u << (half::shift - 1)) - 1;  // of the last place
@@ -49,13 +46,13 @@ I<Mox32u> encodeHalf(Floats x) {
   const U rebiased = magnitude - single::bias;
   const U rounded = nearest ? rebiased + belowHalf + (rebiased >> half::shift & 1) : rebiased;
   const U normal = lesser(U(rounded >> half::shift), u(nearest ? half::infinity : half::largest));
-  const U tiny = U(Floats(magnitude) + 0.5f) - single::oneHalf;
+  const U tiny = U(T(magnitude) + 0.5f) - single::oneHalf;
   const U nan = (magnitude >> half::shift & (half::leastNormal - 1)) | half::quietNaN;
   const U special = magnitude > single::infinity ? nan : u(half::infinity);
   const U value = magnitude >= single::infinity         ? special
                   : magnitude < single::leastNormalHalf ? tiny
                                                         : normal;
-  return value | (U(x) >> 16 & half::sign);
+  return U(value | (U(x) >> 16 & half::sign));
 }
 
 }  // namespace mox::convert

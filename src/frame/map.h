@@ -140,26 +140,8 @@ template <class T, int count>
 constexpr auto plainly = [](void* p, auto v) { store(p, v); };
 constexpr auto bypassingCache = [](void* p, auto v) { storeStream(p, v); };
 
-// Fewer than three steps: one behind the other, and the last one where it ends with the array.
-// Below a step narrower ones do the same, and below `least` elements one after the other.
-template <int step, int least, class D, class At, class One>
-[[gnu::always_inline]] inline void forFew(D* dst, long len, At at, One one) {
-  if constexpr (step < least) {
-    for (long i = 0; i < len; ++i) one(i);
-  } else if (len >= step) {
-    const auto first = at(stepOf<step>, 0),
-               second = at(stepOf<step>, std::min(long(step), len - step)),
-               last = at(stepOf<step>, len - step);
-    putRegisters(dst, first, plainly);
-    putRegisters(dst + std::min(long(step), len - step), second, plainly);
-    putRegisters(dst + (len - step), last, plainly);
-  } else {
-    forFew<step / 2, least>(dst, len, at, one);
-  }
-}
-
 template <int step, class D>
-constexpr int stepAlignment = sizeof(D) % 3 ? std::min(vectorBytes, step* int(sizeof(D))) : 16;
+constexpr int stepAlignment = sizeof(D) % 3 ? std::min(widestBytes, step* int(sizeof(D))) : 16;
 // The last element at or below `step` that is aligned, if there is one.
 template <int step, class D>
 long alignedStart(const D* dst) {
@@ -240,10 +222,9 @@ template <long count, class S, class D, class Block>
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. An
 // operation that takes long by itself gains nothing from a round of several vectors.
 // The same number of bytes through narrow registers takes more instructions: share the loop's.
-template <Stores stores = Stores::cached, int width = vectorBytes,
-          int vecs = width<32 ? 4 : 2, class D, class Op,
-                           class... Source> [[gnu::always_inline]] inline void
-              mapElements(Op op, D* dst, long len, Source... src) {
+template <Stores stores = Stores::cached, int width = widestBytes, int vecs = (width < 32) ? 4 : 2,
+          class D, class Op, class... Source>
+[[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr int widest = int(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr int lanes = width / widest, least = 16 / widest;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto n, auto source, long i) {

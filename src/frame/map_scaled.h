@@ -33,6 +33,20 @@ template <class D, class T, int count>
   }
 }
 
+namespace detail {
+// A register of what from(part) makes, `count` lanes at a time.
+template <class R, int count, class From>
+[[gnu::always_inline]] inline R joined(From from, int part) {
+  if constexpr (laneCount<R> == count) {
+    return from(part);
+  } else {
+    using Half = V<Lane<R>, laneCount<R> / 2>;
+    return join<R>(joined<Half, count>(from, part),
+                   joined<Half, count>(from, part + laneCount<Half>));
+  }
+}
+}  // namespace detail
+
 // Results go through lanes(), which makes 32-bit integers of vectors like `Wide`, and are saturated
 // to the parts of D. one(i) stores a single element. A step is four registers of 32-bit lanes,
 // which one register of bytes holds; `narrows` says that lanes() takes shorter vectors too.
@@ -53,10 +67,8 @@ template <class Wide, Stores stores = Stores::cached, bool narrows = false, clas
     using R = V<Mox32s, perRegister>;
     Registers<R, parts / perRegister> r;
     for (int j = 0, part = 0; part < parts; ++j, part += perRegister) {
-      if constexpr (perWide == perRegister) {
-        r.of[j] = from(part);
-      } else if constexpr (perWide < perRegister) {
-        r.of[j] = join<R>(from(part), from(part + perWide));
+      if constexpr (perWide <= perRegister) {
+        r.of[j] = detail::joined<R, perWide>(from, part);
       } else {
         const auto [low, high] = halves(from(part));
         r.of[j] = low, r.of[++j] = high;

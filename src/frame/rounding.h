@@ -29,7 +29,7 @@ using Exact =
 // Doubles hold what 32 bits don't: the powers of two that the rule multiplies by leave their 53
 // bits as they are, and AVX has no 64-bit arithmetic shift.
 template <int bound>
-using ExactVector = std::conditional_t<bound <= 31, I<Mox32s>, V<Mox64f>>;
+using ExactVector = std::conditional_t<bound <= 31, I<Mox32s>, Register<Mox64f>>;
 
 template <int bound>
 constexpr bool hasExactVector = bound <= 53;

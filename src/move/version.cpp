@@ -2,13 +2,16 @@
 
 #include "frame/export.h"
 #include "move/version_numbers.h"
+#include "support/build.h"
 
 namespace mox::move {
 namespace {
 
 constexpr moxLibraryVersion record = {
-    MOXSP_VERSION_MAJOR, MOXSP_VERSION_MINOR, MOXSP_VERSION_PATCH, revision,
-    {'v', '7'},          "moxSP AVX (v7)",    versionText,         buildDate};
+    MOXSP_VERSION_MAJOR, MOXSP_VERSION_MINOR,
+    MOXSP_VERSION_PATCH, revision,
+    MOX_BUILD_CODE,      "moxSP " MOX_BUILD_NAME " (" MOX_BUILD_CODE ")",
+    versionText,         buildDate};
 
 const moxLibraryVersion* getLibVersion() { return &record; }
 

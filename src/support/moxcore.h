@@ -23,5 +23,7 @@ namespace mox {
 constexpr std::uint64_t cpuAvx = 0x10;
 constexpr std::uint64_t cpuWideState = 0x20;  // the system saves the 32-byte registers
 constexpr std::uint64_t cpuHalfFloat = 0x4000;
+constexpr std::uint64_t cpuAvx2 = 0x40;
+constexpr std::uint64_t cpuAvx512 = 0x80;  // F, BW, DQ and VL, and the system saves the registers
 
 }  // namespace mox

@@ -12,26 +12,30 @@ struct CpuidResult {
 
 CpuidResult cpuid(unsigned leaf) {
   CpuidResult r;
-  __get_cpuid(leaf, &r.eax, &r.ebx, &r.ecx, &r.edx);
+  __get_cpuid_count(leaf, 0, &r.eax, &r.ebx, &r.ecx, &r.edx);
   return r;
 }
 
-// Bits 1 and 2 of the extended control register stand for the two halves of the wide registers.
-bool systemSavesWideState() {
+// What the system saves when it changes threads: bits 1 and 2 stand for the two halves of registers
+// of 32 bytes, bits 5 to 7 for those of 64 bytes and their masks.
+unsigned savedState() {
   constexpr unsigned osxsave = 1u << 27;
-  if (!(cpuid(1).ecx & osxsave)) return false;
+  if (!(cpuid(1).ecx & osxsave)) return 0;
   unsigned low, high;
   asm("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
-  return (low & 6) == 6;
+  return low;
 }
 
 std::uint64_t findFeatures() {
   constexpr unsigned avx = 1u << 28, f16c = 1u << 29;
-  if (!systemSavesWideState()) return 0;
-  const unsigned has = cpuid(1).ecx;
+  constexpr unsigned avx2 = 1u << 5, avx512 = 1u << 16 | 1u << 17 | 1u << 30 | 1u << 31;
+  const unsigned saved = savedState(), has = cpuid(1).ecx, hasMore = cpuid(7).ebx;
+  if ((saved & 6) != 6) return 0;
   std::uint64_t features = mox::cpuWideState;
   if (has & avx) features |= mox::cpuAvx;
   if (has & f16c) features |= mox::cpuHalfFloat;
+  if (hasMore & avx2) features |= mox::cpuAvx2;
+  if ((hasMore & avx512) == avx512 && (saved & 0xE0) == 0xE0) features |= mox::cpuAvx512;
   return features;
 }
 

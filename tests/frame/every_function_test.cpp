@@ -8,6 +8,7 @@
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
 #include "frame/every/contract.h"
+#include "frame/every/digests.h"
 #include "frame/every/last_words.h"
 #include "frame/every/tables.h"
 #include "support/random.h"
@@ -95,6 +96,10 @@ void registerTests() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 3 && std::string_view(argv[1]) == "--digests") {
+    writeDigests(argv[2]);
+    return 0;
+  }
   testing::InitGoogleTest(&argc, argv);
   registerTests();
   return RUN_ALL_TESTS();

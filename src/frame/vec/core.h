@@ -11,14 +11,17 @@
 
 namespace mox {
 
-// The width of a register is a fact of the build.
+// The width of a register is a fact of the build: that of integers, and the widest one, in which
+// the drivers of element-wise functions go. The kernels of transforms and filters, whose tables and
+// transposes are cut for it, have vectorBytes.
 #if defined __AVX512VL__
-constexpr int vectorBytes = 64, integerBytes = 64;
+constexpr int widestBytes = 64, integerBytes = 64;
 #elif defined __AVX2__
-constexpr int vectorBytes = 32, integerBytes = 32;
+constexpr int widestBytes = 32, integerBytes = 32;
 #else
-constexpr int vectorBytes = 32, integerBytes = 16;  // AVX has no wider arithmetic on integers
+constexpr int widestBytes = 32, integerBytes = 16;  // AVX has no wider arithmetic on integers
 #endif
+constexpr int vectorBytes = 32;
 
 // What results are defined by, whatever the registers: lanes of sums, and where sums start.
 constexpr int orderBytes = 32;
@@ -43,7 +46,7 @@ using I = V<E, integerBytes / int(sizeof(E))>;
 
 // The register in which arithmetic on E goes.
 template <class E>
-constexpr int registerBytes = std::is_integral_v<E> ? integerBytes : vectorBytes;
+constexpr int registerBytes = std::is_integral_v<E> ? integerBytes : widestBytes;
 template <class E>
 using Register = V<E, registerBytes<E> / int(sizeof(E))>;
 
