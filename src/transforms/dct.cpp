@@ -116,9 +116,10 @@ struct DctKind<Mox16s, d> : DctLife {
       typename Floats::Shape{len}.layout(arena, floats ? *floats : measured);
     }
   };
-  static DctSpec<Mox32f>& floats(const MoxsDCTSpec& spec) {
-    return *reinterpret_cast<DctSpec<Mox32f>*>(
-        alignUp(const_cast<MoxsDCTSpec*>(&spec) + 1, partAlignment));
+  template <class Head>
+  static auto& floats(Head& spec) {
+    using Spec = std::conditional_t<std::is_const_v<Head>, const DctSpec<Mox32f>, DctSpec<Mox32f>>;
+    return *reinterpret_cast<Spec*>(alignUp(&spec + 1, partAlignment));
   }
 
   static bool hasPlan(int len) { return Floats::hasPlan(len); }

@@ -4,14 +4,9 @@
 #include <bit>
 
 #include "transforms/inner_dft.h"
+#include "transforms/length_head.h"
 
-struct MoxsDCTSpec {
-  Mox32s id;  // 0 after release
-  Mox32s len;
-  Mox32s hint;     // the caller's, stored untouched
-  Mox32s bufSize;  // bytes of work buffer that a run needs, 0 for none
-  Mox32s owned;    // 1 when InitAlloc took the memory
-};
+struct MoxsDCTSpec : mox::transforms::LengthHead {};
 
 namespace mox::transforms {
 

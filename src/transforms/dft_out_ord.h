@@ -6,13 +6,7 @@
 #include "transforms/dft_butterflies.h"
 #include "transforms/dft_layout.h"
 
-struct MoxsDFTOutOrdSpec {
-  Mox32s id;
-  Mox32s len;
-  Mox32s hint;     // the caller's, stored untouched
-  Mox32s bufSize;  // bytes of work buffer that a run needs, 0 for none
-  Mox32s owned;
-};
+struct MoxsDFTOutOrdSpec : mox::transforms::LengthHead {};
 
 namespace mox::transforms {
 

@@ -4,14 +4,9 @@
 #include "frame/vec/core.h"
 #include "transforms/dft_analysis.h"
 #include "transforms/fft_spec.h"
+#include "transforms/length_head.h"
 
-struct MoxsDFTSpec {
-  Mox32s id;  // DftKind; 0 after release
-  Mox32s len;
-  Mox32s hint;     // the caller's, stored untouched
-  Mox32s bufSize;  // bytes of work buffer that a run needs, 0 for none
-  Mox32s owned;    // 1 when InitAlloc took the memory
-};
+struct MoxsDFTSpec : mox::transforms::LengthHead {};
 
 namespace mox::transforms {
 

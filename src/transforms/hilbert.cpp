@@ -11,14 +11,9 @@
 #include "frame/lifecycle.h"
 #include "frame/work_buffer.h"
 #include "transforms/inner_dft.h"
+#include "transforms/length_head.h"
 
-struct MoxsHilbertSpec {
-  Mox32s id;
-  Mox32s len;
-  Mox32s bufSize;  // bytes of work memory that a run needs
-  Mox32s hint;     // the caller's, stored untouched
-  Mox32s owned;
-};
+struct MoxsHilbertSpec : mox::transforms::LengthHead {};
 
 namespace mox::transforms {
 namespace {
