@@ -118,8 +118,7 @@ struct DctKind<Mox16s, d> : DctLife {
   };
   template <class Head>
   static auto& floats(Head& spec) {
-    using Floats =
-        std::conditional_t<std::is_const_v<Head>, const DctSpec<Mox32f>, DctSpec<Mox32f>>;
+    using Spec = std::conditional_t<std::is_const_v<Head>, const DctSpec<Mox32f>, DctSpec<Mox32f>>;
     return *reinterpret_cast<Spec*>(alignUp(&spec + 1, partAlignment));
   }
 
