@@ -84,7 +84,7 @@ void smallTransform(Source src, Target dst, F factor) {
     butterfly<direction, F>(a);
     for (int i = 0; i < n; ++i) storeNumber(dst, i, scaled ? a[i] * factor : a[i]);
   } else {
-    constexpr int rows = 1 << (order + 1) / 2, columns = 1 << order / 2;
+    constexpr int rows = order < 7 ? 4 : 16, columns = (1 << order) / rows;
     smallInRows<direction, scaled, rows, columns>(src, dst, factor);
   }
 }
