@@ -40,6 +40,15 @@ constexpr int idempotent(int p, int q) {
   return multiple;
 }
 
+// Where result l of the k-th transform of q stands in natural order. (As a conditional expression
+// the idempotents of equal factors, which have none, are looked for by GCC with -fsanitize, in vain
+// and for seconds.)
+constexpr int placeOfResult(TwoFactors factors, int k, int l) {
+  const auto [p, q, coprime] = factors;
+  if (!coprime) return k + p * l;
+  return (k * idempotent(p, q) + l * idempotent(q, p)) % (p * q);
+}
+
 // z exp(-2 pi i k / n), or with the conjugate factor.
 template <Direction direction, int k, int n, class F, class Z>
 [[gnu::always_inline]] inline Z turned(Z z) {
@@ -103,9 +112,7 @@ requires(!detail::isOddPrime(n) && !detail::hasOwnButterfly(n))  //
   unrolled<p>([&](auto k) {
     butterfly<direction, F>(columns[k]);
     unrolled<q>([&](auto l) {
-      constexpr int given = factors.coprime
-                                ? (k * detail::idempotent(p, q) + l * detail::idempotent(q, p)) % n
-                                : k + p * l;
+      constexpr int given = detail::placeOfResult(factors, k, l);
       a[given] = columns[k][l];
     });
   });

@@ -1,10 +1,8 @@
-// Random numbers against a slow model of their rule, to the bit, and their distribution.
+// Random numbers against a slow model of their rule, to the bit.
 #include <gtest/gtest.h>
 #include <moxsp.h>
 
 #include <cmath>
-#include <complex>
-#include <numeric>
 
 #include "support/members.h"
 #include "support/random.h"
@@ -134,73 +132,6 @@ TEST(RandGauss, FollowsItsRule) {
   expectDirect<GaussModel<Mox16s>>(moxsRandGauss_Direct_16s, Mox16s(10), Mox16s(-400));
   expectDirect<GaussModel<Mox32f>>(moxsRandGauss_Direct_32f, 1e6f, 1.0f);
   expectDirect<GaussModel<Mox64f>>(moxsRandGauss_Direct_64f, -2.0, 0.7);
-}
-
-std::vector<Mox64f> uniforms(int len) {
-  std::vector<Mox64f> x(len);
-  Mox32u seed = 20;
-  moxsRandUniform_Direct_64f(x.data(), len, 0, 1, &seed);
-  return x;
-}
-std::vector<Mox64f> normals(int len) {
-  std::vector<Mox64f> x(len);
-  Mox32u seed = 21;
-  moxsRandGauss_Direct_64f(x.data(), len, 0, 1, &seed);
-  return x;
-}
-
-// sum of x^k / n within five standard errors.
-void expectMoment(const std::vector<Mox64f>& x, int k, double mean, double meanOfSquare) {
-  double sum = 0;
-  for (const double e : x) sum += std::pow(e, k);
-  EXPECT_NEAR(sum / double(x.size()), mean,
-              5 * std::sqrt((meanOfSquare - mean * mean) / double(x.size())))
-      << k;
-}
-
-// `u` is even over 0 to 1: chi-square over cells within five deviations of its mean.
-void expectEven(const std::vector<Mox64f>& u) {
-  constexpr int cells = 1000;
-  std::vector<int> count(cells);
-  for (const double e : u) ++count[std::size_t(std::min(e * cells, cells - 1.0))];
-  double chiSquare = 0;
-  const double expected = double(u.size()) / cells;
-  for (const int c : count) chiSquare += (c - expected) * (c - expected) / expected;
-  EXPECT_NEAR(chiSquare, cells - 1, 5 * std::sqrt(2.0 * cells));
-}
-
-// The mean power of bands of the spectrum is that of white noise, within five deviations.
-void expectFlat(std::vector<Mox64f> x, double variance) {
-  constexpr int order = 18, len = 1 << order, bands = 64, width = len / 2 / bands;
-  const double mean = std::accumulate(x.begin(), x.begin() + len, 0.0) / len;
-  for (double& e : x) e -= mean;
-  MoxsFFTSpec* spec;
-  ASSERT_EQ(moxsFFTInitAlloc_R_64f(&spec, order, moxNormNone, 0), moxOk);
-  std::vector<std::complex<Mox64f>> z(len / 2 + 1);
-  moxsFFTFwd_RToCCS_64f(x.data(), reinterpret_cast<Mox64f*>(z.data()), spec, nullptr);
-  moxsFFTFree_R_64f(spec);
-  for (int band = 0; band < bands; ++band) {
-    double power = 0;
-    for (int k = 0; k < width; ++k) power += std::norm(z[std::size_t(1 + band * width + k)]);
-    EXPECT_NEAR(power / (width * variance * len), 1, 5 / std::sqrt(double(width))) << band;
-  }
-}
-
-TEST(RandUniform, IsEvenAndWhite) {
-  const auto x = uniforms(1000000);
-  for (int k = 1; k <= 6; ++k) expectMoment(x, k, 1.0 / (k + 1), 1.0 / (2 * k + 1));
-  expectEven(x);
-  expectFlat(x, 1 / 12.0);
-}
-
-TEST(RandGauss, IsNormalAndWhite) {
-  const auto x = normals(1000000);
-  const double even[] = {1, 1, 3, 15, 105, 945, 10395};  // the means of x^(2 k)
-  for (int k = 1; k <= 6; ++k) expectMoment(x, k, k % 2 ? 0 : even[k / 2], even[k]);
-  std::vector<Mox64f> shares;
-  for (const double e : x) shares.push_back(0.5 * std::erfc(-e / std::sqrt(2)));
-  expectEven(shares);
-  expectFlat(x, 1);
 }
 
 }  // namespace

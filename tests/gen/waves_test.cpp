@@ -66,22 +66,6 @@ TEST(Tone, IsTheCosineOfItsPhase) {
   expectTones(moxHintFast, 1e-5, 0, 10000000);
 }
 
-// Cut anywhere, a tone goes on where it was.
-TEST(Tone, GoesOnFromCallToCall) {
-  Random random;
-  constexpr int len = 30000;
-  for (const double rFreq : {0.001, 0.3, 0.4999}) {
-    std::vector<Mox64f> cut(len);
-    Mox64f phase = 2;
-    for (int at = 0, piece; at < len; at += piece) {
-      piece = int(std::min(1 + random.below(700), long(len - at)));
-      ASSERT_EQ(moxsTone_Direct_64f(&cut[at], piece, 1, rFreq, &phase, moxHintFast), moxOk);
-    }
-    for (int i = 0; i < len; ++i)
-      ASSERT_NEAR(cut[i], std::cos(L(twoPi * rFreq) * i + 2), 1e-11L) << rFreq << ' ' << i;
-  }
-}
-
 // The recursion by which the wave is defined: sample by sample, reflected at both ends.
 std::vector<L> triangle(const L magn, L rFreq, L asym, L phase, int len) {
   const L a = pi + asym, b = pi - asym, h = magn * 4 * pi;

@@ -75,16 +75,9 @@ inline const Noise& noise(long n) {
   Noise& noise = made[n];
   if (!noise.signal.empty()) return noise;
   Random random;
-  std::vector<Complex> roots(n);
-  for (long k = 0; k < n; ++k) {
+  for (long i = 0; i < n; ++i)
     noise.signal.emplace_back(random.value<Mox16s>(), random.value<Mox16s>());
-    roots[k] = turn(k, n);
-  }
-  for (long k = 0; k < n; ++k) {
-    Complex sum = 0;
-    for (long i = 0; i < n; ++i) sum += roots[i * k % n] * noise.signal[i];
-    noise.spectrum.push_back(sum);
-  }
+  noise.spectrum = exactTransform(noise.signal);
   return noise;
 }
 // Bin k for the samples, or for their real parts alone.

@@ -3,10 +3,10 @@
 
 #include <moxsp.h>
 
-#include <complex>
 #include <vector>
 
 #include "support/random.h"
+#include "transforms/exact_transform.h"
 #include "transforms/packed.h"
 
 namespace test {
@@ -63,8 +63,6 @@ template <class F>
 constexpr int largeOrder = sizeof(F) == 4 ? 19 : 18;  // of complex transforms
 template <class F>
 constexpr int hugeOrder = largeOrder<F> + 4;
-
-using Complex = std::complex<long double>;
 
 // The functions of a form, each run on arrays of numbers F for a transform of n samples.
 template <class F_, class E, int kindIndex, auto fwd, auto inv, auto fwdInPlace, auto invInPlace>

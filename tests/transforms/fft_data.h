@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstring>
-#include <numbers>
 
 #include "support/accuracy.h"
 #include "support/guarded_array.h"
@@ -15,11 +14,6 @@ struct Flag {
   double forward, inverse;  // the factors are N to these powers
 };
 constexpr Flag flags[] = {{8, 0, 0}, {1, -1, 0}, {2, 0, -1}, {4, -0.5, -0.5}};
-
-// exp(-2 pi i k / n), its angle reduced in integers.
-inline Complex turn(long k, long n) {
-  return std::polar(1.0L, -2 * std::numbers::pi_v<long double> * (long double)(k % n) / n);
-}
 
 template <class T, class Exact>
 long double spectrumError(const typename T::F* spectrum, long n, long step, Exact exact) {
