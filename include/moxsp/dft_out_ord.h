@@ -54,9 +54,10 @@ typedef struct MoxsDFTOutOrdSpec MoxsDFTOutOrdSpec;
  * of another kind or one that was freed. Runs: ::moxErrNullPtr for a null `spec`, ::moxErrContext,
  * ::moxErrNullPtr for a null array, ::moxErrMemAlloc when there is no memory for a work buffer.
  * @note The relative L2 error is below 4 u sqrt(1 + log2 len), four times that where q is not 1;
- * u is 2^-24 in single, 2^-53 in double precision. Powers of two from 2048 on take less time than
- * in natural order. Those below take about the same from 128 on; other lengths take up to a third
- * more where q is 1.
+ * u is 2^-24 in single, 2^-53 in double precision. Powers of two take less time than in natural
+ * order from 2048 on, and about the same from 128 on. Other lengths whose q is 1 gain nothing but
+ * the work buffer: they take up to a third more where `len` has a factor 8 and is above 300, else
+ * up to 2.3 times as much.
  * @see Gentleman and Sande, Fast Fourier transforms: for fun and profit, 1966.
  * @{ */
 MOX_API MoxStatus moxsDFTOutOrdInitAlloc_C_32fc(MoxsDFTOutOrdSpec** spec, int len, int flag,

@@ -71,7 +71,7 @@ struct Across : Apart<F> {
 
 // A stage over `blocks` blocks. Where their numbers fill no whole number of vectors, the last step
 // reaches back over the one before it: it is computed before that is overwritten, and put in place
-// at the end. A stage of blocks of `radix` numbers has no twiddles.
+// at the end. `turns`: whether the stage has twiddles.
 template <Direction d, int radix, class Source, class Target, bool turns = true>
 [[gnu::flatten]] void stageKernel(const typename Source::F* src, typename Source::F* dst,
                                   const OutOrdStage<typename Source::F>& stage, long blocks) {
