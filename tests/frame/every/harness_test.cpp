@@ -114,8 +114,10 @@ TEST(Harness, FindsTheFaultOfABadFunction) {
   EXPECT_THAT(verdict(checkAllocations, copy<keepsMemory>), HasSubstr("takes memory"));
 }
 
-#if !defined(__SANITIZE_ADDRESS__)  // which ends the program at the first stray byte
 TEST(Harness, FindsStrayReadsAndWrites) {
+#if defined(MOXSP_SANITIZED)
+  GTEST_SKIP() << "the sanitizer ends the program at the first stray byte";
+#endif
   using testing::HasSubstr;
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<writesBehind>),
               HasSubstr("writes outside 'dst', at byte 280 of 280"));
@@ -124,7 +126,6 @@ TEST(Harness, FindsStrayReadsAndWrites) {
   EXPECT_THAT(verdict(checkEveryLengthAndAlignment, copy<readsBefore>),
               HasSubstr("near 'src': byte -1 of 132"));
 }
-#endif
 
 TEST(Harness, FindsIdleRowsAndDoubleClaims) {
   using testing::ElementsAre, testing::HasSubstr;

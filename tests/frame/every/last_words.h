@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(MOXSP_SANITIZED)
 #include <sanitizer/common_interface_defs.h>
 
 #include <cstdio>
@@ -17,7 +17,7 @@ class LastWords {
  public:
   explicit LastWords(std::function<std::string()> words) {
     words_ = std::move(words);
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(MOXSP_SANITIZED)
     __sanitizer_set_death_callback([] {
       if (words_) std::fprintf(stderr, "%s\n", words_().c_str());
     });

@@ -60,8 +60,11 @@ const Row rows[] = {
     {"ResamplePolyphaseFixedInit(.*)", "ResamplePolyphase(Fixed|[GS]etFixedFilter)$1"},
 };
 
+bool makesObjects(const Function& f) { return f.name.find("Init") != std::string::npos; }
+
 // What a row says of a function that makes objects; empty when it says nothing.
 std::string usersBy(const Row& row, const Function& f) {
+  if (!makesObjects(f)) return {};
   const std::regex init(std::string("moxs") + row.init + "$");
   const auto allocates = [](const std::string& name) { return name.find("Alloc") != name.npos; };
   if (!std::regex_match(f.name, init) || allocates(f.name) != allocates(row.init)) return {};
@@ -69,17 +72,14 @@ std::string usersBy(const Row& row, const Function& f) {
          ")(_I|_I?P?Sfs)?";
 }
 
-bool makesObjects(const Function& f) { return f.name.find("Init") != std::string::npos; }
-
 Kind kindFrom(const Function& init) {
   Kind kind = {&init, nullptr, nullptr, {}};
   const std::string alloc = std::regex_replace(init.name, std::regex("Init(Alloc)?"), "InitAlloc");
   kind.initAlloc = findFunction(alloc);
   for (const Row& row : rows)
     if (const std::string users = usersBy(row, init); !users.empty())
-      for (const Function& f : allFunctions())
-        if ((objectParameter(f) >= 0 || objectRows(f) >= 0) &&
-            std::regex_match(f.name, std::regex(users))) {
+      for (const std::regex pattern(users); const Function& f : allFunctions())
+        if ((objectParameter(f) >= 0 || objectRows(f) >= 0) && std::regex_match(f.name, pattern)) {
           kind.users.push_back(&f);
           if (f.name.find("Free") != std::string::npos) kind.free = &f;
         }

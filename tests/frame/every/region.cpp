@@ -4,7 +4,7 @@
 #include <cstring>
 #include <vector>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(MOXSP_SANITIZED)
 #include <sanitizer/asan_interface.h>
 #else
 #define ASAN_POISON_MEMORY_REGION(address, bytes) (void)(address), (void)(bytes)

@@ -7,11 +7,15 @@
 namespace every {
 namespace {
 
-std::vector<std::string> words(const char* text) {
-  std::istringstream stream(text ? text : "");
-  std::vector<std::string> all;
-  for (std::string word; stream >> word;) all.push_back(word);
-  return all;
+// The words of a row's text, which are looked at for each parameter of each function.
+const std::vector<std::string>& words(const char* text) {
+  static std::map<const char*, std::vector<std::string>> found;
+  const auto [at, isNew] = found.try_emplace(text);
+  if (isNew) {
+    std::istringstream stream(text ? text : "");
+    for (std::string word; stream >> word;) at->second.push_back(word);
+  }
+  return at->second;
 }
 
 // The pattern and the name by which a row claims a parameter; empty where it does not.
