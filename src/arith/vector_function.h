@@ -59,11 +59,11 @@ template <class Lanes, class D>
 template <class Function, class S, class D>
 [[gnu::noinline]] void runRareBlock(const S* src, D* dst, int& code) {
   using Lanes = FunctionLanes<Function>;
-  for (int i = 0; i < functionBlock; i += laneCount<Lanes>) {
+  constexpr unsigned lanes = laneCount<Lanes>, all = (1u << lanes) - 1;
+  for (unsigned i = 0; i < functionBlock; i += lanes) {
     const auto x = loadWidened<Lanes>(src + i), special = Function::special(x);
     auto result = Function::rare(x, code);
-    if (signBits(special) != (1 << laneCount<Lanes>)-1)
-      result = select(special, result, Function::lanes(x));
+    if (unsigned(signBits(special)) != all) result = select(special, result, Function::lanes(x));
     storeResult(dst + i, result);
   }
 }

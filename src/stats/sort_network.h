@@ -10,11 +10,14 @@
 
 namespace mox::stats {
 
-// Registers of the largest network, and the keys that a network of so many registers sorts.
+// A row of keys, the rows of the largest network, and the keys that a network of so many rows
+// sorts.
 template <class T>
-constexpr int networkRows = std::min(16, 128 / laneCount<Register<T>>);
+using NetworkRow = V<T, std::min(registerBytes<T>, 32) / int(sizeof(T))>;
+template <class T>
+constexpr int networkRows = std::min(16, 128 / laneCount<NetworkRow<T>>);
 template <class T, int rows = networkRows<T>>
-constexpr int networkKeys = rows* laneCount<Register<T>>;
+constexpr int networkKeys = int(sizeof(NetworkRow<T>[rows]) / sizeof(T));
 
 namespace detail {
 
@@ -50,7 +53,6 @@ template <class Order, int length = 2, int rows, class Row>
 template <int rows, class Row>
 [[gnu::always_inline]] inline void straighten(Row (&a)[rows]) {
   using E = Lane<Row>;
-  static_assert(sizeof(Row) <= 32);
   const auto deal = [&](auto pair) {
     Row dealt[rows];
     for (int i = 0; i < rows / 2; ++i) pair(dealt, i);
@@ -70,7 +72,7 @@ template <int rows, class Row>
 
 template <class Order, int rows, class T>
 [[gnu::flatten]] void sortRegisters(T* keys) {
-  using Row = Register<T>;
+  using Row = NetworkRow<T>;
   constexpr int lanes = laneCount<Row>;
   Row a[rows];
   for (int r = 0; r < rows; ++r) a[r] = load<Row>(keys + r * lanes);
