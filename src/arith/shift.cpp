@@ -14,23 +14,27 @@ namespace {
 template <class E>
 constexpr int width = 8 * sizeof(E);
 
-// AVX has no shifts of bytes: they move in pairs, and the bits that came from the neighbour go.
-using Bytes = I<Mox8u>;
-using BytePairs = I<Mox16u>;
+// There are no shifts of bytes: they move in pairs, and the bits that came from the neighbour go.
+template <Of<Mox8u> T>
+auto inPairs(T bytes) {
+  return V<Mox16u, sizeof(T) / 2>(bytes);
+}
 
 struct LeftShift {
   int count;
   auto operator()(auto a) const { return a << count; }
-  Bytes operator()(Bytes a) const {
-    return Bytes(BytePairs(a) << count) & broadcast<Bytes>(Mox8u(0xFF << count));
+  template <Of<Mox8u> T>
+  T operator()(T a) const {
+    return T(inPairs(a) << count) & broadcast<T>(Mox8u(0xFF << count));
   }
 };
 
 struct RightShift {
   int count;
   auto operator()(auto a) const { return a >> count; }
-  Bytes operator()(Bytes a) const {
-    return Bytes(BytePairs(a) >> count) & broadcast<Bytes>(Mox8u(0xFF >> count));
+  template <Of<Mox8u> T>
+  T operator()(T a) const {
+    return T(inPairs(a) >> count) & broadcast<T>(Mox8u(0xFF >> count));
   }
 };
 

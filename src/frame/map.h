@@ -168,20 +168,23 @@ template <int step, int vecs, int least, class D, class At, class One>
   } else {
     auto made = at(stepOf<step>, 0);  // not stored yet, from element `from` on
     long from = 0, next = step;
-    if constexpr (vecs > 0) {
-      next = alignedStart<step>(dst);
-      const auto rounds = [&](auto put) __attribute__((always_inline)) {
-        for (; next <= len - (vecs + 1) * step; next += vecs * step)
-          for (long i = next; i < next + vecs * step; i += step)
-            putRegisters(dst + i, at(stepOf<step>, i), put);
-      };
-      if (bypass && isAligned(dst + next, stepAlignment<step, D>)) {
-        rounds(bypassingCache);
-        streamFence();
-      } else {
-        rounds(plainly);
+    // Below two steps the first and the last overlap, and one between them would overlap both.
+    if constexpr (vecs > 0)
+      if (len >= 2 * step) {
+        next = alignedStart<step>(dst);
+        const auto rounds = [&](auto put) __attribute__((always_inline)) {
+          constexpr int round = vecs * step;
+          for (; next <= len - step - round; next += round)
+            for (long i = next; i < next + round; i += step)
+              putRegisters(dst + i, at(stepOf<step>, i), put);
+        };
+        if (bypass && isAligned(dst + next, stepAlignment<step, D>)) {
+          rounds(bypassingCache);
+          streamFence();
+        } else {
+          rounds(plainly);
+        }
       }
-    }
     while (from < len - step) {
       next = std::min(next, len - step);
       const auto following = at(stepOf<step>, next);

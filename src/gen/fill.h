@@ -1,6 +1,7 @@
 // Arrays filled with blocks of numbers that are made on the way.
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -63,8 +64,8 @@ template <class D, class F>
 template <class D, class F>
 [[gnu::always_inline]] inline void give(const Pair<Block<F>>& z, D* dst) {
   using P = Part<D>;
-  using Lanes = Register<P>;
-  constexpr int lanes = laneCount<Lanes>;
+  constexpr int lanes = std::min(laneCount<Register<P>>, blockLen);
+  using Lanes = V<P, lanes>;
   alignas(vectorBytes) P re[blockLen], im[blockLen];
   give(z.re, re), give(z.im, im);
   for (int j = 0; j < blockLen; j += lanes)

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "frame/pair.h"
+
 namespace mox::kernels {
 namespace {
 
@@ -63,10 +65,7 @@ void sumBlock(std::integer_sequence<int, j...>, const Mox16s* x, Mox32s* dst,
   const long odd = tapsLen % S::tapsPerStep;
   for (long k = odd; k < tapsLen; k += S::tapsPerStep) step(k, S::tapsPerStep);
   if (odd) step(0, 1);
-  ((store(dst + j * wordsLanes, unpackLow<Mox32s>(sums[j].first, sums[j].second)),
-    store(dst + j * wordsLanes + wordsLanes / 2,
-          unpackHigh<Mox32s>(sums[j].first, sums[j].second))),
-   ...);
+  (store(dst + j * wordsLanes, interleaved(Pair{sums[j].first, sums[j].second})), ...);
 }
 
 template <class S, int most = 6>

@@ -27,7 +27,7 @@ inline void copyShort(const Mox8u* src, Mox8u* dst, long bytes) {
   if (bytes > 4 * vectorBytes) return copyEnds<V<Mox8u>, 4>(src, dst, bytes);
   if (bytes > 2 * vectorBytes) return copyEnds<V<Mox8u>, 2>(src, dst, bytes);
   if (bytes >= vectorBytes) return copyEnds<V<Mox8u>>(src, dst, bytes);
-  if (bytes >= integerBytes) return copyEnds<I<Mox8u>>(src, dst, bytes);
+  if (bytes >= 16) return copyEnds<V<Mox8u, 16>>(src, dst, bytes);
   if (bytes >= 8) return copyEnds<Mox64u>(src, dst, bytes);
   if (bytes >= 4) return copyEnds<Mox32u>(src, dst, bytes);
   if (bytes >= 2) return copyEnds<Mox16u>(src, dst, bytes);

@@ -22,8 +22,8 @@ void fillShort(const Pattern& pattern, Mox8u* dst, long bytes) {
   const auto ends = [&]<class T>(T part) {
     store(dst, part), store(dst + bytes - sizeof part, part);
   };
-  const I<Mox64u> half = {pattern.repeated[0], pattern.repeated[1]};
-  if (bytes >= integerBytes) return ends(half);
+  const V<Mox64u, 2> half = {pattern.repeated[0], pattern.repeated[1]};
+  if (bytes >= 16) return ends(half);
   if (bytes >= 8) return ends(Mox64u(half[0]));
   if (bytes >= 4) return ends(Mox32u(half[0]));
   if (bytes >= 2) return ends(Mox16u(half[0]));

@@ -9,13 +9,14 @@
 namespace mox::move {
 
 // What carries elements from place to place, several or a single one, with no regard to what their
-// bits mean. Under AVX integers are shuffled 16 bytes at a time, while the lanes of float vectors
-// go through a whole one.
+// bits mean. Under AVX bytes and words are shuffled 16 bytes at a time, while the lanes of float
+// vectors go through a whole one.
 template <class E>
 struct Carrier {
   using Single = BitsOf<E>;
-  using Vector = std::conditional_t<sizeof(E) == 8, V<Mox64f>,
-                                    std::conditional_t<sizeof(E) == 4, V<Mox32f>, I<Single>>>;
+  using Vector =
+      std::conditional_t<sizeof(E) == 8, V<Mox64f>,
+                         std::conditional_t<sizeof(E) == 4, V<Mox32f>, V<Single, 16 / sizeof(E)>>>;
 };
 template <>
 struct Carrier<Mox64fc> {

@@ -112,8 +112,9 @@ inline std::array<Mox64s, 2> exactDot(const Mox16s* a, const Mox16sc* b, long le
   using detail::Words;
   const auto terms = [](const Mox16s* p, const Mox16sc* q) {
     // x0 x1 x0 x1 x2 x3 x2 x3 beside r0 r1 i0 i1 r2 r3 i2 i3
-    const auto pairs = I<Mox32u>(I<Mox64u>{load<Mox64u>(p)});
-    const auto x = Words(shuffle<[](int i) { return i / 2; }>(pairs));
+    using Pairs = V<Mox32u, laneCount<Words> / 4>;
+    const auto pairs = load<Pairs>(p);
+    const auto x = Words(shuffle<[](int i) { return i / 2; }, 2 * laneCount<Pairs>>(pairs, pairs));
     const auto z = shuffle<[](int i) { return i / 4 * 4 + i % 2 * 2 + i / 2 % 2; }>(load<Words>(q));
     return std::array{detail::addPairs(x, z)};
   };

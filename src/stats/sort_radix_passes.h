@@ -93,7 +93,7 @@ class DigitTables {
 
   // Turns counts into places: sums of the counts before, four at a time.
   void place() {
-    using Four = I<Mox32u>;
+    using Four = V<Mox32u, 4>;
     Mox32u* table = entries_;
     for (const Digit& digit : Digits::digits) {
       Four next = {};

@@ -8,7 +8,7 @@ export CCACHE_DISABLE=1
 # configure PLACE DATE: with the date as the time of the build.
 configure() {
   SOURCE_DATE_EPOCH=$(date -u -d "$2" +%s) cmake -S "$source_dir" -B "$scratch/$1" \
-    -DCMAKE_BUILD_TYPE="$build_type" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
+    -DMOXSP_WIDER=OFF -DCMAKE_BUILD_TYPE="$build_type" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
     > "$scratch/log" || fail "$(cat "$scratch/log")"
 }
 numbers=generated/move/version_numbers.h
