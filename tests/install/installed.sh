@@ -8,6 +8,7 @@ consumer=$source_dir/tests/install/consumer
 cmake --install "$build_dir" --prefix "$scratch/first" > /dev/null
 prefix=$scratch/moved
 mv "$scratch/first" "$prefix"
+wider=$(find "$prefix" -path "*glibc-hwcaps*" -name "libmoxsp.so.1")
 
 case $way in
   find_package)

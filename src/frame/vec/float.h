@@ -34,7 +34,7 @@ template <class T>
 
 // To an integer in the rounding mode in force; the minimum for a value that has none.
 template <class T>
-[[gnu::always_inline]] inline Beside<Mox32s, T> toInteger(T v) {
+[[gnu::always_inline]] inline auto toInteger(T v) {
   using R = Beside<Mox32s, T>;
   if constexpr (std::is_same_v<T, V<Mox32f, 16>>)
     return R(_mm512_cvtps_epi32(v));
