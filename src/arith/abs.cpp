@@ -1,6 +1,8 @@
 #include <moxsp/arith.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <type_traits>
 
 #include "frame/in_place.h"
@@ -13,15 +15,11 @@ template <class E>
 struct Absolute {
   template <class T>
   T operator()(T x) const {
-    if constexpr (std::is_integral_v<E>) {
+    if constexpr (std::is_integral_v<T>) {
+      return T(std::min(std::abs(Mox64s(x)), Mox64s(Limits<T>::max)));
+    } else if constexpr (std::is_integral_v<E>) {
       // -x is ~x + 1, where ~x is x ^ sign; the one value that overflows goes back by one.
-      using Unsigned = std::make_unsigned_t<E>;
-      using Word = typename decltype([] {
-        if constexpr (std::is_same_v<T, E>)
-          return std::type_identity<Unsigned>();
-        else
-          return std::type_identity<Beside<Unsigned, T>>();
-      }())::type;
+      using Word = Beside<std::make_unsigned_t<E>, T>;
       constexpr int top = 8 * sizeof(E) - 1;
       const T sign = T(x >> top);
       const Word opposite = Word(Word(x ^ sign) - Word(sign));

@@ -10,13 +10,14 @@
 
 namespace mox::stats {
 
-// A row of a network: a register, but of two blocks of 16 bytes at most.
+// The keys that a network holds in one register. straighten() puts rows of up to 32 bytes in order.
 template <class T>
 using NetworkRow = V<T, std::min(registerBytes<T>, 32) / int(sizeof(T))>;
 
-// Rows of the largest network, and the keys that a network of so many rows sorts.
+// The number of rows of the largest network.
 template <class T>
 constexpr int networkRows = std::min(16, 128 / laneCount<NetworkRow<T>>);
+// The number of keys that `rows` rows hold.
 template <class T, int rows = networkRows<T>>
 constexpr int networkKeys = rows* laneCount<NetworkRow<T>>;
 
