@@ -52,8 +52,9 @@ template <class Wide, class Value>
     using Half = V<Lane<Wide>, count / 2>;
     return join<Wide>(loadLanes<Half>(p), loadLanes<Half>(p + count / 2));
   } else {
-    const __m128i bytes = _mm_insert_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
-                                           load<int>(p->bytes + 8), 2);
+    const Mox8u* packed = &p->bytes[0];
+    const __m128i bytes = _mm_insert_epi32(
+        _mm_loadl_epi64(reinterpret_cast<const __m128i*>(packed)), load<int>(packed + 8), 2);
     return Wide(V<Value, 4>(lookUp(detail::Block(bytes), detail::spread24)) >> 8);
   }
 }
