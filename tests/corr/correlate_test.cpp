@@ -5,16 +5,6 @@ namespace {
 
 using namespace test;
 
-int log2Up(long n) { return int(std::ceil(std::log2(n))); }
-
-// Each sum over `divisor(i)`.
-template <class Divisor>
-std::vector<Sum> divided(std::vector<Sum> sums, Divisor divisor) {
-  for (std::size_t i = 0; i < sums.size(); ++i)
-    if (sums[i].terms > 0) sums[i].value /= divisor(i), sums[i].magnitude /= divisor(i);
-  return sums;
-}
-
 template <class E>
 class Correlation : public testing::Test {
  protected:
@@ -24,95 +14,39 @@ class Correlation : public testing::Test {
     return !mox::Complex<E> ? real : sizeof(E) == 8 ? single : dbl;
   }
 
-  // All normalisations, with memory of the library's and of the caller's.
   void expectAuto(int len, int count) {
+    SCOPED_TRACE(testing::Message() << "length " << len);
     const auto x = random.vector<E>(len);
-    const auto sums = sumsOf(x, x, 1, 0, count);
-    for (const int algType : {moxAlgAuto, moxAlgDirect, moxAlgFft}) expectAuto(x, sums, algType);
-  }
-  void expectAuto(const std::vector<E>& x, const std::vector<Sum>& sums, int algType) {
-    const int len = int(x.size()), count = int(sums.size());
-    SCOPED_TRACE(testing::Message() << len << ", " << count << " lags, " << algType);
-    auto y = random.vector<E>(count), z = y;
-    const bool byFft =
-        algType == moxAlgFft || (algType == 0 && std::min(len, count) >= least(856, 152, 368));
-    const long double scale = byFft ? norm(x) * norm(x) : 0;
-    const auto byLength = divided(sums, [=](long) { return len; }),
-               byTerms = divided(sums, [=](long i) { return len - i; });
-    int bytes = 0;
-    ASSERT_EQ(moxsAutoCorrNormGetBufferSize(len, count, Api::dataType, algType, &bytes), moxOk);
-    EXPECT_EQ(bytes, byFft ? publishedSize<E>(log2Up(2L * len), 1) : 64);
-    Buffer buffer(bytes, int(random.below(64)));
-    const auto norm = [&](int kind) {
-      EXPECT_EQ(Api::autoCorrNorm(x.data(), len, y.data(), count, algType | kind, buffer.data()),
-                kind == 0x300 ? moxErrAlgType : moxOk);
-      EXPECT_TRUE(buffer.isIntact());
-    };
-    norm(0), expectNear(y, sums, scale);
-    norm(0x300), expectNear(y, sums, scale);
-    norm(moxAlgNormA), expectNear(y, byLength, scale / len);
-    norm(moxAlgNormB), expectNear(y, byTerms, byFft ? scale / (len - std::min(count, len) + 1) : 0);
-    if (algType != 0) return;
-    const auto plain = [&](auto f, int kind) {
-      EXPECT_EQ(allocationsOf([&] { return f(x.data(), len, z.data(), count); }), byFft);
-      norm(kind);
-      EXPECT_EQ(std::memcmp(y.data(), z.data(), count * sizeof(E)), 0);
-    };
-    plain(Api::autoCorr, 0), plain(Api::autoCorrA, moxAlgNormA), plain(Api::autoCorrB, moxAlgNormB);
+    expectForms<E>(
+        {sumsOf(x, x, 1, 0, count), norm(x) * norm(x), std::min(len, count) >= least(856, 152, 368),
+         publishedSize<E>(log2Up(2L * len), 1), 64, len},
+        [&](auto f, E* y, auto... more) { return f(x.data(), len, y, count, more...); },
+        [=](auto... more) {
+          return moxsAutoCorrNormGetBufferSize(len, count, Api::dataType, more...);
+        },
+        Api::autoCorrNorm, Api::autoCorr, Api::autoCorrA, Api::autoCorrB);
   }
 
   void expectCross(int len1, int len2, int count, int lowLag) {
+    SCOPED_TRACE(testing::Message() << len1 << " and " << len2 << ", lags from " << lowLag);
     const auto a = random.vector<E>(len1), b = random.vector<E>(len2);
     const auto sums = sumsOf(a, b, 1, lowLag, count);
-    for (const int algType : {moxAlgAuto, moxAlgDirect, moxAlgFft})
-      expectCross(a, b, sums, lowLag, algType);
-  }
-  void expectCross(const std::vector<E>& a, const std::vector<E>& b, const std::vector<Sum>& sums,
-                   int lowLag, int algType) {
-    const int len1 = int(a.size()), len2 = int(b.size()), count = int(sums.size());
-    SCOPED_TRACE(testing::Message() << len1 << " and " << len2 << ", " << count << " lags from "
-                                    << lowLag << ", " << algType);
-    auto y = random.vector<E>(count), z = y;
     const long kept = std::count_if(sums.begin(), sums.end(), [](auto& s) { return s.terms > 0; });
     const int shorter = std::min(len1, len2), longer = std::max(len1, len2);
-    const float weight = float(shorter) * float(kept) / float(longer);
-    const bool byFft =
-        kept > 0 && (algType == moxAlgFft ||
-                     (algType == 0 && weight >= least(sizeof(E) == 4 ? 384 : 512, 256, 512)));
-    const long skipped = std::max(0L, long(lowLag) + len1 - 1);
-    const bool whole = longer < 3 * shorter || skipped > shorter;
+    const bool whole = longer < 3 * shorter || long(lowLag) + len1 - 1 > shorter;
     const int order =
         whole ? std::max(log2Up(len1 + len2 - 1L), 1) : std::max(log2Up(2L * shorter), 1) + 1;
-    const long double scale = byFft ? norm(a) * norm(b) : 0;
-    int bytes = -1;
-    ASSERT_EQ(
-        moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, 0x300, &bytes),
-        moxErrAlgType);
-    ASSERT_EQ(
-        moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, algType, &bytes),
-        moxOk);
-    EXPECT_EQ(bytes, byFft ? publishedSize<E>(order, 2) : 0);
-    Buffer buffer(bytes, int(random.below(64)));
-    const auto run = [&](int kind) {
-      EXPECT_EQ(Api::crossCorrNorm(a.data(), len1, b.data(), len2, y.data(), count, lowLag,
-                                   algType | kind, byFft ? buffer.data() : nullptr),
-                kind == 0x300 ? moxErrAlgType : moxOk);
-      EXPECT_TRUE(buffer.isIntact());
-    };
-    run(moxAlgNormA), expectNear(y, divided(sums, [=](long) { return shorter; }), scale / shorter);
-    run(moxAlgNormB);
-    expectNear(y, divided(sums, [&](long i) { return sums[i].terms; }), scale);
-    run(0x300), expectNear(y, sums, scale);
-    run(0), expectNear(y, sums, scale);
-    EXPECT_EQ(Api::crossCorrNorm(a.data(), len1, b.data(), len2, z.data(), count, lowLag, algType,
-                                 nullptr),
-              byFft ? moxErrNullPtr : moxOk);
-    if (algType != 0) return;
-    EXPECT_EQ(allocationsOf([&] {
-                return Api::crossCorr(a.data(), len1, b.data(), len2, z.data(), count, lowLag);
-              }),
-              byFft);
-    EXPECT_EQ(std::memcmp(y.data(), z.data(), count * sizeof(E)), 0);
+    const bool isFft =
+        float(shorter) * float(kept) / float(longer) >= least(sizeof(E) == 4 ? 384 : 512, 256, 512);
+    expectForms<E>(
+        {sums, kept > 0 ? norm(a) * norm(b) : 0, isFft, publishedSize<E>(order, 2), 0, shorter},
+        [&](auto f, E* y, auto... more) {
+          return f(a.data(), len1, b.data(), len2, y, count, lowLag, more...);
+        },
+        [=](auto... more) {
+          return moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, more...);
+        },
+        Api::crossCorrNorm, Api::crossCorr);
   }
 
   Random random{1};
@@ -122,14 +56,10 @@ TYPED_TEST_SUITE(Correlation, AllFloats);
 
 TYPED_TEST(Correlation, OfOneSignalAgreesWithItsSum) {
   const int limit = this->least(856, 152, 368);
-  for (const auto& [len, count] : {std::pair(1, 1),
-                                   {1, 9},
-                                   {7, 3},
-                                   {100, 130},
-                                   {700, 260},
-                                   {1000, limit - 1},
-                                   {1000, limit},
-                                   {limit, 1100}}) {
+  const int cases[][2] = {{1, 1},        {1, 9},       {7, 3},
+                          {100, 130},    {700, 260},   {1000, limit - 1},
+                          {1000, limit}, {limit, 1100}};
+  for (const auto& [len, count] : cases) {
     this->expectAuto(len, count);
     if (this->HasFatalFailure()) return;
   }
@@ -137,32 +67,27 @@ TYPED_TEST(Correlation, OfOneSignalAgreesWithItsSum) {
 
 TYPED_TEST(Correlation, OfTwoSignalsAgreesWithItsSum) {
   const int most = this->least(sizeof(TypeParam) == 4 ? 384 : 512, 256, 512);
-  for (const auto& [len1, len2] : {std::pair(1, 1),
-                                   {3, 2},
-                                   {5, 80},
-                                   {80, 5},
-                                   {300, 500},
-                                   {500, 300},
-                                   {600, 600},
-                                   {400, 1200},
-                                   {1200, 400},
-                                   {600, 5000}})
-    for (const auto& [count, lowLag] : {std::pair(len1 + len2 - 1, 1 - len1),
-                                        {len1 + len2 + 9, -4 - len1},
-                                        {40, -20},
-                                        {9, 3},
-                                        {10, -10 - len1},
-                                        {10, len2},
-                                        {10, len2 - 1},
-                                        {3, INT_MIN},
-                                        {3, INT_MAX},
-                                        {most - 1, -10},
-                                        {most, 0},
-                                        {most, -most},
-                                        {len2, -len1 / 2}}) {
-      this->expectCross(len1, len2, std::max(count, 1), lowLag);
+  const int lengths[][2] = {{1, 1},     {3, 2},     {5, 80},     {80, 5},     {300, 500},
+                            {500, 300}, {600, 600}, {400, 1200}, {1200, 400}, {600, 5000}};
+  for (const auto& [len1, len2] : lengths) {
+    const int lags[][2] = {{len1 + len2 - 1, 1 - len1},
+                           {len1 + len2 + 9, -4 - len1},
+                           {40, -20},
+                           {9, 3},
+                           {10, -10 - len1},
+                           {10, len2},
+                           {10, len2 - 1},
+                           {3, INT_MIN},
+                           {3, INT_MAX},
+                           {most - 1, -10},
+                           {most, 0},
+                           {most, -most},
+                           {len2, -len1 / 2}};
+    for (const auto& [count, lowLag] : lags) {
+      this->expectCross(len1, len2, count, lowLag);
       if (this->HasFatalFailure()) return;
     }
+  }
 }
 
 TEST(CorrelationOfShorts, IsExactOrScaled) {
