@@ -73,6 +73,20 @@ void expectNear(const std::vector<E>& got, const std::vector<Sum>& sums, long do
   }
 }
 
+// Those of 16 bits times 2^-factor, to nearest and saturated.
+template <class Divisor>
+void expectScaled(const std::vector<Mox16s>& got, const std::vector<Sum>& sums, int factor,
+                  Divisor divisor, double error = 0.5) {
+  for (std::size_t i = 0; i < sums.size(); ++i) {
+    const double mean = sums[i].terms ? double(sums[i].value.real()) / divisor(sums[i]) : 0;
+    ASSERT_NEAR(got[i], std::clamp(std::scalbln(mean, -long(factor)), -32768.0, 32767.0), error)
+        << "output " << i << ", factor " << factor << "; " << seedNote();
+  }
+}
+
+constexpr auto unchanged = [](const Sum&) { return 1; };
+constexpr auto overTerms = [](const Sum& sum) { return sum.terms; };
+
 template <class E>
 struct CorrApi;
 #define CORR_API(E, type, fft)                                      \
@@ -155,12 +169,11 @@ void expectForms(const Expected<E>& e, Call call, Size size, Run run, Alone... a
       EXPECT_EQ(allocationsOf([&] { return call(runAlone[kind / 0x100], z.data()); }), byFft);
       EXPECT_EQ(std::memcmp(y.data(), z.data(), y.size() * sizeof(E)), 0);
     };
-    const auto one = [](const Sum&) { return 1; };
-    expect(0, one);
+    expect(0, unchanged);
     if (e.length == 0) continue;
     expect(moxAlgNormA, [&](const Sum&) { return e.length; });
-    expect(moxAlgNormB, [](const Sum& sum) { return sum.terms; });
-    expect(0x300, one);
+    expect(moxAlgNormB, overTerms);
+    expect(0x300, unchanged);
     EXPECT_EQ(size(algType | 0x300, &bytes), moxErrAlgType);
   }
 }
