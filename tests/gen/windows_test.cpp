@@ -140,28 +140,29 @@ TEST(Windows, OfShortsHaveCosinesAndWeightsInSinglePrecision) {
 
 // The one in the middle of three has its ties away from zero, that of five to even.
 TEST(Windows, ScaleBlackman) {
-  forAllFactors([](int factor) {
+  constexpr int alphaQ15 = -5243;
+  const auto scaled = [](const std::vector<Mox16s>& src, int factor) {
+    return resultsOf("WinBlackmanQ15_16s_ISfs", src,
+                     [=](Mox16s* p, int len) {
+                       return moxsWinBlackmanQ15_16s_ISfs(p, len, alphaQ15, factor);
+                     })
+        .values;
+  };
+  forAllFactors([&](int factor) {
     for (const int len : {3, 4, 5, 77}) {
-      const auto src = Random(len).vector<Mox16s>(len);
-      const auto got = resultsOf("WinBlackmanQ15_16s_ISfs", src, [&](Mox16s* p, int n) {
-        return moxsWinBlackmanQ15_16s_ISfs(p, n, -5243, factor);
-      });
-      const L scale = std::ldexp(1.0L, -std::clamp(factor, -100, 100));
+      const auto src = Random(len).vector<Mox16s>(len), got = scaled(src, factor);
       for (int i = 0; i < len; ++i) {
         const int n = std::min(i, len - 1 - i);
-        const L w = 2 * n == len - 1 ? 1 : n == 0 ? 0 : blackman(n, len - 1, -5243 * 0x1p-15L);
-        const L exact = std::clamp<L>(src[i] * w * scale, -32768, 32767);
-        ASSERT_NEAR(got.values[i], exact, 0.5001L + std::fabs(src[i] * scale) * 3e-7L)
+        const L w = 2 * n == len - 1 ? 1 : blackman(n, len - 1, std::ldexp(L(alphaQ15), -15));
+        const L x = std::ldexp(L(src[i]), -std::clamp(factor, -100, 100));
+        ASSERT_NEAR(got[i], std::clamp<L>(x * w, -32768, 32767), 0.5001L + std::fabs(x) * 3e-7L)
             << len << ' ' << i;
       }
     }
   });
   for (const Mox16s sign : {1, -1}) {
-    std::vector<Mox16s> three = {sign, sign, sign}, five(5, sign);
-    moxsWinBlackmanQ15_16s_ISfs(three.data(), 3, -5243, 1);
-    moxsWinBlackmanQ15_16s_ISfs(five.data(), 5, -5243, 1);
-    EXPECT_THAT(three, testing::ElementsAre(0, sign, 0));
-    EXPECT_EQ(five[2], 0);
+    EXPECT_THAT(scaled({sign, sign, sign}, 1), testing::ElementsAre(0, sign, 0));
+    EXPECT_EQ(scaled({sign, sign, sign, sign, sign}, 1)[2], 0);
   }
 }
 
@@ -172,9 +173,7 @@ TEST(Windows, HaveTheirSpecialEnds) {
   EXPECT_THAT(run(MEMBER(WinBlackman_64f), std::vector<Mox64f>{INFINITY, -3, 1}, 7).values,
               testing::ElementsAre(0, -3, 0));
   for (const int len : {4, 5, 2000}) {
-    std::vector<Mox32f> x(len, 1);
-    x[0] = INFINITY;
-    const auto y = run(MEMBER(WinBlackman_32f), x, 3).values;
+    const auto y = run(MEMBER(WinBlackman_32f), std::vector<Mox32f>(len, INFINITY), 3).values;
     EXPECT_EQ(y.front(), 0);
     EXPECT_EQ(y.back(), 0);
   }
@@ -182,12 +181,12 @@ TEST(Windows, HaveTheirSpecialEnds) {
 }
 
 TEST(Windows, KaiserHasLimits) {
-  std::vector<Mox32f> x(21, 1);
-  std::vector<Mox64f> y(21, 1);
-  EXPECT_EQ(moxsWinKaiser_32f_I(x.data(), 21, 3.8001f), moxErrKaiserAlpha);  // above 38 / 10
-  EXPECT_EQ(moxsWinKaiser_32f_I(x.data(), 21, 3.7999f), moxOk);
-  EXPECT_EQ(moxsWinKaiser_64f_I(y.data(), 21, 3.8), moxOk);
-  EXPECT_EQ(moxsWinKaiser_64f_I(y.data(), 21, -30.81), moxErrKaiserAlpha);
+  const std::vector<Mox32f> x(21);
+  const std::vector<Mox64f> y(21);
+  EXPECT_EQ(run(MEMBER(WinKaiser_32f), x, 3.8001).status, moxErrKaiserAlpha);  // above 38 / 10
+  EXPECT_EQ(run(MEMBER(WinKaiser_32f), x, 3.7999).status, moxOk);
+  EXPECT_EQ(run(MEMBER(WinKaiser_64f), y, 3.8).status, moxOk);
+  EXPECT_EQ(run(MEMBER(WinKaiser_64f), y, -30.81).status, moxErrKaiserAlpha);
 }
 
 }  // namespace
