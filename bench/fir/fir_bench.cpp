@@ -2,6 +2,7 @@
 #include <moxsp.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -78,10 +79,11 @@ void addReal(int taps) {
       {"liquid direct", [=] {
          firfilt_rrrf_execute_block(liquid.get(), const_cast<float*>(d->x), len, d->y.data());
        }}};
-  for (const int factor : {4, 8, 16}) {
-    const auto fftw =
-        std::make_shared<bench::FftwFilter>(d->h.data(), taps, std::max(256, factor * taps));
-    peers.emplace_back("fftw " + std::to_string(std::max(256, factor * taps)),
+  const auto atLeast256 = [](int points) { return std::max(256, points); };
+  for (const int points :
+       std::set{atLeast256(4 * taps), atLeast256(8 * taps), atLeast256(16 * taps)}) {
+    const auto fftw = std::make_shared<bench::FftwFilter>(d->h.data(), taps, points);
+    peers.emplace_back("fftw " + std::to_string(points),
                        [=] { fftw->run(d->x, d->y.data(), len); });
   }
   bench::add({.family = "fir_32f",

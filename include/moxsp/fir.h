@@ -83,8 +83,8 @@ typedef struct MoxsFIRState MoxsFIRState;
  *
  * From 64 taps on (16 in `32fc`, 32 in `64fc`) a filter of floats holds its taps' spectrum, too,
  * for long blocks of samples: 2^(s+1) points, where s is the least integer with 2^s > tapsLen. It
- * does so as long as the whole state stays below 2^31 bytes: up to about 50 million taps of `32f`,
- * 25 million of `32fc` and `64f`, 12.5 million of `64fc`. Longer filters are summed directly.
+ * does so as long as the whole state stays below 2^31 bytes: up to about 66 million taps of `32f`,
+ * 33 million of `32fc` and `64f`, 16 million of `64fc`. Longer filters are summed directly.
  * `_32s` holds the spectrum from 32 taps on in states of `InitAlloc`, and none in those of `Init`.
  * Fixed-point taps and streams are always summed directly.
  *
@@ -214,7 +214,7 @@ MOX_API MoxStatus moxsFIRStreamInitAlloc_32f(MoxsFIRState** state, const Mox32f*
  * Reads or replaces the `tapsLen` taps, tap 0 first. The delay line is left alone. Fixed-point taps
  * come as they are held, with their `tapsFactor`; `32s_16s32f` and `32sc_16sc32fc` give the held
  * ones times 2^tapsFactor, with the magnitude of the factor taken modulo 128. New ones are treated
- * as those of `Init` (@ref fir_fixed). `_32s` gives its taps truncated to integers.
+ * as those of `Init` (@ref fir_fixed). `_32s` gives its taps truncated to integers and saturated.
  * @return ::moxErrNullPtr for a null argument, ::moxErrContext for a stream state or one of other
  * types.
  * @{ */

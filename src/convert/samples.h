@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstring>
+#include <limits>
 
 #include "convert/convert.h"
 #include "frame/elements.h"
@@ -27,13 +28,18 @@ void giveOut(const Sum* src, Data* dst, long len, int scaleFactor) {
     takeIn(src, dst, len);
 }
 
-// One element in another type, toward zero where that has no fraction.
+// One element in another type: toward zero where that has no fraction, and saturated.
 template <class To, class From>
 To converted(From e) {
-  if constexpr (Complex<From>)
-    return {Part<To>(e.re), Part<To>(e.im)};
-  else
+  if constexpr (Complex<From>) {
+    return {converted<Part<To>>(e.re), converted<Part<To>>(e.im)};
+  } else if constexpr (std::is_integral_v<To> && std::is_floating_point_v<From>) {
+    using Range = std::numeric_limits<To>;
+    static_assert(Range::digits <= std::numeric_limits<From>::digits);
+    return To(greater(lesser(e, From(Range::max())), From(Range::min())));
+  } else {
     return To(e);
+  }
 }
 
 }  // namespace mox::convert

@@ -71,7 +71,7 @@ template <class C>
 MoxStatus getDlyLine(const MoxsFIRState* state, typename C::Data* dlyLine) {
   if (anyNull(state, dlyLine)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  readDelayLine<C>(stateOf<C>(state), dlyLine);
+  stateOf<C>(state).store.getLine(dlyLine);
   return moxOk;
 }
 
@@ -79,7 +79,7 @@ template <class C>
 MoxStatus setDlyLine(MoxsFIRState* state, const typename C::Data* dlyLine) {
   if (anyNull(state)) return moxErrNullPtr;
   if (MoxStatus s = requireState<C>(state)) return s;
-  writeDelayLine<C>(stateOf<C>(state), dlyLine);
+  stateOf<C>(state).store.setLine(dlyLine);
   return moxOk;
 }
 

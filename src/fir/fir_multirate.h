@@ -38,10 +38,10 @@ void filterSingly(StateOf<C>& s, const typename C::Data* src, typename C::Data* 
   const TapPhases phases(s.tapsLen, r.up);
   PhaseWalk walk(r);
   const long inputs = len * r.down, outputs = len * r.up;
-  auto* const x = s.dlyLine + s.dlyLen;
+  const auto* const x = s.store.appended();
   for (long taken = 0, made = 0; taken < inputs;) {
     const long piece = std::min<long>(pieceLen, inputs - taken);
-    convert::takeIn(src + taken, x, piece);
+    s.store.append(src + taken, piece);
     taken += piece;
     const long end = taken < inputs && r.up <= r.down ? std::min(taken, outputs) : outputs;
     for (long count = 1; made < end && count > 0; made += count) {
@@ -49,7 +49,7 @@ void filterSingly(StateOf<C>& s, const typename C::Data* src, typename C::Data* 
                         std::min<long>(chunkLen, end - made));
       output(s.staging, dst + made, count);
     }
-    std::memmove(s.dlyLine, s.dlyLine + piece, std::size_t(s.dlyLen) * sizeof *x);
+    s.store.advance(piece);
     walk.newest -= piece;
   }
 }
@@ -90,8 +90,8 @@ void filterByCycles(StateOf<C>& s, const typename C::Data* src, typename C::Data
                     const Output<C>& output) {
   const long inputs = s.rates.cycleInputs(), outputs = s.rates.cycleOutputs();
   forCycles(s.rates, len, [&](long done, long cycles) {
-    auto* const x = s.dlyLine + s.dlyLen;
-    convert::takeIn(src + done * inputs, x, cycles * inputs);
+    const auto* const x = s.store.appended();
+    s.store.append(src + done * inputs, cycles * inputs);
     // All samples of the step have been copied by now, so that outputs may go in their place.
     auto* const to = dst + done * outputs;
     if constexpr (converts<C>) {
@@ -100,7 +100,7 @@ void filterByCycles(StateOf<C>& s, const typename C::Data* src, typename C::Data
     } else {
       sumCycles(s, x, s.dlyLen, cycles, to);
     }
-    std::memmove(s.dlyLine, s.dlyLine + cycles * inputs, std::size_t(s.dlyLen) * sizeof *x);
+    s.store.advance(cycles * inputs);
   });
 }
 

@@ -21,7 +21,7 @@ MoxStatus directWithFactor(const typename C::Data* src, typename C::Data* dst, i
   const MoxStatus status =
       (setup.rates.areSingle() ? runSingle<C> : runMultirate<C>)(state, src, dst, numIters,
                                                                  scaleFactor);
-  if (status == moxOk) readDelayLine<C>(stateOf<C>(state), dlyLine);
+  if (status == moxOk) stateOf<C>(state).store.getLine(dlyLine);
   moxFree(state);
   return status;
 }

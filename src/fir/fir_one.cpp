@@ -4,7 +4,6 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "kernels/dot.h"
-#include "kernels/ring.h"
 #include "kernels/wrapping_dot.h"
 
 namespace mox::fir {
@@ -18,8 +17,7 @@ MoxStatus firOneScaled(typename C::Data src, typename C::Data* dst, MoxsFIRState
   if (anyNull(state, dst)) return moxErrNullPtr;
   if (MoxStatus e = requireId(state, C::ids.single)) return e;
   auto& s = stateOf<C>(state);
-  const auto* window = kernels::pushSample(s.dlyLine, s.dlyIndex, s.tapsLen,
-                                           convert::converted<typename C::Held>(src));
+  const auto* window = s.store.push(convert::converted<typename C::Held>(src));
   const Sum sum = kernels::dotProduct<Sum, TapOrder::reversed>(window, s.heldTaps, s.tapsLen);
   Output<C>(s.tapsFactor, scaleFactor, SumRounding::nearEven)(&sum, dst, 1);
   return moxOk;

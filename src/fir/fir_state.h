@@ -10,6 +10,7 @@
 #include "fir/fixed_point.h"
 #include "fir/rates.h"
 #include "frame/lifecycle.h"
+#include "kernels/delay_store.h"
 #include "kernels/striped_dot.h"
 #include "transforms/overlap_save.h"
 
@@ -17,8 +18,7 @@ struct MoxsFIRState {
   Mox32s id;
   Mox32s owned;  // 1 when InitAlloc took the memory
   int tapsLen;
-  int dlyLen;    // of the delay line that the caller sees
-  int dlyIndex;  // place of the oldest of the last dlyLen samples in the delay store
+  int dlyLen;  // of the delay line that the caller sees
   int tapsFactor;
   mox::fir::Rates rates;
 };
@@ -50,16 +50,9 @@ struct Engines<Mox16sc> {};
 template <class HeldTap, class Held, class Sum>
 struct State : MoxsFIRState, Engines<Held> {
   HeldTap* heldTaps;  // in the order of TapPhases
-  Held* dlyLine;      // delay store: the samples oldest first, with room to append new ones
-  Sum* staging;       // results of one chunk before they go to the caller
+  kernels::DelayStore<Held> store;
+  Sum* staging;  // results of one chunk before they go to the caller
 };
-
-// The first samples of a long block go through the delay store, for they need the history before
-// them; the others are read where they are. All of a short block go through it.
-template <class Held>
-constexpr long outputsFromStore(long tapsLen) {
-  return long(roundUp(std::size_t(tapsLen), sizeof(Part<Held>) == 4 && !Complex<Held> ? 8 : 4));
-}
 
 // Cycles that one step of a multirate filter runs through.
 constexpr long cyclesOfStep(const Rates& r) {
@@ -92,10 +85,8 @@ struct Shape {
     s.tapsLen = tapsLen;
     s.rates = rates;
     s.dlyLen = int(TapPhases(tapsLen, rates.up).longest());
-    const std::size_t history(s.dlyLen);
-    const long appended = std::max(outputsFromStore<Held>(s.dlyLen), long(pieceLen));
     s.heldTaps = arena.place<HeldTap>(std::size_t(tapsLen), partAlignment);
-    s.dlyLine = arena.place<Held>(2 * history + std::size_t(appended), partAlignment);
+    s.store.place(arena, s.dlyLen, pieceLen);
     s.staging = arena.place<Sum>(chunkLen, partAlignment);
     if constexpr (std::is_same_v<Held, Sum>) layoutEngines<Held>(arena, s, s.dlyLen);
   }
@@ -173,22 +164,6 @@ void writeTaps(StateOf<C>& s, const typename C::Tap* taps, int tapsFactor) {
     if (s.hasFft) s.fft.setTaps(s.tapsLen, [&](long k) { return s.heldTaps[s.tapsLen - 1 - k]; });
 }
 
-// The newest sample comes first in `dlyLine`; null stands for silence.
-template <class C>
-void writeDelayLine(StateOf<C>& s, const typename C::Data* dlyLine) {
-  using Held = typename C::Held;
-  s.dlyIndex = 0;
-  for (int i = 0; i < s.dlyLen; ++i)
-    s.dlyLine[s.dlyLen - 1 - i] =
-        dlyLine ? convert::converted<Held>(load<typename C::Data>(dlyLine + i)) : Held{};
-}
-template <class C>
-void readDelayLine(const StateOf<C>& s, typename C::Data* dlyLine) {
-  const auto* newest = s.dlyLine + s.dlyIndex + s.dlyLen - 1;
-  for (int i = 0; i < s.dlyLen; ++i)
-    store(dlyLine + i, convert::converted<typename C::Data>(newest[-i]));
-}
-
 // Filters whose state no int can measure have too many taps.
 template <class C>
 MoxStatus checkSize(const Shape& shape) {
@@ -242,7 +217,7 @@ struct Setup {
     if constexpr (isFloating<C>)
       if (s.hasFft) s.fft.fill();
     writeTaps<C>(s, taps, tapsFactor);
-    writeDelayLine<C>(s, dlyLine);
+    s.store.setLine(dlyLine);
     return moxOk;
   }
 };

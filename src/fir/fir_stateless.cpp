@@ -104,12 +104,11 @@ MoxStatus firDirect16s(const Mox16s* src, Mox16s* dst, int len, const Mox16s* ta
   if (MoxStatus e = checkDirect16s(src, dst, len, taps, tapsLen, dlyLine, dlyLineIndex)) return e;
   MoxsFIRState* state;
   if (MoxStatus e = initAllocFrom<C>(&state, {taps, tapsLen, nullptr, C::tapsFactor})) return e;
-  auto& s = stateOf<C>(state);
-  convert::takeIn(dlyLine + load<int>(dlyLineIndex), s.dlyLine, tapsLen);
+  auto& store = stateOf<C>(state).store;
+  store.takeIn(dlyLine + load<int>(dlyLineIndex), tapsLen);
   runSingle<C>(state, src, dst, len, scaleFactor);
-  convert::takeIn(s.dlyLine, dlyLine, tapsLen);
-  convert::takeIn(s.dlyLine, dlyLine + tapsLen, tapsLen);
-  store(dlyLineIndex, 0);
+  for (Mox16s* copy : {dlyLine, dlyLine + tapsLen}) convert::takeIn(store.history(), copy, tapsLen);
+  mox::store(dlyLineIndex, 0);
   moxFree(state);
   return moxOk;
 }

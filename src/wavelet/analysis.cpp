@@ -32,8 +32,7 @@ struct Forward {
 
   static void placeStores(Arena& arena, Record& r) {
     r.head = (std::max(r.low.dlyLen(), r.high.dlyLen()) + 1) / 2;
-    for (Channel* c : {&r.low, &r.high})
-      c->store = arena.place<Mox32f>(std::size_t(c->dlyLen() + 2 * r.head), partAlignment);
+    for (Channel* c : {&r.low, &r.high}) c->store.place(arena, c->dlyLen(), 2 * r.head);
     const auto elements = kernels::rowsOf<Mox32f>(nullptr, 2, stepLen + r.head).elements();
     r.rows = kernels::rowsOf(arena.place<Mox32f>(std::size_t(elements), partAlignment), 2,
                              stepLen + r.head);
@@ -43,10 +42,11 @@ struct Forward {
     for (int k = 0; k < c.tapsLen; ++k) c.taps[c.tapsLen - 1 - k] = load<Mox32f>(taps + k);
   }
   static void writeDelayLine(Channel& c, const Mox32f* dlyLine) {
-    for (long i = 0; i < c.dlyLen(); ++i) c.store[i] = dlyLine ? load<Mox32f>(dlyLine + i) : 0;
+    c.store.setLine<Mox32f>(nullptr);
+    if (dlyLine) c.store.takeIn(dlyLine, c.dlyLen());
   }
   static void readDelayLine(const Channel& c, Mox32f* dlyLine) {
-    convert::takeIn(c.store, dlyLine, c.dlyLen());
+    convert::takeIn(c.store.history(), dlyLine, c.dlyLen());
   }
 };
 
@@ -58,26 +58,22 @@ void filterRows(const Rows& rows, long start, const Channel& c, Mox32f* dst, lon
 
 // Makes the outputs before `head`, and keeps the last samples of the block.
 template <class S>
-void filterHead(const Rows& rows, const Channel& c, const S* src, Mox32f* dst, long head,
-                long len) {
+void filterHead(const Rows& rows, Channel& c, const S* src, Mox32f* dst, long head, long len) {
   const long kept = c.dlyLen();
-  convert::takeIn(src, c.store + kept, 2 * head);
+  c.store.append(src, 2 * head);
   for (long k = 0, n; k < head; k += n) {
     n = std::min(head - k, stepLen);
-    kernels::deal(c.store + 2 * k, kept + 2 * n, rows);
+    kernels::deal(c.store.history() + 2 * k, kept + 2 * n, rows);
     filterRows(rows, kept - c.reach(), c, dst + k, n);
   }
-  if (2 * len < kept)
-    std::memmove(c.store, c.store + 2 * len, std::size_t(kept) * sizeof(Mox32f));
-  else
-    convert::takeIn(src + 2 * len - kept, c.store, kept);
+  c.store.takeIn(src, 2 * len);
 }
 
 template <class S>
 MoxStatus forward(const S* src, Mox32f* dstLow, Mox32f* dstHigh, int dstLen, MoxWTFwdState* state) {
   if (MoxStatus s = checkState<Forward, S>(state)) return s;
   if (MoxStatus s = checkArrays(dstLen, src, dstLow, dstHigh)) return s;
-  const auto& r = *static_cast<Forward::Record*>(state);
+  auto& r = *static_cast<Forward::Record*>(state);
   const long head = std::min(r.head, long(dstLen));
   filterHead(r.rows, r.low, src, dstLow, head, dstLen);
   filterHead(r.rows, r.high, src, dstHigh, head, dstLen);

@@ -8,6 +8,7 @@
 #include "convert/samples.h"
 #include "frame/export.h"
 #include "frame/lifecycle.h"
+#include "kernels/delay_store.h"
 
 namespace mox::wavelet {
 
@@ -17,8 +18,8 @@ constexpr long stepLen = 512;
 // One of the two filters.
 struct Channel {
   int tapsLen, offset;
-  Mox32f* taps;   // in the order that the direction sums in
-  Mox32f* store;  // the samples before the next block, the oldest first, and room for new ones
+  Mox32f* taps;  // in the order that the direction sums in
+  kernels::DelayStore<Mox32f> store;
 
   // How far the first output of a block reaches back. It is -1 for a single tap that meets the
   // second sample of a pair.
@@ -37,9 +38,8 @@ struct BankKind {
     int lenLow, offsLow, lenHigh, offsHigh;
 
     void layout(Arena& arena, Record& r) const {
-      r.low = {lenLow, offsLow, arena.place<Mox32f>(std::size_t(lenLow), partAlignment), nullptr};
-      r.high = {lenHigh, offsHigh, arena.place<Mox32f>(std::size_t(lenHigh), partAlignment),
-                nullptr};
+      r.low = {lenLow, offsLow, arena.place<Mox32f>(std::size_t(lenLow), partAlignment), {}};
+      r.high = {lenHigh, offsHigh, arena.place<Mox32f>(std::size_t(lenHigh), partAlignment), {}};
       D::placeStores(arena, r);
     }
   };

@@ -37,8 +37,7 @@ struct Inverse {
   static long kept(const Channel& c) { return (c.dlyLen() + 1) / 2; }
 
   static void placeStores(Arena& arena, Record& r) {
-    for (Channel* c : {&r.low, &r.high})
-      c->store = arena.place<Mox32f>(std::size_t(kept(*c) + stepLen), partAlignment);
+    for (Channel* c : {&r.low, &r.high}) c->store.place(arena, kept(*c), stepLen);
   }
   static void writeTaps(Channel& c, const Mox32f* taps) {
     for (int k = 0; k < c.tapsLen; ++k) {
@@ -50,12 +49,12 @@ struct Inverse {
   // Callers see every second place of a delay line taken by a zero.
   static void writeDelayLine(Channel& c, const Mox32f* dlyLine) {
     for (long k = 1; k <= kept(c); ++k)
-      c.store[kept(c) - k] = dlyLine ? load<Mox32f>(dlyLine + c.dlyLen() - 2 * k + 1) : 0;
+      c.store.appended()[-k] = dlyLine ? load<Mox32f>(dlyLine + c.dlyLen() - 2 * k + 1) : 0;
   }
   static void readDelayLine(const Channel& c, Mox32f* dlyLine) {
     std::memset(static_cast<void*>(dlyLine), 0, std::size_t(c.dlyLen()) * sizeof(Mox32f));
     for (long k = 1; k <= kept(c); ++k)
-      store(dlyLine + c.dlyLen() - 2 * k + 1, c.store[kept(c) - k]);
+      store(dlyLine + c.dlyLen() - 2 * k + 1, c.store.appended()[-k]);
   }
 };
 
@@ -63,19 +62,18 @@ struct Inverse {
 using Outputs = Mox32f[2][stepLen];
 
 void filterStep(const Channel& c, const Mox32f* src, long len, Outputs& outputs) {
-  const long kept = Inverse::kept(c);
-  convert::takeIn(src, c.store + kept, len);
+  c.store.append(src, len);
   for (const int parity : {0, 1}) {
     const int tapParity = (parity + c.offset + 1) % 2;
     const Phase phase(c, tapParity);
     const long delay = (c.offset + 1L + tapParity - parity) / 2;
     if (phase.len > 0)
-      kernels::filterWindow(c.store + kept - delay - phase.len + 1, outputs[parity], len,
+      kernels::filterWindow(c.store.appended() - delay - phase.len + 1, outputs[parity], len,
                             phase.taps, phase.len);
     else
       std::fill_n(outputs[parity], len, 0.0f);
   }
-  std::memmove(c.store, c.store + len, std::size_t(kept) * sizeof(Mox32f));
+  c.store.advance(len);
 }
 
 // Adds both channels and interleaves the even and the odd outputs.
