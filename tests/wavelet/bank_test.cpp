@@ -54,7 +54,7 @@ struct Bank {
 template <class Api, class Run, class Kept>
 void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
   using State = typename Api::State;
-  const auto& [low, high] = bank;
+  const Channel &low = bank.low, &high = bank.high;
   const auto make = [&] {
     State* state = nullptr;
     EXPECT_EQ(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
