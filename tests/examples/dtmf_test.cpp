@@ -15,9 +15,11 @@ const std::string symbols = "123A456B789C*0#D";
 std::mt19937 engine(23);
 double between(double a, double b) { return std::uniform_real_distribution<double>(a, b)(engine); }
 
-// How a digit is dialled: rate of the file, amplitudes, seconds, deviation of the frequencies.
+// How a digit is dialled: rate of the file, amplitudes, seconds, deviation of the frequencies, and
+// the amplitudes of what else sounds: an octave over the low tone, a hum of 400 Hz.
 struct Dial {
-  double rate = 8000, ofLow = 0.1, ofHigh = 0.1, tone = 0.06, pause = 0.06, detuning = 0;
+  double rate = 8000, ofLow = 0.1, ofHigh = 0.1, tone = 0.06, pause = 0.06, detuning = 0,
+         octave = 0, hum = 0;
 };
 
 void append(Samples& x, char symbol, const Dial& d) {
@@ -26,7 +28,9 @@ void append(Samples& x, char symbol, const Dial& d) {
                wHigh = 2 * M_PI * high[at % 4] * (1 + d.detuning) / d.rate;
   const long count = std::lround(d.tone * d.rate);
   for (long i = 0; i < count; ++i)
-    x.push_back(d.ofLow * std::sin(wLow * double(i)) + d.ofHigh * std::sin(wHigh * double(i)));
+    x.push_back(d.ofLow * std::sin(wLow * double(i)) + d.ofHigh * std::sin(wHigh * double(i)) +
+                d.octave * std::sin(2 * wLow * double(i)) +
+                d.hum * std::sin(2 * M_PI * 400 / d.rate * double(i)));
   x.resize(x.size() + std::size_t(std::lround(d.pause * d.rate)));
 }
 
@@ -145,13 +149,16 @@ TEST_F(Dtmf, HearsTheShortestTonesOfAllDigitsAtAnyRate) {
   }
 }
 
-// Too short, too unequal, or of one tone alone is no digit; a short gap does not make it two.
+// Too short, too unequal, of one tone alone, as of a voice, or amid louder sound is no digit; a
+// short gap does not make it two.
 TEST_F(Dtmf, KeepsTheRulesOfTwistDurationAndSilence) {
   Samples x(800);
   append(x, '1', {.tone = 0.018});
   append(x, '2', {.ofLow = 0.4, .ofHigh = 0.1});
   append(x, '3', {.ofLow = 0.1, .ofHigh = 0.3});
   append(x, '4', {.ofLow = 0.1, .ofHigh = 0});
+  append(x, '8', {.octave = 0.2});
+  append(x, '9', {.hum = 0.5});
   append(x, '5', {.pause = 0.008});
   append(x, '5', {});
   append(x, '6', {.ofLow = 0.2, .ofHigh = 0.1});

@@ -100,6 +100,14 @@ TEST(Windows, AreThoseOfTheirFormulas) {
                    40 * (1 + 4 * std::fabs(alpha)), 0);
 }
 
+// Of many floats the products alone are rounded.
+TEST(Windows, BlackmanOfManyIsRoundedOnce) {
+  for (const int len : {1026, 5000}) {
+    expectWindow(MEMBER(WinBlackman_32f), blackman, 0.25, 0x1.01p-25, len);
+    expectWindow(MEMBER(WinBlackman_32fc), blackman, 0.25, 0x1.01p-25, len);
+  }
+}
+
 TEST(Windows, KaiserIsThatOfItsFormula) {
   for (const L peak : {0.0L, -0.4L, 4.02L, 12.0L, 37.99L})
     EXPECT_WINDOWS(Kaiser, 2, kaiser, 2 * peak / (len - 1), (4 + 2.5 * std::fabs(peak)),

@@ -186,11 +186,12 @@ TEST(ResamplePolyphaseFixed, IsADotProductWithTheFilterOfThePhase) {
       }
 }
 
-// Whole numbers whose products are floats, and whose sums are not.
+// Whole numbers whose products are floats, and whose sums are not. Time goes on from the sample
+// where it was.
 template <class Data>
 void expectFilters() {
   constexpr bool isInteger = std::is_integral_v<Data>;
-  constexpr int half = 4, row = 2 * half + 4;
+  constexpr int half = 32, row = 2 * half + 4, first = 2;
   auto filter = fixed<Data>(2, 3, 2 * half, 5, moxHintAccurate);
   test::Random random;
   std::vector<Data> rows(3 * row), again(rows), x(2 * margin), y(100);
@@ -199,9 +200,11 @@ void expectFilters() {
   ASSERT_EQ(Api<Data>::set(rows.data(), row, 3, filter.state()), moxOk);
   ASSERT_EQ(Api<Data>::get(again.data(), row, 3, filter.state()), moxOk);
   EXPECT_EQ(again, rows);
-  double time = 0;
+  double time = first;
   int count;
-  ASSERT_EQ(Api<Data>::fixed(&x[margin], 40, y.data(), 1, &time, &count, filter.state()), moxOk);
+  ASSERT_EQ(Api<Data>::fixed(&x[margin - first], 40, y.data(), 1, &time, &count, filter.state()),
+            moxOk);
+  EXPECT_NEAR(time, count * 2 / 3.0, 1e-9);
   for (int k = 0; k < count; ++k) {
     const int sample = 2 * k / 3, phase = 2 * k % 3, isWhole = phase == 0;
     double sum = 0;

@@ -15,7 +15,7 @@ template <class D>
 struct Forward;
 template <class D>
 struct Inverse;
-#define BANK_API(Direction, name, D, type)                       \
+#define DIRECTION_API(Direction, name, D, type)                  \
   template <>                                                    \
   struct Direction<D> {                                          \
     using State = MoxWT##name##State;                            \
@@ -25,16 +25,14 @@ struct Inverse;
     static constexpr auto set = moxsWT##name##SetDlyLine_##type; \
     static constexpr auto free = moxsWT##name##Free_##type;      \
   }
-BANK_API(Forward, Fwd, Mox32f, 32f);
-BANK_API(Forward, Fwd, Mox8s, 8s32f);
-BANK_API(Forward, Fwd, Mox8u, 8u32f);
-BANK_API(Forward, Fwd, Mox16s, 16s32f);
-BANK_API(Forward, Fwd, Mox16u, 16u32f);
-BANK_API(Inverse, Inv, Mox32f, 32f);
-BANK_API(Inverse, Inv, Mox8s, 32f8s);
-BANK_API(Inverse, Inv, Mox8u, 32f8u);
-BANK_API(Inverse, Inv, Mox16s, 32f16s);
-BANK_API(Inverse, Inv, Mox16u, 32f16u);
+#define BANK_API(D, type, inverseType)  \
+  DIRECTION_API(Forward, Fwd, D, type); \
+  DIRECTION_API(Inverse, Inv, D, inverseType)
+BANK_API(Mox32f, 32f, 32f);
+BANK_API(Mox8s, 8s32f, 32f8s);
+BANK_API(Mox8u, 8u32f, 32f8u);
+BANK_API(Mox16s, 16s32f, 32f16s);
+BANK_API(Mox16u, 16u32f, 32f16u);
 
 struct Channel {
   Floats taps;
@@ -56,7 +54,7 @@ struct Bank {
 template <class Api, class Run, class Kept>
 void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
   using State = typename Api::State;
-  const auto& [low, high] = bank;
+  const Channel &low = bank.low, &high = bank.high;
   const auto make = [&] {
     State* state = nullptr;
     EXPECT_EQ(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
