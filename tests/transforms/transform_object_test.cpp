@@ -121,6 +121,16 @@ TEST(DftObject, SizesAreTheDocumentedOnes) {
   }
 }
 
+TEST(IntegerDftObject, HasRoomForTheNumbersAsFloats) {
+  const test::Life<MoxsDFTSpec> ours[] = {TRANSFORM_LIFE(DFT, C_16sc), TRANSFORM_LIFE(DFT, C_16s),
+                                          TRANSFORM_LIFE(DFT, R_16s)};
+  for (int i = 0; i < 3; ++i)
+    for (const int n : {1, 16, 17, 47, 53, 64, 81, 360, 1009}) {
+      const test::Object integers(ours[i], n, 8), floats(test::dftKinds[i].life, n, 8);
+      EXPECT_EQ(integers.bytes(), floats.bytes() + (i < 2 ? 8 : 4) * n + 64) << i << ' ' << n;
+    }
+}
+
 TEST(IntegerFftObject, HasTheSizesOfFloatsAndRoomForTheNumbers) {
   const struct {
     decltype(moxsFFTGetSize_C_16sc)*ours, *ofFloats;
