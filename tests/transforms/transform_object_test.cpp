@@ -8,8 +8,8 @@ namespace {
 using test::Sizes;
 
 template <class Kind>
-MoxStatus status(const Kind& kind, int size, Sizes& sizes, int flag = 8) {
-  return kind.getSize(size, flag, 0, &sizes.spec, &sizes.init, &sizes.work);
+MoxStatus status(const Kind& kind, int size, Sizes& sizes) {
+  return kind.getSize(size, 8, 0, &sizes.spec, &sizes.init, &sizes.work);
 }
 template <class Kind>
 Sizes sizesOf(const Kind& kind, int size) {
@@ -110,6 +110,7 @@ TEST(DftObject, SizesAreTheDocumentedOnes) {
       EXPECT_TRUE(sizesOf(kind, 1 << order) == (Sizes{spec, fft.init, fft.work}));
     }
     Sizes sizes;
+    EXPECT_EQ(status(kind, 1 << kind.maxOrder, sizes), moxOk);
     EXPECT_EQ(status(kind, 1 << 30, sizes), moxErrFftOrder);
     EXPECT_EQ(status(kind, (kind.part == 4 ? 0x7FFFFFF : 0x3FFFFFF) + 2, sizes), moxErrSize);
     EXPECT_EQ(status(kind, INT_MAX, sizes), moxErrSize);
