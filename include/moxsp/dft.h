@@ -170,6 +170,8 @@ MOX_API MoxStatus moxsDFTInv_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, 
  *
  * @return As for @ref dft_complex.
  * @note Relative error in the L2 norm as for @ref dft_complex.
+ * @see Sorensen and others, Real-valued fast Fourier transform algorithms, 1987; Hartley, A more
+ * symmetrical Fourier analysis applied to transmission problems, 1942.
  * @{ */
 MOX_API MoxStatus moxsDFTFwd_RToPerm_32f(const Mox32f* src, Mox32f* dst, const MoxsDFTSpec* spec,
                                          Mox8u* buffer);

@@ -138,12 +138,14 @@ class FloatTransform : public testing::Test {};
 using Forms = testing::Types<FORMS(Fft, FFT), FORMS(Dft, DFT), OutOrd32fc, OutOrd64fc>;
 TYPED_TEST_SUITE(FloatTransform, Forms);
 
-// Elements that end so many bytes before an inaccessible page, beginning with those of x.
+// Elements that end so many bytes before an inaccessible page: those of x, and others that are to
+// be overwritten.
 template <class E>
 class Room {
  public:
   Room(const std::vector<E>& x, long count, long slack)
       : count_(count), bytes_(count * sizeof(E) + slack, test::Guard::after) {
+    std::fill_n(bytes_.data(), count * sizeof(E), std::byte(0x5A));
     std::copy_n(reinterpret_cast<const std::byte*>(x.data()), x.size() * sizeof(E), bytes_.data());
   }
   E* data() const { return reinterpret_cast<E*>(bytes_.data()); }

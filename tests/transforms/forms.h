@@ -24,21 +24,22 @@ template <class Spec>
 class Object {
  public:
   Object(const Life<Spec>& life, int size, int flag, int hint = 0) : free_(life.free) {
-    int bytes = 0;
     EXPECT_EQ(life.initAlloc(&spec_, size, flag, hint), moxOk);
-    EXPECT_EQ(life.getBufSize(spec_, &bytes), moxOk);
-    buffer_.resize(std::size_t(bytes) + 65);
+    EXPECT_EQ(life.getBufSize(spec_, &bytes_), moxOk);
+    buffer_.resize(std::size_t(bytes_) + 65);
   }
   ~Object() { EXPECT_EQ(free_(spec_), moxOk); }
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 
   operator const Spec*() const { return spec_; }
+  int bytes() const { return bytes_; }  // of the work buffer, as the query tells
   Mox8u* buffer() { return buffer_.data() + 1; }
 
  private:
   MoxStatus (*free_)(Spec*);
   Spec* spec_ = nullptr;
+  int bytes_ = 0;
   std::vector<Mox8u> buffer_;
 };
 

@@ -142,7 +142,7 @@ TYPED_TEST(IntegerTransform, IsTheRoundedOneWithEveryFlagAndFactor) {
         const long double unit = isExact ? 0 : T::slope * eps;
         const bool roundsFirst = sizeof(S) > sizeof(E);  // parts of the spectrum, to floats
         test::Object object(T::life, T::sizeOf(n), flag.value, flag.value & 3);
-        for (const int factor : {0, order / 2, order, -3, 40, 64, INT_MAX, INT_MIN}) {
+        for (const int factor : {0, order / 2, order, -3, -20, 40, 64, INT_MAX, INT_MIN}) {
           if (n > 1024 && factor != order / 2) continue;
           SCOPED_TRACE(testing::Message() << "length " << n << " signal " << int(kind) << " flag "
                                           << flag.value << " factor " << factor);

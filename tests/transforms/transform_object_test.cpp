@@ -8,8 +8,8 @@ namespace {
 using test::Sizes;
 
 template <class Kind>
-MoxStatus status(const Kind& kind, int size, Sizes& sizes, int flag = 8) {
-  return kind.getSize(size, flag, 0, &sizes.spec, &sizes.init, &sizes.work);
+MoxStatus status(const Kind& kind, int size, Sizes& sizes) {
+  return kind.getSize(size, 8, 0, &sizes.spec, &sizes.init, &sizes.work);
 }
 template <class Kind>
 Sizes sizesOf(const Kind& kind, int size) {
@@ -110,6 +110,7 @@ TEST(DftObject, SizesAreTheDocumentedOnes) {
       EXPECT_TRUE(sizesOf(kind, 1 << order) == (Sizes{spec, fft.init, fft.work}));
     }
     Sizes sizes;
+    EXPECT_EQ(status(kind, 1 << kind.maxOrder, sizes), moxOk);
     EXPECT_EQ(status(kind, 1 << 30, sizes), moxErrFftOrder);
     EXPECT_EQ(status(kind, (kind.part == 4 ? 0x7FFFFFF : 0x3FFFFFF) + 2, sizes), moxErrSize);
     EXPECT_EQ(status(kind, INT_MAX, sizes), moxErrSize);
@@ -119,6 +120,16 @@ TEST(DftObject, SizesAreTheDocumentedOnes) {
     const int chirp = sizesOf(kind, 53).work;
     EXPECT_TRUE(kind.part == 8 || chirp == 1024 + 8 * 128 + 64 + 64) << chirp;
   }
+}
+
+TEST(IntegerDftObject, HasRoomForTheNumbersAsFloats) {
+  const test::Life<MoxsDFTSpec> ours[] = {TRANSFORM_LIFE(DFT, C_16sc), TRANSFORM_LIFE(DFT, C_16s),
+                                          TRANSFORM_LIFE(DFT, R_16s)};
+  for (int i = 0; i < 3; ++i)
+    for (const int n : {1, 16, 17, 47, 53, 64, 81, 360, 1009}) {
+      const test::Object integers(ours[i], n, 8), floats(test::dftKinds[i].life, n, 8);
+      EXPECT_EQ(integers.bytes(), floats.bytes() + (i < 2 ? 8 : 4) * n + 64) << i << ' ' << n;
+    }
 }
 
 TEST(IntegerFftObject, HasTheSizesOfFloatsAndRoomForTheNumbers) {
