@@ -1,14 +1,9 @@
 // The median filter against a sort of each window.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <limits>
-#include <vector>
-
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
+
+using namespace test;
 
 template <class E>
 std::vector<E> sortedWindows(const std::vector<E>& x, long mask) {
@@ -22,16 +17,10 @@ std::vector<E> sortedWindows(const std::vector<E>& x, long mask) {
   return medians;
 }
 
-template <class E>
-using Filter = MoxStatus (*)(const E*, E*, int, int);
-template <class E>
-using InPlace = MoxStatus (*)(E*, int, int);
-
 // Of all values, and of few, so that many are equal.
 template <class E>
-void checkMedians(Filter<E> filter, InPlace<E> inPlace) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
+void checkMedians(auto filter, auto inPlace) {
+  Random random;
   std::vector<int> masks = {34, 51, 100, 255, 501};
   for (int mask = 1; mask <= 31; ++mask) masks.push_back(mask);
   for (const long len : {1, 2, 3, 4, 5, 9, 40, 300, 5000})
@@ -69,7 +58,7 @@ TEST(FilterMedian, TakesMasksOfAnySize) {
 }
 
 TEST(FilterMedian, ForgetsNaNWithItsWindow) {
-  test::Random random;
+  Random random;
   for (const int mask : {3, 9, 11, 51}) {
     auto x = random.vector<Mox32f>(300);
     const auto expected = sortedWindows(x, mask);
