@@ -147,20 +147,13 @@ inline MoxStatus runStreamMultirate32f(MoxsFIRState* state, const Mox32f* src, M
 
 inline MoxStatus runStreamMultirate16s(MoxsFIRState* state, const Mox16s* src, Mox16s* dst,
                                        long len, int scaleFactor) {
-  if (src == dst) return moxErrContext;
-  const auto& s = *static_cast<const WordStream*>(state);
-  const Output<Fir16s> output(s.tapsFactor, scaleFactor, s.rounding);
-  const TapPhases phases(s.tapsLen, s.rates.up);
-  PhaseWalk walk(s.rates);
-  constexpr long piece = 480;
-  Mox32s sums[piece];
-  const long outputs = len * s.rates.up;
-  for (long made = 0; made < outputs; made += piece) {
-    const long count = std::min(piece, outputs - made);
-    sumSingly(src + streamHistory(s), s.heldTaps, phases, walk, LONG_MAX, sums, count);
-    output(sums, dst + made, count);
-  }
-  return moxOk;
+  const TapPhases phases(state->tapsLen, state->rates.up);
+  PhaseWalk walk(state->rates);
+  return runWordStream(state, src, dst, len * state->rates.up, scaleFactor,
+                       [&](const WordStream& s, long, Mox32s* sums, long count) {
+                         sumSingly(src + streamHistory(s), s.heldTaps, phases, walk, LONG_MAX, sums,
+                                   count);
+                       });
 }
 
 }  // namespace mox::fir

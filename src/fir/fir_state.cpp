@@ -17,13 +17,12 @@ MoxStatus getStateSize(int tapsLen, int* size) {
   return moxOk;
 }
 
-// A bad factor answers as a bad phase here, where there are no phases.
 template <class C>
 MoxStatus getMultirateStateSize(int tapsLen, int upFactor, int downFactor, int* size) {
   if (anyNull(size)) return moxErrNullPtr;
   if (tapsLen < 1) return moxErrFirLen;
   const Rates rates{.up = upFactor, .down = downFactor};
-  if (MoxStatus s = rates.checkFactors(moxErrFirMrPhase)) return s;
+  if (MoxStatus s = rates.checkForSize()) return s;
   const Shape shape = shapeOf<C>(tapsLen, rates, C::leastTapsForFft);
   if (MoxStatus s = checkSize<C>(shape)) return s;
   store(size, int(objectBytes<Kind<C>>(shape)));

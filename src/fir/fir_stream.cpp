@@ -37,7 +37,7 @@ MoxStatus streamSize16s(int tapsLen, int upFactor, int downFactor, int* size) {
   if (anyNull(size)) return moxErrNullPtr;
   if (tapsLen < 1) return moxErrFirLen;
   const WordStreamKind::Shape shape{tapsLen, {.up = upFactor, .down = downFactor}};
-  if (MoxStatus s = shape.rates.checkFactors(moxErrFirMrPhase)) return s;
+  if (MoxStatus s = shape.rates.checkForSize()) return s;
   if (MoxStatus s = checkSize16s(shape)) return s;
   store(size, int(streamBytes16s(shape)));
   return moxOk;

@@ -44,19 +44,28 @@ inline MoxStatus runStream32f(MoxsFIRState* state, const Mox32f* src, Mox32f* ds
   return moxOk;
 }
 
-inline MoxStatus runStream16s(MoxsFIRState* state, const Mox16s* src, Mox16s* dst, long len,
-                              int scaleFactor) {
+// Runs sum(stream, done, sums, count) for piece after piece of the outputs.
+template <class Sum>
+MoxStatus runWordStream(const MoxsFIRState* state, const Mox16s* src, Mox16s* dst, long outputs,
+                        int scaleFactor, Sum sum) {
   if (src == dst) return moxErrContext;
   const auto& s = *static_cast<const WordStream*>(state);
   const Output<Fir16s> output(s.tapsFactor, scaleFactor, s.rounding);
   constexpr long piece = 480;
   Mox32s sums[piece];
-  for (long done = 0; done < len; done += piece) {
-    const long count = std::min(piece, len - done);
-    kernels::filterWindow(src + done, sums, count, s.heldTaps, s.tapsLen);
+  for (long done = 0; done < outputs; done += piece) {
+    const long count = std::min(piece, outputs - done);
+    sum(s, done, sums, count);
     output(sums, dst + done, count);
   }
   return moxOk;
+}
+inline MoxStatus runStream16s(MoxsFIRState* state, const Mox16s* src, Mox16s* dst, long len,
+                              int scaleFactor) {
+  return runWordStream(state, src, dst, len, scaleFactor,
+                       [=](const WordStream& s, long done, Mox32s* sums, long count) {
+                         kernels::filterWindow(src + done, sums, count, s.heldTaps, s.tapsLen);
+                       });
 }
 
 }  // namespace mox::fir

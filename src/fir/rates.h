@@ -17,11 +17,13 @@ struct Rates {
   constexpr int cycleInputs() const { return down / std::gcd(up, down); }
   constexpr int cycleOutputs() const { return up / std::gcd(up, down); }
 
-  constexpr MoxStatus checkFactors(MoxStatus bad) const {
-    return up < 1 || down < 1 ? bad : MoxStatus(moxOk);
+  constexpr bool haveFactors() const { return up >= 1 && down >= 1; }
+  // Size queries, which get no phases, answer to a bad factor as to a bad phase.
+  constexpr MoxStatus checkForSize() const {
+    return haveFactors() ? moxOk : MoxStatus(moxErrFirMrPhase);
   }
   constexpr MoxStatus check() const {
-    if (MoxStatus s = checkFactors(moxErrFirMrFactor)) return s;
+    if (!haveFactors()) return moxErrFirMrFactor;
     const auto within = [](int phase, int factor) { return phase >= 0 && phase < factor; };
     return within(upPhase, up) && within(downPhase, down) ? moxOk : MoxStatus(moxErrFirMrPhase);
   }

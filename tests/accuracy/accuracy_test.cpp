@@ -2,14 +2,8 @@
 // floats to the elementary functions, against the C library in double precision.
 #include "support/accuracy.h"
 
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 #include "support/exact.h"
 

@@ -1,7 +1,5 @@
 // Quotients of integers.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <moxsp.h>
 
 #include <bit>
 #include <cfenv>

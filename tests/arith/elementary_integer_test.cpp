@@ -1,8 +1,4 @@
 // The integer elementary functions against exact models.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
 #include <deque>
 
 #include "support/exact.h"

@@ -1,12 +1,6 @@
 // Special lanes of the floating-point elementary functions, and those whose formula the header
 // gives.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include <bit>
-#include <cmath>
-#include <limits>
-#include <vector>
 
 #include "support/accuracy.h"
 

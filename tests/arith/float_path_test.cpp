@@ -1,7 +1,5 @@
 // Integer members whose contract is floating-point arithmetic.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <moxsp.h>
 
 #include "arith/exact_scaled.h"
 

@@ -1,13 +1,8 @@
 // Sums, differences, products and quotients of floats, to the bit.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
 #include <bit>
 
 #include "support/float_environment.h"
 #include "support/members.h"
-#include "support/random.h"
 
 namespace {
 
@@ -58,7 +53,6 @@ const Terms toNearest = {moxOk, {FE_TONEAREST}}, warned = {moxWarnDivByZero, {FE
 
 template <class A, class B, class D, class Model>
 void expectTo(Member<const A*, const B*, D*, int> member, Model model, const Terms& terms = {}) {
-  SCOPED_TRACE(seedNote());
   Random random;
   const auto a = random.specials<A>(len);
   const auto b = random.specials<B>(len);
@@ -69,7 +63,6 @@ void expectTo(Member<const A*, const B*, D*, int> member, Model model, const Ter
 }
 template <class E, class Model>
 void expectTo(Member<const E*, E, E*, int> member, Model model, const Terms& terms = {}) {
-  SCOPED_TRACE(seedNote());
   Random random;
   const auto a = random.specials<E>(len);
   const auto val = random.value<E>();

@@ -1,12 +1,7 @@
 // Bitwise operations and shifts.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
 #include <functional>
 
 #include "support/members.h"
-#include "support/random.h"
 
 namespace {
 

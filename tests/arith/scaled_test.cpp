@@ -1,7 +1,4 @@
 // Integer sums, differences and products under the scale rule.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include "arith/exact_scaled.h"
 
 namespace {

@@ -1,11 +1,7 @@
 // Companding against the decision values of the laws, added up interval by interval, and against
 // libspandsp.
-#include <gtest/gtest.h>
-#include <moxsp.h>
 #include <spandsp.h>
 
-#include <algorithm>
-#include <cmath>
 #include <numeric>
 
 #include "support/members.h"

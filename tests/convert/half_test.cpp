@@ -1,9 +1,5 @@
 // Half floats, by the processor's instructions and in software.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include <bit>
-#include <cmath>
 
 #include "support/core_probe.h"
 #include "support/exact_model.h"
@@ -89,7 +85,6 @@ std::vector<Mox32f> floatsToEncode() {
 }
 
 TEST(Half, NarrowingRoundsByTheModeOnBothPaths) {
-  SCOPED_TRACE(seedNote());
   const auto src = floatsToEncode();
   const auto integers = allOrMany<Mox16s>();
   for (const int roundMode : {0, 1, 7, -1}) {

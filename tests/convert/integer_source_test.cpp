@@ -1,9 +1,4 @@
 // Conversions from integers, and between floats.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
 #include "convert/samples.h"
 #include "support/values.h"
 
@@ -52,7 +47,6 @@ TEST(ConvertIntegers, KeepTheirValueInWiderTypesAndFloats) {
 }
 
 TEST(ConvertFloats, FollowIeeeConversionInTheRoundingModeInForce) {
-  SCOPED_TRACE(seedNote());
   Random random;
   auto floats = random.specials<Mox32f>(2000);
   auto doubles = random.specials<Mox64f>(2000);

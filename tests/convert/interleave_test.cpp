@@ -1,11 +1,5 @@
 // Rows of floats joined to interleaved samples and split again.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
 #include "convert/samples.h"
-#include "support/random.h"
 
 namespace {
 

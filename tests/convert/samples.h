@@ -1,10 +1,9 @@
 // Typed access to what the conversion functions read and write, packed samples among it.
 #pragma once
 
-#include <moxsp.h>
-
 #include "support/exact_model.h"
 #include "support/members.h"
+#include "support/test.h"
 
 namespace test {
 

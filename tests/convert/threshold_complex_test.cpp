@@ -1,10 +1,4 @@
 // Thresholds on the magnitudes of complex elements.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-#include <limits>
-
 #include "support/accuracy.h"
 
 namespace {
@@ -130,7 +124,6 @@ template <class E>
 void expectLevels(const Members<E>& members, const std::vector<mox::Part<E>>& levels,
                   long double bound) {
   using F = mox::Part<E>;
-  SCOPED_TRACE(seedNote());
   for (const F level : levels) {
     const auto src = manyElements<E>(level);
     for (int start = 0; start < 8; ++start)  // other lanes

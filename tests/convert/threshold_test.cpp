@@ -1,11 +1,4 @@
 // Thresholds on real elements: every relation on every special value, in all lanes and in the tail.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
 #include "support/accuracy.h"
 
 namespace {

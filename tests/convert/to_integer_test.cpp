@@ -1,9 +1,4 @@
 // Conversions from floats to integers.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
 #include "convert/samples.h"
 #include "support/guarded_array.h"
 #include "support/values.h"
@@ -65,7 +60,6 @@ void expectExact(Member<A...> member, Int128 ofNaN = rangeOf<T>.max) {
 }
 
 TEST(ConvertToInteger, IsExactForEveryModeFactorAndRoundingInForce) {
-  SCOPED_TRACE(seedNote());
   expectExact<Mox32f, Mox8s>(MEMBER(Convert_32f8s_Sfs));
   expectExact<Mox32f, Mox8u>(MEMBER(Convert_32f8u_Sfs));
   expectExact<Mox32f, Mox16s>(MEMBER(Convert_32f16s_Sfs));

@@ -1,14 +1,8 @@
 // The FIR functions by combination of types.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
-#include <vector>
-
 #include "support/filters.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -45,20 +39,23 @@ namespace test {
   static constexpr auto direct = moxsFIR##types##_Direct_##data##_Sfs;         \
   static constexpr auto directInPlace = moxsFIR##types##_Direct_##data##_ISfs; \
   static constexpr auto oneDirect = moxsFIROne##types##_Direct_##data##_Sfs
-#define FIR_SCALED(types, data, id, taps, len)                                      \
-  struct Fir##types##data {                                                         \
-    FIR_STATES(types##_##data, types##_##data, types, data, id);                    \
-    FIR_RUN_SCALED(types, data);                                                    \
-    static constexpr int fftTaps = taps, fftLen = len;                              \
-    static constexpr auto multirateDirect = moxsFIRMR##types##_Direct_##data##_Sfs; \
+#define FIR_MULTIRATE(types, data) \
+  static constexpr auto multirateDirect = moxsFIRMR##types##_Direct_##data##_Sfs;
+#define FIR_SCALED(types, data, id, taps, len)                   \
+  struct Fir##types##data {                                      \
+    FIR_STATES(types##_##data, types##_##data, types, data, id); \
+    FIR_RUN_SCALED(types, data);                                 \
+    static constexpr int fftTaps = taps, fftLen = len;           \
+    FIR_MULTIRATE(types, data)                                   \
   }
 // Sums in 32 bits that wrap around: the largest integer tap, in a state and without one.
-#define FIR_FIXED(name, types, run, tap, data, id, mostTap, mostDirectTap) \
-  struct Fir##name {                                                       \
-    FIR_STATES(types, run##_##data, tap, data, id);                        \
-    FIR_RUN_SCALED(run, data);                                             \
-    static constexpr int fftTaps = INT_MAX, fftLen = INT_MAX;              \
-    static constexpr long limit = mostTap, directLimit = mostDirectTap;    \
+#define FIR_FIXED(name, types, run, tap, data, id, mostTap, mostDirectTap, multirate) \
+  struct Fir##name {                                                                  \
+    FIR_STATES(types, run##_##data, tap, data, id);                                   \
+    FIR_RUN_SCALED(run, data);                                                        \
+    static constexpr int fftTaps = INT_MAX, fftLen = INT_MAX;                         \
+    static constexpr long limit = mostTap, directLimit = mostDirectTap;               \
+    multirate                                                                         \
   }
 
 FIR_FLOAT(32f, , 32f, 32f, 0x3031, 64, 512);
@@ -73,13 +70,14 @@ FIR_SCALED(64f, 32s, 0x3231, 64, 512);
 FIR_SCALED(64fc, 32sc, 0x3232, 32, 256);
 FIR_SCALED(64f, 16s, 0x3235, 64, 512);
 FIR_SCALED(64fc, 16sc, 0x3236, 32, 256);
-FIR_FIXED(16s, _16s, , 16s, 16s, 0x3239, 32767, 32766);
-FIR_FIXED(32s16s, 32s_16s, 32s, 32s, 16s, 0x3039, 32766, 32766);
-FIR_FIXED(32sc16sc, 32sc_16sc, 32sc, 32sc, 16sc, 0x3130, 32766, 32766);
-FIR_FIXED(32s16s32f, 32s_16s32f, 32s, 32f, 16s, 0x3039, 0, 0);
-FIR_FIXED(32sc16sc32fc, 32sc_16sc32fc, 32sc, 32fc, 16sc, 0x3130, 0, 0);
+FIR_FIXED(16s, _16s, , 16s, 16s, 0x3239, 32767, 32766, );
+FIR_FIXED(32s16s, 32s_16s, 32s, 32s, 16s, 0x3039, 32766, 32766, FIR_MULTIRATE(32s, 16s));
+FIR_FIXED(32sc16sc, 32sc_16sc, 32sc, 32sc, 16sc, 0x3130, 32766, 32766, FIR_MULTIRATE(32sc, 16sc));
+FIR_FIXED(32s16s32f, 32s_16s32f, 32s, 32f, 16s, 0x3039, 0, 0, );
+FIR_FIXED(32sc16sc32fc, 32sc_16sc32fc, 32sc, 32fc, 16sc, 0x3130, 0, 0, );
 #undef FIR_FIXED
 #undef FIR_SCALED
+#undef FIR_MULTIRATE
 #undef FIR_RUN_SCALED
 #undef FIR_FLOAT
 #undef FIR_STATES
@@ -88,7 +86,6 @@ FIR_FIXED(32sc16sc32fc, 32sc_16sc32fc, 32sc, 32fc, 16sc, 0x3130, 0, 0);
   Fir32f, Fir32fc, Fir64f, Fir64fc, Fir64f32f, Fir64fc32fc, Fir32f16s, Fir32fc16sc, Fir64f16s, \
       Fir64fc16sc, Fir64f32s, Fir64fc32sc
 using FloatFirs = ::testing::Types<FLOAT_FIRS>;
-using DirectFirs = ::testing::Types<FLOAT_FIRS, Fir16s, Fir32s16s, Fir32sc16sc>;
 using AllFirs =
     ::testing::Types<FLOAT_FIRS, Fir16s, Fir32s16s, Fir32sc16sc, Fir32s16s32f, Fir32sc16sc32fc>;
 #undef FLOAT_FIRS

@@ -2,13 +2,8 @@
 // bit for sums of 32 bits that wrap around.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <limits>
-
 #include "fir/fir_api.h"
-#include "support/same_bits.h"
+#include "support/test.h"
 
 namespace test {
 

@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-#include <vector>
-
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
+
+using namespace test;
 
 // Functions by type of the samples.
 template <class E>
@@ -47,15 +43,11 @@ class Filter {
   std::vector<Mox8u> memory_, buffer_;
 };
 
-template <class E>
-class FirSr : public testing::Test {};
-using Types = testing::Types<Mox32f, Mox64f>;
-TYPED_TEST_SUITE(FirSr, Types);
+TYPED_SUITE(FirSr, Mox32f, Mox64f);
 
 TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
   using E = TypeParam;
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
+  Random random;
   const long double eps = std::numeric_limits<E>::epsilon() / 2;
   for (const int n : {1, 2, 3, 8, 31, 63, 64, 100, 300, 1000}) {
     const auto taps = random.vector<E>(n), past = random.vector<E>(n - 1),
@@ -100,31 +92,6 @@ TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
       }
     }
   }
-}
-
-TEST(FirSrSize, RefusesTypesAndLengths) {
-  int specSize = -1, bufSize = -1;
-  EXPECT_EQ(moxsFIRSRGetSize(0, 0, nullptr, nullptr), moxErrSize);
-  EXPECT_EQ(moxsFIRSRGetSize(5, moxType32fc, nullptr, nullptr), moxErrDataType);
-  EXPECT_EQ(moxsFIRSRGetSize(5, moxType32f, &specSize, nullptr), moxErrNullPtr);
-  EXPECT_EQ(moxsFIRSRGetSize(INT_MAX, moxType32f, &specSize, &bufSize), moxErrSize);
-  EXPECT_EQ(moxsFIRSRGetSize(1 << 25, moxType64f, &specSize, &bufSize), moxErrSize);
-  EXPECT_EQ(specSize, -1);
-}
-
-// A state's delay line can be passed on.
-TEST(FirSrHistory, ContinuesAStream) {
-  test::Random random;
-  const auto taps = random.vector<Mox32f>(20), src = random.vector<Mox32f>(200);
-  std::vector<Mox32f> whole(200), line(20), rest(100);
-  MoxsFIRState* state;
-  ASSERT_EQ(moxsFIRInitAlloc_32f(&state, taps.data(), 20, nullptr), moxOk);
-  moxsFIR_32f(src.data(), whole.data(), 100, state);
-  moxsFIRGetDlyLine_32f(state, line.data());
-  moxsFIR_32f(&src[100], &whole[100], 100, state);
-  Filter<Mox32f>(taps, moxAlgAuto).run(&src[100], rest.data(), 100, line);
-  for (int i = 0; i < 100; ++i) EXPECT_NEAR(rest[i], whole[100 + i], 1e-5) << i;
-  moxsFIRFree_32f(state);
 }
 
 }  // namespace

@@ -1,14 +1,9 @@
 // Sparse FIR and IIR filters, which are defined to the bit.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <cstring>
-
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
+
+using namespace test;
 
 using Positions = std::vector<int>;
 using Floats = std::vector<float>;
@@ -84,20 +79,14 @@ struct Sparse {
   }
 };
 
-bool sameBits(const Floats& a, const Floats& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](float x, float y) { return !std::memcmp(&x, &y, sizeof x); });
-}
-
-Positions rising(test::Random& random, long count, int first, long step) {
+Positions rising(Random& random, long count, int first, long step) {
   Positions p(count);
   for (int& position : p) position = first, first += int(1 + random.below(step));
   return p;
 }
 
 TEST(Sparse, IsTheSumToTheBitHoweverAStreamIsCut) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
+  Random random;
   for (int round = 0; round < 300; ++round) {
     SCOPED_TRACE(round);
     const int forward = int(1 + random.below(40)), back = round % 2 ? int(1 + random.below(12)) : 0;

@@ -1,28 +1,13 @@
 #include "support/moxcore.h"
+#include "support/test.h"
 
 #include <cpuid.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <climits>
-#include <cstdint>
-#include <cstring>
 #include <fstream>
-#include <string>
 
 namespace {
 
 std::uintptr_t address(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
-
-TEST(Core, BlocksAreAlignedAndWritableToTheirLastByte) {
-  for (int bytes = 1; bytes < 300; ++bytes) {
-    void* p = moxMalloc(bytes);
-    ASSERT_NE(p, nullptr) << bytes;
-    EXPECT_EQ(address(p) % 64, 0u) << bytes;
-    std::memset(p, 0x5A, std::size_t(bytes));
-    moxFree(p);
-  }
-}
 
 TEST(Core, CountsBelowOneGiveNoBlock) {
   for (int bytes : {0, -1, INT_MIN}) EXPECT_EQ(moxMalloc(bytes), nullptr) << bytes;

@@ -2,15 +2,9 @@
 // against.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-#include <vector>
-
 #include "iir/iir_state.h"
 #include "support/filters.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace test {
 

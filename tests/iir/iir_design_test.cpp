@@ -1,8 +1,6 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include <complex>
-#include <vector>
+
+#include "support/test.h"
 
 namespace {
 
@@ -74,24 +72,6 @@ TEST(IirDesign, HasThePolesAndTheGainOfTheFilter) {
           }
           if (HasFailure()) return;
         }
-}
-
-TEST(IirDesign, FiltersAsItsTapsTell) {
-  const double expected[] = {7.020197599522577e-05,     4 * 7.020197599522577e-05,
-                             6 * 7.020197599522577e-05, 4 * 7.020197599522577e-05,
-                             7.020197599522577e-05,     1,
-                             -3.722142293266206,        5.290437425821055,
-                             -3.399819847876934,        .8331113221508845};
-  double taps[10];
-  Mox8u buffer[64];
-  ASSERT_EQ(moxsIIRGenLowpass_64f(0.05, 3, taps, 4, 1, buffer), moxOk);
-  for (int k = 0; k < 10; ++k) EXPECT_NEAR(taps[k], expected[k], 1e-13);
-  MoxsIIRState* filter;
-  ASSERT_EQ(moxsIIRInitAlloc_64f(&filter, taps, 4, nullptr), moxOk);
-  std::vector<double> level(4000, 1);
-  EXPECT_EQ(moxsIIR_64f_I(level.data(), 4000, filter), moxOk);
-  EXPECT_NEAR(level.back(), std::pow(10, -3 / 20.0), 1e-9);
-  moxsIIRFree_64f(filter);
 }
 
 }  // namespace

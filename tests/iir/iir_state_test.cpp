@@ -1,33 +1,27 @@
-#include <gtest/gtest.h>
-
-#include <limits>
-
 #include "iir/iir_api.h"
 #include "support/core_probe.h"
 
 namespace {
 
-using test::makeIir;
-using test::Shape;
-using test::someTaps;
+using namespace test;
 
 template <class F>
 class IirState : public testing::Test {
  protected:
   using Tap = typename F::Tap;
   static MoxStatus setTaps(const std::vector<Tap>& taps, MoxsIIRState* s) {
-    if constexpr (test::hasTapsFactor<F>)
-      return F::setTaps(taps.data(), s, test::tapsFactor);
+    if constexpr (hasTapsFactor<F>)
+      return F::setTaps(taps.data(), s, tapsFactor);
     else
       return F::setTaps(taps.data(), s);
   }
 };
-TYPED_TEST_SUITE(IirState, test::AllIirs);
+TYPED_TEST_SUITE(IirState, AllIirs);
 
 // Zero taps are refused where the recurrence divides by them, and section by section.
 TYPED_TEST(IirState, SetsTheTapsOfSectionsBeforeABadOne) {
   using F = TypeParam;
-  test::Random random(1);
+  Random random(1);
   const auto old = someTaps<F>(random, Shape::cascade, 4);
   for (const int bad : {0, 3})  // b[0] and a[0]
     for (int section = 0; section < 4; ++section) {
@@ -66,7 +60,7 @@ TEST(IirStates, TakeNaNForATapButNoZero) {
   EXPECT_EQ(moxsIIRInitAlloc_BiQuad_32f(&s, bad, 1, nullptr), moxErrDivByZero);
   EXPECT_EQ(s, nullptr);
   EXPECT_EQ(probe.live(), 0);
-  const auto state = makeIir<test::Iir32f>(Shape::cascade, {NAN, 0, 0, 1, 0, 0}, 1);
+  const auto state = makeIir<Iir32f>(Shape::cascade, {NAN, 0, 0, 1, 0, 0}, 1);
   Mox32f x = 1;
   ASSERT_EQ(moxsIIR_32f_I(&x, 1, state.get()), moxOk);
   EXPECT_TRUE(std::isnan(x));
@@ -75,7 +69,7 @@ TEST(IirStates, TakeNaNForATapButNoZero) {
 // Raw samples are the delay line of direct form I, and each section has its own.
 template <class Data>
 void expectRawHistory(auto make, auto free, auto run, auto get, auto set, const auto& taps) {
-  test::Random random(3);
+  Random random(3);
   MoxsIIRState *s = nullptr, *twin = nullptr;
   std::vector<Data> x(3008);  // and before it the delay line
   for (Data& v : x) v = Data(random.below(2000) - 1000);

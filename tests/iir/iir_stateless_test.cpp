@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "iir/iir_api.h"
 
 namespace {
 
-using test::makeIir;
-using test::Shape;
+using namespace test;
+
 using Words = std::vector<Mox16s>;
 
 // The rule of single samples in 64-bit arithmetic, cut to 32 bits after each operation.
@@ -27,8 +23,7 @@ Mox32s stepOf(const Mox16s* taps, int order, Mox32s* d, Mox32s x) {
 
 // Full-range taps and sums wrap all the time; shifts of 0 and beyond 31 among them.
 TEST(IirStateless, SingleSamplesWrapAndRoundByTheRule) {
-  test::Random random;
-  SCOPED_TRACE(test::seedNote());
+  Random random;
   for (int round = 0; round < 3000; ++round) {
     const int order = int(1 + random.below(6)), numBq = int(1 + random.below(3));
     const int shifts[] = {0, 1, 2, 14, 15, 30, 31, 32, 33, 32767};
@@ -78,7 +73,7 @@ TEST(IirStateless, ANegativeShiftStopsACascade) {
 
 // Blocks are those of a state with float taps and sums in units of 2^-s.
 TEST(IirStateless, BlocksFilterByFloats) {
-  test::Random random(1);
+  Random random(1);
   const Words taps = {8192, 4096, 2048, 14, -9000, 3000, 4000, -200, 500, 13, 1000, 900};
   for (const int sections : {1, 2})
     for (const int len : {1, 50, 5000}) {
@@ -91,8 +86,8 @@ TEST(IirStateless, BlocksFilterByFloats) {
         held.push_back(i % 6 == 3 ? 1 : scaled(taps[i], i / 6));
       for (int i = 0; i < 2 * sections; ++i) sums.push_back(scaled(Mox32f(d[i]), i / 2));
       const bool cascade = sections == 2;  // a single section has an order, too
-      const auto state = makeIir<test::Iir32f16s>(cascade ? Shape::cascade : Shape::anyOrder, held,
-                                                  2, sums.data());
+      const auto state =
+          makeIir<Iir32f16s>(cascade ? Shape::cascade : Shape::anyOrder, held, 2, sums.data());
       auto x = random.vector<Mox16s>(len), y = x;
       ASSERT_EQ(moxsIIR32f_16s_ISfs(x.data(), len, state.get(), 0), moxOk);
       const auto direct = cascade ? moxsIIR_BiQuadDirect_16s_I : moxsIIR_Direct_16s_I;

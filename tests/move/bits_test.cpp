@@ -1,17 +1,10 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cstring>
-#include <limits>
-#include <vector>
-
 #include "support/guarded_array.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 
-using test::Guard;
-using test::GuardedArray;
+using namespace test;
+
 using BitCopy = MoxStatus (*)(const Mox8u*, int, Mox8u*, int, int);
 
 enum class Order { highestFirst, lowestFirst };
@@ -24,8 +17,8 @@ void setBit(Mox8u* p, long i, Order order, int value) {
   p[i / 8] = Mox8u(value ? p[i / 8] | mask : p[i / 8] & ~mask);
 }
 
-void checkBitCopy(BitCopy copy, Order order, test::Random& random, int srcOffset, int dstOffset,
-                  int len, Guard side) {
+void checkBitCopy(BitCopy copy, Order order, Random& random, int srcOffset, int dstOffset, int len,
+                  Guard side) {
   // Arrays of just the bytes that the strings touch.
   GuardedArray<Mox8u> src((srcOffset + len + 7) / 8, side), dst((dstOffset + len + 7) / 8, side);
   for (Mox8u& b : src) b = Mox8u(random.bits());
@@ -41,8 +34,7 @@ void checkBitCopy(BitCopy copy, Order order, test::Random& random, int srcOffset
 }
 
 void checkBitCopies(BitCopy copy, Order order) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
+  Random random;
   for (int srcOffset = 0; srcOffset < 8; ++srcOffset)
     for (int dstOffset = 0; dstOffset < 8; ++dstOffset) {
       for (int len = 1; len <= 210; ++len)
@@ -59,7 +51,7 @@ TEST(BitCopy, HighestBitFirst) {
 
 TEST(BitCopy, LowestBitFirst) { checkBitCopies(moxsCopyBE_1u, Order::lowestFirst); }
 
-void checkPacking(test::Random& random, int len, int offset, int lowest, int widest) {
+void checkPacking(Random& random, int len, int offset, int lowest, int widest) {
   GuardedArray<Mox32u> src(len);
   GuardedArray<int> widths(len);
   int total = 0;
@@ -86,8 +78,7 @@ void checkPacking(test::Random& random, int len, int offset, int lowest, int wid
 }
 
 TEST(PackBits, AgreesWithSingleBits) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
+  Random random;
   for (int offset = 0; offset < 8; ++offset)
     for (int len = 1; len < 40; ++len)
       for (const auto& [lowest, widest] :

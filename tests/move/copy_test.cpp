@@ -1,18 +1,14 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <x86intrin.h>
 
-#include <cstring>
-
 #include "support/guarded_array.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 
-using test::Guard;
-using test::GuardedArray;
+using namespace test;
+
 using Bytes = std::vector<Mox8u>;
 
 // `len` bytes of `room` that start `offset` past a page, or end so far before one.
@@ -21,7 +17,7 @@ Mox8u* place(const GuardedArray<Mox8u>& room, int len, int offset, Guard side) {
 }
 
 // Each array at an offset of its own, both by the page before them or by the one behind.
-void checkCopy(test::Random& random, int len, int srcOffset, int dstOffset, Guard side) {
+void checkCopy(Random& random, int len, int srcOffset, int dstOffset, Guard side) {
   const GuardedArray<Mox8u> from(len + srcOffset, side), to(len + dstOffset + 32, side);
   for (Mox8u& b : from) b = Mox8u(random.bits());
   std::fill(to.begin(), to.end(), 0x5A);
@@ -34,30 +30,20 @@ void checkCopy(test::Random& random, int len, int srcOffset, int dstOffset, Guar
       << "len " << len << " offsets " << srcOffset << ' ' << dstOffset;
 }
 
+// Also around the string move, for each distance modulo 4 and where loads and stores share a page
+// line, and so long that stores may bypass the cache.
 TEST(Copy, EveryLengthAndDistanceOfAlignment) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
-  for (const Guard side : {Guard::before, Guard::after})
+  Random random;
+  for (const Guard side : {Guard::before, Guard::after}) {
     for (int len = 1; len <= 420; len += len < 300 ? 1 : 7)
       for (const auto& [srcOffset, dstOffset] :
            {std::pair(0, 0), {5, 0}, {0, 7}, {3, 1}, {1, 3}, {16, 24}, {8, 18}})
         checkCopy(random, len, srcOffset, dstOffset, side);
-}
-
-// Around the string move, for each distance modulo 4 and where loads and stores share a page line.
-TEST(Copy, StringMoveAtEveryAlignment) {
-  SCOPED_TRACE(test::seedNote());
-  test::Random random;
-  for (const int len : {32767, 32768, 32769, 40003, 40004, 40005, 40006})
-    for (int srcOffset = 0; srcOffset < 4; ++srcOffset)
-      for (const int dstOffset : {0, 1, 2, 3, 66, 130})
-        for (const Guard side : {Guard::before, Guard::after})
+    for (const int len : {32767, 32768, 32769, 40003, 40004, 40005, 40006})
+      for (int srcOffset = 0; srcOffset < 4; ++srcOffset)
+        for (const int dstOffset : {0, 1, 2, 3, 66, 130})
           checkCopy(random, len, srcOffset, dstOffset, side);
-}
-
-// So long that stores may bypass the cache.
-TEST(Copy, LargeArrays) {
-  test::Random random;
+  }
   for (const int dstOffset : {0, 1}) checkCopy(random, 34 << 20 | 13, 2, dstOffset, Guard::after);
 }
 
@@ -117,26 +103,19 @@ void checkMove(const Bytes& before, int src, int dst, int len) {
   ASSERT_EQ(after, expected) << "from " << src << " to " << dst << " len " << len;
 }
 
-TEST(Move, EveryOverlapOfSmallArrays) {
-  const Bytes before = test::Random().vector<Mox8u>(160);
+TEST(Move, Overlaps) {
+  const Bytes few = Random().vector<Mox8u>(160), more = Random().vector<Mox8u>(1500),
+              many = Random().vector<Mox8u>(110100);
   for (int len = 1; len <= 80; ++len)
     for (int src = 0; src < 80; src += 1 + src / 20)
-      for (int dst = 0; dst < 80; ++dst) checkMove(before, src, dst, len);
-}
-
-TEST(Move, OverlapsOfMediumArrays) {
-  const Bytes before = test::Random().vector<Mox8u>(1500);
+      for (int dst = 0; dst < 80; ++dst) checkMove(few, src, dst, len);
   for (const int len : {128, 129, 255, 256, 257, 288, 289, 320, 511, 700, 1001})
     for (int src = 200; src < 233; src += 3)
-      for (int dst = 0; dst < 430; dst += 1 + (dst % 7 == 0)) checkMove(before, src, dst, len);
-}
-
-TEST(Move, OverlapsOfLargeArrays) {
-  const Bytes before = test::Random().vector<Mox8u>(110100);
+      for (int dst = 0; dst < 430; dst += 1 + (dst % 7 == 0)) checkMove(more, src, dst, len);
   for (const int len : {32767, 32768, 100000})
     for (const int distance : {-5000, -4096, -4092, -64, -33, -32, -4, -3,  -2,   -1,   0,
                                1,     2,     3,     4,   31,  32,  64, 100, 4095, 4100, 5000})
-      checkMove(before, 5001, 5001 + distance, len);
+      checkMove(many, 5001, 5001 + distance, len);
 }
 
 }  // namespace

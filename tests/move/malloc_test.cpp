@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
-#include <cstdint>
-#include <cstring>
-
 #include "support/core_probe.h"
+#include "support/test.h"
 
 namespace {
 

@@ -1,7 +1,5 @@
 // Reductions of floats in the orders of docs/additions.md, bit for bit.
-#include <gtest/gtest.h>
 #include <immintrin.h>
-#include <moxsp.h>
 
 #include "stats/reductions.h"
 

@@ -1,9 +1,4 @@
 // Reductions of integers against exact sums, under every kind of factor.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
-
 #include "stats/reductions.h"
 #include "support/exact_model.h"
 #include "support/float_environment.h"
@@ -74,7 +69,7 @@ void expectExact(Function function, Exact exact, Rule rule, int shift = 0) {
       store<D, decltype(f), A, B>(got, f, x, y, len);
       for (std::size_t p = 0; p < got.size(); ++p)
         ASSERT_EQ(got[p], P(rule(values[p], len, factor)))
-            << "factor " << factor << ", length " << len << ", part " << p << ", " << seedNote();
+            << "factor " << factor << ", length " << len << ", part " << p;
     };
     if constexpr (Reduction<Function, D, A, B>)
       check(function, 0);

@@ -1,24 +1,18 @@
 // Counts, nearest entries, running sums, normalisation, recursive means and zero crossings against
 // plain models.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <climits>
-#include <cmath>
-#include <limits>
 #include <numeric>
 #include <set>
-#include <vector>
 
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
+
+using namespace test;
 
 __extension__ typedef __int128 Int128;
 
 TEST(CountInRange, LeavesOutTheBounds) {
-  test::Random random;
+  Random random;
   for (const int len : {1, 3, 16, 37, 1000}) {
     std::vector<Mox32s> x(len);
     for (Mox32s& e : x) e = Mox32s(random.below(9)) - 4;
@@ -34,7 +28,7 @@ TEST(CountInRange, LeavesOutTheBounds) {
 }
 
 TEST(FindNearest, TakesTheLowerOfTwoAtTheSameDistance) {
-  test::Random random;
+  Random random;
   for (const int tableLen : {1, 2, 3, 7, 64, 1000}) {
     std::set<Mox16u> entries;
     for (int i = 0; i < tableLen; ++i) entries.insert(Mox16u(random.bits() & ~1u));
@@ -61,7 +55,7 @@ TEST(FindNearest, TakesTheLowerOfTwoAtTheSameDistance) {
 
 template <class E>
 void checkSumWindow(MoxStatus (*sumWindow)(const E*, Mox32f*, int, int)) {
-  test::Random random;
+  Random random;
   bool rounded = false;
   for (const int maskSize : {1, 2, 31, 32, 33, 100000}) {
     constexpr int len = 300;
@@ -91,7 +85,7 @@ TEST(SumWindow, FollowsTheRunningSum) {
 template <class E, class F>
 void checkNormalize(MoxStatus (*normalize)(const E*, E*, int, E, F), E sub) {
   constexpr int len = 50, parts = mox::partsPerElement<E>;
-  const auto x = test::Random().vector<E>(len);
+  const auto x = Random().vector<E>(len);
   std::vector<E> y(len);
   for (const F div : {F(3), F(-0.1), F(1e30), F(1.1754944e-38)}) {
     ASSERT_EQ(normalize(x.data(), y.data(), len, sub, div), moxOk);
@@ -161,7 +155,7 @@ void checkUpdate(const std::vector<Mox16s>& x, Mox32s start, int shift, int alph
 }
 
 TEST(Update, IsExactAndSaturates) {
-  test::Random random;
+  Random random;
   for (const int len : {1, 2, 3, 4, 7, 8, 100})
     for (const int alpha : {0, 1, -1, 2, -2, 5, 181, -180})
       for (const int shift : {-5, 0, 3, 14, 15, 31, INT_MAX})
@@ -184,7 +178,7 @@ TEST(Update, LargeFactorsGoByFourInDouble) {
 template <class E>
 void checkCrossings(MoxStatus (*zeroCrossing)(const E*, int, Mox32f*, int),
                     const std::vector<E>& values) {
-  test::Random random;
+  Random random;
   const auto sign = [](E v) { return (v > 0) - (v < 0); };
   for (int len = 1; len < 60; ++len) {
     std::vector<E> x(len);

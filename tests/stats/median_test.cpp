@@ -1,13 +1,6 @@
 // The median filter against a sort of each window.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <limits>
-#include <vector>
-
 #include "support/members.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

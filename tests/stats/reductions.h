@@ -3,18 +3,9 @@
 // other.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp/types.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <type_traits>
-#include <vector>
 
-#include "support/random.h"
-#include "support/same_bits.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -195,7 +186,7 @@ void expectReduction(Model model, long shortest, Functions... functions) {
       expected.push_back(F(e));
     ASSERT_TRUE(sameBits(got, expected))
         << "length " << len << ", offset " << offset << ": " << testing::PrintToString(got)
-        << " instead of " << testing::PrintToString(expected) << ", " << seedNote();
+        << " instead of " << testing::PrintToString(expected);
   };
   for (long len = shortest; len <= 70; ++len)
     for (long offset = 0; offset < 33; ++offset) {

@@ -1,14 +1,9 @@
 // Vectors that are hard on sorts.
 #pragma once
 
-#include <algorithm>
-#include <limits>
 #include <map>
-#include <string>
-#include <vector>
 
-#include "support/random.h"
-#include "support/same_bits.h"
+#include "support/test.h"
 
 namespace test {
 

@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include <bit>
-#include <cmath>
 
 #include "stats/sort_data.h"
 
@@ -110,8 +106,8 @@ template <class T>
 void expectSortsHardPatterns(const Sorts<T>& sorts) {
   for (long len : sortLengths())
     for (const auto& [name, data] : hardPatterns<T>(len)) {
-      SCOPED_TRACE(name + ", " + std::to_string(len) + ", " + seedNote());
-      ASSERT_NO_FATAL_FAILURE(expectSorted(data, sorts));
+      SCOPED_TRACE(name + ", " + std::to_string(len));
+      expectSorted(data, sorts);
     }
 }
 
@@ -129,7 +125,7 @@ TEST(Sort, AllVectorsOfThreeValuesUpToALeaf) {
     for (int v = 0; v < vectors; ++v) {
       std::vector<Mox32f> keys;
       for (int digits = v; int(keys.size()) < len; digits /= 3) keys.push_back(float(digits % 3));
-      ASSERT_NO_FATAL_FAILURE(expectSorted(keys, SORTS(32f))) << v << " of length " << len;
+      expectSorted(keys, SORTS(32f));
     }
 }
 
@@ -172,7 +168,7 @@ void expectNaNKept(const Sorts<T>& sorts) {
           if (random.below(oneIn) == 0) value = std::copysign(nan, random.value<T>());
         if (oneIn == len) data.back() = nan;
         SCOPED_TRACE(name + ", " + std::to_string(len) + ", one in " + std::to_string(oneIn));
-        ASSERT_NO_FATAL_FAILURE(expectNothingLost(data, sorts));
+        expectNothingLost(data, sorts);
       }
 }
 

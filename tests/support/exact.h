@@ -29,14 +29,6 @@ class Exact {
   mpfr_t value_;
 };
 
-// A function of MPFR, such as mpfr_exp, to nearest.
-template <class Function, class... X>
-long double exactValue(Function function, X... x) {
-  Exact result;
-  function(result, Exact(x, 64)..., MPFR_RNDN);
-  return mpfr_get_ld(result, MPFR_RNDN);
-}
-
 // The principal root of a + b i by its defining formula.
 inline void exactRoot(mpfr_ptr re, mpfr_ptr im, double a, double b) {
   mpfr_hypot(re, Exact(a), Exact(b), MPFR_RNDN);

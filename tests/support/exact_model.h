@@ -1,10 +1,8 @@
 // The scale rule in integer arithmetic of 128 bits.
 #pragma once
 
-#include <cmath>
-#include <limits>
-
 #include "frame/elements.h"
+#include "support/test.h"
 
 namespace test {
 

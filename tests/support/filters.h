@@ -1,17 +1,12 @@
 // What tests of all filters share.
 #pragma once
 
-#include <algorithm>
 #include <complex>
-#include <limits>
 #include <memory>
-
-#include <gtest/gtest.h>
-#include <vector>
 
 #include "frame/elements.h"
 #include "support/guarded_array.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -41,13 +36,20 @@ Exact exactly(E e) {
     return Exact(e);
 }
 
+template <class E>
+E one() {
+  E e{};
+  *mox::parts(&e) = 1;
+  return e;
+}
+inline Exact eachPart(Exact z, auto f) { return {f(z.real()), f(z.imag())}; }
+
 // Within the range of integers D.
 template <class D>
 Exact inRange(Exact value) {
   using L = std::numeric_limits<mox::Part<D>>;
   if constexpr (!L::is_integer) return value;
-  const auto part = [](long double v) { return std::clamp<long double>(v, L::min(), L::max()); };
-  return {part(value.real()), part(value.imag())};
+  return eachPart(value, [](auto v) { return std::clamp<long double>(v, L::min(), L::max()); });
 }
 
 enum class Way { block, inPlace, singly };
@@ -79,6 +81,26 @@ void run(auto* state, const Piece& piece, const D* src, long inputs, std::vector
   else
     ASSERT_EQ(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale), moxOk);
   std::copy_n(inPlace ? in.begin() : out.begin(), outputs, got.begin());
+}
+
+// A filter that changes nothing gives its samples under all kinds of factors, to nearest with ties
+// to even and saturated.
+template <class F>
+void expectScaledOutputs(auto* state) {
+  using D = typename F::Data;
+  auto x = Random(4).vector<D>(200);
+  for (long i = 0; i < 100; ++i) mox::parts(x.data())[i] %= 100;
+  for (const int scale : {INT_MIN, -40, -9, -1, 0, 1, 2, 5, 40, INT_MAX})
+    for (const Way way : {Way::block, Way::singly}) {
+      std::vector<D> y(x.size());
+      run<F>(state, {way, int(x.size())}, x.data(), long(x.size()), y, scale);
+      for (std::size_t i = 0; i < x.size(); ++i) {
+        const Exact scaled = eachPart(exactly(x[i]), [=](long double v) {
+          return std::nearbyint(std::ldexp(v, -std::clamp(scale, -100, 100)));
+        });
+        ASSERT_EQ(exactly(y[i]), inRange<D>(scaled)) << "output " << i << ", factor " << scale;
+      }
+    }
 }
 
 }  // namespace test

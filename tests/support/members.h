@@ -3,18 +3,13 @@
 // alignments or on the in-place form is tested for all functions elsewhere.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp/types.h>
-
-#include <cstring>
 #include <iomanip>
 #include <optional>
 #include <sstream>
-#include <vector>
 
 #include "frame/elements.h"
 #include "support/float_environment.h"
-#include "support/same_bits.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -40,15 +35,19 @@ struct Results {
 
 // The rounding mode that calls are made in; by default that in force.
 inline std::optional<int> roundingOfCalls;
+class CallsUnderRounding {
+ public:
+  explicit CallsUnderRounding(int mode) { roundingOfCalls = mode; }
+  ~CallsUnderRounding() { roundingOfCalls.reset(); }
+};
 
 // The check's calls under every mode, and its models in the one in force.
 template <class Check>
 void withCallsInAllRoundings(Check check) {
   for (const int mode : allRoundings) {
     SCOPED_TRACE("rounding mode " + std::to_string(mode));
-    roundingOfCalls = mode;
+    const CallsUnderRounding scope(mode);
     check();
-    roundingOfCalls.reset();
   }
 }
 

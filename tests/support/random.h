@@ -1,5 +1,5 @@
 // Random test data. Every run uses the same seed unless MOXSP_TEST_SEED names another; a failing
-// test prints the seed through seedNote().
+// test prints it.
 #pragma once
 
 #include <cmath>

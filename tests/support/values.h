@@ -1,13 +1,9 @@
 // Scale factors and integers that tests of the scale rule run through.
 #pragma once
 
-#include <climits>
-#include <limits>
-#include <vector>
-
 #include "support/float_environment.h"
 #include "support/members.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -22,10 +18,9 @@ template <class Check>
 void forAllFactors(Check check) {
   int turn = 0;
   for (const int factor : allFactors()) {
-    SCOPED_TRACE("factor " + std::to_string(factor) + ", " + seedNote());
-    roundingOfCalls = allRoundings[1 + turn++ % 3];
+    SCOPED_TRACE("factor " + std::to_string(factor));
+    const CallsUnderRounding scope(allRoundings[1 + turn++ % 3]);
     check(factor);
-    roundingOfCalls.reset();
     if (testing::Test::HasFailure()) return;
   }
 }

@@ -86,7 +86,6 @@ class Call {
   void prepareNumber(int parameter);
   void prepareObject(int parameter);
   void* makeObject();
-  void* makeObject(int parameter);
   void prepareArray(int parameter);
   Array& addArray(int parameter, long count);
   [[noreturn]] void report(const Fault& fault) const;

@@ -1,6 +1,7 @@
-// What surrounds a call: floating-point control words, extreme scale factors, memory.
+// What surrounds a call: floating-point control words, errno, extreme scale factors, memory.
 #include <immintrin.h>
 
+#include <cerrno>
 #include <climits>
 #include <cstdint>
 
@@ -75,6 +76,7 @@ void checkControlWords(const Function& f, Position& at) {
       if ((words.vector & allMasked) != allMasked && deviation(f, Deviation::ownMemory)) continue;
       ControlWords after = words;
       bool emptyStack = true;
+      errno = 0;
       setControlWords(words);
       try {
         call.run();
@@ -94,6 +96,7 @@ void checkControlWords(const Function& f, Position& at) {
       if (after.x87 != words.x87)
         throw Misbehaved("leaves x87 control word " + std::to_string(after.x87));
       if (!emptyStack) throw Misbehaved("leaves values on the x87 stack");
+      if (errno != 0) throw Misbehaved("sets errno");
     }
   });
 }

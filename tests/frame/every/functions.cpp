@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <sstream>
-#include <stdexcept>
 
 // Weak, so that a function that is declared but missing from the library fails a test by its name.
 #define MOXSP_FUNCTION(name, parameters) extern "C" [[gnu::weak]] decltype(name) name;
@@ -58,13 +57,6 @@ const Function* findFunction(std::string_view name) {
       std::lower_bound(all.begin(), all.end(), name,
                        [](const Function& f, std::string_view n) { return f.name < n; });
   return at != all.end() && at->name == name ? &*at : nullptr;
-}
-
-AnyFunction* requireFunction(const std::string& name, const Signature* signature) {
-  const Function* f = findFunction(name);
-  if (!f) throw std::runtime_error("there is no function " + name);
-  if (f->signature != signature) throw std::runtime_error(name + " has another signature");
-  return f->address;
 }
 
 bool matches(std::string_view pattern, std::string_view name) {

@@ -24,13 +24,6 @@ struct Function {
 std::span<const Function> allFunctions();
 const Function* findFunction(std::string_view name);  // null when there is none
 
-// The pointer to a function that must exist and be of type F; throws what is wrong otherwise.
-AnyFunction* requireFunction(const std::string& name, const Signature* signature);
-template <class F>
-F* function(const std::string& name) {
-  return reinterpret_cast<F*>(requireFunction(name, signatureOf<F*>));
-}
-
 // Shell patterns with alternatives: "moxsAdd_@(32f|64f)*".
 bool matches(std::string_view pattern, std::string_view name);
 
