@@ -23,11 +23,11 @@ template <class T, class Op>
 [[gnu::noinline]] void scaledLoop(Op op, const T* __restrict a, const T* __restrict b,
                                   T* __restrict dst, int len, int factor) {
   if (factor == 0)
-    for (int i = 0; i < len; ++i) dst[i] = held<T>(op(a[i], b[i]));
+    for (int i = 0; i < len; ++i) dst[i] = held<T>(op(a[i], b[i], dst[i]));
   else if (factor > 0)
-    for (int i = 0; i < len; ++i) dst[i] = held<T>(scaledDown(op(a[i], b[i]), factor));
+    for (int i = 0; i < len; ++i) dst[i] = held<T>(scaledDown(op(a[i], b[i], dst[i]), factor));
   else
-    for (int i = 0; i < len; ++i) dst[i] = held<T>(op(a[i], b[i]) << -factor);
+    for (int i = 0; i < len; ++i) dst[i] = held<T>(op(a[i], b[i], dst[i]) << -factor);
 }
 
 template <class T>
@@ -82,8 +82,9 @@ void addComplexCase(int factor) {
 }
 
 const bool registered = [] {
-  const auto sum = [](int a, int b) { return a + b; };
-  const auto product = [](int a, int b) { return a * b; };
+  const auto sum = [](int a, int b, int) { return a + b; };
+  const auto product = [](int a, int b, int) { return a * b; };
+  const auto productSum = [](int a, int b, int c) { return c + a * b; };
   for (const int factor : {0, 1, -1}) {
     addScaledCase<Mox16s>("add_16s", moxsAdd_16s_Sfs, sum, factor);
     addScaledCase<Mox8u>("add_8u", moxsAdd_8u_Sfs, sum, factor);
@@ -91,6 +92,9 @@ const bool registered = [] {
     addScaledCase<Mox8u>("mul_8u", moxsMul_8u_Sfs, product, factor);
     addComplexCase(factor);
   }
+  addScaledCase<Mox16s>("mul_16s", moxsMul_16s_Sfs, product, 15);
+  addScaledCase<Mox16s>("addProduct_16s", moxsAddProduct_16s_Sfs, productSum, 15);
+  addComplexCase(15);
   return true;
 }();
 
