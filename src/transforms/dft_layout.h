@@ -31,9 +31,11 @@ PrimeTable<F>* placePrimeTable(Arena& arena, int p) {
 }
 
 template <class F>
-void placePasses(Arena& arena, DftSpec<F>& plan) {
-  const DftRadices radices = dftRadices(dftFactors<F>(plan.core), lanesOf<F> / 2);
+void placePasses(Arena& arena, DftSpec<F>& plan, bool realOdd) {
+  constexpr long numbers = lanesOf<F> / 2;
+  const DftRadices radices = dftRadices(dftFactors<F>(plan.core), numbers, realOdd);
   plan.passes = radices.count;
+  plan.realOdd = realOdd && halvesRows(radices, plan.core, numbers);
   int rows = 1, before = 0;
   for (int i = 0; i < radices.count; ++i) {
     DftPass<F>& pass = plan.pass[i];
@@ -92,10 +94,7 @@ struct DftShape {
       plan.realFwdTwiddle = detail::placeTable<F>(arena, 2 * realPairs());
       plan.realInvTwiddle = detail::placeTable<F>(arena, 2 * realPairs());
     }
-    if (plan.method == DftMethod::mixed) {
-      detail::placePasses(arena, plan);
-      plan.realOdd = isReal && len % 2 && halvesRows(plan);
-    }
+    if (plan.method == DftMethod::mixed) detail::placePasses(arena, plan, isReal && len % 2);
     if (plan.method == DftMethod::direct)
       plan.direct = detail::placePrimeTable<F>(arena, plan.core);
     if (plan.method == DftMethod::chirp) {

@@ -13,8 +13,15 @@ struct DftRadices {
 };
 
 // The radices whose passes take the fewest instructions on vectors of `numbers` numbers. The primes
-// of a length above 16 are radices themselves; the rest is divided into factors of at most 16.
-DftRadices dftRadices(const DftFactors& factors, long numbers);
+// of a length above 16 are radices themselves; the rest is divided into factors of at most 16. Of
+// real samples and an odd length half of the rows are enough.
+DftRadices dftRadices(const DftFactors& factors, long numbers, bool realOdd);
+
+// Whether half of the rows, and pairs of columns, fill vectors.
+constexpr bool halvesRows(const DftRadices& radices, long n, long numbers) {
+  return n / radices.radix[0] >= 2 * numbers &&
+         n / radices.radix[radices.count - 1] / 2 + 1 >= numbers;
+}
 
 template <class F>
 constexpr long columnTwiddles(const DftPass<F>& pass) {
@@ -36,13 +43,6 @@ constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
   constexpr std::size_t number = 2 * sizeof(F);
   const std::size_t first = roundUp(number * std::size_t(mixedAreaNumbers(plan)), fftAlignment);
   return long(2 * first);
-}
-
-// Whether half of the rows of an odd length, and pairs of columns, fill vectors.
-template <class F>
-constexpr bool halvesRows(const DftSpec<F>& plan) {
-  return plan.pass[0].columns >= lanesOf<F> &&
-         plan.pass[plan.passes - 1].rows / 2 + 1 >= lanesOf<F> / 2;
 }
 
 // From the source to the target, which may be the same arrays: views, plain or scaled.

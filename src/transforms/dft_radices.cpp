@@ -39,7 +39,7 @@ long costOf(const DftRadices& radices, long n, long numbers) {
 // for the last.
 class Search {
  public:
-  Search(long n, long numbers) : n_(n), numbers_(numbers) {}
+  Search(long n, long numbers, bool realOdd) : n_(n), numbers_(numbers), realOdd_(realOdd) {}
 
   void complete(DftRadices& chosen, long rest, int least) {
     if (rest == 1) return consider(chosen);
@@ -60,18 +60,20 @@ class Search {
     for (int i = radices.count - 1; i >= 0; --i) {
       DftRadices ordered = radices;
       std::rotate(ordered.radix + i, ordered.radix + i + 1, ordered.radix + radices.count);
-      const long cost = costOf(ordered, n_, numbers_);
+      long cost = costOf(ordered, n_, numbers_);
+      if (realOdd_ && cost < LONG_MAX && halvesRows(ordered, n_, numbers_)) cost /= 2;
       if (best_.count == 0 || cost < cost_) best_ = ordered, cost_ = cost;
     }
   }
 
   long n_, numbers_, cost_ = 0;
+  bool realOdd_;
   DftRadices best_;
 };
 
 }  // namespace
 
-DftRadices dftRadices(const DftFactors& factors, long numbers) {
+DftRadices dftRadices(const DftFactors& factors, long numbers, bool realOdd) {
   long smooth = 1, length = 1;
   DftRadices primes;
   const auto take = [&](int factor) {
@@ -83,7 +85,7 @@ DftRadices dftRadices(const DftFactors& factors, long numbers) {
   };
   for (int i = 0; i < factors.levels; ++i) take(factors.radix[i]);
   take(factors.leaf);
-  Search search(length, numbers);
+  Search search(length, numbers, realOdd);
   search.complete(primes, smooth, 2);
   return search.best();
 }
