@@ -10,38 +10,18 @@
 namespace mox::arith {
 namespace {
 
-// Remembers the kind of the first element at or below 0, and gives all of them the lowest result.
-class LnNote {
- public:
-  // `result` where x is above 0.
-  [[gnu::always_inline]] V<Mox64f> lowestWithout(V<Mox64f> x, V<Mox64f> result) {
-    const V<Mox64f> bad = notAtLeast(x, 1.0);
-    if (signBits(bad)) [[unlikely]] {
-      for (int i = 0; i < laneCount<V<Mox64f>>; ++i) note(x[i]);
-      return select(bad, broadcast<V<Mox64f>>(-std::numeric_limits<Mox64f>::infinity()), result);
-    }
-    return result;
-  }
-  template <Of<Mox16s> T>
-  [[gnu::always_inline]] T lowestWithout(T x, T result) {
-    const auto bad = x < Mox16s(1);
-    if (anyLane(bad)) [[unlikely]] {
-      for (int i = 0; i < laneCount<T>; ++i) note(x[i]);
-      return bad ? broadcast<T>(std::numeric_limits<Mox16s>::min()) : result;
-    }
-    return result;
-  }
-
-  MoxStatus status() const { return lnStatus(code_); }
-
- private:
-  template <class T>
-  void note(T x) {
-    if (code_ == 0 && x < T(1)) code_ = x == T(0) ? lnOfZero : lnOfNegative;
-  }
-
-  int code_ = 0;
-};
+// The first element without a logarithm decides the status. It is sought before a result may take
+// its place.
+template <class S>
+MoxStatus statusOf(const S* src, long len) {
+  using Lanes = I<S>;
+  long i = 0;
+  while (i <= len - laneCount<Lanes> && !anyLane(load<Lanes>(src + i) < S(1)))
+    i += laneCount<Lanes>;
+  while (i < len && load<S>(src + i) > 0) ++i;
+  if (i == len) return moxOk;
+  return load<S>(src + i) == 0 ? moxWarnLnZeroArg : moxWarnLnNegArg;
+}
 
 struct Natural {
   V<Mox64f> operator()(V<Mox64f> x) const { return lnOf(LnArgument(x)); }
@@ -59,27 +39,28 @@ struct Decibels {
 template <class Logarithm, class S, class D>
 MoxStatus scaled(const S* src, D* dst, int len, int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
+  const MoxStatus status = statusOf(src, len);
   const ByPowerOfTwo scale(scaleFactor);
-  LnNote note;
-  mapRounded([&](V<Mox64f> x) { return note.lowestWithout(x, scale(Logarithm()(x))); }, dst, len,
-             src);
-  return note.status();
+  const auto lowest = broadcast<V<Mox64f>>(-std::numeric_limits<Mox64f>::infinity());
+  mapRounded([&](V<Mox64f> x) { return select(notAtLeast(x, 1.0), lowest, scale(Logarithm()(x))); },
+             dst, len, src);
+  return status;
 }
 
 // Without a factor: the number of bounds that the element passes, each the last integer below
 // e^(k + 1/2).
 MoxStatus lnByBounds(const Mox16s* src, Mox16s* dst, int len) {
-  LnNote note;
-  const auto rounded = [&]<class Lanes>(Lanes x) {
+  const MoxStatus status = statusOf(src, len);
+  const auto rounded = []<class Lanes>(Lanes x) {
     Lanes passed = {};
     for (Mox16s bound : {1, 4, 12, 33, 90, 244, 665, 1808, 4914, 13359}) passed -= Lanes(x > bound);
-    return note.lowestWithout(x, passed);
+    return x < Mox16s(1) ? broadcast<Lanes>(std::numeric_limits<Mox16s>::min()) : passed;
   };
   forSteps<laneCount<I<Mox16s>>, 2, 8>(
       false, dst, len,
       [&](auto n, long i) { return Registers{rounded(load<V<Mox16s, n>>(src + i))}; },
       [&](long i) { store(dst + i, rounded(broadcast<V<Mox16s, 8>>(load<Mox16s>(src + i)))[0]); });
-  return note.status();
+  return status;
 }
 
 MoxStatus lnShort(const Mox16s* src, Mox16s* dst, int len, int scaleFactor) {
