@@ -1,5 +1,6 @@
-// Element-wise arithmetic of floats and complex numbers beside VOLK, Eigen and a plain loop at -O3
-// for the same instruction set.
+// Element-wise arithmetic of floats and complex numbers beside VOLK, Eigen, OpenBLAS and a plain
+// loop at -O3.
+#include <cblas.h>
 #include <moxsp.h>
 #include <volk/volk.h>
 
@@ -63,17 +64,18 @@ template <class E, class Op>
   op(result, x, y, constant);
 }
 
-// The calls take (a, b, dst, len); `volk` may be nullptr, `op` serves the loop and Eigen.
-template <class E, class Ours, class Volk, class Op>
-void addFamily(const std::string& family, int arraysRead, double opsPerPart, Ours ours, Volk volk,
-               Op op) {
+// The calls take (a, b, dst, len); that of a library may be nullptr, `op` serves the loop and
+// Eigen.
+template <class E, class Ours, class Library, class Op>
+void addFamily(const std::string& family, int arraysRead, double opsPerPart, Ours ours,
+               Library library, Op op, const char* peer = "volk") {
   for (const long bytes : bench::arraySizes) {
     const int len = int(bytes / long(sizeof(E)));
     const auto data = std::make_shared<Arrays<E>>(len);
     E* const a = data->a.data();
     E* const b = data->b.data();
     E* const dst = data->dst.data();
-    const auto peer = [=]<class T>(std::type_identity<T>, auto run) {
+    const auto on = [=]<class T>(std::type_identity<T>, auto run) {
       return [=] {
         const auto x = reinterpret_cast<T*>(a), y = reinterpret_cast<T*>(b);
         run(op, x, y, reinterpret_cast<T*>(dst), len, x[0]);
@@ -84,11 +86,11 @@ void addFamily(const std::string& family, int arraysRead, double opsPerPart, Our
     using OfEigen = typename Peers<E>::Eigen;
     bench::Sides sides = {
         {"moxsp", [=] { ours(a, b, dst, len); }},
-        {"eigen", peer(std::type_identity<OfEigen>(), eigen<OfEigen, Op>)},
-        {"loop", peer(std::type_identity<Loop>(), loop<Loop, Op>)},
+        {"eigen", on(std::type_identity<OfEigen>(), eigen<OfEigen, Op>)},
+        {"loop", on(std::type_identity<Loop>(), loop<Loop, Op>)},
     };
-    if constexpr (!std::is_same_v<Volk, std::nullptr_t>)
-      sides.push_back({"volk", [=] { volk(dst, a, b, unsigned(len)); }});
+    if constexpr (!std::is_same_v<Library, std::nullptr_t>)
+      sides.push_back({peer, [=] { library(dst, a, b, unsigned(len)); }});
     const double ops = opsPerPart * double(len * Peers<E>::parts);
     const bool isDouble = sizeof(E) / Peers<E>::parts == 8;
     bench::add(family, bytes,
@@ -104,6 +106,9 @@ const auto sum = [](auto& dst, const auto& a, const auto& b, auto) { dst = a + b
 const auto product = [](auto& dst, const auto& a, const auto& b, auto) { dst = a * b; };
 const auto timesConstant = [](auto& dst, const auto& a, const auto&, auto c) { dst = a * c; };
 const auto addProduct = [](auto& dst, const auto& a, const auto& b, auto) { dst = dst + a * b; };
+const auto addTimesConstant = [](auto& dst, const auto& a, const auto&, auto c) {
+  dst = dst + a * c;
+};
 
 // The first element is as good a constant as any.
 template <auto call>
@@ -112,6 +117,8 @@ const auto withConstant = [](auto* a, auto*, auto* dst, int len) { call(a, a[0],
 const auto asVolk = [](Mox32fc* z) { return reinterpret_cast<lv_32fc_t*>(z); };
 
 const bool registered = [] {
+  const bench::Group group("vectors");
+  openblas_set_num_threads(1);
   addFamily<float>("add_32f", 2, 1, moxsAdd_32f, volk_32f_x2_add_32f, sum);
   addFamily<float>("mul_32f", 2, 1, moxsMul_32f, volk_32f_x2_multiply_32f, product);
   addFamily<float>(
@@ -120,6 +127,10 @@ const bool registered = [] {
         volk_32f_s32f_multiply_32f(dst, a, a[0], len);
       },
       timesConstant);
+  addFamily<float>(
+      "addproductc_32f", 2, 2, withConstant<moxsAddProductC_32f>,
+      [](float* dst, float* a, float*, unsigned len) { cblas_saxpy(int(len), a[0], a, 1, dst, 1); },
+      addTimesConstant, "openblas");
   addFamily<float>("addproduct_32f", 3, 2, moxsAddProduct_32f, nullptr, addProduct);
 
   addFamily<double>("add_64f", 2, 1, moxsAdd_64f, volk_64f_x2_add_64f, sum);

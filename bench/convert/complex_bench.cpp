@@ -1,12 +1,13 @@
-// Complex vectors beside VOLK, Eigen, and what the compiler makes of a loop for the same
-// instruction set.
+// Complex vectors beside VOLK, Eigen, SLEEF, and what the compiler makes of a loop.
 #include <moxsp.h>
 #include <volk/volk.h>
 
 #include <Eigen/Core>
 #include <cmath>
 #include <complex>
+#include <cstring>
 
+#include "support/sleef.h"
 #include "support/vectors.h"
 
 namespace {
@@ -35,6 +36,23 @@ void loopPower(const float* z, float* dst, int len) {
 }
 void loopPhase(const float* z, float* dst, int len) {
   for (int i = 0; i < len; ++i) dst[i] = std::atan2(z[2 * i + 1], z[2 * i]);
+}
+void sleefPhase(const float* z, float* dst, int len) {
+  constexpr auto function = SLEEF_32F(atan2, u35);
+  const auto run = [=]<class Result, class Lanes>(Result (*)(Lanes, Lanes)) {
+    const auto angles = []<int... i>(Lanes low, Lanes high, std::integer_sequence<int, i...>) {
+      return function(__builtin_shufflevector(low, high, 2 * i + 1 ...),
+                      __builtin_shufflevector(low, high, 2 * i...));
+    };
+    constexpr int lanes = sizeof(Lanes) / sizeof(float);
+    for (int i = 0; i < len; i += lanes) {
+      Lanes in[2];
+      std::memcpy(in, z + 2 * i, sizeof in);
+      const Lanes out = angles(in[0], in[1], std::make_integer_sequence<int, lanes>());
+      std::memcpy(dst + i, &out, sizeof out);
+    }
+  };
+  run(function);
 }
 void loopReal(const float* z, float* re, int len) {
   for (int i = 0; i < len; ++i) re[i] = z[2 * i];
@@ -69,21 +87,25 @@ void addSize(long bytes) {
   };
   const double whole = double(bytes), half = whole / 2;
 
-  bench::add("magnitude_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
-             {{"moxsp", [=] { moxsMagnitude_32fc(complex(z), re, len); }},
-              {"volk", [=] { volk_32fc_magnitude_32f(re, volk(z), len); }},
-              {"eigen", [=] { real(re) = eigen(z).abs(), bench::clobber(re); }},
-              {"loop", [=] { loopMagnitude(z, re, len), bench::clobber(re); }}});
+  {
+    const bench::Group group("elementary");
+    bench::add("magnitude_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
+               {{"moxsp", [=] { moxsMagnitude_32fc(complex(z), re, len); }},
+                {"volk", [=] { volk_32fc_magnitude_32f(re, volk(z), len); }},
+                {"eigen", [=] { real(re) = eigen(z).abs(), bench::clobber(re); }},
+                {"loop", [=] { loopMagnitude(z, re, len), bench::clobber(re); }}});
+    bench::add("phase_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
+               {{"moxsp", [=] { moxsPhase_32fc(complex(z), re, len); }},
+                {"volk", [=] { volk_32fc_s32f_atan2_32f(re, volk(z), 1, len); }},
+                {"sleef", [=] { sleefPhase(z, re, len), bench::clobber(re); }},
+                {"eigen", [=] { real(re) = eigen(z).arg(), bench::clobber(re); }},
+                {"loop", [=] { loopPhase(z, re, len), bench::clobber(re); }}});
+  }
   bench::add("power_spectr_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
              {{"moxsp", [=] { moxsPowerSpectr_32fc(complex(z), re, len); }},
               {"volk", [=] { volk_32fc_magnitude_squared_32f(re, volk(z), len); }},
               {"eigen", [=] { real(re) = eigen(z).abs2(), bench::clobber(re); }},
               {"loop", [=] { loopPower(z, re, len), bench::clobber(re); }}});
-  bench::add("phase_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
-             {{"moxsp", [=] { moxsPhase_32fc(complex(z), re, len); }},
-              {"volk", [=] { volk_32fc_s32f_atan2_32f(re, volk(z), 1, len); }},
-              {"eigen", [=] { real(re) = eigen(z).arg(), bench::clobber(re); }},
-              {"loop", [=] { loopPhase(z, re, len), bench::clobber(re); }}});
   bench::add("real_32fc", bytes, {.bytesRead = whole, .bytesWritten = half}, data,
              {{"moxsp", [=] { moxsReal_32fc(complex(z), re, len); }},
               {"volk", [=] { volk_32fc_deinterleave_real_32f(re, volk(z), len); }},

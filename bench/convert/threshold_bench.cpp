@@ -60,11 +60,15 @@ auto view(E* p, int len) {
 
 template <class F>
 void addReal(const std::string& type, auto lt, auto ltVal, auto gtAbs) {
-  addSizes<F, F>("threshold_LT_" + type, [=](const F* src, F* dst, int len) -> Sides {
-    return {{"moxsp", [=] { lt(src, dst, len, level<F>); }},
-            {"eigen", [=] { view(dst, len) = view(src, len).max(level<F>), bench::clobber(dst); }},
-            {"loop", loop(src, dst, len, [](F x) { return x > level<F> ? x : level<F>; })}};
-  });
+  {
+    const bench::Group group("vectors");
+    addSizes<F, F>("threshold_LT_" + type, [=](const F* src, F* dst, int len) -> Sides {
+      return {
+          {"moxsp", [=] { lt(src, dst, len, level<F>); }},
+          {"eigen", [=] { view(dst, len) = view(src, len).max(level<F>), bench::clobber(dst); }},
+          {"loop", loop(src, dst, len, [](F x) { return x > level<F> ? x : level<F>; })}};
+    });
+  }
   addSizes<F, F>("threshold_LTVal_" + type, [=](const F* src, F* dst, int len) -> Sides {
     return {{"moxsp", [=] { ltVal(src, dst, len, level<F>, value<F>); }},
             {"eigen",

@@ -60,6 +60,7 @@ struct Data {
 };
 
 void addReal(int taps) {
+  const bench::Group group("filters");
   auto d = std::make_shared<Data<float>>(taps);
   MoxsFIRState* state;
   moxsFIRInitAlloc_32f(&state, d->h.data(), taps, nullptr);
@@ -110,6 +111,7 @@ void addDirect(int taps) {
 }
 
 void addComplex(int taps) {
+  const bench::Group group("filters");
   auto d = std::make_shared<Data<Mox32fc>>(taps);
   MoxsFIRState* state;
   moxsFIRInitAlloc_32fc(&state, d->h.data(), taps, nullptr);
@@ -141,7 +143,7 @@ void addComplex(int taps) {
 const bool registered = [] {
   for (const int taps : {16, 64, 256, 1024}) addReal(taps);
   for (const int taps : {16, 64, 256, 1024}) addDirect(taps);
-  for (const int taps : {8, 16, 64, 256}) addComplex(taps);
+  for (const int taps : {16, 64, 256, 1024}) addComplex(taps);
   return true;
 }();
 

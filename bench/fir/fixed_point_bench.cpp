@@ -31,6 +31,7 @@ void reversedFir(const Mox16s* __restrict x, Mox16s* __restrict y, int count,
 }
 
 void addWords(int taps, bool wide) {
+  const bench::Group group("filters");
   struct Data {
     std::vector<Mox16s> h, padded, y = std::vector<Mox16s>(len);
   };

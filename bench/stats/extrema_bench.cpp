@@ -81,6 +81,7 @@ template <class T>
 }
 
 void addMaxima(long bytes) {
+  const bench::Group group("reductions");
   using F = Data<float>&;
   using D = Data<double>&;
   using S = Data<std::int16_t>&;
@@ -110,6 +111,7 @@ void addMaxima(long bytes) {
 }
 
 void addIndices(long bytes) {
+  const bench::Group group("reductions");
   using F = Data<float>&;
   using D = Data<double>&;
   using S = Data<std::int16_t>&;
@@ -151,6 +153,7 @@ void addIndices(long bytes) {
 }
 
 void addEvery(long bytes) {
+  const bench::Group group("vectors");
   using F = Data<float>&;
   using B = Data<std::uint8_t>&;
   const bench::Work pass{.bytesRead = 2 * double(bytes), .bytesWritten = double(bytes)};

@@ -77,6 +77,7 @@ double widened(float a, float) { return a; }
 double widenedProduct(float a, float b) { return double(a) * b; }
 
 void addSums(long bytes) {
+  const bench::Group group("reductions-in-order");
   using F = Data<float>&;
   using D = Data<double>&;
   addCase<float>("sum_32f fast", bytes, 1, [](F d) { moxsSum_32f(d.a.data(), d.len, d.out(), 1); },
@@ -102,11 +103,11 @@ void addSums(long bytes) {
 }
 
 void addDots(long bytes) {
+  const bench::Group group("reductions-in-order");
   using F = Data<float>&;
   using D = Data<double>&;
   using Z = std::complex<float>;
   using C = Data<Z>&;
-  using S = Data<std::int16_t>&;
   addCase<float>(
       "dotprod_32f", bytes, 2, [](F d) { moxsDotProd_32f(d.a.data(), d.b.data(), d.len, d.out()); },
       {{"volk",
@@ -139,6 +140,32 @@ void addDots(long bytes) {
         [](C d) { volk_32fc_x2_dot_prod_32fc(d.out(), d.a.data(), d.b.data(), unsigned(d.len)); }},
        {"eigen", [](C d) { *d.out() = (d.eigen(d.a) * d.eigen(d.b)).sum(); }},
        {"openblas", [](C d) { cblas_cdotu_sub(d.len, d.a.data(), 1, d.b.data(), 1, d.out()); }}});
+}
+
+void addMoments(long bytes) {
+  const bench::Group group("reductions-in-order");
+  using F = Data<float>&;
+  const std::vector<std::pair<const char*, Run<float>>> peers = {
+      {"volk",
+       [](F d) {
+         volk_32f_stddev_and_mean_32f_x2(d.out(), d.out() + 1, d.a.data(), unsigned(d.len));
+       }},
+      {"eigen", [](F d) {
+         const float mean = d.eigen(d.a).mean();
+         d.out()[0] = std::sqrt((d.eigen(d.a) - mean).square().sum() / float(d.len - 1));
+         d.out()[1] = mean;
+       }}};
+  addCase<float>(
+      "stddev_32f fast", bytes, 1, [](F d) { moxsStdDev_32f(d.a.data(), d.len, d.out(), 1); },
+      peers);
+  addCase<float>(
+      "meanstddev_32f", bytes, 1,
+      [](F d) { moxsMeanStdDev_32f(d.a.data(), d.len, d.out(), d.out() + 1, 0); }, peers);
+}
+
+void addExactSums(long bytes) {
+  const bench::Group group("reductions");
+  using S = Data<std::int16_t>&;
   addCase<std::int16_t>(
       "dotprod_16s64s", bytes, 2,
       [](S d) { moxsDotProd_16s64s(d.a.data(), d.b.data(), d.len, d.out<Mox64s>()); },
@@ -154,6 +181,7 @@ void addDots(long bytes) {
 }
 
 void addNorms(long bytes) {
+  const bench::Group group("reductions-in-order");
   using F = Data<float>&;
   using D = Data<double>&;
   addCase<float>("norm_l1_32f", bytes, 1, [](F d) { moxsNorm_L1_32f(d.a.data(), d.len, d.out()); },
@@ -176,7 +204,9 @@ void addNorms(long bytes) {
 
 const bool registered = [] {
   openblas_set_num_threads(1);
-  for (const long bytes : bench::arraySizes) addSums(bytes), addDots(bytes), addNorms(bytes);
+  for (const long bytes : bench::arraySizes) {
+    addSums(bytes), addDots(bytes), addNorms(bytes), addMoments(bytes), addExactSums(bytes);
+  }
   return true;
 }();
 

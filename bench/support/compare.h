@@ -1,6 +1,6 @@
 // A benchmark case measures our function and its peers on the same data, in one process, on one
-// core, interleaved; the report is one table of medians with the ratio to the best peer and the
-// fraction of the machine's limit.
+// core, interleaved; the report is one table of the lowest times with the ratio to the best peer
+// and the fraction of the machine's limit.
 #pragma once
 
 #include <functional>
@@ -24,6 +24,15 @@ struct Case {
   Work work;
   Call ours;
   std::vector<std::pair<std::string, Call>> peers;
+};
+
+// While it lives, the cases that are registered belong to a group, such as "vectors".
+class Group {
+ public:
+  explicit Group(std::string name);
+  ~Group();
+  Group(const Group&) = delete;
+  Group& operator=(const Group&) = delete;
 };
 
 // Registers a case. Data that the calls use must outlive the run: hold it in a shared_ptr.

@@ -15,15 +15,23 @@ namespace bench {
 // Bytes of an array within the first-level cache, within the second, and far beyond all.
 constexpr long arraySizes[] = {4L << 10, 256L << 10, 64L << 20};
 
-// Memory of the library, as its users have it; its alignment suits the peers' fastest paths.
+// Memory of the library, as its users have it; its alignment suits the peers' fastest paths. Each
+// starts at another place of a page: a processor takes a load for one of what was just stored at
+// the same place of another page, and waits.
 template <class T>
 class Vector {
  public:
-  explicit Vector(long len) : memory_(moxsMalloc_8u(int(len * long(sizeof(T)))), moxsFree) {}
-  T* data() const { return reinterpret_cast<T*>(memory_.get()); }
+  explicit Vector(long len)
+      : memory_(moxsMalloc_8u(int(len * long(sizeof(T))) + page), moxsFree),
+        start_(count_++ * 5 * 64 % page) {}
+  T* data() const { return reinterpret_cast<T*>(memory_.get() + start_); }
 
  private:
+  static constexpr int page = 4096;
+  static inline int count_ = 0;
+
   std::unique_ptr<Mox8u, void (*)(void*)> memory_;
+  int start_;
 };
 
 // Our call, then the peers'.

@@ -114,7 +114,7 @@ MoxStatus onParts(const F* src, F* dst, const MoxsDFTSpec* spec, Mox8u* buffer) 
 
 const bool registered = [] {
   for (const int n :
-       {12, 60, 100, 360, 1000, 1500, 2002, 4410, 10080, 53, 509, 8191, 2187, 65520}) {
+       {12, 60, 100, 360, 1000, 1500, 2002, 4410, 10080, 53, 509, 8191, 315, 2187, 10395, 65520}) {
     addCase<Mox32f, onParts<moxsDFTFwd_CToC_32fc, Mox32fc, Mox32f>, Peer<Mox32f>::complexPlan>(
         "dft_fwd_32fc", c32fc, n, 2);
     addCase<Mox64f, onParts<moxsDFTFwd_CToC_64fc, Mox64fc, Mox64f>, Peer<Mox64f>::complexPlan>(

@@ -101,6 +101,7 @@ void addCase(int order) {
 }
 
 const bool registered = [] {
+  const bench::Group group("transforms");
   for (int order = 4; order <= 20; ++order) addCase<Mox32f>(order);
   for (int order = 4; order <= 20; ++order) addCase<Mox64f>(order);
   return true;

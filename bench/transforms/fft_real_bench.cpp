@@ -101,6 +101,7 @@ void addCase(int order, bool inverse) {
 }
 
 const bool registered = [] {
+  const bench::Group group("transforms");
   for (const bool inverse : {false, true})
     for (int order = 4; order <= 20; ++order) {
       addCase<Mox32f>(order, inverse);

@@ -1,10 +1,17 @@
 #include "band.h"
 
+#include <moxsp.h>
+
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstdio>
 #include <numbers>
+#include <span>
 #include <stdexcept>
+
+#include "support/program.h"
+#include "support/require.h"
 
 namespace {
 
@@ -38,52 +45,118 @@ const Type types[] = {
     {"notch", [](double, double G, double Q) { return Prototype{G, 0, G, 1, 1 / Q, 1}; }},
 };
 
-const Type* typeNamed(const std::string& name) {
-  for (const Type& type : types)
-    if (name == type.name) return &type;
-  return nullptr;
+// Filters of order 1 to 12 that the library designs.
+struct Design {
+  const char* name;
+  decltype(&moxsIIRGenLowpass_64f) taps;
+  bool chebyshev;
+};
+
+const Design designs[] = {{"butterworth-lowpass", moxsIIRGenLowpass_64f, false},
+                          {"butterworth-highpass", moxsIIRGenHighpass_64f, false},
+                          {"chebyshev-lowpass", moxsIIRGenLowpass_64f, true},
+                          {"chebyshev-highpass", moxsIIRGenHighpass_64f, true}};
+
+template <class Row, std::size_t rows>
+const Row* rowNamed(const Row (&table)[rows], const std::string& name) {
+  const Row* row = std::ranges::find(table, name, &Row::name);
+  return row == std::end(table) ? nullptr : row;
 }
 
-}  // namespace
-
-std::string bandTypes() {
-  std::string names;
-  for (const Type& type : types) names += (names.empty() ? "" : ", ") + std::string(type.name);
-  return names;
+template <class Row, std::size_t rows>
+std::string names(const Row (&table)[rows]) {
+  std::string all;
+  for (const Row& row : table) all += (all.empty() ? "" : ", ") + std::string(row.name);
+  return all;
 }
 
-Band parseBand(const std::string& text) {
-  const auto refuse = [&](const std::string& reason) {
-    return std::runtime_error("band " + text + ": " + reason);
-  };
-  Band band;
-  const std::size_t colon = text.find(':');
-  band.type = text.substr(0, colon);
-  if (!typeNamed(band.type)) throw refuse("its type must be one of " + bandTypes());
-  char more;
-  const char* numbers = colon == text.npos ? "" : text.c_str() + colon;
-  if (std::sscanf(numbers, ":%lf:%lf:%lf%c", &band.hz, &band.db, &band.q, &more) != 3)
-    throw refuse("needs TYPE:HZ:DB:Q");
-  if (!(band.hz > 0) || !(band.q > 0) || !(std::abs(band.db) <= 60) || std::isinf(band.q))
-    throw refuse("needs a frequency and a Q above 0 and a gain of at most 60 dB");
-  return band;
+// The three numbers of :1000:-6:1.4; none of another text.
+std::vector<double> numbersOf(const char* text) {
+  std::vector<double> numbers;
+  double number;
+  for (int used; std::sscanf(text, ":%lf%n", &number, &used) == 1; text += used)
+    numbers.push_back(number);
+  return *text ? std::vector<double>() : numbers;
 }
 
-// The bilinear transform puts (1/k) (1 - z^-1) / (1 + z^-1) in the place of s, with k = tan(w/2),
-// so that the analog frequency 1 becomes w.
-Section sectionOf(const Band& band, double rate) {
-  const double gain = std::pow(10, band.db / 20);
-  const Prototype p = typeNamed(band.type)->prototype(std::sqrt(gain), gain, band.q);
-  const double k = std::tan(std::numbers::pi * band.hz / rate), k2 = k * k;
+void demand(bool met, const std::string& reason) {
+  if (!met) throw std::runtime_error(reason);
+}
+
+// HZ:DB:Q. The bilinear transform puts (1/k) (1 - z^-1) / (1 + z^-1) in the place of s, with
+// k = tan(w/2), so that the analog frequency 1 becomes w.
+Taps tapsOf(const Type& type, double edge, double db, double Q) {
+  demand(std::abs(db) <= 60 && Q > 0 && !std::isinf(Q),
+         "needs a gain of at most 60 dB and a Q above 0");
+  const double gain = std::pow(10, db / 20);
+  const Prototype p = type.prototype(std::sqrt(gain), gain, Q);
+  const double k = std::tan(std::numbers::pi * edge), k2 = k * k;
   return {p.n2 + p.n1 * k + p.n0 * k2, 2 * (p.n0 * k2 - p.n2), p.n2 - p.n1 * k + p.n0 * k2,
           p.d2 + p.d1 * k + p.d0 * k2, 2 * (p.d0 * k2 - p.d2), p.d2 - p.d1 * k + p.d0 * k2};
 }
 
-double gainDb(const std::vector<Section>& cascade, double hz, double rate) {
-  const std::complex<double> z1 = std::polar(1.0, -2 * std::numbers::pi * hz / rate), z2 = z1 * z1;
+// HZ:ORDER or HZ:ORDER:RIPPLE.
+Taps tapsOf(const Design& design, double edge, double order, double ripple) {
+  demand(order >= 1 && order <= 12 && order == std::floor(order), "needs an order of 1 to 12");
+  demand(!design.chebyshev || (ripple > 0 && ripple <= 60), "needs a ripple above 0 to 60 dB");
+  const int n = int(order);
+  int bytes;
+  require(moxsIIRGenGetBufferSize(n, &bytes), "moxsIIRGenGetBufferSize");
+  std::vector<Mox8u> buffer(bytes);
+  Taps taps(2 * (n + 1));
+  require(design.taps(edge, ripple, taps.data(), n, design.chebyshev, buffer.data()), design.name);
+  const double edgeDb = design.chebyshev ? -ripple : -10 * std::log10(2);
+  demand(std::abs(gainDb({taps}, edge, 1) - edgeDb) < 0.001,
+         "its order is too high for so low or high a frequency: doubles do not hold its taps");
+  return taps;
+}
+
+Taps parsed(const std::string& text, double rate) {
+  const std::size_t colon = std::min(text.find(':'), text.size());
+  const Type* type = rowNamed(types, text.substr(0, colon));
+  const Design* design = rowNamed(designs, text.substr(0, colon));
+  demand(type || design, "its type must be one of " + names(types) + ", " + names(designs));
+  std::vector<double> n = numbersOf(&text[colon]);
+  if (type)
+    demand(n.size() == 3, "needs TYPE:HZ:DB:Q");
+  else if (design->chebyshev)
+    demand(n.size() == 3, "needs TYPE:HZ:ORDER:RIPPLE");
+  else
+    demand(n.size() == 2, "needs TYPE:HZ:ORDER");
+  n.resize(3);
+  demand(n[0] > 0 && n[0] < rate / 2, "needs a frequency above 0 and below half the sample rate, " +
+                                          shortNumber(rate / 2) + " Hz");
+  return type ? tapsOf(*type, n[0] / rate, n[1], n[2]) : tapsOf(*design, n[0] / rate, n[1], n[2]);
+}
+
+}  // namespace
+
+std::string bandSyntax() {
+  return "TYPE:HZ:DB:Q such as peak:1000:-6:1.4, of the types " + names(types) +
+         "; TYPE:HZ:ORDER, and :RIPPLE in dB behind it for Chebyshev, of the types " +
+         names(designs);
+}
+
+Taps bandTaps(const std::string& text, double rate) {
+  try {
+    return parsed(text, rate);
+  } catch (const std::runtime_error& e) {
+    throw std::runtime_error("band " + text + ": " + e.what());
+  }
+}
+
+double gainDb(const std::vector<Taps>& bands, double hz, double rate) {
+  const std::complex<double> z1 = std::polar(1.0, -2 * std::numbers::pi * hz / rate);
+  const auto magnitude = [&](std::span<const double> c) {  // of the sum of c[k] z^-k
+    std::complex<double> sum = 0;
+    for (std::size_t k = c.size(); k-- > 0;) sum = sum * z1 + c[k];
+    return std::abs(sum);
+  };
   double db = 0;
-  for (const Section& s : cascade)
-    db += 20 * std::log10(std::abs(s[0] + s[1] * z1 + s[2] * z2) /
-                          std::abs(s[3] + s[4] * z1 + s[5] * z2));
+  for (const Taps& taps : bands) {
+    const std::span all(taps);
+    const std::size_t half = taps.size() / 2;
+    db += 20 * std::log10(magnitude(all.first(half)) / magnitude(all.subspan(half)));
+  }
   return db;
 }

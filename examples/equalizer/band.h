@@ -1,22 +1,16 @@
-// The bands of a parametric equalizer, each a second-order section.
+// The bands of an equalizer, each an IIR filter.
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
-struct Band {
-  std::string type;  // a row of the table in band.cpp
-  double hz, db, q;  // centre or corner; gain there, of the shelf or of the pass band; quality
-};
+// b[0] .. b[n], a[0] .. a[n] of a filter of order n.
+using Taps = std::vector<double>;
 
-// Of a text such as peak:1000:-6:1.4. Throws std::runtime_error with the reason.
-Band parseBand(const std::string& text);
-std::string bandTypes();
+// Of a text such as peak:1000:-6:1.4 or butterworth-highpass:80:4. Throws std::runtime_error with
+// the reason.
+Taps bandTaps(const std::string& text, double rate);
+std::string bandSyntax();
 
-// b[0], b[1], b[2], a[0], a[1], a[2] of one section at a sample rate.
-using Section = std::array<double, 6>;
-Section sectionOf(const Band& band, double rate);
-
-// The gain of a cascade in dB.
-double gainDb(const std::vector<Section>& cascade, double hz, double rate);
+// The gain of all bands together in dB.
+double gainDb(const std::vector<Taps>& bands, double hz, double rate);

@@ -2,32 +2,45 @@
 
 #include "support/require.h"
 
-template <>
-ChannelFilter<Mox32f>::ChannelFilter(const std::vector<Section>& cascade) {
-  const int sections = int(cascade.size());
-  int bytes;
-  require(moxsIIRGetStateSize64f_BiQuad_32f(sections, &bytes), "moxsIIRGetStateSize64f_BiQuad_32f");
-  memory_.resize(bytes);
-  require(moxsIIRInit64f_BiQuad_32f(&state_, cascade[0].data(), sections, nullptr, memory_.data()),
-          "moxsIIRInit64f_BiQuad_32f");
+namespace {
+
+void widen(const Mox16s* x, Mox64f* y, int len) {
+  require(moxsConvert_16s64f_Sfs(x, y, len, 0), "moxsConvert_16s64f_Sfs");
+}
+void widen(const Mox32f* x, Mox64f* y, int len) {
+  require(moxsConvert_32f64f(x, y, len), "moxsConvert_32f64f");
+}
+void narrow(const Mox64f* x, Mox16s* y, int len) {
+  require(moxsConvert_64f16s_Sfs(x, y, len, moxRoundNearEven, 0), "moxsConvert_64f16s_Sfs");
+}
+void narrow(const Mox64f* x, Mox32f* y, int len) {
+  require(moxsConvert_64f32f(x, y, len), "moxsConvert_64f32f");
 }
 
-template <>
-void ChannelFilter<Mox32f>::run(std::vector<Mox32f>& block) {
-  require(moxsIIR64f_32f_I(block.data(), int(block.size()), state_), "moxsIIR64f_32f_I");
+}  // namespace
+
+template <class Sample>
+ChannelFilter<Sample>::ChannelFilter(const std::vector<Taps>& bands) {
+  for (const Taps& taps : bands) {
+    const int order = int(taps.size()) / 2 - 1;
+    int bytes;
+    require(moxsIIRGetStateSize_64f(order, &bytes), "moxsIIRGetStateSize_64f");
+    memory_.emplace_back(bytes);
+    require(moxsIIRInit_64f(&states_.emplace_back(), taps.data(), order, nullptr,
+                            memory_.back().data()),
+            "moxsIIRInit_64f");
+  }
 }
 
-template <>
-ChannelFilter<Mox16s>::ChannelFilter(const std::vector<Section>& cascade) {
-  const int sections = int(cascade.size());
-  int bytes;
-  require(moxsIIRGetStateSize64f_BiQuad_16s(sections, &bytes), "moxsIIRGetStateSize64f_BiQuad_16s");
-  memory_.resize(bytes);
-  require(moxsIIRInit64f_BiQuad_16s(&state_, cascade[0].data(), sections, nullptr, memory_.data()),
-          "moxsIIRInit64f_BiQuad_16s");
+template <class Sample>
+void ChannelFilter<Sample>::run(std::vector<Sample>& block) {
+  const int len = int(block.size());
+  wide_.resize(block.size());
+  widen(block.data(), wide_.data(), len);
+  for (MoxsIIRState* state : states_)
+    require(moxsIIR_64f_I(wide_.data(), len, state), "moxsIIR_64f_I");
+  narrow(wide_.data(), block.data(), len);
 }
 
-template <>
-void ChannelFilter<Mox16s>::run(std::vector<Mox16s>& block) {
-  require(moxsIIR64f_16s_ISfs(block.data(), int(block.size()), state_, 0), "moxsIIR64f_16s_ISfs");
-}
+template class ChannelFilter<Mox16s>;
+template class ChannelFilter<Mox32f>;

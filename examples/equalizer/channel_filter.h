@@ -1,5 +1,5 @@
-// One channel's cascade in memory of our own. The taps are doubles, whatever the samples are: with
-// single-precision taps a band at 20 Hz would lie a percent off.
+// One channel's bands in memory of our own. Taps and sums are doubles, whatever the samples are:
+// with single-precision taps a band at 20 Hz would lie a percent off.
 #pragma once
 
 #include <moxsp.h>
@@ -11,13 +11,14 @@
 template <class Sample>  // Mox16s or Mox32f
 class ChannelFilter {
  public:
-  explicit ChannelFilter(const std::vector<Section>& cascade);
-  ChannelFilter(ChannelFilter&&) = default;  // the state stays where it is
+  explicit ChannelFilter(const std::vector<Taps>& bands);
+  ChannelFilter(ChannelFilter&&) = default;  // the states stay where they are
 
-  // Filters one block in place; the delay line carries over to the next.
+  // Filters one block in place; the delay lines carry over to the next.
   void run(std::vector<Sample>& block);
 
  private:
-  std::vector<Mox8u> memory_;
-  MoxsIIRState* state_ = nullptr;
+  std::vector<std::vector<Mox8u>> memory_;
+  std::vector<MoxsIIRState*> states_;
+  std::vector<Mox64f> wide_;
 };

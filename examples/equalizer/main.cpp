@@ -23,46 +23,33 @@ struct Options {
 void declare(CLI::App& app, Options& o) {
   declareStream(app, o.job);
   app.get_option("output")->required();
-  app.add_option(
-         "--band", o.bands,
-         "TYPE:HZ:DB:Q, such as peak:1000:-6:1.4; once for each band. Types: " + bandTypes())
+  app.add_option("--band", o.bands, "Once for each band: " + bandSyntax())
       ->required()
       ->allow_extra_args(false);
   app.add_option("--picture", o.picture, "PNG file for the response asked for and measured")
       ->check(extension({".png"}));
 }
 
-std::vector<Section> cascadeOf(const std::vector<std::string>& bands, double rate) {
-  std::vector<Section> cascade;
-  for (const std::string& text : bands) {
-    const Band band = parseBand(text);
-    if (band.hz >= rate / 2)
-      throw std::runtime_error("band " + text + " must lie below half the sample rate, " +
-                               shortNumber(rate / 2) + " Hz");
-    cascade.push_back(sectionOf(band, rate));
-  }
-  return cascade;
-}
-
 void run(Options& o) {
   const SndfileHandle sound = openSound(o.job.input);
   const double rate = sound.samplerate();
-  const std::vector<Section> cascade = cascadeOf(o.bands, rate);
+  std::vector<Taps> bands;
+  for (const std::string& text : o.bands) bands.push_back(bandTaps(text, rate));
   o.job.progress = progressOf("equalizing", double(sound.frames()) / rate);
-  filterFile<ChannelFilter>(o.job, cascade);
+  filterFile<ChannelFilter>(o.job, bands);
   std::printf("%s\n", o.job.output.c_str());
 
   const std::vector<Measured> measured = measureResponse(o.job.input, o.job.output);
   double difference = 0;
   for (const Measured& m : measured)
-    difference = std::max(difference, std::abs(m.db - gainDb(cascade, m.hz, rate)));
+    difference = std::max(difference, std::abs(m.db - gainDb(bands, m.hz, rate)));
   if (measured.empty())
     std::printf("  too little sound to measure the response\n");
   else
     std::printf("  measured from %.0f to %.0f Hz, at most %.2f dB from what was asked for\n",
                 measured.front().hz, measured.back().hz, difference);
   if (o.picture.empty()) return;
-  drawResponse(o.picture, o.job.output.filename().string(), cascade, rate, measured);
+  drawResponse(o.picture, o.job.output.filename().string(), bands, rate, measured);
   std::printf("%s\n", o.picture.c_str());
 }
 

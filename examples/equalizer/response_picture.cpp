@@ -24,10 +24,10 @@ struct Axes {
   }
 };
 
-Axes axesOver(const std::vector<Section>& cascade, double rate) {
+Axes axesOver(const std::vector<Taps>& bands, double rate) {
   Axes axes{rate / 2, -3, 3};
   for (double hz = lowest; hz < axes.highest; hz *= 1.01) {
-    const double db = gainDb(cascade, hz, rate);
+    const double db = gainDb(bands, hz, rate);
     axes.floor = std::min(axes.floor, std::max(db - 3, deepest));
     axes.ceiling = std::max(axes.ceiling, db + 3);
   }
@@ -55,15 +55,15 @@ void drawGrid(Canvas& canvas, const Axes& axes) {
 }  // namespace
 
 void drawResponse(const std::filesystem::path& file, const std::string& title,
-                  const std::vector<Section>& cascade, double rate,
+                  const std::vector<Taps>& bands, double rate,
                   const std::vector<Measured>& measured) {
   Canvas canvas(left + plotWidth + right, top + plotHeight + bottom);
-  const Axes axes = axesOver(cascade, rate);
+  const Axes axes = axesOver(bands, rate);
   drawGrid(canvas, axes);
 
   std::vector<Point> asked;
   for (double hz = lowest; hz < axes.highest; hz *= 1.003)
-    asked.push_back({axes.x(hz), axes.y(gainDb(cascade, hz, rate))});
+    asked.push_back({axes.x(hz), axes.y(gainDb(bands, hz, rate))});
   canvas.curve(asked, 2, blue);
   constexpr double dot = 5;
   for (const Measured& m : measured)

@@ -9,5 +9,5 @@
 #include "response.h"
 
 void drawResponse(const std::filesystem::path& file, const std::string& title,
-                  const std::vector<Section>& cascade, double rate,
+                  const std::vector<Taps>& bands, double rate,
                   const std::vector<Measured>& measured);

@@ -1,4 +1,4 @@
-// What the four kinds of designed filters let through, by the window they are cut out with.
+// What the four kinds of designed FIR filters let through, by the window they are cut out with.
 #include <moxsp.h>
 
 #include "gallery/charts.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int len = 63, order = 10;
+constexpr int len = 63;
 constexpr double low = 0.15, high = 0.3;
 
 using Design = MoxStatus (*)(Mox64f*, int winType);
@@ -21,13 +21,10 @@ const struct {
     {"Bandpass", [](Mox64f* h, int w) { return moxsFIRGenBandpass_64f(low, high, h, len, w, 1); }},
     {"Bandstop", [](Mox64f* h, int w) { return moxsFIRGenBandstop_64f(low, high, h, len, w, 1); }}};
 
-Curve responseOf(const char* name, Design design, int winType) {
+Curve designed(const char* name, Design design, int winType) {
   std::vector<double> taps(len);
   require(design(taps.data(), winType), name);
-  Curve response{name, {}, decibels(taps, order)};
-  for (std::size_t k = 0; k < response.y.size(); ++k)
-    response.x.push_back(double(k) / (1 << order));
-  return response;
+  return responseOf(name, taps);
 }
 
 }  // namespace
@@ -35,11 +32,10 @@ Curve responseOf(const char* name, Design design, int winType) {
 void drawFilters(const std::filesystem::path& folder) {
   std::vector<Chart> charts;
   for (const auto& [name, design] : kinds)
-    charts.push_back(
-        {name,
-         {"cycles a sample", 0, 0.5},
-         {"dB", -120, 0},
-         {responseOf("none", design, -1), responseOf("Hamming", design, moxWindowHamming),
-          responseOf("Blackman", design, moxWindowBlackmanOpt)}});
+    charts.push_back({name,
+                      {"cycles a sample", 0, 0.5},
+                      {"dB", -120, 0},
+                      {designed("none", design, -1), designed("Hamming", design, moxWindowHamming),
+                       designed("Blackman", design, moxWindowBlackmanOpt)}});
   drawCharts(folder / "filters.svg", 2, charts);
 }

@@ -13,6 +13,8 @@ int main(int argc, char** argv) {
   return runProgram(app, argc, argv, [&] {
     drawWindows(folder);
     drawFilters(folder);
+    drawIirFilters(folder);
+    drawSparseFilters(folder);
     drawResampling(folder);
   });
 }

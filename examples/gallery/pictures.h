@@ -5,4 +5,6 @@
 
 void drawWindows(const std::filesystem::path& folder);
 void drawFilters(const std::filesystem::path& folder);
+void drawIirFilters(const std::filesystem::path& folder);
+void drawSparseFilters(const std::filesystem::path& folder);
 void drawResampling(const std::filesystem::path& folder);

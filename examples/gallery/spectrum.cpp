@@ -24,3 +24,15 @@ std::vector<double> decibels(const std::vector<double>& samples, int order) {
   }
   return power;
 }
+
+Curve responseOf(const std::string& name, const std::vector<double>& b,
+                 const std::vector<double>& a) {
+  constexpr int order = 10;
+  Curve response{name, {}, decibels(b, order)};
+  const std::vector<double> feedback = decibels(a, order);
+  for (std::size_t k = 0; k < response.y.size(); ++k) {
+    response.x.push_back(double(k) / (1 << order));
+    response.y[k] -= feedback[k];
+  }
+  return response;
+}

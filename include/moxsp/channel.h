@@ -36,12 +36,12 @@
  *
  * 1. **GetVarPointDV**, for each of both points. `dstPoint` is the reference point, the next one of
  *    the grid that lies to the left of the received point and below it (at most on it). `table`
- * holds the subset of each point of the grid, by rows of 4 from -512 on, and repeats in both
- * directions. `dstVar[subset]` becomes `{distance, candidate}` of the subset's nearest point, where
- * the distance is the sum of `v * v >> 4` for both coordinates v. Candidates, in steps of the pitch
- *    from the reference point: 0 to 3 are (0, 0), (1, 0), (1, 1), (0, 1); of 8 subsets the others
- *    have two each, 4 to 7 (2, 0), (2, 1), (-1, 0), (-1, 1), or, where these are not nearer, 8 to
- * 11 (0, 2), (0, -1), (1, 2), (1, -1). The table has both in one subset.
+ *    holds the subset of each point of the grid, by rows of 4 from -512 on, and repeats in both
+ *    directions. `dstVar[subset]` becomes `{distance, candidate}` of the subset's nearest point,
+ *    where the distance is the sum of `v * v >> 4` for both coordinates v. Candidates, in steps of
+ *    the pitch from the reference point: 0 to 3 are (0, 0), (1, 0), (1, 1), (0, 1); of 8 subsets
+ *    the others have two each, 4 to 7 (2, 0), (2, 1), (-1, 0), (-1, 1), or, where these are not
+ *    nearer, 8 to 11 (0, 2), (0, -1), (1, 2), (1, -1). The table has both in one subset.
  * 2. **BuildSymblTableDV4D**. `src` is `dstVar` of the first point, then that of the second.
  *    `dst[k]` becomes `{candidates, distance}` of the nearest symbol of the set k: the sum of both
  *    distances, and the candidate of the second point times 256 plus that of the first. With n
@@ -50,10 +50,9 @@
  *    (e + e / n) mod n. Of equal distances the first one counts.
  * 3. **CalcStatesDV**. Branch b of the state s leads to `nextStates[branches * s + b]` and takes
  *    the symbol `branch[2 * b + s % 2]`. Where the sum of its distance and `metric[s]`, modulo
- * 2^16, is less than `dst` of the next state, `dst` takes the sum, and `path[offset + next]`
- * becomes
- *    `{candidates, s}`. `dst` is to be set to 65535 before. States of the table count modulo the
- *    number of states.
+ *    2^16, is less than `dst` of the next state, `dst` takes the sum, and `path[offset + next]`
+ *    becomes `{candidates, s}`. `dst` is to be set to 65535 before. States of the table count
+ *    modulo the number of states.
  * 4. **UpdatePathMetricsDV** subtracts the least metric, which goes to `minMetric`, from all.
  *    `minIndex` is the first state that has it. `dst` may be `src`.
  *

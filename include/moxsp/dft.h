@@ -31,15 +31,15 @@ typedef struct MoxsDFTSpec MoxsDFTSpec;
  * (`32fc`, `64fc`, `16sc`) or in an array of real and one of imaginary parts (`32f`, `64f`, `16s`);
  * `R_` is for real data. The length alone decides the method:
  *
- * | Length                                                   | Method                             |
- * |----------------------------------------------------------|------------------------------------|
- * | 1 to 16                                                  | one straight-line transform        |
- * | a power of two                                           | the FFT (@ref fft_objects)         |
- * | a product of primes up to 50 (`64`: 90); one may go to 150 where 4 divides the length | passes
- * of mixed radices | | any other prime up to 50 (`64`: 90)                      | sums over a table
- * of roots         | | any other, up to 0x3FFFFFF (`64`: 0x1FFFFFF)             | convolution with
- * a chirp           |
+ * | Length                                       | Method                      |
+ * |----------------------------------------------|-----------------------------|
+ * | 1 to 16                                      | one straight-line transform |
+ * | a power of two                               | the FFT (@ref fft_objects)  |
+ * | a product of primes up to 50 (`64`: 90)      | passes of mixed radices     |
+ * | any other up to 50 (`64`: 90)                | sums over a table of roots  |
+ * | any other, up to 0x3FFFFFF (`64`: 0x1FFFFFF) | convolution with a chirp    |
  *
+ * The largest prime of a product may go to 150 where 4 divides the length.
  * A real transform of an even length above 16 takes the method of half its length, but for powers
  * of two. Products go to 0x7FFFFFF (`64`: 0x3FFFFFF), powers of two to the limits of the FFT. A
  * plan whose memory would pass 0x7FFFFFFF bytes is refused.
@@ -170,6 +170,8 @@ MOX_API MoxStatus moxsDFTInv_CToC_64f(const Mox64f* srcRe, const Mox64f* srcIm, 
  *
  * @return As for @ref dft_complex.
  * @note Relative error in the L2 norm as for @ref dft_complex.
+ * @see Sorensen and others, Real-valued fast Fourier transform algorithms, 1987; Hartley, A more
+ * symmetrical Fourier analysis applied to transmission problems, 1942.
  * @{ */
 MOX_API MoxStatus moxsDFTFwd_RToPerm_32f(const Mox32f* src, Mox32f* dst, const MoxsDFTSpec* spec,
                                          Mox8u* buffer);

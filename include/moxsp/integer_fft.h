@@ -86,8 +86,8 @@ MOX_API MoxStatus moxsFFTGetBufSize_R_16s32s(const MoxsFFTSpec* spec, int* size)
 /** @defgroup integer_fft_complex Complex FFT of integers
  * @ingroup topic_transforms
  * The transforms of @ref fft_complex with the factor that the object's flag asks for, times
- * 2^-scaleFactor, rounded to nearest, ties to even, and saturated. Any `int` is a valid factor.
- * `dst` may be `src`, `dstRe` `srcRe` and `dstIm` `srcIm`.
+ * 2^-scaleFactor, rounded to nearest, ties to even, and saturated. Any `int` is a valid factor;
+ * from 64 on results are 0. `dst` may be `src`, `dstRe` `srcRe` and `dstIm` `srcIm`.
  *
  * `buffer` has the size that moxsFFTGetBufSize tells and lies at any address. Without one, a null
  * pointer, a run takes memory and releases it.
@@ -97,7 +97,8 @@ MOX_API MoxStatus moxsFFTGetBufSize_R_16s32s(const MoxsFFTSpec* spec, int* size)
  * that is so at the largest order of each kind, whose numbers as floats no block of memory holds.
  * @note With X the exact result, s the factors, and eps 2^-24 for 16-bit and 2^-53 for 32-bit data,
  * a part of the result is within 1/2 + 4 eps s (sqrt(order) |src| + max |X|) of the exact one,
- * |src| being the L2 norm. Orders 0 to 2 are exact but for order 1 with flag 4.
+ * |src| being the L2 norm. Orders 0 to 2 are exact but for order 1 with flag 4,
+ * and with flag 8 the transform of an impulse at 0 is.
  * @{ */
 MOX_API MoxStatus moxsFFTFwd_CToC_16sc_Sfs(const Mox16sc* src, Mox16sc* dst,
                                            const MoxsFFTSpec* spec, int scaleFactor, Mox8u* buffer);

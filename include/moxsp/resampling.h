@@ -14,8 +14,9 @@
  *   Mox64f time = 0;
  *   int size, filterLen, filters, count;
  *   moxsSet_32f(0.5f, x, history + len + history);
- *   moxsResamplePolyphaseFixedGetSize_32f(44100, 48000, 2 * history, &size, &filterLen, &filters,
- * 0); state = (MoxsResamplePolyphaseFixedState*)moxsMalloc_8u(size);
+ *   moxsResamplePolyphaseFixedGetSize_32f(44100, 48000, 2 * history, &size, &filterLen,
+ *                                         &filters, 0);
+ *   state = (MoxsResamplePolyphaseFixedState*)moxsMalloc_8u(size);
  *   moxsResamplePolyphaseFixedInit_32f(44100, 48000, 2 * history, 0.95f, 9, state, 0);
  *   moxsResamplePolyphaseFixed_32f(x + history, len, y, 1, &time, &count, state);
  *   printf("%d filters of %d: ", filters, filterLen);  // 160 filters of 64:
@@ -84,8 +85,9 @@ typedef struct MoxsResamplePolyphaseFixedState MoxsResamplePolyphaseFixedState;
  *
  * The response is a sinc under a Kaiser window, a table of `nStep` points to an input sample:
  *
- *     h[i] = sin(pi rollf i / nStep) / (pi i / nStep) * I0(alpha sqrt(1 - (i / (n - 1))^2)) /
- * I0(alpha) h[0] = rollf, n = trunc(window / 2 * nStep) + 1, 0 <= i < n
+ *     h[i] = sin(pi rollf i / nStep) / (pi i / nStep)
+ *            * I0(alpha sqrt(1 - (i / (n - 1))^2)) / I0(alpha)
+ *     h[0] = rollf, n = trunc(window / 2 * nStep) + 1, 0 <= i < n
  *
  * times what makes h[0] + 2 (h[nStep] + h[2 nStep] + ...) one. `window` is its length in input
  * samples, `rollf` where it cuts off relative to half the sample rate, above 0 and up to 1, `alpha`

@@ -61,7 +61,9 @@ MOX_API MoxStatus moxsWinBartlett_64fc_I(Mox64fc* srcDst, int len);
  * Hann: w(n) = 0.5 - 0.5 cos(n t). Hamming: w(n) = 0.54 - 0.46 cos(n t). See @ref windows.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 3.
- * @note The weights are within 40 * 2^-53 of the formula, before they are rounded to their type.
+ * @note The weights are within 40 * 2^-53 of the formula, before they are rounded to their type. Of
+ * 16 bits, the constants, the products with the cosines and the differences are each rounded to
+ * `Mox32f`, which makes weights within 1.3 * 2^-24.
  * @{ */
 MOX_API MoxStatus moxsWinHamming_16s(const Mox16s* src, Mox16s* dst, int len);
 MOX_API MoxStatus moxsWinHamming_16s_I(Mox16s* srcDst, int len);

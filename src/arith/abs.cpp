@@ -1,8 +1,7 @@
 #include <moxsp/arith.h>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <limits>
 #include <type_traits>
 
 #include "frame/in_place.h"
@@ -15,15 +14,9 @@ template <class E>
 struct Absolute {
   template <class T>
   T operator()(T x) const {
-    if constexpr (std::is_integral_v<T>) {
-      return T(std::min(std::abs(Mox64s(x)), Mox64s(Limits<T>::max)));
-    } else if constexpr (std::is_integral_v<E>) {
-      // -x is ~x + 1, where ~x is x ^ sign; the one value that overflows goes back by one.
-      using Word = Beside<std::make_unsigned_t<E>, T>;
-      constexpr int top = 8 * sizeof(E) - 1;
-      const T sign = T(x >> top);
-      const Word opposite = Word(Word(x ^ sign) - Word(sign));
-      return T(opposite - Word(opposite >> top));
+    if constexpr (std::is_integral_v<E>) {
+      const auto m = magnitude(x);
+      return T(m - (m >> std::numeric_limits<E>::digits));  // one less where it has no sign left
     } else if constexpr (std::is_same_v<T, E>) {
       return std::fabs(x);
     } else {

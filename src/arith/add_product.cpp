@@ -25,13 +25,16 @@ MoxStatus addProductConstant(const Mox32f* src, Mox32f val, Mox32f* srcDst, int 
 }
 
 // With integers the whole sum is scaled.
-template <int magnitude, class D>
+template <class D>
 MoxStatus addProductScaled(const Mox16s* src1, const Mox16s* src2, D* srcDst, int len,
                            int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
-  mapScaled<magnitude>(
-      scaleFactor, [](auto a, auto b, auto c) { return c + a * b; }, srcDst, len, src1, src2,
-      srcDst);
+  if constexpr (std::is_same_v<D, Mox16s>)
+    Scale<D, 31>(scaleFactor).withRule([&](auto rule) {
+      mapWide<31>(rule, productSum, srcDst, len, src1, src2, srcDst);
+    });
+  else
+    mapScaled<32>(scaleFactor, productSum, srcDst, len, src1, src2, srcDst);
   return moxOk;
 }
 
@@ -41,8 +44,8 @@ MOX_EXPORT(moxsAddProduct_32f, addProduct<product>);
 MOX_EXPORT(moxsAddProduct_64f, addProduct<product>);
 MOX_EXPORT(moxsAddProduct_32fc, addProduct<complexProduct>);
 MOX_EXPORT(moxsAddProduct_64fc, addProduct<complexProduct>);
-MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled<31>);
-MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled<32>);
+MOX_EXPORT(moxsAddProduct_16s_Sfs, addProductScaled);
+MOX_EXPORT(moxsAddProduct_16s32s_Sfs, addProductScaled);
 MOX_EXPORT(moxsAddProductC_32f, addProductConstant);
 
 }  // namespace mox::arith

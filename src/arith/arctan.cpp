@@ -11,13 +11,14 @@ namespace {
 
 // A rational function of |x| up to 1, and of 1 / |x| above.
 struct Arctan32f {
-  using Element = Mox32f;
+  using Lanes = Register<Mox32f>;
 
-  static V<Mox32f> lanes(V<Mox32f> x) {
+  static Lanes lanes(Lanes x) {
     // The reciprocal of the largest float is 0, which is the right one for infinity.
-    const auto largest = broadcast<V<Mox32f>>(std::numeric_limits<Mox32f>::max());
-    const V<Mox32f> a = lesser(largest, absolute(x)), inverted = notAtMost(a, 1.0f);
-    const V<Mox32f> atan = arctanOfFraction(select(inverted, refinedReciprocal(a), a));
+    const auto largest = broadcast<Lanes>(std::numeric_limits<Mox32f>::max());
+    const Lanes a = lesser(largest, absolute(x));
+    const auto inverted = notAtMost(a, 1.0f);
+    const Lanes atan = arctanOfFraction(select(inverted, refinedReciprocal(a), a));
     return withSignOf(x, select(inverted, 1.5707963705062866f - atan, atan));
   }
 };
@@ -25,12 +26,11 @@ struct Arctan32f {
 // With t = a, (a - 1) / (a + 1) or -1 / a, whichever lies within tan(pi / 8) of 0, the angle of a
 // is that of t and 0, pi / 4 or pi / 2.
 struct Arctan64f {
-  using Element = Mox64f;
+  using Lanes = Register<Mox64f>;
 
-  static V<Mox64f> lanes(V<Mox64f> x) {
-    using Lanes = V<Mox64f>;
+  static Lanes lanes(Lanes x) {
     const Lanes a = absolute(x), zero = broadcast<Lanes>(0.0);
-    const Lanes middle = notAtMost(a, tangentOfEighthPi), far = notAtMost(a, 0x1.3504f333f9de6p+1);
+    const auto middle = notAtMost(a, tangentOfEighthPi), far = notAtMost(a, 0x1.3504f333f9de6p+1);
     const Lanes numerator = select(far, zero - 1.0, select(middle, a - 1.0, a));
     const Lanes denominator = select(far, a, select(middle, a + 1.0, zero + 1.0));
     const Lanes angle =

@@ -14,36 +14,36 @@ namespace {
 
 // In double precision.
 struct Exp64f {
-  using Element = Mox64f;
+  using Lanes = Register<Mox64f>;
 
-  static V<Mox64f> lanes(V<Mox64f> x) { return exponential(x); }
+  static Lanes lanes(Lanes x) { return exponential(x); }
 
   // Powers of two beyond the exponents of normal numbers.
-  static V<Mox64f> special(V<Mox64f> x) { return notAtMost(absolute(x), 708.0); }
+  static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 708.0); }
 
-  static V<Mox64f> rare(V<Mox64f> x, int&) {
+  static Lanes rare(Lanes x, int&) {
     // Infinity past the one bound, zero past the other: there the product would underflow slowly.
-    const V<Mox64f> zero = {}, isZero = V<Mox64f>(x < -746.0);
+    const Lanes zero = {}, isZero = Lanes(x < -746.0);
     const ExpArgument argument(select(isZero, zero, lesser(x, zero + 710.0)));
-    const V<Mox64f> half = nearestInteger(argument.exponent * 0.5);
-    const V<Mox64f> result =
+    const Lanes half = nearestInteger(argument.exponent * 0.5);
+    const Lanes result =
         expOfRest(argument.rest) * powersOfTwo(half) * powersOfTwo(argument.exponent - half);
-    return select(isZero, zero, select(V<Mox64f>(x != x), x + x, result));
+    return select(isZero, zero, select(Lanes(x != x), x + x, result));
   }
 };
 
 // In single precision.
 struct Exp32f {
-  using Element = Mox32f;
+  using Lanes = Register<Mox32f>;
 
-  static V<Mox32f> lanes(V<Mox32f> x) { return exponential(x); }
+  static Lanes lanes(Lanes x) { return exponential(x); }
 
-  static V<Mox32f> special(V<Mox32f> x) { return notAtMost(absolute(x), 87.33654022216797f); }
+  static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
-  static V<Mox32f> rare(V<Mox32f> x, int&) {
-    const auto most = broadcast<V<Mox32f>>(104.0f), least = -most;  // infinity, and zero
-    const V<Mox32f> result = inDoubles(greater(lesser(x, most), least), Exp64f::lanes);
-    return select(V<Mox32f>(x != x), x + x, result);
+  static Lanes rare(Lanes x, int&) {
+    const auto most = broadcast<Lanes>(104.0f), least = -most;  // infinity, and zero
+    const Lanes result = inDoubles(greater(lesser(x, most), least), Exp64f::lanes);
+    return select(Lanes(x != x), x + x, result);
   }
 };
 

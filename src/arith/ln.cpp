@@ -11,15 +11,15 @@ namespace {
 
 // In single precision: x = 2^e * m with m from 2/3 to 4/3, and a polynomial in m - 1.
 struct Ln32f {
-  using Element = Mox32f;
+  using Lanes = Register<Mox32f>;
 
-  static V<Mox32f> lanes(V<Mox32f> x) {
+  static Lanes lanes(Lanes x) {
     constexpr Mox32u least = 0x3F2AAAAB;  // two thirds
-    const auto above = Bits<V<Mox32f>>(x) - least;
-    const V<Mox32f> e = floatsOf(V<Mox32s>(above) >> 23);
-    const V<Mox32f> m = V<Mox32f>((above & 0x7FFFFF) + least);
-    const V<Mox32f> r = m - 1.0f;
-    V<Mox32f> q = r * -0.15177205204963684f + 0.16964881122112274f;
+    const auto above = Bits<Lanes>(x) - least;
+    const Lanes e = floatsOf(Beside<Mox32s, Lanes>(above) >> 23);
+    const Lanes m = Lanes((above & 0x7FFFFF) + least);
+    const Lanes r = m - 1.0f;
+    Lanes q = r * -0.15177205204963684f + 0.16964881122112274f;
     q = q * r - 0.16462457180023193f;
     q = q * r + 0.19822503626346588f;
     q = q * r - 0.25004664063453674f;
@@ -28,12 +28,12 @@ struct Ln32f {
     return e * 0.6931471824645996f + (r + r * r * q);
   }
 
-  static V<Mox32f> special(V<Mox32f> x) {
+  static Mask<Lanes> special(Lanes x) {
     using Range = std::numeric_limits<Mox32f>;
     return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
   }
 
-  static V<Mox32f> rare(V<Mox32f> x, int& code) {
+  static Lanes rare(Lanes x, int& code) {
     return lnOutsideItsDomain(x, inDoubles(x, Ln64f::lanes), code);
   }
 };

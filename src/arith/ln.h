@@ -20,30 +20,32 @@ inline MoxStatus lnStatus(int code) {
 void lnOfFloats(Mox32f* srcDst, long len);
 
 // x = 2^exponent * mantissa, the mantissa from sqrt(1/2) to sqrt(2), for normal x above 0.
+template <Of<Mox64f> T>
 struct LnArgument {
-  V<Mox64f> exponent, mantissa;
+  T exponent, mantissa;
 
-  [[gnu::always_inline]] explicit LnArgument(V<Mox64f> x) {
-    using Lanes = Bits<V<Mox64f>>;
+  [[gnu::always_inline]] explicit LnArgument(T x) {
+    using Integers = Bits<T>;
     constexpr Mox64u least = std::bit_cast<Mox64u>(0x1.6a09e667f3bcdp-1), one = Mox64u(1) << 52;
-    const Lanes biased = Lanes(x) + (1023 * one - least);
+    const Integers biased = Integers(x) + (1023 * one - least);
     // The exponent becomes the low bits of a number above 2^52.
-    const Lanes above = (biased >> 52) | std::bit_cast<Mox64u>(0x1p52);
-    exponent = V<Mox64f>(above) - (0x1p52 + 1023);
-    mantissa = V<Mox64f>((biased & (one - 1)) + least);
+    const Integers above = (biased >> 52) | std::bit_cast<Mox64u>(0x1p52);
+    exponent = T(above) - (0x1p52 + 1023);
+    mantissa = T((biased & (one - 1)) + least);
   }
 };
 
 // ln(x) = exponent * ln(2) + ln(1 + f), by way of s = f / (2 + f) and the series of
 // ln(1 + f) = 2 artanh(s) in z = s * s up to z^9, whose remainder is below 2^-55 of the result.
 // f - f * f / 2 is kept apart for its exact leading term.
-[[gnu::always_inline]] inline V<Mox64f> lnOf(LnArgument x) {
-  const V<Mox64f> f = x.mantissa - 1.0, s = f / (f + 2.0), z = s * s, z2 = z * z, z4 = z2 * z2;
-  const V<Mox64f> t1 = z * (2 / 5.0) + 2 / 3.0, t3 = z * (2 / 9.0) + 2 / 7.0,
-                  t5 = z * (2 / 13.0) + 2 / 11.0, t7 = z * (2 / 17.0) + 2 / 15.0;
-  const V<Mox64f> series = ((z4 * (2 / 19.0) + (t7 * z2 + t5)) * z4 + (t3 * z2 + t1)) * z;
-  const V<Mox64f> half = f * f * 0.5;
-  const V<Mox64f> low = s * (half + series) + x.exponent * 0x1.3de6af278ece6p-42;
+template <Of<Mox64f> T>
+[[gnu::always_inline]] inline T lnOf(LnArgument<T> x) {
+  const T f = x.mantissa - 1.0, s = f / (f + 2.0), z = s * s, z2 = z * z, z4 = z2 * z2;
+  const T t1 = z * (2 / 5.0) + 2 / 3.0, t3 = z * (2 / 9.0) + 2 / 7.0,
+          t5 = z * (2 / 13.0) + 2 / 11.0, t7 = z * (2 / 17.0) + 2 / 15.0;
+  const T series = ((z4 * (2 / 19.0) + (t7 * z2 + t5)) * z4 + (t3 * z2 + t1)) * z;
+  const T half = f * f * 0.5;
+  const T low = s * (half + series) + x.exponent * 0x1.3de6af278ece6p-42;
   return x.exponent * 0x1.62e42fefa3p-1 + (f - (half - low));
 }
 
@@ -62,19 +64,20 @@ template <class T>
 
 // The logarithm of doubles: a function for runFunction().
 struct Ln64f {
-  using Element = Mox64f;
+  using Lanes = Register<Mox64f>;
 
-  static V<Mox64f> lanes(V<Mox64f> x) { return lnOf(LnArgument(x)); }
+  static Lanes lanes(Lanes x) { return lnOf(LnArgument(x)); }
 
-  static V<Mox64f> special(V<Mox64f> x) {
+  template <Of<Mox64f> T>
+  static Mask<T> special(T x) {
     using Range = std::numeric_limits<Mox64f>;
     return either(notAtLeast(x, Range::min()), notAtMost(x, Range::max()));
   }
 
-  static V<Mox64f> rare(V<Mox64f> x, int& code) {
+  static Lanes rare(Lanes x, int& code) {
     // A subnormal number counts steps of 2^-1074. Arithmetic on the number itself would be slow.
-    const auto bits = Bits<V<Mox64f>>(x) | std::bit_cast<Mox64u>(0x1p52);
-    LnArgument steps(V<Mox64f>(bits) - 0x1p52);
+    const auto bits = Bits<Lanes>(x) | std::bit_cast<Mox64u>(0x1p52);
+    LnArgument steps(Lanes(bits) - 0x1p52);
     steps.exponent -= 1074.0;
     return lnOutsideItsDomain(x, lnOf(steps), code);
   }

@@ -1,7 +1,9 @@
 // The operations of the element-wise families, on scalars and vectors alike; complex numbers are
-// vectors of interleaved parts. Where a vector instruction saturates, or a sum can be halved in its
-// own width, an operation has these forms too.
+// vectors of interleaved parts. Where a vector instruction saturates, an operation has this form
+// too. Where 16-bit results need no wider lanes by one factor, scaled() makes them by `ownFactor`.
 #pragma once
+
+#include <limits>
 
 #include "frame/vec/vec.h"
 
@@ -24,9 +26,9 @@ struct Sum {
   static auto saturated(W a, W b) -> decltype(addSaturated(a, b)) {
     return addSaturated(a, b);
   }
-  // (a + b) / 2 to nearest, ties to even.
+  static constexpr int ownFactor = 1;
   template <Of<Mox16s> T>
-  static T halved(T a, T b) {
+  static T scaled(T a, T b) {
     const T x = a ^ b;
     return detail::halfToEven(T((a & b) + (x >> 1)), x);
   }
@@ -40,8 +42,9 @@ struct Difference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(a, b)) {
     return subtractSaturated(a, b);
   }
+  static constexpr int ownFactor = 1;
   template <Of<Mox16s> T>
-  static T halved(T a, T b) {
+  static T scaled(T a, T b) {
     const T x = a ^ b;
     return detail::halfToEven(T((x >> 1) - (~a & b)), x);
   }
@@ -55,9 +58,10 @@ struct ReverseDifference {
   static auto saturated(W a, W b) -> decltype(subtractSaturated(b, a)) {
     return subtractSaturated(b, a);
   }
+  static constexpr int ownFactor = 1;
   template <Of<Mox16s> T>
-  static T halved(T a, T b) {
-    return Difference::halved(b, a);
+  static T scaled(T a, T b) {
+    return Difference::scaled(b, a);
   }
 };
 inline constexpr ReverseDifference secondMinusFirst;
@@ -73,12 +77,34 @@ struct Product {
   static T saturated(T a, T b) {
     return a * b | T(multiplyHigh(a, b) != 0);
   }
+  static constexpr int ownFactor = 15;
   template <Of<Mox16s> T>
-  static auto wide(T a, T b) {
-    return multiplyWide(a, b);
+  static T scaled(T a, T b) {
+    a = inRegister(a), b = inRegister(b);
+    using Words = Beside<Mox16u, T>;
+    constexpr Mox16s least = std::numeric_limits<Mox16s>::min();
+    // 0 for a tie, which went up: the last bit of its quotient has to go. Else it is 2 or more.
+    const T fromTie = shiftLeft(multiplyLow(a, b), 1) ^ least;
+    const T r = multiplyFractions(a, b) & T(addSaturated(Words(fromTie), broadcast<Words>(0xFFFE)));
+    return r ^ (r == least);  // the product of -32768 with itself
   }
+  template <class T>
+  requires(sizeof(Lane<T>) == 2) static auto wide(T a, T b) { return multiplyWide(a, b); }
 };
 inline constexpr Product product;
+
+struct ProductSum {
+  constexpr auto operator()(auto a, auto b, auto c) const { return c + a * b; }
+
+  template <Of<Mox16s> T>
+  static auto wide(T a, T b, T c) {
+    b = inRegister(b), c = inRegister(c);
+    const T one = broadcast<T>(1);
+    return BlockHalves{multiplyAddPairs(unpackLow<Mox16s>(a, c), unpackLow<Mox16s>(b, one)),
+                       multiplyAddPairs(unpackHigh<Mox16s>(a, c), unpackHigh<Mox16s>(b, one))};
+  }
+};
+inline constexpr ProductSum productSum;
 
 // The factors are used twice each: held in registers, they are loaded once.
 struct ComplexProduct {

@@ -31,9 +31,10 @@ constexpr int magnitudeOf = std::is_same_v<Op, Product> ? bits<A> + bits<B>
 //   factor     type               way              lanes
 //   -1         not below sources  twiceSaturated   of the result
 //   up to 0    not below sources  saturated        of the result
-//   1          16s                halved           of the result
+//   its own    16s                scaled           of the result
 //   up to 9    8u                 inWords          16 bits, packed to bytes
 //   any        16s                wide             32 bits, two products to one result
+//   up to 16   16u                wide             the same
 //   any        any                exact            32-bit integers, doubles, or one by one
 template <auto op, class D, class A, class B>
 class Arithmetic {
@@ -55,11 +56,11 @@ class Arithmetic {
       if (factor_ == -1) return twiceSaturated();
       if (factor_ <= 0) return saturated();
     }
-    if constexpr (of16s && requires(Register v) { Op::halved(v, v); })
-      if (factor_ == 1) return halved();
+    if constexpr (of16s && lanesHoldSources && requires { Op::ownFactor; })
+      if (factor_ == Op::ownFactor) return scaled();
     if constexpr (std::is_same_v<T, Mox8u>)
       if (factor_ <= mostFactorInWords) return inWords();
-    if constexpr (of16s && lanesHoldSources && requires(Register v) { Op::wide(v, v); })
+    if constexpr (lanesHoldSources && requires(Register v) { Op::wide(v, v); })
       wide();
     else
       exact();
@@ -98,9 +99,9 @@ class Arithmetic {
     });
   }
 
-  [[gnu::always_inline]] void halved() const {
-    map(ScaledDown<magnitude>(1), [&](auto n, long i) {
-      return op.halved(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
+  [[gnu::always_inline]] void scaled() const {
+    map(ScaledDown<magnitude>(Op::ownFactor), [&](auto n, long i) {
+      return op.scaled(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
     });
   }
 
@@ -120,14 +121,18 @@ class Arithmetic {
     });
   }
 
-  // Whole results in two halves.
+  // Unsigned products have no bit free for the sum with half a unit.
+  static constexpr int mostFactorInLongs = 32 - bits<T>;
   [[gnu::always_inline]] void wide() const {
-    scale_.withRule([&](auto rule) __attribute__((always_inline)) {
-      map(rule, [&](auto n, long i) {
-        const auto r = op.wide(lanesFrom<Lanes<n>>(a_, i), lanesFrom<Lanes<n>>(b_, i));
-        return packBlocks<Mox16s>(BlockHalves{rule(r.low), rule(r.high)});
-      });
-    });
+    const auto by = [&](auto rule) __attribute__((always_inline)) {
+      mapWide<magnitude>(rule, op, dst_, len_, a_, b_);
+    };
+    if constexpr (of16s)
+      scale_.withRule(by);
+    else if (factor_ <= mostFactorInLongs)
+      by(ScaledDown<magnitude, true>(factor_));
+    else
+      exact();
   }
 
   // Doubles round products above 2^53; up to this factor those saturate 32 bits in any case.

@@ -15,7 +15,7 @@ using D = V<Mox64f>;
 // sin(x + turn pi / 2)
 template <int turn>
 struct Sine64f {
-  using Element = Mox64f;
+  using Lanes = D;
 
   static D lanes(D x) { return of(reduced(x)); }
   static D special(D x) { return notAtMost(absolute(x), largestAngle); }
@@ -39,7 +39,7 @@ struct Sine64f {
 // Single precision by way of double: the result is rounded once more.
 template <int turn>
 struct Sine32f {
-  using Element = Mox32f;
+  using Lanes = V<Mox32f>;
   using InDouble = Sine64f<turn>;
 
   static V<Mox32f> lanes(V<Mox32f> x) { return inDoubles(x, InDouble::lanes); }

@@ -1,9 +1,8 @@
 #include <moxsp/arith.h>
 
 #include "arith/mul_complex.h"
-#include "frame/elements.h"
+#include "arith/scaled.h"
 #include "frame/in_place.h"
-#include "frame/map_scaled.h"
 
 namespace mox::arith {
 namespace {
@@ -24,8 +23,7 @@ MoxStatus squareScaled(const E* src, E* dst, int len, int scaleFactor) {
   if constexpr (Complex<E>)
     mulComplexScaled(scaleFactor, dst, len, src, src);
   else
-    mapScaled<2 * 8 * sizeof(E) - 2 * std::is_signed_v<E>>(
-        scaleFactor, [](auto x) { return x * x; }, dst, len, src);
+    mapArithmetic<product>(scaleFactor, dst, len, src, src);
   return moxOk;
 }
 

@@ -20,7 +20,7 @@ constexpr int lanes = laneCount<Lanes>, vectorsPerStep = 4,
 
 class Product {
  public:
-  void multiply(LnArgument x) {
+  void multiply(LnArgument<Lanes> x) {
     exponent_ += x.exponent;
     mantissa_ *= x.mantissa;
   }

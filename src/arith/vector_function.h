@@ -2,7 +2,6 @@
 // another one for vectors with lanes that it does not serve.
 #pragma once
 
-#include <algorithm>
 #include <concepts>
 
 #include "frame/checks.h"
@@ -11,9 +10,9 @@
 
 namespace mox::arith {
 
-// A class that computes in the type Element: lanes(x) gives the results of a vector.
+// A class that computes in vectors of type Lanes: lanes(x) gives the results of one.
 template <class Function>
-concept VectorFunction = requires(V<typename Function::Element> x) {
+concept VectorFunction = requires(typename Function::Lanes x) {
   { Function::lanes(x) } -> std::same_as<decltype(x)>;
 };
 
@@ -21,31 +20,23 @@ concept VectorFunction = requires(V<typename Function::Element> x) {
 // sets a code that is still 0 if the caller is to be warned of one of them.
 template <class Function>
 concept WithSpecialLanes = VectorFunction<Function> &&
-    requires(V<typename Function::Element> x, int& code) {
-  { Function::special(x) } -> std::same_as<decltype(x)>;
+    requires(typename Function::Lanes x, int& code) {
+  { Function::special(x) } -> std::same_as<Mask<decltype(x)>>;
   { Function::rare(x, code) } -> std::same_as<decltype(x)>;
 };
 
 // A function of floats by way of doubles, whose results are rounded once more.
-template <class Op>
-[[gnu::always_inline]] inline V<Mox32f> inDoubles(V<Mox32f> x, Op op) {
+template <Of<Mox32f> T, class Op>
+[[gnu::always_inline]] inline T inDoubles(T x, Op op) {
+  using Doubles = V<Mox64f, laneCount<T> / 2>;
   const auto half = [&](auto v) {
-    return __builtin_convertvector(op(__builtin_convertvector(v, V<Mox64f>)),
-                                   Beside<Mox32f, V<Mox64f>>);
+    return __builtin_convertvector(op(__builtin_convertvector(v, Doubles)), decltype(v));
   };
   const auto [low, high] = halves(x);
-  return join<V<Mox32f>>(half(low), half(high));
+  return join<T>(half(low), half(high));
 }
 
 namespace detail {
-
-constexpr int functionBlock = 16;
-
-template <class Function>
-using FunctionLanes = V<typename Function::Element>;
-
-template <class Function>
-constexpr int vectorsPerBlock = functionBlock / laneCount<FunctionLanes<Function>>;
 
 template <class Lanes, class D>
 [[gnu::always_inline]] inline void storeResult(D* dst, Lanes result) {
@@ -55,60 +46,62 @@ template <class Lanes, class D>
     store(dst, __builtin_convertvector(result, V<D, laneCount<Lanes>>));
 }
 
-// A block with special lanes. Where one lane is special, most often all are.
-template <class Function, class S, class D>
-[[gnu::noinline]] void runRareBlock(const S* src, D* dst, int& code) {
-  using Lanes = FunctionLanes<Function>;
+// Vectors with special lanes. Where one lane is special, most often all are.
+template <class Function, int vectors, class S, class D>
+[[gnu::noinline]] void runRare(const S* src, D* dst, int& code) {
+  using Lanes = typename Function::Lanes;
   constexpr unsigned lanes = laneCount<Lanes>, all = (1u << lanes) - 1;
-  for (unsigned i = 0; i < functionBlock; i += lanes) {
-    const auto x = loadWidened<Lanes>(src + i), special = Function::special(x);
+  for (unsigned i = 0; i < vectors * lanes; i += lanes) {
+    const Lanes x = loadWidened<Lanes>(src + i);
+    const auto special = Function::special(x);
     auto result = Function::rare(x, code);
     if (unsigned(signBits(special)) != all) result = select(special, result, Function::lanes(x));
     storeResult(dst + i, result);
   }
 }
 
-template <class Function, class S, class D>
-[[gnu::always_inline]] inline void runBlock(const S* src, D* dst, int& code) {
-  using Lanes = FunctionLanes<Function>;
-  constexpr int vectors = vectorsPerBlock<Function>, lanes = laneCount<Lanes>;
+template <class Function, int vectors, class S, class D>
+[[gnu::always_inline]] inline void runVectors(const S* src, D* dst, int& code) {
+  using Lanes = typename Function::Lanes;
+  constexpr int lanes = laneCount<Lanes>;
   Lanes x[vectors], result[vectors];
   for (int j = 0; j < vectors; ++j) x[j] = loadWidened<Lanes>(src + j * lanes);
   if constexpr (WithSpecialLanes<Function>) {
-    Lanes special = Function::special(x[0]);
+    auto special = Function::special(x[0]);
     for (int j = 1; j < vectors; ++j) special = either(special, Function::special(x[j]));
     if (signBits(special)) [[unlikely]]
-      return runRareBlock<Function>(src, dst, code);
+      return runRare<Function, vectors>(src, dst, code);
   }
   for (int j = 0; j < vectors; ++j) result[j] = Function::lanes(x[j]);
   for (int j = 0; j < vectors; ++j) storeResult(dst + j * lanes, result[j]);
 }
 
-// Fewer elements than a block: the empty lanes compute the function of a harmless value.
+// Fewer elements than a vector: the empty lanes compute the function of a harmless value.
 template <class Function, class S, class D>
 [[gnu::noinline]] void runPart(const S* src, D* dst, long count, int& code) {
-  alignas(vectorBytes) S in[functionBlock];
-  alignas(vectorBytes) D out[functionBlock];
-  for (long i = 0; i < functionBlock; i += lanesOf<S>)
-    storeAligned(in + i, loadFirst<V<S>>(src + i, count - i, S(0.75)));
-  runBlock<Function>(in, out, code);
+  constexpr int lanes = laneCount<typename Function::Lanes>;
+  using In = V<S, lanes>;
+  alignas(In) S in[lanes];
+  D out[lanes];
+  storeAligned(in, loadFirst<In>(src, count, S(0.75)));
+  runVectors<Function, 1>(in, out, code);
   for (long i = 0; i < count; ++i) store(dst + i, out[i]);
 }
 
 }  // namespace detail
 
-// dst[i] = function of src[i]: a part up to the first vector boundary of `src` if a block follows,
-// blocks of 16, and a part for the rest. Returns the first code that an element noted, else 0.
+// dst[i] = function of src[i]. Returns the first code that an element noted, else 0. Several
+// vectors at a time keep the processor busy while each waits for the last result of its own.
 template <VectorFunction Function, class S, class D>
 int runFunction(const S* src, D* dst, int len) {
   if (len < 1 || anyNull(src, dst)) return 0;
   const MaskedExceptions scope;
+  constexpr long lanes = laneCount<typename Function::Lanes>, vectors = 4;
   int code = 0;
-  long i = peelCount(src);
-  if (i + detail::functionBlock > len) i = 0;
-  if (i > 0) detail::runPart<Function>(src, dst, i, code);
-  for (; i <= len - detail::functionBlock; i += detail::functionBlock)
-    detail::runBlock<Function>(src + i, dst + i, code);
+  long i = 0;
+  for (; i <= len - vectors * lanes; i += vectors * lanes)
+    detail::runVectors<Function, vectors>(src + i, dst + i, code);
+  for (; i <= len - lanes; i += lanes) detail::runVectors<Function, 1>(src + i, dst + i, code);
   if (i < len) detail::runPart<Function>(src + i, dst + i, len - i, code);
   return code;
 }

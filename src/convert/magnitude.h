@@ -6,13 +6,15 @@
 
 namespace mox::convert {
 
-template <class F>
-struct Magnitude {
-  static constexpr int lanes = lanesOf<F>;
+template <class T>
+struct MagnitudeLanes {
+  static constexpr int lanes = laneCount<T>;
   auto operator()(auto src, long i) const {
-    return squareRoot(squaredMagnitude(src.template lanes<V<F>>(i)));
+    return squareRoot(squaredMagnitude(src.template lanes<T>(i)));
   }
 };
+template <class F>
+using Magnitude = InWidest<MagnitudeLanes, F>;
 
 // Numbers of 16-bit parts, interleaved.
 template <int count>

@@ -17,15 +17,15 @@ namespace detail {
 template <class T>
 struct Octant {
   T smaller, larger;
-  T isSteep;  // mask: the imaginary part is the larger one
-  T isOut;    // mask: NaN, infinity, or parts that a kernel cannot divide
+  Mask<T> isSteep;  // the imaginary part is the larger one
+  Mask<T> isOut;    // NaN, infinity, or parts that a kernel cannot divide
 
   [[gnu::always_inline]] explicit Octant(Pair<T> z) {
     const T u = absolute(z.re), v = absolute(z.im), zero = {};
     const T most = greater(u, v);
     smaller = lesser(u, v);
-    larger = select(T(most > zero), most, zero + 1);
-    isSteep = T(v > u);
+    larger = select(isAbove(most, zero), most, zero + 1);
+    isSteep = isAbove(v, u);
     constexpr bool isSingle = sizeof(Lane<T>) == 4;
     constexpr Lane<T> highest = isSingle ? 0x1p100 : 0x1p1000, lowest = 1 / highest;
     isOut = either(notAtMost(u + v, highest), notAtLeast(larger, lowest));
@@ -37,36 +37,37 @@ struct Octant {
 template <class T>
 struct Angle {
   T value;
-  T isOut;  // mask of the lanes to be computed anew by phaseOfAny()
+  Mask<T> isOut;  // the lanes to be computed anew by phaseOfAny()
 };
 
 // The divisions by way of the processor's estimate of a reciprocal.
-[[gnu::always_inline]] inline Angle<V<Mox32f>> phaseLanes(Pair<V<Mox32f>> z) {
+template <Of<Mox32f> T>
+[[gnu::always_inline]] inline Angle<T> phaseLanes(Pair<T> z) {
   const detail::Octant o(z);
-  const V<Mox32f> angle = arith::arctanOfFraction(o.smaller * refinedReciprocal(o.larger));
-  const V<Mox32f> upTo90 = select(o.isSteep, 1.5707963705062866f - angle, angle);
+  const T angle = arith::arctanOfFraction(o.smaller * refinedReciprocal(o.larger));
+  const T upTo90 = select(o.isSteep, 1.5707963705062866f - angle, angle);
   return {withSignOf(z.im, select(z.re, 3.1415927410125732f - upTo90, upTo90)), o.isOut};
 }
 
 // A quotient above 0.3 is that of an angle next to atan(1/2), and of one from there: the difference
 // of the smaller part and half the larger is exact. Constants are in two parts, of which the first
 // have so few bits that their sums are exact.
-[[gnu::always_inline]] inline Angle<V<Mox64f>> phaseLanes(Pair<V<Mox64f>> z) {
-  using Lanes = V<Mox64f>;
+template <Of<Mox64f> T>
+[[gnu::always_inline]] inline Angle<T> phaseLanes(Pair<T> z) {
   constexpr Mox64f halfPi = 0x1.921fb54442d18p+0, halfPiRest = 0x1.1a62633145c07p-54;
   constexpr Mox64f base = 0x1.dac670561bb40p-2, baseRest = 0x1.ed15bf9117b2fp-51;
-  const Lanes zero = {}, one = zero + 1;
+  const T zero = {}, one = zero + 1;
   const detail::Octant o(z);
-  const Lanes isFar = Lanes(o.smaller > o.larger * 0.3);
-  const auto whereFar = [&](Mox64f v) { return Lanes(Bits<Lanes>(zero + v) & Bits<Lanes>(isFar)); };
-  const Lanes half = whereFar(0.5);
-  const Lanes quotient = (o.smaller - o.larger * half) / (o.larger + o.smaller * half);
-  const Bits<Lanes> turned = (Bits<Lanes>(o.isSteep) ^ Bits<Lanes>(z.re)) & signBit<Lanes>;
-  const auto turn = [&](Lanes v) { return Lanes(Bits<Lanes>(v) ^ turned); };
-  const Lanes t = turn(quotient), upTo90 = Lanes(Bits<Lanes>(one) & Bits<Lanes>(o.isSteep));
-  const Lanes quarters = select(z.re, 2 - upTo90, upTo90);
-  const Lanes from = quarters * halfPi + turn(whereFar(base));
-  const Lanes rest = quarters * halfPiRest + turn(whereFar(baseRest));
+  const T isFar = isAbove(o.smaller, o.larger * 0.3), isSteep = o.isSteep;
+  const auto whereFar = [&](Mox64f v) { return T(Bits<T>(zero + v) & Bits<T>(isFar)); };
+  const T half = whereFar(0.5);
+  const T quotient = (o.smaller - o.larger * half) / (o.larger + o.smaller * half);
+  const Bits<T> turned = (Bits<T>(isSteep) ^ Bits<T>(z.re)) & signBit<T>;
+  const auto turn = [&](T v) { return T(Bits<T>(v) ^ turned); };
+  const T t = turn(quotient), upTo90 = T(Bits<T>(one) & Bits<T>(isSteep));
+  const T quarters = select(z.re, 2 - upTo90, upTo90);
+  const T from = quarters * halfPi + turn(whereFar(base));
+  const T rest = quarters * halfPiRest + turn(whereFar(baseRest));
   return {withSignOf(z.im, absolute(from + (t + (arith::arctanExcess(t) + rest)))), o.isOut};
 }
 
@@ -91,7 +92,7 @@ Pair<T> normalised(Pair<T> z) {
 // Of any numbers: those that the kernels leave out are brought into their reach.
 template <class T>
 [[gnu::noinline]] T phaseOfAny(const Pair<T>& z) {
-  const auto beyond = [](T v) {
+  const auto beyond = [](T v) -> T {
     return notAtMost(absolute(v), std::numeric_limits<Lane<T>>::max());
   };
   const T zero = {}, isInfinite = either(beyond(z.re), beyond(z.im)), isOut = Octant(z).isOut;
@@ -107,17 +108,19 @@ template <class T>
 
 }  // namespace detail
 
-template <class F>
-struct Phase {
-  static constexpr int lanes = lanesOf<F>;
+template <class T>
+struct PhaseLanes {
+  static constexpr int lanes = laneCount<T>;
   auto operator()(auto src, long i) const {
-    const auto z = src.template lanes<V<F>>(i);
+    const auto z = src.template lanes<T>(i);
     const auto angle = phaseLanes(z);
     if (signBits(angle.isOut)) [[unlikely]]
       return detail::phaseOfAny(z);
     return angle.value;
   }
 };
+template <class F>
+using Phase = InWidest<PhaseLanes, F>;
 
 // Radians times 2^-factor, rounded to the nearest integer.
 template <class D>

@@ -10,12 +10,9 @@
 
 namespace mox {
 
-// What the operation with the most lanes takes at once.
-constexpr long complexBlock = std::max(16, laneCount<I<Mox16s>>);
-
-// What drivers need of a view. A piece takes up to a block of numbers out of memory and back.
+// What drivers need of a view. A piece takes up to so many numbers out of memory and back.
 template <class View>
-concept ComplexView = requires(View view, typename View::Piece piece, long i) {
+concept ComplexView = requires(View view, typename View::template Piece<16> piece, long i) {
   View::bytes;
   { view.from(i) } -> std::same_as<View>;
   { view.peel() } -> std::same_as<int>;
@@ -62,26 +59,27 @@ struct Array {
 
   E* p;
 
+  template <int count>
   struct Piece {
-    alignas(vectorBytes) Value e[complexBlock];
+    alignas(widestBytes) Value e[count];
     Array array() { return {e}; }
     // Zeros behind the last number.
-    void load(Array src, long count) {
-      using Words = V<Mox32f>;
-      for (long at = 0; at < long(sizeof e); at += vectorBytes)
-        storeAligned(reinterpret_cast<Mox8u*>(e) + at,
-                     loadFirst<Words>(reinterpret_cast<const Mox8u*>(src.p) + at,
-                                      (count * bytes - at) / 4, 0));
+    void load(Array src, long n) {
+      using Words = V<Mox32f, std::min(widestBytes, count * int(bytes)) / 4>;
+      for (long at = 0; at < count * bytes; at += sizeof(Words))
+        storeAligned(
+            reinterpret_cast<Mox8u*>(e) + at,
+            loadFirst<Words>(reinterpret_cast<const Mox8u*>(src.p) + at, (n * bytes - at) / 4, 0));
       if constexpr (bytes < 4)
-        if (count % 2) e[count - 1] = mox::load<Value>(src.p + count - 1);
+        if (n % 2) e[n - 1] = mox::load<Value>(src.p + n - 1);
     }
-    void store(Array dst, long count) const { std::memcpy(dst.p, e, std::size_t(count * bytes)); }
+    void store(Array dst, long n) const { std::memcpy(dst.p, e, std::size_t(n * bytes)); }
   };
 
   bool anyNull() const { return p == nullptr; }
   Array from(long i) const { return {p + i}; }
-  int peel() const { return peelCount(p); }
-  bool aligned() const { return isAligned(p, vectorBytes); }
+  int peel() const { return peelCount<widestBytes>(p); }
+  bool aligned() const { return isAligned(p, widestBytes); }
 
   template <class T>
   [[gnu::always_inline]] auto lanes(long i) const {
@@ -122,19 +120,18 @@ struct Split {
 
   E *re, *im;
 
+  template <int count>
   struct Piece {
-    typename Array<E>::Piece re, im;
+    typename Array<E>::template Piece<count> re, im;
     Split array() { return {re.e, im.e}; }
-    void load(Split src, long count) { re.load({src.re}, count), im.load({src.im}, count); }
-    void store(Split dst, long count) const {
-      re.store({dst.re}, count), im.store({dst.im}, count);
-    }
+    void load(Split src, long n) { re.load({src.re}, n), im.load({src.im}, n); }
+    void store(Split dst, long n) const { re.store({dst.re}, n), im.store({dst.im}, n); }
   };
 
   bool anyNull() const { return re == nullptr || im == nullptr; }
   Split from(long i) const { return {re + i, im + i}; }
-  int peel() const { return peelCount(re); }
-  bool aligned() const { return isAligned(re, vectorBytes) && isAligned(im, vectorBytes); }
+  int peel() const { return peelCount<widestBytes>(re); }
+  bool aligned() const { return isAligned(re, widestBytes) && isAligned(im, widestBytes); }
 
   template <class T>
   [[gnu::always_inline]] Pair<T> lanes(long i) const {

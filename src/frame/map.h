@@ -153,11 +153,11 @@ long alignedStart(const D* dst) {
 }  // namespace detail
 
 // Fills dst in steps: at(n, i) makes the results of the n elements from i on, where n is the type
-// of a number; one(i) stores that of a single element. `vecs` steps make a round of the loop. The
-// second step starts where the destination is aligned, and the last one ends with the array: both
-// may overlap the one before. Of two that overlap each is made before the other is stored: so `dst`
-// may be a source, and each element is the function of what it was. Arrays shorter than a step are
-// filled in narrower ones, down to `least` elements.
+// of a number; one(i) stores that of a single element. `vecs` steps make a round of the loop, which
+// starts where the destination is aligned. The first step and the last one, which ends with the
+// array, may overlap those of the loop: they are made before all others, and stored after them. So
+// `dst` may be a source, and each element is the function of what it was. Arrays shorter than a
+// step are filled in narrower ones, down to `least` elements.
 template <int step, int vecs, int least, class D, class At, class One>
 [[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one) {
   using namespace detail;
@@ -166,32 +166,27 @@ template <int step, int vecs, int least, class D, class At, class One>
   } else if (len < step) {
     forSteps<step / 2, 0, least>(false, dst, len, at, one);
   } else {
-    auto made = at(stepOf<step>, 0);  // not stored yet, from element `from` on
-    long from = 0, next = step;
-    // Below two steps the first and the last overlap, and one between them would overlap both.
+    const auto first = at(stepOf<step>, 0), last = at(stepOf<step>, len - step);
+    // What narrower steps fill is shorter than two of them.
     if constexpr (vecs > 0)
-      if (len >= 2 * step) {
-        next = alignedStart<step>(dst);
+      if (len > 2 * step) {
+        long i = alignedStart<step>(dst);
         const auto rounds = [&](auto put) __attribute__((always_inline)) {
           constexpr int round = vecs * step;
-          for (; next <= len - step - round; next += round)
-            for (long i = next; i < next + round; i += step)
-              putRegisters(dst + i, at(stepOf<step>, i), put);
+          for (; i <= len - step - round; i += round)
+            for (int j = 0; j < round; j += step)
+              putRegisters(dst + i + j, at(stepOf<step>, i + j), put);
         };
-        if (bypass && isAligned(dst + next, stepAlignment<step, D>)) {
+        if (bypass && isAligned(dst + i, stepAlignment<step, D>)) {
           rounds(bypassingCache);
           streamFence();
         } else {
           rounds(plainly);
         }
+        for (; i < len - step; i += step) putRegisters(dst + i, at(stepOf<step>, i), plainly);
       }
-    while (from < len - step) {
-      next = std::min(next, len - step);
-      const auto following = at(stepOf<step>, next);
-      putRegisters(dst + from, made, plainly);
-      made = following, from = next, next += step;
-    }
-    putRegisters(dst + from, made, plainly);
+    putRegisters(dst, first, plainly);
+    putRegisters(dst + len - step, last, plainly);
   }
 }
 

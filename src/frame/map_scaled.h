@@ -122,4 +122,21 @@ void mapScaled(int factor, Op exact, D* dst, long len, Source... src) {
   });
 }
 
+// The same by one rule, for 16-bit elements, where op.wide() makes the exact results in two halves.
+template <int bound, class D, class Op, class... Source>
+[[gnu::always_inline]] inline void mapWide(auto rule, Op op, D* dst, long len, Source... src) {
+  using T = Part<D>;
+  mapInteger<integerBytes / sizeof(D), 16 / sizeof(D)>(
+      dst, len,
+      [&](long i, int part) {
+        using R = Exact<bound>;
+        return saturate<T>(rule(R(op(R(partFrom(src, i, part))...))));
+      },
+      [&](auto n, long i) {
+        const auto r = op.wide(lanesFrom<V<T, n * partsPerElement<D>>>(src, i)...);
+        return packBlocks<T>(BlockHalves{rule(r.low), rule(r.high)});
+      },
+      src...);
+}
+
 }  // namespace mox

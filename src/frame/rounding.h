@@ -78,8 +78,9 @@ template <class R>
 
 }  // namespace detail
 
-// A factor above 0: division by 2^n, to nearest with ties to even.
-template <int bound>
+// A factor above 0: division by 2^n, to nearest with ties to even. `stopping` says that values too
+// large for the sum with half a unit saturate the result in any case: it may be made of less.
+template <int bound, bool stopping = false>
 class ScaledDown {
  public:
   explicit ScaledDown(int n) : n_(n) {}
@@ -93,6 +94,9 @@ class ScaledDown {
       return nearestInteger(r * powerOfTwo<Mox64f>(-std::min(n_, bound + 2)));
     else if constexpr (hasHeadroom)
       return shiftedInHeadroom(r);
+    else if constexpr (stopping)
+      return shiftedInHeadroom(
+          lesser(r, detail::all<R>(std::numeric_limits<E>::max() - (E(1) << (n_ - 1)))));
     else
       return shifted(r);
   }
@@ -196,10 +200,12 @@ class Scale {
 
   template <class Loop>
   [[gnu::always_inline]] void withRule(Loop loop) const {
-    if (factor_ > 0)
-      loop(ScaledDown<bound>(factor_));
-    else
+    if (factor_ <= 0)
       withUpwardRule(loop);
+    else if (factor_ <= mostStopping)
+      loop(ScaledDown<bound, (mostStopping > 0)>(factor_));
+    else
+      loop(ScaledDown<bound>(factor_));
   }
 
   // For factors of 0 and below.
@@ -219,6 +225,9 @@ class Scale {
   }
 
  private:
+  // Up to this factor 32 bits, less half a unit, hold more than all results of T.
+  static constexpr int mostStopping = bound == 31 ? 31 - Limits<T>::digits : 0;
+
   int factor_;
 };
 

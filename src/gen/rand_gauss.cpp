@@ -46,7 +46,7 @@ using Wide = V<Mox64f>;
 
 // sqrt(-2 ln(s) / s) for 0 < s < 1.
 [[gnu::always_inline]] inline Wide stretch(Wide s) {
-  return squareRoot(-2 * arith::Ln64f::lanes(s) / s);
+  return squareRoot(-2 * arith::lnOf(arith::LnArgument(s)) / s);
 }
 
 // Points of the circle are drawn into a pool, the coordinate that is drawn second first, and then

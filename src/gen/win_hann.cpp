@@ -9,21 +9,24 @@
 namespace mox::gen {
 namespace {
 
-// offset - amplitude cos(n theta) in double, rounded to F.
-template <class F>
+// offset - amplitude cos(n theta) as weights of elements E: computed in single precision for
+// integers, else in double.
+template <class E>
 class RaisedCosine {
+  using F = std::conditional_t<std::is_integral_v<Part<E>>, Mox32f, Mox64f>;
+
  public:
   RaisedCosine(Mox64f offset, Mox64f amplitude, int len)
-      : offset_(offset), cosine_(amplitude, twoPi / (len - 1), 0) {}
+      : offset_(F(offset)), cosine_(F(amplitude), twoPi / (len - 1), 0) {}
 
-  [[gnu::always_inline]] Block<F> next() {
-    const auto c = cosine_.cosines();
+  [[gnu::always_inline]] Block<FloatOf<E>> next() {
+    const auto c = inFormat<F>(cosine_.cosines());
     cosine_.advance();
-    return inFormat<F>(blockOf<Mox64f>([&](int j) { return offset_ - c.v[j]; }));
+    return inFormat<FloatOf<E>>(blockOf<F>([&](int j) { return offset_ - c.v[j]; }));
   }
 
  private:
-  Mox64f offset_;
+  F offset_;
   Oscillator<Mox64f> cosine_;
 };
 
@@ -33,7 +36,7 @@ template <class E>
 MoxStatus winHann(const E* src, E* dst, int len) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   const ResultScope<E> scope;
-  applyWindow(RaisedCosine<FloatOf<E>>(0.5, 0.5, len), src, dst, len);
+  applyWindow(RaisedCosine<E>(0.5, 0.5, len), src, dst, len);
   if (len == 3) zeroEnds(dst, len);
   return moxOk;
 }
@@ -42,7 +45,7 @@ template <class E>
 MoxStatus winHamming(const E* src, E* dst, int len) {
   if (MoxStatus s = checkWindow(src, dst, len, 3)) return s;
   const ResultScope<E> scope;
-  applyWindow(RaisedCosine<FloatOf<E>>(0.54, 0.46, len), src, dst, len);
+  applyWindow(RaisedCosine<E>(0.54, 0.46, len), src, dst, len);
   return moxOk;
 }
 

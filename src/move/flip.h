@@ -9,14 +9,12 @@
 namespace mox::move {
 
 // What carries elements from place to place, several or a single one, with no regard to what their
-// bits mean. Under AVX bytes and words are shuffled 16 bytes at a time, while the lanes of float
-// vectors go through a whole one.
+// bits mean. Bytes and words are shuffled in registers of integers.
 template <class E>
 struct Carrier {
   using Single = BitsOf<E>;
-  using Vector =
-      std::conditional_t<sizeof(E) == 8, V<Mox64f>,
-                         std::conditional_t<sizeof(E) == 4, V<Mox32f>, V<Single, 16 / sizeof(E)>>>;
+  using Vector = std::conditional_t<sizeof(E) == 8, V<Mox64f>,
+                                    std::conditional_t<sizeof(E) == 4, V<Mox32f>, I<Single>>>;
 };
 template <>
 struct Carrier<Mox64fc> {
@@ -34,8 +32,9 @@ constexpr long carried = sizeof(CarrierVector<E>) / sizeof(E);
 template <class E>
 [[gnu::always_inline]] inline CarrierVector<E> reversed(CarrierVector<E> v) {
   constexpr int perHalf = 16 / sizeof(E);
-  if constexpr (sizeof v == vectorBytes)
-    v = CarrierVector<E>(shuffle<[](int i) { return i ^ 2; }>(V<Mox64f>(v)));
+  constexpr int longs = sizeof v / 8;
+  if constexpr (sizeof v > 16)
+    v = CarrierVector<E>(shuffle<[](int i) { return i ^ (longs - 2); }>(V<Mox64f, longs>(v)));
   return shuffle<[](int i) { return i ^ (perHalf - 1); }>(v);
 }
 

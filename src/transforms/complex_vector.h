@@ -44,6 +44,20 @@ template <class T>
   return addSubtract(z * re, swapParts(z) * im);
 }
 
+template <class T>
+[[gnu::always_inline]] inline T conjugated(T v) {
+  constexpr int lanes = sizeof(T) / sizeof(v[0]);
+  using Bits = V<Mox32u>;
+  const T signs = shuffle<[](int i) { return i % 2 * lanes + i; }>(T{}, -T{});
+  return T(Bits(v) ^ Bits(signs));
+}
+
+// The numbers of a vector in reverse order.
+template <class T>
+[[gnu::always_inline]] inline T numbersReversed(T v) {
+  return shuffle<[](int i) { return laneCount<T> - 2 - i + i % 2 * 2; }>(v);
+}
+
 // z w, or z conj(w) in the inverse direction.
 template <Direction direction, class T>
 [[gnu::always_inline]] inline Pair<T> rotated(Pair<T> z, Pair<T> w) {

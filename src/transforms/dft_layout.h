@@ -92,7 +92,10 @@ struct DftShape {
       plan.realFwdTwiddle = detail::placeTable<F>(arena, 2 * realPairs());
       plan.realInvTwiddle = detail::placeTable<F>(arena, 2 * realPairs());
     }
-    if (plan.method == DftMethod::mixed) detail::placePasses(arena, plan);
+    if (plan.method == DftMethod::mixed) {
+      detail::placePasses(arena, plan);
+      plan.realOdd = isReal && len % 2 && halvesRows(plan);
+    }
     if (plan.method == DftMethod::direct)
       plan.direct = detail::placePrimeTable<F>(arena, plan.core);
     if (plan.method == DftMethod::chirp) {

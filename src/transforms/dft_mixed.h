@@ -38,8 +38,19 @@ constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
   return long(2 * first);
 }
 
+// Whether half of the rows of an odd length, and pairs of columns, fill vectors.
+template <class F>
+constexpr bool halvesRows(const DftSpec<F>& plan) {
+  return plan.pass[0].columns >= lanesOf<F> &&
+         plan.pass[plan.passes - 1].rows / 2 + 1 >= lanesOf<F> / 2;
+}
+
 // From the source to the target, which may be the same arrays: views, plain or scaled.
 template <class F, class Source, class Target>
 void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F* work);
+
+// Bins 0 to n/2 of n real samples, in the work area, of a plan that halves its rows.
+template <class F>
+const ComplexOf<F>* ownDftMixedReal(const DftSpec<F>& plan, const F* src, F* work);
 
 }  // namespace mox::transforms

@@ -1,5 +1,6 @@
 // The mixed-radix method in double precision.
 #include "transforms/dft_mixed_run.h"
+#include "transforms/dft_real_odd.h"
 
 namespace mox::transforms {
 
@@ -10,5 +11,6 @@ template void ownDftMixed(const DftSpec<Mox64f>&, const Scaled<Array<const Mox64
                           const Scaled<Array<Mox64fc>>&, Mox64f*);
 template void ownDftMixed(const DftSpec<Mox64f>&, const Scaled<Split<const Mox64f>>&,
                           const Scaled<Split<Mox64f>>&, Mox64f*);
+template const Mox64fc* ownDftMixedReal(const DftSpec<Mox64f>&, const Mox64f*, Mox64f*);
 
 }  // namespace mox::transforms

@@ -7,8 +7,8 @@
 namespace mox::transforms {
 namespace detail {
 
-template <class F, class Source>
-using ColumnsKernel = void (*)(const Source& src, Array<ComplexOf<F>> dst, const DftPass<F>& pass);
+template <class F, class Source, class Target>
+using ColumnsKernel = void (*)(const Source& src, const Target& dst, const DftPass<F>& pass);
 template <class F, class Target>
 using LastKernel = void (*)(Array<const ComplexOf<F>> src, const Target& dst,
                             const DftPass<F>& pass);
@@ -27,9 +27,8 @@ int numberOf(const DftPass<F>& pass) {
 }
 
 // All that they call must be inlined, or the numbers of a butterfly go through memory.
-template <int number, class F, class Source>
-[[gnu::flatten]] void columnsKernel(const Source& src, Array<ComplexOf<F>> dst,
-                                    const DftPass<F>& pass) {
+template <int number, class F, class Source, class Target>
+[[gnu::flatten]] void columnsKernel(const Source& src, const Target& dst, const DftPass<F>& pass) {
   joinColumns<F>(radixOf<number>(pass), src, dst, pass);
 }
 template <int number, class F, class Target>
@@ -38,13 +37,36 @@ template <int number, class F, class Target>
   joinLast<F>(radixOf<number>(pass), src, dst, pass);
 }
 
-template <class F, class Source>
-constexpr auto ownDftColumns = kernelTable<ColumnsKernel<F, Source>, mostButterfly + 1>(
-    [](auto number) { return columnsKernel<number, F, Source>; });
+// The passes of half the rows are those of odd lengths.
+template <class Target>
+constexpr bool hasKernel(int number) {
+  return !isHalf<Target> || number == 0 || (number > 1 && number % 2);
+}
+template <class F, class Source, class Target = Array<ComplexOf<F>>>
+constexpr auto ownDftColumns = kernelTable<ColumnsKernel<F, Source, Target>, mostButterfly + 1>(
+    [](auto number) -> ColumnsKernel<F, Source, Target> {
+      if constexpr (hasKernel<Target>(number)) return columnsKernel<number, F, Source, Target>;
+      return nullptr;
+    });
 template <class F, class Target>
-constexpr auto ownDftLast = kernelTable<LastKernel<F, Target>, mostButterfly + 1>([](auto number) {
-  return lastKernel<number, F, Target>;
-});
+constexpr auto ownDftLast =
+    kernelTable<LastKernel<F, Target>, mostButterfly + 1>([](auto number) -> LastKernel<F, Target> {
+      if constexpr (hasKernel<Target>(number)) return lastKernel<number, F, Target>;
+      return nullptr;
+    });
+
+template <class F>
+struct Areas {
+  Array<ComplexOf<F>> from, to;
+};
+// Results of the first pass lie so that those of the last but one come into the first area.
+template <class F>
+Areas<F> areasOf(const DftSpec<F>& plan, F* work) {
+  const Array<ComplexOf<F>> first = {reinterpret_cast<ComplexOf<F>*>(work)},
+                            second = first.from(mixedAreaNumbers(plan));
+  if (plan.passes % 2) return {second, first};
+  return {first, second};
+}
 
 }  // namespace detail
 
@@ -79,13 +101,10 @@ void primeButterfly(V<F>* a, const PrimeTable<F>& table) {
 
 template <class F, class Source, class Target>
 void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F* work) {
-  using C = ComplexOf<F>;
-  using Area = Array<C>;
-  using Const = Array<const C>;
+  using Area = Array<ComplexOf<F>>;
+  using Const = Array<const ComplexOf<F>>;
   const int last = plan.passes - 1;
-  Area from = {reinterpret_cast<C*>(work)}, to = from.from(mixedAreaNumbers(plan));
-  // Results of the first pass lie so that those of the last but one come into the first area.
-  if (last % 2 == 0) std::swap(from, to);
+  auto [from, to] = detail::areasOf(plan, work);
   const DftPass<F>& first = plan.pass[0];
   detail::ownDftColumns<F, Source>[detail::numberOf(first)](src, from, first);
   for (int i = 1; i < last; ++i) {

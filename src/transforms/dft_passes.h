@@ -49,6 +49,59 @@ void transform(int, V<F> (&a)[mostAnyRadix], const DftPass<F>& pass) {
   primeButterfly(a, *pass.prime);
 }
 
+// Where a pass puts its results: result c of a row goes to `apart` numbers behind result c - 1.
+template <class Target>
+[[gnu::always_inline]] inline Target rowOf(Target dst, long i) {
+  return dst.from(i);
+}
+template <class Radix, class T, class Target>
+[[gnu::always_inline]] inline void give(Radix radix, const T* a, Target to, long apart) {
+  each(radix, [&](auto c) {
+    to.putInterleaved(0, a[c]);
+    to = to.from(apart);
+  });
+}
+
+// Of real samples rows k and `rows` - k are conjugates, so that half of them are enough. Result c
+// of row k is row k + c `rows` of the next pass; those beyond the middle are put as their
+// conjugates, from the middle down. In the last pass rows are numbers.
+template <class F_, bool last>
+struct HalfRows {
+  using F = F_;
+  Array<ComplexOf<F>> up, down;
+
+  HalfRows from(long t) const { return {up.from(t), down.from(t)}; }
+};
+template <class F, bool last>
+[[gnu::always_inline]] inline HalfRows<F, last> rowOf(HalfRows<F, last> dst, long i) {
+  return {dst.up.from(i), dst.down.from(-i)};
+}
+template <class Radix, class T, class F, bool last>
+[[gnu::always_inline]] inline void give(Radix radix, const T* a, HalfRows<F, last> to, long apart) {
+  each(radix, [&](auto c) {
+    if (2 * c < radix) {
+      to.up.putInterleaved(0, a[c]);
+      to.up = to.up.from(apart);
+    } else {
+      constexpr long numbers = lanesOf<F> / 2;
+      const T z = conjugated(a[c]);
+      if constexpr (last)
+        to.down.putInterleaved(1 - numbers, numbersReversed(z));
+      else
+        to.down.putInterleaved(0, z);
+      to.down = to.down.from(-apart);
+    }
+  });
+}
+template <class Target>
+constexpr bool isHalf = false;
+template <class F, bool last>
+constexpr bool isHalf<HalfRows<F, last>> = true;
+template <class Target>
+constexpr long rowsTaken(long rows) {
+  return isHalf<Target> ? rows / 2 + 1 : rows;
+}
+
 // One row of a pass, over all columns; row 0 needs no twiddles.
 template <bool turns, class F, class Radix, class Source, class Target>
 [[gnu::always_inline]] inline void joinRow(Radix radix, Source src, Target dst, long apart,
@@ -67,11 +120,7 @@ template <bool turns, class F, class Radix, class Source, class Target>
                            broadcast<V<F>>(twiddle[2 * j - 1]));
         });
         transform(radix, a, pass);
-        Target to = dst.from(t);
-        each(radix, [&](auto c) {
-          to.putInterleaved(0, a[c]);
-          to = to.from(apart);
-        });
+        give(radix, a, dst.from(t), apart);
       });
 }
 
@@ -99,15 +148,15 @@ template <class C>
 }  // namespace detail
 
 // Any pass but the last one. The first has a single row, the source's numbers.
-template <class F, class Radix, class Source>
-[[gnu::always_inline]] inline void joinColumns(Radix radix, Source src, Array<ComplexOf<F>> dst,
+template <class F, class Radix, class Source, class Target>
+[[gnu::always_inline]] inline void joinColumns(Radix radix, Source src, Target dst,
                                                const DftPass<F>& pass) {
-  const long apart = long(pass.rows) * pass.columns;
+  const long apart = long(pass.rows) * pass.columns, rows = detail::rowsTaken<Target>(pass.rows);
   detail::joinRow<false>(radix, src, dst, apart, pass.twiddle, pass);
   const F* twiddle = pass.twiddle;
-  for (long k = 1; k < pass.rows; ++k, twiddle += 2 * (radix - 1))
-    detail::joinRow<true>(radix, src.from(k * radix * pass.columns), dst.from(k * pass.columns),
-                          apart, twiddle, pass);
+  for (long k = 1; k < rows; ++k, twiddle += 2 * (radix - 1))
+    detail::joinRow<true>(radix, src.from(k * radix * pass.columns),
+                          detail::rowOf(dst, k * pass.columns), apart, twiddle, pass);
 }
 
 template <class F, class Radix, class Target>
@@ -115,9 +164,8 @@ template <class F, class Radix, class Target>
                                             const DftPass<F>& pass) {
   constexpr int numbers = lanesOf<F> / 2;
   const F* twiddle = pass.twiddle;
-  const long rows = pass.rows;
   forVectors<F>(
-      rows, [&](long k) __attribute__((always_inline)) {
+      detail::rowsTaken<Target>(pass.rows), [&](long k) __attribute__((always_inline)) {
         V<F> a[detail::mostOf<Radix>], block[numbers];
         detail::each(radix, [&](auto j) {
           if (j % numbers == 0) detail::loadColumns(src.p + k * radix + j, radix, block);
@@ -128,11 +176,7 @@ template <class F, class Radix, class Target>
         });
         twiddle += (radix - 1) * lanesOf<F>;
         detail::transform(radix, a, pass);
-        Target to = dst.from(k);
-        detail::each(radix, [&](auto c) {
-          to.putInterleaved(0, a[c]);
-          to = to.from(rows);
-        });
+        detail::give(radix, a, detail::rowOf(dst, k), pass.rows);
       });
 }
 

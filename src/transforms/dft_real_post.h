@@ -7,12 +7,6 @@
 namespace mox::transforms {
 namespace detail {
 
-// The numbers of a vector in reverse order.
-template <class T>
-[[gnu::always_inline]] inline T numbersReversed(T v) {
-  return shuffle<[](int i) { return laneCount<T> - 2 - i + i % 2 * 2; }>(v);
-}
-
 // step(up, down, k) makes the values from k and from M - k on, of which those on one front are
 // conjugates. The last vectors end at M/2, reach back over those before, and so are read first.
 template <bool conjugateUp, class F, class Step>

@@ -8,6 +8,7 @@
 #include "transforms/dft_real_post.h"
 #include "transforms/dft_small.h"
 #include "transforms/fft_run.h"
+#include "transforms/fronts.h"
 #include "transforms/real_small.h"
 
 namespace mox::transforms {
@@ -113,11 +114,26 @@ void realForward(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   }
   if (plan.method == DftMethod::direct)
     return ownDftDirectReal(*plan.direct, src, dst, factor, work);
+  if (plan.realOdd) {
+    const C* const bins = ownDftMixedReal(plan, src, work);
+    store(dst, bins[0].re * factor);
+    return arith::ownsMulC(&bins[1].re, factor, dst + 1, n - 1);
+  }
   C* const numbers = widened(plan, work);
   for (long i = n - 1; i >= 0; --i) numbers[i] = {load<F>(src + i), 0};
   ownDftRun<Direction::forward, Array<C>>(plan, {numbers}, {numbers}, work);
   store(dst, numbers[0].re);
   std::memcpy(dst + 1, numbers + 1, std::size_t(n - 1) * sizeof(F));
+}
+
+// With H[k] = X[k].re + X[k].im and H[n - k] = X[k].re - X[k].im the samples are the sums of
+// H[k] (cos + sin)(2 pi k t / n): the parts of a transform of real numbers (Hartley, 1942) once
+// more added and subtracted.
+template <class F>
+void sumsAndDifferences(const F* pairs, F* dst, long n, F factor) {
+  pairsToFronts(pairs, dst + 1, dst + n - 1, n / 2, [factor](auto z, long) {
+    return Pair{(z.re + z.im) * factor, (z.re - z.im) * factor};
+  });
 }
 
 // From a Perm spectrum, to samples.
@@ -137,6 +153,14 @@ void realInverse(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   if (plan.method == DftMethod::direct)
     return ownDftDirectRealInverse(*plan.direct, src, dst, factor, work);
   C* const numbers = widened(plan, work);
+  if (plan.realOdd) {
+    F* const sums = parts(numbers);
+    store(sums, load<F>(src));
+    sumsAndDifferences(src + 1, sums, n, F(1));
+    const C* const bins = ownDftMixedReal(plan, sums, work);
+    store(dst, bins[0].re * factor);
+    return sumsAndDifferences(&bins[1].re, dst, n, factor);
+  }
   expandSpectrum<PermLayout>(src, numbers, n);
   ownDftRun<Direction::inverse, Array<C>>(plan, {numbers}, {numbers}, work);
   for (long i = 0; i < n; ++i) store(dst + i, numbers[i].re);

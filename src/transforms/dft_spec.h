@@ -54,6 +54,7 @@ struct DftSpec : MoxsDFTSpec {
   Mox32s core;                         // length of the complex transform that the method computes
   Mox32s convLen;                      // of the chirp method
   Mox32s passes;                       // of the mixed method
+  Mox32s realOdd;                      // not 0: on half of the rows, of real samples
   F *realFwdTwiddle, *realInvTwiddle;  // even lengths of real kinds
   PrimeTable<F>* direct;
   FftSpec<F>* fft;

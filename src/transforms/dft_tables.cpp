@@ -17,7 +17,7 @@ F* put(F* table, Twiddle<F> w) {
 
 // In the order in which the passes read them.
 template <class F>
-void writePassTwiddles(const DftPass<F>& pass, const Roots<F>& roots) {
+void writePassTwiddles(const DftPass<F>& pass, bool realOdd, const Roots<F>& roots) {
   const long length = long(pass.radix) * pass.rows;
   F* table = pass.twiddle;
   if (pass.columns > 1) {
@@ -25,7 +25,7 @@ void writePassTwiddles(const DftPass<F>& pass, const Roots<F>& roots) {
       for (long j = 1; j < pass.radix; ++j) table = put(table, roots.of(j * k, length));
     return;
   }
-  forVectors<F>(pass.rows, [&](long k) {
+  forVectors<F>(realOdd ? pass.rows / 2 + 1 : pass.rows, [&](long k) {
     for (long j = 1; j < pass.radix; ++j)
       for (long i = 0; i < lanesOf<F> / 2; ++i) table = put(table, roots.of(j * (k + i), length));
   });
@@ -116,7 +116,7 @@ void fillDft(DftSpec<F>& plan, bool isReal, int flag, int hint, Mox8u* initBuf) 
   if (plan.method == DftMethod::direct) writePrimeTable(*plan.direct, roots);
   if (plan.method == DftMethod::mixed)
     for (int i = 0; i < plan.passes; ++i) {
-      writePassTwiddles(plan.pass[i], roots);
+      writePassTwiddles(plan.pass[i], plan.realOdd, roots);
       if (plan.pass[i].prime) writePrimeTable(*plan.pass[i].prime, roots);
     }
   if (plan.method == DftMethod::chirp) {

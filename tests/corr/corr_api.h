@@ -5,8 +5,10 @@
 #include <moxsp.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <complex>
+#include <cstring>
 #include <numeric>
 
 #include "support/core_probe.h"
@@ -51,26 +53,39 @@ std::vector<Sum> sumsOf(const std::vector<E>& a, const std::vector<E>& b, int si
   return sums;
 }
 template <class E>
-std::vector<Sum> convolution(const std::vector<E>& a, const std::vector<E>& b) {
-  return sumsOf(a, b, -1, 0, long(a.size() + b.size()) - 1);
-}
-
-template <class E>
 long double norm(const std::vector<E>& v) {
   return std::sqrt(std::accumulate(v.begin(), v.end(), 0.0L,
                                    [](auto sum, E e) { return sum + std::norm(exactly(e)); }));
 }
 
-// As near as the header promises; `scale` is the product of the norms where transforms ran, else 0.
-template <class E>
-void expectNear(const std::vector<E>& got, const std::vector<Sum>& sums, long double scale) {
+// Sums over divisor(i), as near as the header promises; `scale` is the product of the norms where
+// transforms ran, else 0.
+template <class E, class Divisor>
+void expectNear(const std::vector<E>& got, const std::vector<Sum>& sums, long double scale,
+                Divisor divisor) {
   const long double u = std::numeric_limits<mox::Part<E>>::epsilon() / 2;
   for (std::size_t i = 0; i < sums.size(); ++i) {
     const auto& [value, magnitude, terms] = sums[i];
-    const long double bound = scale > 0 ? 16 * u * scale : u * (3 * terms + 2) * magnitude;
-    ASSERT_LE(std::abs(exactly(got[i]) - value), bound) << "output " << i << "; " << seedNote();
+    const long double over = terms ? divisor(sums[i]) : 1,
+                      error = scale > 0 && terms ? 16 * u * scale : u * (3 * terms + 2) * magnitude;
+    ASSERT_LE(std::abs(exactly(got[i]) - value / over), error / over)
+        << "output " << i << "; " << seedNote();
   }
 }
+
+// Those of 16 bits times 2^-factor, to nearest and saturated.
+template <class Divisor>
+void expectScaled(const std::vector<Mox16s>& got, const std::vector<Sum>& sums, int factor,
+                  Divisor divisor, double error = 0.5) {
+  for (std::size_t i = 0; i < sums.size(); ++i) {
+    const double mean = sums[i].terms ? double(sums[i].value.real()) / divisor(sums[i]) : 0;
+    ASSERT_NEAR(got[i], std::clamp(std::scalbln(mean, -long(factor)), -32768.0, 32767.0), error)
+        << "output " << i << ", factor " << factor << "; " << seedNote();
+  }
+}
+
+constexpr auto unchanged = [](const Sum&) { return 1; };
+constexpr auto overTerms = [](const Sum& sum) { return sum.terms; };
 
 template <class E>
 struct CorrApi;
@@ -100,24 +115,6 @@ int publishedSize(int order, int arrays) {
   return int(up(spec) + up(init) + up(work) + up((long(arrays) * sizeof(E)) << order) + 64);
 }
 
-// A buffer of that size at any address, and bytes behind it.
-class Buffer {
- public:
-  Buffer(int bytes, int offset) : memory_(bytes + 192, 0x5A) {
-    first_ = memory_.data() + offset + 64 - reinterpret_cast<std::uintptr_t>(memory_.data()) % 64;
-    behind_ = first_ + bytes;
-  }
-  Mox8u* data() { return first_; }
-  bool isIntact() const {
-    return std::all_of(behind_, memory_.data() + memory_.size(), [](int b) { return b == 0x5A; });
-  }
-
- private:
-  std::vector<Mox8u> memory_;
-  Mox8u* first_;
-  const Mox8u* behind_;
-};
-
 // Fails the allocations of a call one after the other; counts those of the call that succeeds.
 template <class Call>
 int allocationsOf(Call call) {
@@ -131,6 +128,53 @@ int allocationsOf(Call call) {
       return nth - 1;
     }
     EXPECT_EQ(status, moxErrMemAlloc);
+  }
+}
+
+// The order of a transform of n points.
+inline int log2Up(long n) { return int(std::ceil(std::log2(n))); }
+
+// What a function makes of certain signals, and how.
+template <class E>
+struct Expected {
+  std::vector<Sum> sums;
+  long double scale;  // of errors by transforms, 0 where none ever runs
+  bool isFft;         // by the automatic choice
+  int fftBytes, bytes;
+  long length = 0;  // that normalization A divides by, if the function has any
+};
+
+// Runs all forms of the function: call(form, y, more...) puts the signals before y, size(algType,
+// bytes) tells the buffer of the first form. The others have none: plain, with normalization A, B.
+template <class E, class Call, class Size, class Run, class... Alone>
+void expectForms(const Expected<E>& e, Call call, Size size, Run run, Alone... alone) {
+  const std::array runAlone = {alone...};
+  Random random(1);
+  for (const int algType : {moxAlgAuto, moxAlgDirect, moxAlgFft}) {
+    SCOPED_TRACE(testing::Message() << e.sums.size() << " outputs, algorithm " << algType);
+    const bool byFft = e.scale > 0 && (algType == moxAlgFft || (algType == moxAlgAuto && e.isFft));
+    int bytes = -1;
+    ASSERT_EQ(size(algType, &bytes), moxOk);
+    EXPECT_EQ(bytes, byFft ? e.fftBytes : e.bytes);
+    std::vector<Mox8u> buffer(bytes + 64);
+    std::vector<E> y(e.sums.size()), z(y);
+    if (e.bytes == 0) {
+      EXPECT_EQ(call(run, y.data(), algType, nullptr), byFft ? moxErrNullPtr : moxOk);
+    }
+    const auto expect = [&](int kind, auto divisor) {
+      EXPECT_EQ(call(run, y.data(), algType | kind, &buffer[random.below(64)]),
+                kind == 0x300 ? moxErrAlgType : moxOk);
+      expectNear(y, e.sums, byFft ? e.scale : 0, divisor);
+      if (algType != moxAlgAuto || kind / 0x100 >= int(runAlone.size())) return;
+      EXPECT_EQ(allocationsOf([&] { return call(runAlone[kind / 0x100], z.data()); }), byFft);
+      EXPECT_EQ(std::memcmp(y.data(), z.data(), y.size() * sizeof(E)), 0);
+    };
+    expect(0, unchanged);
+    if (e.length == 0) continue;
+    expect(moxAlgNormA, [&](const Sum&) { return e.length; });
+    expect(moxAlgNormB, overTerms);
+    expect(0x300, unchanged);
+    EXPECT_EQ(size(algType | 0x300, &bytes), moxErrAlgType);
   }
 }
 

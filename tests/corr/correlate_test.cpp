@@ -1,19 +1,8 @@
 #include "corr/corr_api.h"
-#include "support/exact_model.h"
 
 namespace {
 
 using namespace test;
-
-int log2Up(long n) { return int(std::ceil(std::log2(n))); }
-
-// Each sum over `divisor(i)`.
-template <class Divisor>
-std::vector<Sum> divided(std::vector<Sum> sums, Divisor divisor) {
-  for (std::size_t i = 0; i < sums.size(); ++i)
-    if (sums[i].terms > 0) sums[i].value /= divisor(i), sums[i].magnitude /= divisor(i);
-  return sums;
-}
 
 template <class E>
 class Correlation : public testing::Test {
@@ -24,95 +13,39 @@ class Correlation : public testing::Test {
     return !mox::Complex<E> ? real : sizeof(E) == 8 ? single : dbl;
   }
 
-  // All normalisations, with memory of the library's and of the caller's.
   void expectAuto(int len, int count) {
+    SCOPED_TRACE(testing::Message() << "length " << len);
     const auto x = random.vector<E>(len);
-    const auto sums = sumsOf(x, x, 1, 0, count);
-    for (const int algType : {moxAlgAuto, moxAlgDirect, moxAlgFft}) expectAuto(x, sums, algType);
-  }
-  void expectAuto(const std::vector<E>& x, const std::vector<Sum>& sums, int algType) {
-    const int len = int(x.size()), count = int(sums.size());
-    SCOPED_TRACE(testing::Message() << len << ", " << count << " lags, " << algType);
-    auto y = random.vector<E>(count), z = y;
-    const bool byFft =
-        algType == moxAlgFft || (algType == 0 && std::min(len, count) >= least(856, 152, 368));
-    const long double scale = byFft ? norm(x) * norm(x) : 0;
-    const auto byLength = divided(sums, [=](long) { return len; }),
-               byTerms = divided(sums, [=](long i) { return len - i; });
-    int bytes = 0;
-    ASSERT_EQ(moxsAutoCorrNormGetBufferSize(len, count, Api::dataType, algType, &bytes), moxOk);
-    EXPECT_EQ(bytes, byFft ? publishedSize<E>(log2Up(2L * len), 1) : 64);
-    Buffer buffer(bytes, int(random.below(64)));
-    const auto norm = [&](int kind) {
-      EXPECT_EQ(Api::autoCorrNorm(x.data(), len, y.data(), count, algType | kind, buffer.data()),
-                kind == 0x300 ? moxErrAlgType : moxOk);
-      EXPECT_TRUE(buffer.isIntact());
-    };
-    norm(0), expectNear(y, sums, scale);
-    norm(0x300), expectNear(y, sums, scale);
-    norm(moxAlgNormA), expectNear(y, byLength, scale / len);
-    norm(moxAlgNormB), expectNear(y, byTerms, byFft ? scale / (len - std::min(count, len) + 1) : 0);
-    if (algType != 0) return;
-    const auto plain = [&](auto f, int kind) {
-      EXPECT_EQ(allocationsOf([&] { return f(x.data(), len, z.data(), count); }), byFft);
-      norm(kind);
-      EXPECT_EQ(std::memcmp(y.data(), z.data(), count * sizeof(E)), 0);
-    };
-    plain(Api::autoCorr, 0), plain(Api::autoCorrA, moxAlgNormA), plain(Api::autoCorrB, moxAlgNormB);
+    expectForms<E>(
+        {sumsOf(x, x, 1, 0, count), norm(x) * norm(x), std::min(len, count) >= least(856, 152, 368),
+         publishedSize<E>(log2Up(2L * len), 1), 64, len},
+        [&](auto f, E* y, auto... more) { return f(x.data(), len, y, count, more...); },
+        [=](auto... more) {
+          return moxsAutoCorrNormGetBufferSize(len, count, Api::dataType, more...);
+        },
+        Api::autoCorrNorm, Api::autoCorr, Api::autoCorrA, Api::autoCorrB);
   }
 
   void expectCross(int len1, int len2, int count, int lowLag) {
+    SCOPED_TRACE(testing::Message() << len1 << " and " << len2 << ", lags from " << lowLag);
     const auto a = random.vector<E>(len1), b = random.vector<E>(len2);
     const auto sums = sumsOf(a, b, 1, lowLag, count);
-    for (const int algType : {moxAlgAuto, moxAlgDirect, moxAlgFft})
-      expectCross(a, b, sums, lowLag, algType);
-  }
-  void expectCross(const std::vector<E>& a, const std::vector<E>& b, const std::vector<Sum>& sums,
-                   int lowLag, int algType) {
-    const int len1 = int(a.size()), len2 = int(b.size()), count = int(sums.size());
-    SCOPED_TRACE(testing::Message() << len1 << " and " << len2 << ", " << count << " lags from "
-                                    << lowLag << ", " << algType);
-    auto y = random.vector<E>(count), z = y;
     const long kept = std::count_if(sums.begin(), sums.end(), [](auto& s) { return s.terms > 0; });
     const int shorter = std::min(len1, len2), longer = std::max(len1, len2);
-    const float weight = float(shorter) * float(kept) / float(longer);
-    const bool byFft =
-        kept > 0 && (algType == moxAlgFft ||
-                     (algType == 0 && weight >= least(sizeof(E) == 4 ? 384 : 512, 256, 512)));
-    const long skipped = std::max(0L, long(lowLag) + len1 - 1);
-    const bool whole = longer < 3 * shorter || skipped > shorter;
+    const bool whole = longer < 3 * shorter || long(lowLag) + len1 - 1 > shorter;
     const int order =
         whole ? std::max(log2Up(len1 + len2 - 1L), 1) : std::max(log2Up(2L * shorter), 1) + 1;
-    const long double scale = byFft ? norm(a) * norm(b) : 0;
-    int bytes = -1;
-    ASSERT_EQ(
-        moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, 0x300, &bytes),
-        moxErrAlgType);
-    ASSERT_EQ(
-        moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, algType, &bytes),
-        moxOk);
-    EXPECT_EQ(bytes, byFft ? publishedSize<E>(order, 2) : 0);
-    Buffer buffer(bytes, int(random.below(64)));
-    const auto run = [&](int kind) {
-      EXPECT_EQ(Api::crossCorrNorm(a.data(), len1, b.data(), len2, y.data(), count, lowLag,
-                                   algType | kind, byFft ? buffer.data() : nullptr),
-                kind == 0x300 ? moxErrAlgType : moxOk);
-      EXPECT_TRUE(buffer.isIntact());
-    };
-    run(moxAlgNormA), expectNear(y, divided(sums, [=](long) { return shorter; }), scale / shorter);
-    run(moxAlgNormB);
-    expectNear(y, divided(sums, [&](long i) { return sums[i].terms; }), scale);
-    run(0x300), expectNear(y, sums, scale);
-    run(0), expectNear(y, sums, scale);
-    EXPECT_EQ(Api::crossCorrNorm(a.data(), len1, b.data(), len2, z.data(), count, lowLag, algType,
-                                 nullptr),
-              byFft ? moxErrNullPtr : moxOk);
-    if (algType != 0) return;
-    EXPECT_EQ(allocationsOf([&] {
-                return Api::crossCorr(a.data(), len1, b.data(), len2, z.data(), count, lowLag);
-              }),
-              byFft);
-    EXPECT_EQ(std::memcmp(y.data(), z.data(), count * sizeof(E)), 0);
+    const bool isFft =
+        float(shorter) * float(kept) / float(longer) >= least(sizeof(E) == 4 ? 384 : 512, 256, 512);
+    expectForms<E>(
+        {sums, kept > 0 ? norm(a) * norm(b) : 0, isFft, publishedSize<E>(order, 2), 0, shorter},
+        [&](auto f, E* y, auto... more) {
+          return f(a.data(), len1, b.data(), len2, y, count, lowLag, more...);
+        },
+        [=](auto... more) {
+          return moxsCrossCorrNormGetBufferSize(len1, len2, count, lowLag, Api::dataType, more...);
+        },
+        Api::crossCorrNorm, Api::crossCorr);
   }
 
   Random random{1};
@@ -122,14 +55,10 @@ TYPED_TEST_SUITE(Correlation, AllFloats);
 
 TYPED_TEST(Correlation, OfOneSignalAgreesWithItsSum) {
   const int limit = this->least(856, 152, 368);
-  for (const auto& [len, count] : {std::pair(1, 1),
-                                   {1, 9},
-                                   {7, 3},
-                                   {100, 130},
-                                   {700, 260},
-                                   {1000, limit - 1},
-                                   {1000, limit},
-                                   {limit, 1100}}) {
+  const int cases[][2] = {{1, 1},        {1, 9},       {7, 3},
+                          {100, 130},    {700, 260},   {1000, limit - 1},
+                          {1000, limit}, {limit, 1100}};
+  for (const auto& [len, count] : cases) {
     this->expectAuto(len, count);
     if (this->HasFatalFailure()) return;
   }
@@ -137,75 +66,66 @@ TYPED_TEST(Correlation, OfOneSignalAgreesWithItsSum) {
 
 TYPED_TEST(Correlation, OfTwoSignalsAgreesWithItsSum) {
   const int most = this->least(sizeof(TypeParam) == 4 ? 384 : 512, 256, 512);
-  for (const auto& [len1, len2] : {std::pair(1, 1),
-                                   {3, 2},
-                                   {5, 80},
-                                   {80, 5},
-                                   {300, 500},
-                                   {500, 300},
-                                   {600, 600},
-                                   {400, 1200},
-                                   {1200, 400},
-                                   {600, 5000}})
-    for (const auto& [count, lowLag] : {std::pair(len1 + len2 - 1, 1 - len1),
-                                        {len1 + len2 + 9, -4 - len1},
-                                        {40, -20},
-                                        {9, 3},
-                                        {10, -10 - len1},
-                                        {10, len2},
-                                        {10, len2 - 1},
-                                        {3, INT_MIN},
-                                        {3, INT_MAX},
-                                        {most - 1, -10},
-                                        {most, 0},
-                                        {most, -most},
-                                        {len2, -len1 / 2}}) {
-      this->expectCross(len1, len2, std::max(count, 1), lowLag);
+  const int lengths[][2] = {{1, 1},     {3, 2},     {5, 80},     {80, 5},     {300, 500},
+                            {500, 300}, {600, 600}, {400, 1200}, {1200, 400}, {600, 5000}};
+  for (const auto& [len1, len2] : lengths) {
+    const int lags[][2] = {{len1 + len2 - 1, 1 - len1},
+                           {len1 + len2 + 9, -4 - len1},
+                           {40, -20},
+                           {9, 3},
+                           {10, -10 - len1},
+                           {10, len2},
+                           {10, len2 - 1},
+                           {3, INT_MIN},
+                           {3, INT_MAX},
+                           {most - 1, -10},
+                           {most, 0},
+                           {most, -most},
+                           {len2, -len1 / 2},
+                           {40, std::min(len1, len2) - len1 + 1}};  // the last for sections
+    for (const auto& [count, lowLag] : lags) {
+      this->expectCross(len1, len2, count, lowLag);
       if (this->HasFatalFailure()) return;
     }
+  }
 }
 
-TEST(CorrelationOfShorts, IsExactOrScaled) {
+TEST(CorrelationOfShorts, IsExactIn64Bits) {
   Random random(6);
-  for (const auto& [len1, len2, outputs, lowLag] :
-       {std::array{1, 1, 1, 0}, {300, 200, 520, -305}, {4, 700, 600, 50}, {9, 9, 5, 40}}) {
-    const int count = outputs;
+  const int cases[][4] = {{1, 1, 1, 0}, {300, 200, 520, -305}, {4, 700, 600, 50}, {9, 9, 5, 40}};
+  for (const auto& [len1, len2, count, lowLag] : cases) {
     auto a = random.vector<Mox16s>(len1), b = random.vector<Mox16s>(len2);
     std::fill(a.begin(), a.begin() + len1 / 2, -32768);
     std::fill(b.begin(), b.begin() + len2 / 2, -32768);
-    std::vector<Mox64s> exact(count);
-    ASSERT_EQ(moxsCrossCorr_16s64s(a.data(), len1, b.data(), len2, exact.data(), count, lowLag),
-              moxOk);
+    std::vector<Mox64s> y(count);
+    ASSERT_EQ(moxsCrossCorr_16s64s(a.data(), len1, b.data(), len2, y.data(), count, lowLag), moxOk);
     const auto sums = sumsOf(a, b, 1, lowLag, count);
-    for (int i = 0; i < count; ++i) ASSERT_EQ(exact[i], Mox64s(sums[i].value.real())) << i;
+    for (int i = 0; i < count; ++i) ASSERT_EQ(y[i], Mox64s(sums[i].value.real())) << i;
+  }
+}
 
-    // What floats hold comes out exact, divided by a power of two as well.
-    for (auto* v : {&a, &b})
-      for (Mox16s& e : *v) e = Mox16s(e >> 8);
-    a.resize(256);
-    const int factor = int(random.below(12)) - 2;
-    std::vector<Mox16s> cross(count), own(count), byLength(count);
-    const auto crossSums = sumsOf(a, b, 1, lowLag, count), ownSums = sumsOf(a, a, 1, 0, count);
-    ASSERT_EQ(
-        moxsCrossCorr_16s_Sfs(a.data(), 256, b.data(), len2, cross.data(), count, lowLag, factor),
-        moxOk);
-    EXPECT_EQ(allocationsOf(
-                  [&] { return moxsAutoCorr_16s_Sfs(a.data(), 256, own.data(), count, factor); }),
-              2);
-    ASSERT_EQ(moxsAutoCorr_NormA_16s_Sfs(a.data(), 256, byLength.data(), count, factor - 8), moxOk);
-    for (int i = 0; i < count; ++i) {
-      const auto scaled = [=](const Sum& sum) {
-        return scaledInteger(Int128(sum.value.real()), factor, rangeOf<Mox16s>);
-      };
-      ASSERT_EQ(cross[i], scaled(crossSums[i])) << i << "; " << seedNote();
-      ASSERT_EQ(own[i], scaled(ownSums[i])) << i << "; " << seedNote();
-      ASSERT_EQ(byLength[i], own[i]) << i;
-    }
-    ASSERT_EQ(moxsAutoCorr_NormB_16s_Sfs(a.data(), 256, own.data(), count, factor), moxOk);
-    for (int i = 0; i < std::min(count, 256); ++i) {
-      const double mean = double(ownSums[i].value.real()) / (256 - i) * std::exp2(-factor);
-      ASSERT_NEAR(own[i], std::clamp(mean, -32768.0, 32767.0), 0.51) << i;
-    }
+// Of what floats hold.
+TEST(CorrelationOfShorts, IsScaled) {
+  Random random(7);
+  constexpr int len = 256, count = 520, lowLag = -260;
+  auto a = random.vector<Mox16s>(len), b = random.vector<Mox16s>(len);
+  for (auto* v : {&a, &b})
+    for (Mox16s& e : *v) e = Mox16s(e >> 8);
+  const auto cross = sumsOf(a, b, 1, lowLag, count), own = sumsOf(a, a, 1, 0, count);
+  for (const int factor : {-2, 0, 3, 9}) {
+    std::vector<Mox16s> y(count);
+    const auto autoCorr = [&](auto f, int byFactor) {
+      return allocationsOf([&] { return f(a.data(), len, y.data(), count, byFactor); });
+    };
+    ASSERT_EQ(moxsCrossCorr_16s_Sfs(a.data(), len, b.data(), len, y.data(), count, lowLag, factor),
+              moxOk);
+    expectScaled(y, cross, factor, unchanged);
+    EXPECT_EQ(autoCorr(moxsAutoCorr_16s_Sfs, factor), 2);
+    expectScaled(y, own, factor, unchanged);
+    EXPECT_EQ(autoCorr(moxsAutoCorr_NormA_16s_Sfs, factor - 8), 2);
+    expectScaled(y, own, factor - 8, [](const Sum&) { return len; });
+    EXPECT_EQ(autoCorr(moxsAutoCorr_NormB_16s_Sfs, factor - 8), 2);
+    expectScaled(y, own, factor - 8, overTerms, 0.51);
   }
 }
 

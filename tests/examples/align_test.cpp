@@ -1,32 +1,18 @@
-#include <gmock/gmock.h>
-
-#include <cmath>
-
 #include "example_test.h"
 
 namespace {
 
 struct Found {
-  double seconds = NAN, confidence = NAN, similarity = NAN;
+  double seconds, confidence;
   std::string output;
 };
 
 Found align(const std::string& arguments) {
-  const Outcome outcome = runProgram(ALIGN, arguments);
-  Found found;
-  found.output = outcome.output;
-  EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
-  const std::size_t at = outcome.output.find("delay ");
-  EXPECT_NE(at, std::string::npos) << outcome.output;
-  std::sscanf(outcome.output.c_str() + at,
-              "delay %lf s (%*d frames), confidence %lf, similarity %lf", &found.seconds,
-              &found.confidence, &found.similarity);
-  return found;
+  const std::string output = outputOf(ALIGN, arguments);
+  return {figureBehind("delay ", output), figureBehind("confidence ", output), output};
 }
 
 using Align = ExampleTest;
-
-const std::string sounds = "/usr/share/sounds/alsa/";
 
 std::vector<double> monoOf(const std::string& name) { return readSound(sounds + name).samples; }
 
@@ -46,8 +32,7 @@ TEST_F(Align, FindsShiftedFilteredNoisyCopies) {
           smooth += 0.5 * ((j >= 0 && j < long(x.size()) ? x[j] : 0) - smooth);
           copy[i] = -0.6 * smooth + noiseLevel * noise(engine);
         }
-        SndfileHandle(path("copy.flac"), SFM_WRITE, SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 1, 48000)
-            .writef(copy.data(), long(copy.size()));
+        write("copy.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, {48000, 1, copy});
         const Found found = align(sounds + name + " " + path("copy.flac"));
         EXPECT_NEAR(found.seconds * 48000, shift, 2) << found.output;
         EXPECT_GT(found.confidence, 0.2) << found.output;
@@ -65,8 +50,7 @@ TEST_F(Align, WritesBothFromTheSameMomentOn) {
     const double mean = 0.25 * x[i - 1] + 0.5 * x[i] + 0.25 * x[i + 1];
     stereo.insert(stereo.end(), {mean, 0.5 * mean});
   }
-  SndfileHandle(path("half.wav"), SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 2, 24000)
-      .writef(stereo.data(), long(stereo.size()) / 2);
+  write("half.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, {24000, 2, stereo});
   const Found found =
       align(sounds + "Front_Left.wav " + path("half.wav") + " --into " + path("") + " --within 1");
   EXPECT_NEAR(found.seconds, -0.2, 1e-4) << found.output;

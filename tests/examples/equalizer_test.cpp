@@ -14,17 +14,30 @@ using Equalizer = ExampleTest;
 
 struct Band {
   std::string type;
-  double hz, db, q;
+  double hz, db, q = 0;  // of a designed filter the order and the ripple
 
+  bool isButterworth() const { return type.starts_with("butterworth"); }
   std::string option() const {
     char numbers[64];
-    std::snprintf(numbers, sizeof numbers, ":%g:%g:%g", hz, db, q);
+    std::snprintf(numbers, sizeof numbers, isButterworth() ? ":%g:%g" : ":%g:%g:%g", hz, db, q);
     return " --band " + type + numbers;
   }
 };
 
+// The squared magnitude is 1 / (1 + x^2n), or 1 / (1 + e^2 T(x)^2) with the Chebyshev polynomial T,
+// of the analogue frequency x over that of the edge, or the edge's over it.
+double designedDb(const Band& band, double rate, double w) {
+  const double ratio = std::tan(w / 2) / std::tan(M_PI * band.hz / rate);
+  const double x = band.type.ends_with("lowpass") ? ratio : 1 / ratio;
+  const double T = x < 1 ? std::cos(band.db * std::acos(x)) : std::cosh(band.db * std::acosh(x));
+  const double loss =
+      band.isButterworth() ? std::pow(x, 2 * band.db) : (std::pow(10, band.q / 10) - 1) * T * T;
+  return -10 * std::log10(1 + loss);
+}
+
 // The published formulas as they stand, of the response at angle w.
 double publishedDb(const Band& band, double rate, double w) {
+  if (band.type.find('-') != band.type.npos) return designedDb(band, rate, w);
   const double w0 = 2 * M_PI * band.hz / rate, c = std::cos(w0),
                alpha = std::sin(w0) / (2 * band.q);
   const double A = std::pow(10, band.db / 40), r = 2 * std::sqrt(A) * alpha;
@@ -88,6 +101,18 @@ TEST_F(Equalizer, TheWrittenFileHasTheResponseThatWasAskedFor) {
        1,
        {{"highpass", 30, 0, 0.8}, {"lowpass", 9000, -3, 2}}},
       {"d.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, {{"bandpass", 700, 3, 0.5}}},
+      {"e.wav",
+       SF_FORMAT_WAV | SF_FORMAT_PCM_16,
+       44100,
+       2,
+       {{"butterworth-highpass", 40, 3},
+        {"peak", 700, -6, 2},
+        {"chebyshev-lowpass", 16000, 2, 0.5}}},
+      {"f.wav",
+       SF_FORMAT_WAV | SF_FORMAT_FLOAT,
+       48000,
+       1,
+       {{"chebyshev-highpass", 45, 3, 2}, {"butterworth-lowpass", 19000, 12}}},
   };
   for (const auto& c : cases) {
     writeSound(c.name, c.format, c.rate, c.channels, 100000, 40000);
@@ -139,6 +164,12 @@ TEST_F(Equalizer, RefusesWhatItCannotDoWithAReason) {
       {in + out + " --band peak:nan:1:1", "above 0"},
       {in + out + " --band peak:100:1:0", "above 0"},
       {in + out + " --band peak:100:61:1", "60 dB"},
+      {in + out + " --band butterworth-lowpass:100:2:1", "TYPE:HZ:ORDER"},
+      {in + out + " --band chebyshev-lowpass:100:2", "TYPE:HZ:ORDER:RIPPLE"},
+      {in + out + " --band chebyshev-lowpass:100:2:0", "a ripple above 0"},
+      {in + out + " --band butterworth-highpass:100:2.5", "order of 1 to 12"},
+      {in + out + " --band butterworth-highpass:100:13", "order of 1 to 12"},
+      {in + out + " --band butterworth-highpass:10:8", "order is too high"},
       {in + out + " --band peak:4000:1:1", "half the sample rate, 4000 Hz"},
       {in + " " + in + " --band peak:100:1:1", "same file"},
   };

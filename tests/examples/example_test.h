@@ -2,12 +2,15 @@
 // files in a folder of their own.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <sndfile.hh>
@@ -28,6 +31,30 @@ inline Outcome runProgram(const std::string& program, const std::string& argumen
   return outcome;
 }
 
+// What a program prints that succeeds.
+inline std::string outputOf(const std::string& program, const std::string& arguments) {
+  const Outcome outcome = runProgram(program, arguments);
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
+  return outcome.output;
+}
+
+// The first figure behind some words of an output.
+inline double figureBehind(const std::string& words, const std::string& output) {
+  const std::size_t at = output.find(words);
+  EXPECT_NE(at, std::string::npos) << words << " in " << output;
+  return at == std::string::npos ? NAN : std::strtod(output.c_str() + at + words.size(), nullptr);
+}
+
+// Arguments that a program refuses, and what it says to them.
+inline void expectRefusals(const std::string& program,
+                           const std::vector<std::pair<std::string, std::string>>& refusals) {
+  for (const auto& [arguments, reason] : refusals) {
+    const Outcome outcome = runProgram(program, arguments);
+    EXPECT_NE(outcome.exitCode, 0) << arguments;
+    EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
+  }
+}
+
 struct Sound {
   int rate, channels;
   std::vector<double> samples;  // interleaved
@@ -40,6 +67,8 @@ inline Sound readSound(const std::filesystem::path& path) {
   return s;
 }
 
+inline const std::string sounds = "/usr/share/sounds/alsa/";
+
 class ExampleTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -50,6 +79,11 @@ class ExampleTest : public ::testing::Test {
 
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
 
+  void write(const std::string& name, int format, const Sound& s) const {
+    SndfileHandle(path(name), SFM_WRITE, format, s.channels, s.rate)
+        .writef(s.samples.data(), long(s.samples.size()) / s.channels);
+  }
+
   // Noise with a tone, something in every band; then silence.
   void writeSound(const std::string& name, int format, int rate, int channels, long frames,
                   long silence = 0) const {
@@ -59,8 +93,7 @@ class ExampleTest : public ::testing::Test {
     for (long i = 0; i < frames; ++i)
       for (int c = 0; c < channels; ++c)
         samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
-    SndfileHandle(path(name), SFM_WRITE, format, channels, rate)
-        .writef(samples.data(), frames + silence);
+    write(name, format, {rate, channels, samples});
   }
 
   std::filesystem::path folder_;

@@ -1,12 +1,6 @@
-#include <gmock/gmock.h>
-
-#include <cmath>
-
 #include "example_test.h"
 
 namespace {
-
-Outcome reverb(const std::string& arguments) { return runProgram(REVERB, arguments); }
 
 using Reverb = ExampleTest;
 
@@ -15,16 +9,15 @@ constexpr int floatWav = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
 
 // The sound is the convolution with what comes of an impulse, channel by channel.
 TEST_F(Reverb, IsAConvolutionWithTheRoom) {
-  std::vector<double> impulse(2 * frames);
-  impulse[0] = impulse[1] = 0.5;
-  SndfileHandle(path("impulse.wav"), SFM_WRITE, floatWav, 2, rate).writef(impulse.data(), frames);
+  Sound impulse = {rate, 2, std::vector<double>(2 * frames)};
+  impulse.samples[0] = impulse.samples[1] = 0.5;
+  write("impulse.wav", floatWav, impulse);
   writeSound("sound.wav", floatWav, rate, 2, frames);
   for (const char* name : {"impulse", "sound"}) {
     const std::string in = path(std::string(name) + ".wav"),
                       out = path(std::string(name) + "-r.wav");
-    const Outcome outcome = reverb(in + " " + out + " --time 0.4 --length 5 --width 4 --height 3");
-    ASSERT_EQ(outcome.exitCode, 0) << outcome.output;
-    EXPECT_THAT(outcome.output, testing::HasSubstr("reflections"));
+    EXPECT_THAT(outputOf(REVERB, in + " " + out + " --time 0.4 --length 5 --width 4 --height 3"),
+                testing::HasSubstr("reflections"));
   }
   const Sound x = readSound(path("sound.wav")), h = readSound(path("impulse-r.wav")),
               y = readSound(path("sound-r.wav"));
@@ -55,11 +48,11 @@ TEST_F(Reverb, IsAConvolutionWithTheRoom) {
 
 TEST_F(Reverb, RefusesWhatIsNoRoom) {
   writeSound("sound.wav", floatWav, rate, 1, 100);
-  const std::string files = path("sound.wav") + " " + path("out.wav");
-  for (const char* wrong : {" --time 0", " --length 0.2", " --height x"})
-    EXPECT_NE(reverb(files + wrong).exitCode, 0) << wrong;
-  EXPECT_THAT(reverb(path("sound.wav") + " " + path("sound.wav")).output,
-              testing::HasSubstr("same file"));
+  const std::string in = path("sound.wav"), files = in + " " + path("out.wav");
+  expectRefusals(REVERB, {{files + " --time 0", "--time"},
+                          {files + " --length 0.2", "--length"},
+                          {files + " --height x", "--height"},
+                          {in + " " + in, "same file"}});
   EXPECT_FALSE(std::filesystem::exists(path("out.wav")));
 }
 

@@ -33,11 +33,10 @@ struct UniformModel {
   Model model;
   double mid, range;
 
+  // In the arithmetic of floats, or in doubles.
   UniformModel(T low, T high, std::uint32_t seed) : model(seed) {
-    if constexpr (std::is_floating_point_v<T>)
-      mid = double(low + high) * 0.5, range = double(high - low) * 0x1p-32;
-    else
-      mid = (int(low) + int(high)) * 0.5, range = (int(high) - int(low)) * 0x1p-32;
+    using F = std::conditional_t<std::is_integral_v<T>, double, T>;
+    mid = double(F(low) + F(high)) * 0.5, range = double(F(high) - F(low)) * 0x1p-32;
   }
   T next() { return T(mid + range * model.next()); }
 };
@@ -110,28 +109,28 @@ void expectDirect(MoxStatus (*direct)(T*, int, T, T, Mox32u*), T x, T y) {
     }
 }
 
+#define EXPECT_STREAM(kind, type, x, y)                                                           \
+  expectStream<kind##Model<Mox##type>>(moxsRand##kind##InitAlloc_##type, moxsRand##kind##_##type, \
+                                       moxsRand##kind##Free_##type, Mox##type(x), Mox##type(y))
+#define EXPECT_DIRECT(kind, type, x, y) \
+  expectDirect<kind##Model<Mox##type>>(moxsRand##kind##_Direct_##type, Mox##type(x), Mox##type(y))
+
 TEST(RandUniform, FollowsItsRule) {
-  expectStream<UniformModel<Mox8u>>(moxsRandUniformInitAlloc_8u, moxsRandUniform_8u,
-                                    moxsRandUniformFree_8u, Mox8u(3), Mox8u(250));
-  expectStream<UniformModel<Mox16s>>(moxsRandUniformInitAlloc_16s, moxsRandUniform_16s,
-                                     moxsRandUniformFree_16s, Mox16s(-32768), Mox16s(32767));
-  expectStream<UniformModel<Mox32f>>(moxsRandUniformInitAlloc_32f, moxsRandUniform_32f,
-                                     moxsRandUniformFree_32f, -0.1f, 1e6f);
-  expectDirect<UniformModel<Mox16s>>(moxsRandUniform_Direct_16s, Mox16s(200), Mox16s(-100));
-  expectDirect<UniformModel<Mox32f>>(moxsRandUniform_Direct_32f, 7.7f, 7.7f);
-  expectDirect<UniformModel<Mox64f>>(moxsRandUniform_Direct_64f, -1.0, 0.3);
+  EXPECT_STREAM(Uniform, 8u, 3, 250);
+  EXPECT_STREAM(Uniform, 16s, -32768, 32767);
+  EXPECT_STREAM(Uniform, 32f, -0.1, 1e6);
+  EXPECT_DIRECT(Uniform, 16s, 200, -100);
+  EXPECT_DIRECT(Uniform, 32f, 7.7, 7.7);
+  EXPECT_DIRECT(Uniform, 64f, -1, 0.3);
 }
 
 TEST(RandGauss, FollowsItsRule) {
-  expectStream<GaussModel<Mox8u>>(moxsRandGaussInitAlloc_8u, moxsRandGauss_8u, moxsRandGaussFree_8u,
-                                  Mox8u(100), Mox8u(90));
-  expectStream<GaussModel<Mox16s>>(moxsRandGaussInitAlloc_16s, moxsRandGauss_16s,
-                                   moxsRandGaussFree_16s, Mox16s(-3), Mox16s(20000));
-  expectStream<GaussModel<Mox32f>>(moxsRandGaussInitAlloc_32f, moxsRandGauss_32f,
-                                   moxsRandGaussFree_32f, 0.5f, 3.0f);
-  expectDirect<GaussModel<Mox16s>>(moxsRandGauss_Direct_16s, Mox16s(10), Mox16s(-400));
-  expectDirect<GaussModel<Mox32f>>(moxsRandGauss_Direct_32f, 1e6f, 1.0f);
-  expectDirect<GaussModel<Mox64f>>(moxsRandGauss_Direct_64f, -2.0, 0.7);
+  EXPECT_STREAM(Gauss, 8u, 100, 90);
+  EXPECT_STREAM(Gauss, 16s, -3, 20000);
+  EXPECT_STREAM(Gauss, 32f, 0.5, 3);
+  EXPECT_DIRECT(Gauss, 16s, 10, -400);
+  EXPECT_DIRECT(Gauss, 32f, 1e6, 1);
+  EXPECT_DIRECT(Gauss, 64f, -2, 0.7);
 }
 
 }  // namespace

@@ -6,19 +6,15 @@
 #include <climits>
 #include <vector>
 
-#include "frame/elements.h"
 #include "support/random.h"
+#include "support/same_bits.h"
 
 namespace {
 
-template <class E>
-using Sampling = MoxStatus (*)(const E*, int, E*, int*, int, int*);
+using test::sameBits;
 
 template <class E>
-std::vector<Mox64f> numbers(const std::vector<E>& v, long count) {
-  std::vector<Mox64f> all(mox::parts(v.data()), mox::parts(v.data() + count));
-  return all;
-}
+using Sampling = MoxStatus (*)(const E*, int, E*, int*, int, int*);
 
 template <class E>
 void checkSampling(Sampling<E> up, Sampling<E> down) {
@@ -33,7 +29,7 @@ void checkSampling(Sampling<E> up, Sampling<E> down) {
       ASSERT_EQ(up(x.data(), len, wide.data(), &count, factor, &phase), moxOk);
       ASSERT_EQ(count, len * factor);
       ASSERT_EQ(phase, start);
-      ASSERT_EQ(numbers(wide, count), numbers(expected, count)) << len << " by " << factor;
+      ASSERT_TRUE(sameBits(wide, expected)) << len << " by " << factor;
 
       int taken = 0;
       for (int done = 0, block = 0; done < count; done += block) {
@@ -44,9 +40,10 @@ void checkSampling(Sampling<E> up, Sampling<E> down) {
       }
       ASSERT_EQ(taken, len);
       ASSERT_EQ(phase, start);
-      ASSERT_EQ(numbers(back, len), numbers(x, len)) << len << " by " << factor;
+      ASSERT_TRUE(sameBits(back, x)) << len << " by " << factor;
       ASSERT_EQ(down(wide.data(), count, wide.data(), &taken, factor, &phase), moxOk);
-      ASSERT_EQ(numbers(wide, len), numbers(x, len)) << "in place, " << len << " by " << factor;
+      wide.resize(len);
+      ASSERT_TRUE(sameBits(wide, x)) << "in place, " << len << " by " << factor;
     }
 }
 

@@ -1,9 +1,12 @@
-// The sum that defines the transforms, in long double.
+// The sum that defines the transforms, in long double, and the factors of their flags.
 #pragma once
 
 #include <complex>
+#include <map>
 #include <numbers>
 #include <vector>
+
+#include "support/random.h"
 
 namespace test {
 
@@ -41,5 +44,32 @@ inline std::vector<Complex> exactTransform(const std::vector<Complex>& x, bool i
   };
   return ofPart(ofPart, 0, 1);
 }
+
+struct Flag {
+  int value;
+  double forward, inverse;  // the factors are n to these powers
+};
+constexpr Flag flags[] = {{8, 0, 0}, {1, -1, 0}, {2, 0, -1}, {4, -0.5, -0.5}};
+
+// Noise of a length, of 16-bit integers, and its spectrum.
+struct Noise {
+  std::vector<Complex> signal, spectrum;
+
+  static const Noise& of(long n) {
+    static std::map<long, Noise> made;
+    Noise& noise = made[n];
+    if (!noise.signal.empty()) return noise;
+    Random random;
+    for (long i = 0; i < n; ++i)
+      noise.signal.emplace_back(random.value<Mox16s>(), random.value<Mox16s>());
+    noise.spectrum = exactTransform(noise.signal);
+    return noise;
+  }
+  // Bin k for the samples, or for their real parts alone.
+  Complex bin(long k, bool real) const {
+    if (!real) return spectrum[k];
+    return (spectrum[k] + std::conj(spectrum[k ? spectrum.size() - k : 0])) / 2.0L;
+  }
+};
 
 }  // namespace test

@@ -5,13 +5,11 @@
 
 namespace test {
 
-enum class Layout { perm, pack, ccs };
+enum class Layout { perm, pack, ccs, complex };
 
 inline std::ostream& operator<<(std::ostream& out, Layout layout) {
   return out << (layout == Layout::perm ? "Perm" : layout == Layout::pack ? "Pack" : "CCS");
 }
-
-constexpr Layout layouts[] = {Layout::perm, Layout::pack, Layout::ccs};
 
 inline long packedSize(Layout layout, long n) { return layout == Layout::ccs ? n / 2 * 2 + 2 : n; }
 

@@ -2,8 +2,6 @@
 #include <moxsp.h>
 
 #include <cmath>
-#include <functional>
-#include <memory>
 
 #include "support/random.h"
 
@@ -12,106 +10,104 @@ namespace {
 using test::Random;
 using Floats = std::vector<Mox32f>;
 
-struct Offsets {
-  int low, high;
-};
-
+// The functions of a direction.
 template <class D>
-struct Api;
-#define BANK_API(D, type, inverseType)                                    \
-  template <>                                                             \
-  struct Api<D> {                                                         \
-    static constexpr auto forwardInit = moxsWTFwdInitAlloc_##type;        \
-    static constexpr auto forward = moxsWTFwd_##type;                     \
-    static constexpr auto forwardGet = moxsWTFwdGetDlyLine_##type;        \
-    static constexpr auto forwardSet = moxsWTFwdSetDlyLine_##type;        \
-    static constexpr auto forwardFree = moxsWTFwdFree_##type;             \
-    static constexpr auto inverseInit = moxsWTInvInitAlloc_##inverseType; \
-    static constexpr auto inverse = moxsWTInv_##inverseType;              \
-    static constexpr auto inverseGet = moxsWTInvGetDlyLine_##inverseType; \
-    static constexpr auto inverseSet = moxsWTInvSetDlyLine_##inverseType; \
-    static constexpr auto inverseFree = moxsWTInvFree_##inverseType;      \
+struct Forward;
+template <class D>
+struct Inverse;
+#define DIRECTION_API(Direction, name, D, type)                  \
+  template <>                                                    \
+  struct Direction<D> {                                          \
+    using State = MoxWT##name##State;                            \
+    static constexpr auto init = moxsWT##name##InitAlloc_##type; \
+    static constexpr auto run = moxsWT##name##_##type;           \
+    static constexpr auto get = moxsWT##name##GetDlyLine_##type; \
+    static constexpr auto set = moxsWT##name##SetDlyLine_##type; \
+    static constexpr auto free = moxsWT##name##Free_##type;      \
   }
+#define BANK_API(D, type, inverseType)  \
+  DIRECTION_API(Forward, Fwd, D, type); \
+  DIRECTION_API(Inverse, Inv, D, inverseType)
 BANK_API(Mox32f, 32f, 32f);
 BANK_API(Mox8s, 8s32f, 32f8s);
 BANK_API(Mox8u, 8u32f, 32f8u);
 BANK_API(Mox16s, 16s32f, 32f16s);
 BANK_API(Mox16u, 16u32f, 32f16u);
 
-template <class State>
-using Bank = std::unique_ptr<State, MoxStatus (*)(State*)>;
-
-// The filters of a bank, and its state by the functions of one direction.
-struct Filter {
-  Floats low, high;
-  Offsets offsets;
-
-  template <class State, class Init>
-  Bank<State> make(Init init, MoxStatus (*free)(State*)) const {
-    State* state = nullptr;
-    EXPECT_EQ(init(&state, low.data(), int(low.size()), offsets.low, high.data(), int(high.size()),
-                   offsets.high),
-              moxOk);
-    return {state, free};
-  }
-  // Moves the delay lines to a new state, where they are what expected(i) tells of the sample i
-  // before the next one.
-  template <class State, class Init, class Expected>
-  void renew(Bank<State>& bank, Init init, MoxStatus (*get)(State*, Mox32f*, Mox32f*),
-             MoxStatus (*set)(State*, const Mox32f*, const Mox32f*), Expected expected) const {
-    const auto dlyLen = [](const Floats& taps, int offset) {
-      return std::max(long(taps.size()) - 1 + offset, 0L);
-    };
-    Floats lines[] = {Floats(dlyLen(low, offsets.low)), Floats(dlyLen(high, offsets.high))};
-    for (Floats& line : lines) line.reserve(1);  // no null where there is none
-    EXPECT_EQ(get(bank.get(), lines[0].data(), lines[1].data()), moxOk);
-    for (const int band : {0, 1})
-      for (long i = 1; i <= long(lines[band].size()); ++i)
-        EXPECT_EQ(lines[band][lines[band].size() - i], expected(band, i));
-    bank = make(init, bank.get_deleter());
-    EXPECT_EQ(set(bank.get(), lines[0].data(), lines[1].data()), moxOk);
+struct Channel {
+  Floats taps;
+  int offset;
+  int len() const { return int(taps.size()); }
+  Floats dlyLine() const {
+    Floats line(std::max(len() - 1 + offset, 0));
+    line.reserve(1);  // no null where there is none
+    return line;
   }
 };
+struct Bank {
+  Channel low, high;
+};
+
+// Runs run(k, n, state) over `len` samples of a band, at once or in random blocks. Now and then a
+// new state takes over with the delay lines of the last one, where the sample i before the next
+// block is kept(band, k, i).
+template <class Api, class Run, class Kept>
+void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
+  using State = typename Api::State;
+  const Channel &low = bank.low, &high = bank.high;
+  const auto make = [&] {
+    State* state = nullptr;
+    EXPECT_EQ(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
+                        high.len(), high.offset),
+              moxOk);
+    return state;
+  };
+  State* state = make();
+  for (int k = 0, n; k < len; k += n) {
+    n = cuts ? int(std::min<long>(len - k, 1 + cuts->below(cuts->below(8) ? 20 : 1200))) : len;
+    if (cuts && cuts->below(3) == 0) {
+      Floats lines[] = {low.dlyLine(), high.dlyLine()};
+      EXPECT_EQ(Api::get(state, lines[0].data(), lines[1].data()), moxOk);
+      for (const int band : {0, 1})
+        for (int i = 1; i <= int(lines[band].size()); ++i)
+          EXPECT_EQ(lines[band][lines[band].size() - i], kept(band, k, i));
+      Api::free(state);
+      state = make();
+      EXPECT_EQ(Api::set(state, lines[0].data(), lines[1].data()), moxOk);
+    }
+    EXPECT_EQ(run(k, n, state), moxOk);
+  }
+  Api::free(state);
+}
 
 struct Bands {
   Floats low, high;
 };
 
-// Runs block(k, n, isRenewed) over `len` samples of a band, at once or in random blocks.
-void inBlocks(int len, Random* cuts, const std::function<void(int, int, bool)>& block) {
-  for (int k = 0, n; k < len; k += n) {
-    n = cuts ? int(std::min<long>(len - k, 1 + cuts->below(cuts->below(8) ? 20 : 1200))) : len;
-    block(k, n, cuts && cuts->below(3) == 0);
-  }
-}
-
 template <class D>
-Bands analyse(const Filter& f, const std::vector<D>& x, Random* cuts = nullptr) {
-  using A = Api<D>;
-  auto bank = f.make<MoxWTFwdState>(A::forwardInit, A::forwardFree);
+Bands analyse(const Bank& bank, const std::vector<D>& x, Random* cuts = nullptr) {
   const int len = int(x.size()) / 2;
   Bands bands = {Floats(len), Floats(len)};
-  inBlocks(len, cuts, [&](int k, int n, bool isRenewed) {
-    if (isRenewed)
-      f.renew(bank, A::forwardInit, A::forwardGet, A::forwardSet,
-              [&](int, long i) { return 2 * k >= i ? Mox32f(x[2 * k - i]) : 0; });
-    EXPECT_EQ(A::forward(&x[2 * k], &bands.low[k], &bands.high[k], n, bank.get()), moxOk);
-  });
+  stream<Forward<D>>(
+      bank, len, cuts,
+      [&](int k, int n, auto* state) {
+        return Forward<D>::run(&x[2 * k], &bands.low[k], &bands.high[k], n, state);
+      },
+      [&](int, int k, int i) { return 2 * k >= i ? Mox32f(x[2 * k - i]) : 0; });
   return bands;
 }
 template <class D>
-std::vector<D> synthesise(const Filter& f, const Bands& bands, Random* cuts = nullptr) {
-  using A = Api<D>;
-  auto bank = f.make<MoxWTInvState>(A::inverseInit, A::inverseFree);
+std::vector<D> synthesise(const Bank& bank, const Bands& bands, Random* cuts = nullptr) {
   const int len = int(bands.low.size());
   std::vector<D> y(2 * len);
-  inBlocks(len, cuts, [&](int k, int n, bool isRenewed) {
-    if (isRenewed)
-      f.renew(bank, A::inverseInit, A::inverseGet, A::inverseSet, [&](int band, long i) {
+  stream<Inverse<D>>(
+      bank, len, cuts,
+      [&](int k, int n, auto* state) {
+        return Inverse<D>::run(&bands.low[k], &bands.high[k], n, &y[2 * k], state);
+      },
+      [&](int band, int k, int i) {
         return i % 2 && 2 * k >= i ? (band ? bands.high : bands.low)[k - (i + 1) / 2] : 0;
       });
-    EXPECT_EQ(A::inverse(&bands.low[k], &bands.high[k], n, &y[2 * k], bank.get()), moxOk);
-  });
   return y;
 }
 
@@ -129,24 +125,26 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
   SCOPED_TRACE(test::seedNote());
   Random random(1);
   for (const int lenLow : {1, 2, 3, 8, 33, 1500})
-    for (const Offsets o : {Offsets{-1, -1}, {0, 0}, {-1, 3}, {6, 0}, {1, 1200}}) {
-      SCOPED_TRACE(testing::Message() << lenLow << " taps, offsets " << o.low << ' ' << o.high);
-      const Filter f = {random.vector<Mox32f>(lenLow), random.vector<Mox32f>(5), o};
+    for (const auto& [offsLow, offsHigh] :
+         {std::pair(-1, -1), {0, 0}, {-1, 3}, {6, 0}, {1, 1200}}) {
+      SCOPED_TRACE(testing::Message() << lenLow << " taps, offsets " << offsLow << ' ' << offsHigh);
+      const Bank f = {{random.vector<Mox32f>(lenLow), offsLow},
+                      {random.vector<Mox32f>(5), offsHigh}};
       const auto x = random.vector<D>(2 * len);
       const Bands bands = analyse(f, x), cut = analyse(f, x, &random);
       EXPECT_EQ(bands.low, cut.low);
       EXPECT_EQ(bands.high, cut.high);
       const long double bound = 1e-6L * most;
-      const auto expectBand = [&](const Floats& taps, int offset, const Floats& band) {
+      const auto expectBand = [&](const Channel& c, const Floats& band) {
         for (int k = 0; k < len; ++k) {
           long double sum = 0;
-          for (int j = 0; j < int(taps.size()); ++j)
-            if (const int i = 2 * k - offset - j; i >= 0) sum += (long double)taps[j] * x[i];
+          for (int j = 0; j < c.len(); ++j)
+            if (const int i = 2 * k - c.offset - j; i >= 0) sum += (long double)c.taps[j] * x[i];
           ASSERT_LE(std::fabs(band[k] - sum), bound * lenLow) << k;
         }
       };
-      expectBand(f.low, o.low, bands.low);
-      expectBand(f.high, o.high, bands.high);
+      expectBand(f.low, bands.low);
+      expectBand(f.high, bands.high);
 
       // Bands whose outputs reach a little beyond the range of the type.
       Bands in = {random.vector<Mox32f>(len), random.vector<Mox32f>(len)};
@@ -156,27 +154,18 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
       EXPECT_EQ(y, synthesise<D>(f, in, &random));
       for (int n = 0; n < 2 * len; ++n) {
         long double sum = 0;
-        const auto add = [&](const Floats& taps, int offset, const Floats& band) {
-          for (int j = 0; j < int(taps.size()); ++j)
-            if (const int twice = n - 1 - offset - j; twice >= 0 && twice % 2 == 0)
-              sum += (long double)taps[j] * band[twice / 2];
+        const auto add = [&](const Channel& c, const Floats& band) {
+          for (int j = 0; j < c.len(); ++j)
+            if (const int twice = n - 1 - c.offset - j; twice >= 0 && twice % 2 == 0)
+              sum += (long double)c.taps[j] * band[twice / 2];
         };
-        add(f.low, o.low, in.low);
-        add(f.high, o.high, in.high);
+        add(f.low, in.low);
+        add(f.high, in.high);
         if (isInteger) sum = std::clamp<long double>(sum, std::numeric_limits<D>::min(), most);
         ASSERT_LE(std::fabs(y[n] - sum), isInteger ? 0.5L + 4 * bound : 4 * bound) << n;
       }
       if (this->HasFailure()) return;
     }
-}
-
-TEST(FilterBankObject, RefusesTapsInOrder) {
-  MoxWTFwdState* state;
-  const Mox32f taps[2] = {1, 1};
-  EXPECT_EQ(moxsWTFwdInitAlloc_32f(&state, taps, 0, -2, nullptr, 0, -2), moxErrSize);
-  EXPECT_EQ(moxsWTFwdInitAlloc_32f(&state, taps, 2, -2, nullptr, 0, -2), moxErrNullPtr);
-  EXPECT_EQ(moxsWTFwdInitAlloc_32f(&state, taps, 2, -2, taps, 0, -2), moxErrSize);
-  EXPECT_EQ(moxsWTFwdInitAlloc_32f(&state, taps, 2, 0, taps, 2, -2), moxErrWtOffset);
 }
 
 }  // namespace

@@ -135,7 +135,7 @@ requires std::is_integral_v<E>
   return Unsigned(x < 0 ? Unsigned(0) - Unsigned(x) : Unsigned(x));
 }
 
-// The upper halves of products.
+// The upper and the lower halves of products.
 template <Of<Mox16s> T>
 [[gnu::always_inline]] inline T multiplyHigh(T a, T b) {
   MOX_BY_WIDTH(T, mulhi_epi16(raw(a), raw(b)));
@@ -144,14 +144,23 @@ template <Of<Mox16u> T>
 [[gnu::always_inline]] inline T multiplyHigh(T a, T b) {
   MOX_BY_WIDTH(T, mulhi_epu16(raw(a), raw(b)));
 }
+template <class T>
+[[gnu::always_inline]] inline T multiplyLow(T a, T b) {
+  using Words = Beside<Mox16u, T>;  // no overflow of signed ones
+  return T(Words(a) * Words(b));
+}
+// Products over 2^15, rounded to nearest with ties upwards; that of -32768 with itself wraps.
+template <Of<Mox16s> T>
+[[gnu::always_inline]] inline T multiplyFractions(T a, T b) {
+  MOX_BY_WIDTH(T, mulhrs_epi16(raw(a), raw(b)));
+}
 // Whole products of 16-bit lanes.
 template <class T>
 [[gnu::always_inline]] inline auto multiplyWide(T a, T b) {
   a = inRegister(a), b = inRegister(b);
   using Whole = std::conditional_t<std::is_signed_v<Lane<T>>, Mox32s, Mox32u>;
   using R = V<Whole, laneCount<T> / 2>;
-  using Words = Beside<Mox16u, T>;  // no overflow of signed ones
-  const T low = T(Words(a) * Words(b)), high = multiplyHigh(a, b);
+  const T low = multiplyLow(a, b), high = multiplyHigh(a, b);
   return BlockHalves{R(unpackLow<Mox16u>(low, high)), R(unpackHigh<Mox16u>(low, high))};
 }
 // a[2i] * b[2i] + a[2i+1] * b[2i+1] in 32 bits, which a sum of 2^31 leaves.

@@ -216,7 +216,7 @@ void spoil(Call& call, const Refusal& refusal, double value) {
 
 std::string text(const Function& f, const Refusal& refusal, double value) {
   const std::string name = f.parameters[std::size_t(refusal.parameter)];
-  if (!isPointer(f, refusal.parameter)) return name + " = " + std::to_string(long(value));
+  if (!isPointer(f, refusal.parameter)) return name + " = " + std::to_string(value);
   return (value == null ? "a null '" : "cleared memory as '") + name + "'";
 }
 
