@@ -439,7 +439,7 @@ MOX_API MoxStatus moxsIIROne64fc_32sc_Sfs(Mox32sc src, Mox32sc* dst, MoxsIIRStat
  * before its pair, have been filtered.
  * @note Arrays that all begin at the same place of a page, as large ones from an allocator do, meet
  * in the same lines of the cache: on an AMD EPYC of 2022 sixteen channels side by side took 1.3 to
- * 1.6 times as long then. It helps to let each begin some cache lines further on than the one before.
+ * 1.6 times as long then. It helps to let each begin some cache lines further on than the last one.
  * @{ */
 MOX_API MoxStatus moxsIIR_32f_P(const Mox32f* const* src, Mox32f* const* dst, int len,
                                 int numChannels, MoxsIIRState* const* state);
