@@ -18,9 +18,8 @@ struct Law {
 const Law uniform = {{1, 1, 9 / 5.0, 27 / 7.0, 9}, std::sqrt(12.0) / bins, [](double z) {
                        return std::clamp(0.5 + z / std::sqrt(12.0), 0.0, 1.0);
                      }};
-const Law normal = {{1, 1, 3, 15, 105}, 8.0 / bins, [](double z) {
-                      return std::erfc(-z / std::sqrt(2.0)) / 2;
-                    }};
+const Law normal = {
+    {1, 1, 3, 15, 105}, 8.0 / bins, [](double z) { return std::erfc(-z / std::sqrt(2.0)) / 2; }};
 
 double momentScore(const std::vector<double>& z, const Law& law, int k) {
   double sum = 0;
@@ -64,7 +63,7 @@ double flatnessScore(const std::vector<double>& z) {
 
 // How far moments 1 to 4, chi-square and flatness are from their means, in standard deviations.
 std::vector<double> scores(const std::vector<double>& z, const Law& law) {
-  return {momentScore(z, law, 1), momentScore(z, law, 2),  momentScore(z, law, 3),
+  return {momentScore(z, law, 1), momentScore(z, law, 2), momentScore(z, law, 3),
           momentScore(z, law, 4), chiSquareScore(z, law), flatnessScore(z)};
 }
 
