@@ -1,9 +1,4 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

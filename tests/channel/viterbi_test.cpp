@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
 #include <random>
-#include <vector>
 
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

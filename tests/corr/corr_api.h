@@ -1,18 +1,12 @@
 // Convolutions and correlations by their definitions, and the functions of one element type.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <complex>
-#include <cstring>
 #include <numeric>
 
 #include "support/core_probe.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace test {
 
@@ -156,13 +150,14 @@ void expectForms(const Expected<E>& e, Call call, Size size, Run run, Alone... a
     int bytes = -1;
     ASSERT_EQ(size(algType, &bytes), moxOk);
     EXPECT_EQ(bytes, byFft ? e.fftBytes : e.bytes);
-    std::vector<Mox8u> buffer(bytes + 64);
     std::vector<E> y(e.sums.size()), z(y);
     if (e.bytes == 0) {
       EXPECT_EQ(call(run, y.data(), algType, nullptr), byFft ? moxErrNullPtr : moxOk);
     }
     const auto expect = [&](int kind, auto divisor) {
-      EXPECT_EQ(call(run, y.data(), algType | kind, &buffer[random.below(64)]),
+      const long offset = 1 + random.below(64);
+      std::vector<Mox8u> buffer(offset + bytes);
+      EXPECT_EQ(call(run, y.data(), algType | kind, buffer.data() + offset),
                 kind == 0x300 ? moxErrAlgType : moxOk);
       expectNear(y, e.sums, byFft ? e.scale : 0, divisor);
       if (algType != moxAlgAuto || kind / 0x100 >= int(runAlone.size())) return;

@@ -1,12 +1,8 @@
 // Lines and the Jaehne signal against their formulas.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <cmath>
 
 #include "support/members.h"
+#include "support/test.h"
 
 namespace {
 

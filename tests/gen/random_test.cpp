@@ -1,11 +1,6 @@
 // Random numbers against a slow model of their rule, to the bit.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
 #include "support/members.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

@@ -1,11 +1,6 @@
 // Tones and triangles against their formulas, in long double.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
-
 #include "support/members.h"
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

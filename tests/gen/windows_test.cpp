@@ -1,12 +1,8 @@
 // Windows against their formulas in long double.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <cmath>
 
 #include "support/members.h"
-#include "support/random.h"
+#include "support/test.h"
 #include "support/values.h"
 
 namespace {

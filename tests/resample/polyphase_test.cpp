@@ -1,14 +1,8 @@
 // Resampling against the sums that define it, in long double.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numbers>
 #include <numeric>
 
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

@@ -1,13 +1,5 @@
 // Samples inserted and removed, in one call and in blocks.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <climits>
-#include <vector>
-
-#include "support/random.h"
-#include "support/same_bits.h"
+#include "support/test.h"
 
 namespace {
 

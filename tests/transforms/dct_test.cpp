@@ -1,12 +1,8 @@
 // The DCT against its sum in long double, by every method and on both sides of their limits.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
-#include <cmath>
 #include <numbers>
 
 #include "support/accuracy.h"
+#include "support/test.h"
 
 namespace {
 

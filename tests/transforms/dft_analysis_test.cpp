@@ -1,10 +1,6 @@
 // The choice of the method by the length, against its rules in other words.
 #include "transforms/dft_analysis.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <vector>
+#include "support/test.h"
 
 namespace {
 

@@ -1,9 +1,5 @@
 // FFTs, DFTs and out-of-order DFTs of all forms against the defining sum, and back.
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <bit>
-#include <cstring>
 
 #include "support/accuracy.h"
 #include "support/guarded_array.h"

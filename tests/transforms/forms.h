@@ -1,10 +1,8 @@
 // The transforms of all families behind one shape: objects, and runs between samples and spectra.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include "frame/elements.h"
+#include "support/test.h"
 #include "transforms/exact_transform.h"
 #include "transforms/packed.h"
 

@@ -1,13 +1,7 @@
 // Goertz against its sum in long double, and in double precision to the bit.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <climits>
-#include <cmath>
 #include <complex>
 
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

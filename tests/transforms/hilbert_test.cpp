@@ -1,11 +1,6 @@
 // Analytic signals against their defining sum, and of tones.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <climits>
-#include <cmath>
-
 #include "support/accuracy.h"
+#include "support/test.h"
 #include "transforms/exact_transform.h"
 
 namespace {

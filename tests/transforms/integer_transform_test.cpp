@@ -1,9 +1,4 @@
 // FFTs and DFTs of integers against the transform in long double, within the stated bound.
-#include <algorithm>
-#include <climits>
-#include <cmath>
-#include <limits>
-
 #include "transforms/forms.h"
 
 namespace {

@@ -1,13 +1,6 @@
 // Conj, MulPack, MulPerm and MulPackConj against models that go place by place.
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
-#include <algorithm>
-#include <cstring>
-#include <limits>
-
 #include "support/exact_model.h"
-#include "support/random.h"
+#include "support/test.h"
 #include "transforms/packed.h"
 
 namespace {

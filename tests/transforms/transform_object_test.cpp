@@ -1,6 +1,4 @@
 // Sizes of the objects of FFTs and DFTs, and what a failed set-up leaves.
-#include <climits>
-
 #include "transforms/forms.h"
 
 namespace {

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include <array>
-#include <cmath>
 
-#include "support/random.h"
+#include "support/test.h"
 
 namespace {
 

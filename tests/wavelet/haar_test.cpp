@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
-#include <moxsp.h>
-
 #include "support/exact_model.h"
+#include "support/test.h"
 #include "support/values.h"
 
 namespace {
