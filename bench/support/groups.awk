@@ -6,6 +6,7 @@
   if (cases[$2] == 1 || $1 < worst[$2]) {
     worst[$2] = $1
     where[$2] = substr($0, 31, 37)
+    gsub(/ +/, " ", where[$2])
   }
 }
 END {
