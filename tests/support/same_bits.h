@@ -12,7 +12,8 @@ bool sameBits(const E& a, const E& b) {
 }
 template <class E>
 bool sameBits(const std::vector<E>& a, const std::vector<E>& b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0;
+  return a.size() == b.size() &&
+         (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(E)) == 0);
 }
 
 }  // namespace test
