@@ -1,6 +1,7 @@
 // The operations of the element-wise families, on scalars and vectors alike; complex numbers are
 // vectors of interleaved parts. Where a vector instruction saturates, an operation has this form
-// too. Where 16-bit results need no wider lanes by one factor, scaled() makes them by `ownFactor`.
+// too. scaled() makes 16-bit results for the one scale factor, `ownFactor`, that needs no wider
+// lanes.
 #pragma once
 
 #include <limits>

@@ -10,7 +10,8 @@
 
 namespace mox {
 
-// What drivers need of a view. A piece takes up to so many numbers out of memory and back.
+// What drivers need of a view. Piece<n> has room for n numbers: load() copies up to n of them from
+// the caller's memory, and store() copies them back.
 template <class View>
 concept ComplexView = requires(View view, typename View::template Piece<16> piece, long i) {
   View::bytes;

@@ -167,7 +167,7 @@ template <int step, int vecs, int least, class D, class At, class One>
     forSteps<step / 2, 0, least>(false, dst, len, at, one);
   } else {
     const auto first = at(stepOf<step>, 0), last = at(stepOf<step>, len - step);
-    // What narrower steps fill is shorter than two of them.
+    // Arrays that narrower steps fill (`vecs` is 0) are shorter than two such steps.
     if constexpr (vecs > 0)
       if (len > 2 * step) {
         long i = alignedStart<step>(dst);

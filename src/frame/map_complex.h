@@ -17,8 +17,8 @@ concept ComplexOperation = ComplexView<Source> && requires(Op op, Source src, lo
   op(src, i);
 };
 
-// An operation in the widest registers of E, and in those of half as many bytes if they are wider
-// than others.
+// An operation in the widest registers of E. Where these are wider than V<E>, its Narrower form
+// works in V<E>.
 template <template <class> class Lanes, class E>
 struct InWidest : Lanes<Register<E>> {
   using Narrower = Lanes<V<E>>;

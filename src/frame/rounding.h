@@ -78,8 +78,8 @@ template <class R>
 
 }  // namespace detail
 
-// A factor above 0: division by 2^n, to nearest with ties to even. `stopping` says that values too
-// large for the sum with half a unit saturate the result in any case: it may be made of less.
+// A factor above 0: division by 2^n, to nearest with ties to even. With `stopping`, values to
+// which half a unit cannot be added are lowered first: they saturate the result in any case.
 template <int bound, bool stopping = false>
 class ScaledDown {
  public:

@@ -22,7 +22,7 @@ struct TapPair {
   Words first, second;
 };
 
-// For the latter alone.
+// For the sums in the second register alone.
 struct LateTap {
   Words second;
 };

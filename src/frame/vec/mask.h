@@ -49,7 +49,7 @@ template <class T>
 [[gnu::always_inline]] inline Mask<T> notAtLeast(T v, Lane<T> limit) {
   return detail::compared<_CMP_NGE_UQ>(v, broadcast<T>(limit));
 }
-// Of those in which a is the larger.
+// The lanes in which a is above b.
 template <class T>
 [[gnu::always_inline]] inline Mask<T> isAbove(T a, T b) {
   return detail::compared<_CMP_GT_OS>(a, b);
