@@ -336,7 +336,7 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  *
  * in `DF1` `y = b[0] x + b[1] x[-1] + b[2] x[-2] - a[2] y[-2] - a[1] y[-1]`. The rest of a block is
  * cut into stretches, as many as registers have lanes: 16 in `Mox32f`, 8 in `Mox64f` and `Mox32fc`,
- * 4 in `Mox64fc`, of at least 8 and n, at most 128 samples. All are filtered at once as if nothing
+ * 4 in `Mox64fc`, of at least 8 and n, at most 256 samples. All are filtered at once as if nothing
  * had come out before them; then the responses to the outputs before each stretch are added. (Block
  * methods for recursive filters: Burrus, "Block realization of digital filters", 1972.) Stretches
  * end where the weight of a past output exceeds 2^32 and, for other orders than 2, where the sum of

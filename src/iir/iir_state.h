@@ -20,7 +20,7 @@ namespace mox::iir {
 
 // The most samples that a stretch of a block has, and the largest order whose sections filter
 // stretches: a stretch has at least as many samples.
-constexpr int mostLength = 128, mostOrder = mostLength;
+constexpr int mostLength = 256, mostOrder = 128;
 
 // Responses to one past output after another are that far apart, which is no power of two, so that
 // they don't meet in the cache.
