@@ -92,6 +92,16 @@ class NetworkFilter {
   }
 
  private:
+  // What several operations take is loaded once.
+  template <class W>
+  static W numbersAt(const E* p) {
+    const W x = load<W>(p);
+    if constexpr (std::is_same_v<W, T>)
+      return inRegister(x);
+    else
+      return x;
+  }
+
   // The shares from..to, those of the neighbours from `start` on being number 0.
   void share(const E* src, long len, long start, long from, long to) {
     const auto at = [=](long i) { return load<E>(src + std::clamp(i, 0L, len - 1)); };
@@ -102,7 +112,7 @@ class NetworkFilter {
     for (; start + k < 0; ++k) single(k);
     for (; k <= to - lanes && start + k + lanes + 2 <= len; k += lanes) {
       const E* const x = src + start + k;
-      put(k, N::shareOf(load<T>(x), load<T>(x + 1), load<T>(x + 2)));
+      put(k, N::shareOf(numbersAt<T>(x), numbersAt<T>(x + 1), load<T>(x + 2)));
     }
     for (; k < to; ++k) single(k);
   }
@@ -117,7 +127,7 @@ class NetworkFilter {
     const auto shared = [&](int k) {
       std::array<W, rowCount> share;
       for (std::size_t row = 0; row < rowCount; ++row)
-        share[row] = load<W>(rows_[row] + origin + i + k);
+        share[row] = numbersAt<W>(rows_[row] + origin + i + k);
       return share;
     };
     store(dst + i, N::median(shared, load<W>(src + i)));
