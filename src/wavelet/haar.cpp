@@ -34,7 +34,7 @@ MoxStatus inverseFloats(const E* low, const E* high, E* dst, int len) {
   joinPairs<lanesOf<E>>(
       dst, len / 2,
       [=](long i) {
-        const auto l = load<V<E>>(low + i), h = load<V<E>>(high + i);
+        const auto l = inRegister(load<V<E>>(low + i)), h = inRegister(load<V<E>>(high + i));
         return Pair{l - h, l + h};
       },
       [=](long i) {
