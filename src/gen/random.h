@@ -35,9 +35,10 @@ class RandomSequence {
   Mox32u newest() const { return a_; }
 
   Mox32s next() {
-    const Mox32u n = difference();
+    Mox32u n[1];
+    takeDifferences(n);
     lcg_ = detail::congruential(lcg_);
-    return Mox32s(n + lcg_);
+    return Mox32s(n[0] + lcg_);
   }
 
   // The next sixteen at once, in vectors that go with those of doubles.
@@ -46,7 +47,7 @@ class RandomSequence {
   [[gnu::always_inline]] void nextBlock(Vector (&u)[vectors]) {
     using Four = V<Mox32u, 4>;
     Mox32u n[blockLen];
-    for (Mox32u& e : n) e = difference();
+    takeDifferences(n);
     Registers<Four, blockLen / 4> r;
     for (int j = 0; j < blockLen; j += 4) {
       const auto lcg =
@@ -58,11 +59,19 @@ class RandomSequence {
   }
 
  private:
-  [[gnu::always_inline]] Mox32u difference() {
-    const Mox32s t = Mox32s(b_ - c_ + Mox32u(carry_));
-    carry_ = t >> 31;
-    c_ = b_, b_ = a_;
-    return a_ = Mox32u(t) + (Mox32u(carry_) & Mox32u(-18));
+  // One after the other waits for the borrow of the last one alone, which comes in last: what
+  // borrows take off a and b is held apart from them.
+  template <int count>
+  [[gnu::always_inline]] void takeDifferences(Mox32u (&differences)[count]) {
+    Mox32u belowA = 0, belowB = 0;
+    for (Mox32u& n : differences) {
+      const Mox32u t = b_ - c_ + belowB + Mox32u(carry_);
+      c_ = b_ + belowB;
+      b_ = a_, belowB = belowA;
+      a_ = t, carry_ = Mox32s(t) >> 31, belowA = Mox32u(carry_) & Mox32u(-18);
+      n = a_ + belowA;
+    }
+    a_ += belowA, b_ += belowB;
   }
 
   Mox32u lcg_ = 1131199209, a_ = 0, b_ = 0, c_ = 0;  // the newest of the differences is a
