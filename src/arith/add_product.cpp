@@ -30,7 +30,7 @@ MoxStatus addProductScaled(const Mox16s* src1, const Mox16s* src2, D* srcDst, in
                            int scaleFactor) {
   if (MoxStatus s = checkArrays(len, src1, src2, srcDst)) return s;
   if constexpr (std::is_same_v<D, Mox16s>)
-    Scale<D, 31>(scaleFactor).withRule([&](auto rule) {
+    Scale<D, 31, true>(scaleFactor).withRule([&](auto rule) {
       mapWide<31>(rule, productSum, srcDst, len, src1, src2, srcDst);
     });
   else

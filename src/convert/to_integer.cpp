@@ -46,7 +46,7 @@ struct Kernel {
 template <class T, bool half, class F>
 void runKernel(const F* src, T* dst, long len, F scale) {
   constexpr Kernel<T, half> kernel;
-  mapToInteger<V<F>, Stores::bypassing>(
+  mapToInteger<Register<F>, Stores::bypassing, true>(
       [&](long i) { store(dst + i, saturate<T>(kernel(V<F>{load<F>(src + i) * scale})[0])); },
       [=](auto v) { return kernel(v * scale); }, dst, len, src);
 }

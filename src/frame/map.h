@@ -142,12 +142,18 @@ constexpr auto bypassingCache = [](void* p, auto v) { storeStream(p, v); };
 
 template <int step, class D>
 constexpr int stepAlignment = sizeof(D) % 3 ? std::min(widestBytes, step* int(sizeof(D))) : 16;
-// The last element at or below `step` that is aligned, if there is one.
-template <int step, class D>
-long alignedStart(const D* dst) {
-  constexpr int size = sizeof(D);
-  const int past = int(addressOf(dst + step) & (stepAlignment<step, D> - 1));
-  return past % size ? step : step - past / size;
+// Where the loop starts: at the last element at or below `step` where `dst` is aligned, if there is
+// one. A branch lets the loop begin before the answer is there. Two sources that are aligned at
+// `step` outweigh the destination, unless its stores are to bypass the cache.
+template <int step, class D, class... Source>
+long alignedStart(bool bypass, const D* dst, Source... src) {
+  constexpr int alignment = stepAlignment<step, D>;
+  const auto past = addressOf(dst + step) & (alignment - 1);
+  if (past == 0) [[likely]]
+    return step;
+  if constexpr (sizeof...(Source) > 1 && (std::is_pointer_v<Source> && ...))
+    if (!bypass && (isAligned(src, alignment) && ...)) return step;
+  return past % sizeof(D) ? step : step - long(past / sizeof(D));
 }
 
 }  // namespace detail
@@ -158,8 +164,9 @@ long alignedStart(const D* dst) {
 // array, may overlap those of the loop: they are made before all others, and stored after them. So
 // `dst` may be a source, and each element is the function of what it was. Arrays shorter than a
 // step are filled in narrower ones, down to `least` elements.
-template <int step, int vecs, int least, class D, class At, class One>
-[[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one) {
+template <int step, int vecs, int least, class D, class At, class One, class... Source>
+[[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one,
+                                            Source... src) {
   using namespace detail;
   if constexpr (step < least) {
     for (long i = 0; i < len; ++i) one(i);
@@ -170,7 +177,7 @@ template <int step, int vecs, int least, class D, class At, class One>
     // Arrays that narrower steps fill (`vecs` is 0) are shorter than two such steps.
     if constexpr (vecs > 0)
       if (len > 2 * step) {
-        long i = alignedStart<step>(dst);
+        long i = alignedStart<step>(bypass, dst, src...);
         const auto rounds = [&](auto put) __attribute__((always_inline)) {
           constexpr int round = vecs * step;
           for (; i <= len - step - round; i += round)
@@ -217,24 +224,25 @@ template <long count, class S, class D, class Block>
 
 // dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
-// which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. An
-// operation that takes long by itself gains nothing from a round of several vectors.
-// The same number of bytes through narrow registers takes more instructions: share the loop's.
-template <Stores stores = Stores::cached, int width = widestBytes, int vecs = (width < 32) ? 4 : 2,
-          class D, class Op, class... Source>
+// which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. A
+// round of four registers, or of two of 64 bytes, keeps the processor storing; complex operations
+// take too long to gain from so many, and others that take long name `vecs` themselves.
+template <Stores stores = Stores::cached, int width = widestBytes, int vecs = 0, class D, class Op,
+          class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr int widest = int(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr int lanes = width / widest, least = 16 / widest;
+  constexpr int ownVecs = width < 64 && !Complex<D> ? 4 : 2;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto n, auto source, long i) {
     return lanesFrom<V<Part<E>, n * partsPerElement<E>>>(source, i);
   };
-  forSteps<lanes, vecs, least>(
+  forSteps<lanes, vecs ? vecs : ownVecs, least>(
       bypasses<stores>(dst, len, src...), dst, len,
       [&](auto n, long i) __attribute__((always_inline)) {
         using R = V<Part<D>, n * partsPerElement<D>>;
         return Registers<R>{R(op(atLanes(std::type_identity<ElementOf<Source>>(), n, src, i)...))};
       },
-      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); });
+      [&](long i) { store(dst + i, Single<D>(op(singleFrom(src, i)...))); }, src...);
 }
 
 // The same with sources widened to the lanes of `Wide`. `op` takes vectors only: a single element

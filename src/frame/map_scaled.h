@@ -48,14 +48,16 @@ template <class R, int count, class From>
 }  // namespace detail
 
 // Results go through lanes(), which makes 32-bit integers of vectors like `Wide`, and are saturated
-// to the parts of D. one(i) stores a single element. A step is four registers of 32-bit lanes,
-// which one register of bytes holds; `narrows` says that lanes() takes shorter vectors too.
+// to the parts of D. one(i) stores a single element. A step of bytes or 32-bit integers fills a
+// register, one of 16 bits two; `narrows` says that lanes() takes shorter vectors than `Wide`.
 template <class Wide, Stores stores = Stores::cached, bool narrows = false, class D, class One,
           class Op, class... Source>
 [[gnu::always_inline]] inline void mapToInteger(One one, Op lanes, D* dst, long len,
                                                 Source... src) {
-  constexpr int perElement = partsPerElement<D>, step = integerBytes / perElement;
-  constexpr int least = sizeof(Part<D>) == 3 ? 16 : narrows ? 4 / perElement : step;
+  constexpr int perElement = partsPerElement<D>, size = sizeof(Part<D>);
+  constexpr int round = integerBytes / perElement, wide = laneCount<Wide> / perElement;
+  constexpr int step = size == 4 ? std::max(round / 4, wide) : round;
+  constexpr int least = size == 3 ? 16 : narrows ? 4 / perElement : wide;
   const auto at = [&]<int n>(std::integral_constant<int, n>, long i)
       __attribute__((always_inline)) {
     constexpr int parts = n * perElement, perRegister = std::min(parts, laneCount<I<Mox32s>>);
@@ -77,7 +79,7 @@ template <class Wide, Stores stores = Stores::cached, bool narrows = false, clas
     }
     return saturatedRegisters<Part<D>>(r);
   };
-  forSteps<step, 1, least>(bypasses<stores>(dst, len, src...), dst, len, at, one);
+  forSteps<step, round / step, least>(bypasses<stores>(dst, len, src...), dst, len, at, one);
 }
 
 // Results in registers of integers, or of as many as `step` elements: lanes(n, i) makes those of n

@@ -192,8 +192,9 @@ template <class T, class R>
 
 // What the factor of a call asks for. withRule() names the rule once, around a loop, so that the
 // loop has no branch on it; it is inlined, so that the loop's arrays stay in registers. apply() is
-// for code whose time isn't spent here.
-template <class T, int bound>
+// for code whose time isn't spent here. `addsHalf` says that values of bound 31 stay below
+// 2^31 - 2^15, so that half a unit of a factor up to 16 can be added to them.
+template <class T, int bound, bool addsHalf = false>
 class Scale {
  public:
   explicit Scale(int factor) : factor_(factor) {}
@@ -203,7 +204,7 @@ class Scale {
     if (factor_ <= 0)
       withUpwardRule(loop);
     else if (factor_ <= mostStopping)
-      loop(ScaledDown<bound, (mostStopping > 0)>(factor_));
+      loop(ScaledDown<bound - addsHalf, (mostStopping > 0)>(factor_));
     else
       loop(ScaledDown<bound>(factor_));
   }

@@ -40,6 +40,8 @@ template <class T>
     return R(_mm512_cvtps_epi32(v));
   else if constexpr (std::is_same_v<T, V<Mox32f, 8>>)
     return R(_mm256_cvtps_epi32(v));
+  else if constexpr (std::is_same_v<T, V<Mox32f, 4>>)
+    return R(_mm_cvtps_epi32(v));
   else if constexpr (std::is_same_v<T, V<Mox64f, 8>>)
     return R(_mm512_cvtpd_epi32(v));
   else
