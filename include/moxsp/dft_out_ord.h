@@ -61,13 +61,14 @@ typedef struct MoxsDFTOutOrdSpec MoxsDFTOutOrdSpec;
  * | Length                                | `32fc`       | `64fc`       |
  * |---------------------------------------|--------------|--------------|
  * | 2 to 16, any without a factor up to 13| 0.90 to 1.00 | 0.95 to 1.02 |
- * | 32                                    | 0.64 to 0.72 | 0.64 to 0.70 |
- * | 64 to 512, powers of two              | 0.79 to 0.98 | 0.81 to 1.08 |
- * | 1024 to 2^20, powers of two           | 1.02 to 1.41 | 1.11 to 1.50 |
- * | 360, 1000, 5040, 10080                | 0.76 to 0.89 | 0.80 to 0.91 |
- * | 18 to 100, products of factors to 13  | 0.34 to 0.96 | 0.39 to 0.77 |
+ * | 32                                    | 0.64 to 0.73 | 0.64 to 0.74 |
+ * | 64 to 512, powers of two              | 0.79 to 0.98 | 0.79 to 1.08 |
+ * | 1024 to 2^20, powers of two           | 1.00 to 1.41 | 1.11 to 1.50 |
+ * | 360, 1000, 5040, 10080                | 0.80 to 0.87 | 0.84 to 0.90 |
+ * | 17 to 1000, products of factors to 13 | 0.70 to 1.02 | 0.72 to 0.97 |
+ * | 17 to 1000, q not 1                   | 0.78 to 1.51 | 0.68 to 1.63 |
  *
- * Other lengths whose q is 1 lie in between; the rest range from 0.40 to 1.91.
+ * Other lengths range from 0.54 to 1.94.
  * @see Gentleman and Sande, Fast Fourier transforms: for fun and profit, 1966.
  * @{ */
 MOX_API MoxStatus moxsDFTOutOrdInitAlloc_C_32fc(MoxsDFTOutOrdSpec** spec, int len, int flag,

@@ -59,8 +59,8 @@ class RandomSequence {
   }
 
  private:
-  // One after the other waits for the borrow of the last one alone, which comes in last: what
-  // borrows take off a and b is held apart from them.
+  // The next differences. Each waits for the borrow of the last one alone, which is added last:
+  // what borrows take from a and b is held apart from them.
   template <int count>
   [[gnu::always_inline]] void takeDifferences(Mox32u (&differences)[count]) {
     Mox32u belowA = 0, belowB = 0;

@@ -11,6 +11,10 @@ template void ownDftMixed(const DftSpec<Mox32f>&, const Scaled<Array<const Mox32
                           const Scaled<Array<Mox32fc>>&, Mox32f*);
 template void ownDftMixed(const DftSpec<Mox32f>&, const Scaled<Split<const Mox32f>>&,
                           const Scaled<Split<Mox32f>>&, Mox32f*);
+template void ownDftMixed(const DftSpec<Mox32f>&, const Array<const Mox32fc>&,
+                          const Scaled<Placed<Mox32fc>>&, Mox32f*);
+template void ownDftMixed(const DftSpec<Mox32f>&, const Scaled<Placed<const Mox32fc>>&,
+                          const Scaled<Array<Mox32fc>>&, Mox32f*);
 template const Mox32fc* ownDftMixedReal(const DftSpec<Mox32f>&, const Mox32f*, Mox32f*);
 
 }  // namespace mox::transforms

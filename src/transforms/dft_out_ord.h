@@ -15,12 +15,14 @@ constexpr Mox32s dftOutOrdId = sizeof(F) == 4 ? 0x434D414A : 0x434D414B;
 
 constexpr int outOrdMaxStages = 27;
 constexpr int outOrdMostFactor = 13;
-constexpr int outOrdMostTile = 352;  // numbers of a leaf
+constexpr int outOrdMostTile = 352;          // numbers of a leaf
+constexpr long outOrdWholeBytes = 36 << 10;  // of the stack, to a length without stages
 
 enum class OutOrdLeaf : Mox32s {
   radix,  // a butterfly
   tile,   // stages of their own, on as many leaves at a time as a register has lanes
-  plan    // a length without factors up to 13
+  plan,   // a length without factors up to 13
+  whole   // the length itself, by passes of which one knows the places of the bins
 };
 
 // The radices of the stages, then those of the stages in a tile.
@@ -36,12 +38,13 @@ struct OutOrdRadices {
 // up to 16 of factors that follow one another in rising order.
 OutOrdRadices outOrdRadices(int len, long lanes);
 
-// Where a transform of n numbers puts bin k: the digits of k by the prime factors of n in rising
-// order, reversed.
+// Where a transform of n numbers puts bin k: the digits of k by the prime factors of n up to 13, in
+// rising order, reversed.
 constexpr int digitReversed(int k, int n) {
   int place = 0;
   for (int rest = n; rest > 1;) {
     const int p = detail::leastFactor(rest);
+    if (p > outOrdMostFactor) return place + k;
     rest /= p;
     place += k % p * rest;
     k /= p;
@@ -61,6 +64,7 @@ struct DftOutOrdSpec : MoxsDFTOutOrdSpec {
   OutOrdRadices radices;
   OutOrdStage<F> stage[outOrdMaxStages];
   int *natural, *placed;  // where a tile has the numbers of a leaf, before its stages and behind
+  int* place;             // of each bin of a whole length
   DftSpec<F>* leafPlan;
 };
 

@@ -26,11 +26,23 @@ struct OutOrdKind {
   static constexpr bool releaseClearsId = true;
   struct Shape {
     int len;
-    OutOrdRadices radices = outOrdRadices(len, lanesOf<F>);
+    OutOrdRadices radices = radicesOf(len);
+
+    // Tiles are fast where many factors of 2 come before them, and lack leaves in short lengths.
+    static OutOrdRadices radicesOf(int len) {
+      const OutOrdRadices radices = outOrdRadices(len, lanesOf<F>);
+      const bool suitsTiles = radices.kind == OutOrdLeaf::tile && len % 32 == 0;
+      const DftShape<F> whole{len, false};
+      if (suitsTiles || whole.analysis.method != DftMethod::mixed ||
+          whole.sizes().work > outOrdWholeBytes)
+        return radices;
+      return {.leaf = len, .kind = OutOrdLeaf::whole};
+    }
 
     // Of the plan for leaves that have one.
     DftShape<F> leaves() const { return {radices.leaf, false}; }
-    bool hasLeafPlan() const { return radices.kind == OutOrdLeaf::plan; }
+    bool isWhole() const { return radices.kind == OutOrdLeaf::whole; }
+    bool hasLeafPlan() const { return isWhole() || radices.kind == OutOrdLeaf::plan; }
 
     void layout(Arena& arena, DftOutOrdSpec<F>& spec) const {
       spec.len = len;
@@ -48,6 +60,7 @@ struct OutOrdKind {
         spec.natural = arena.place<int>(std::size_t(radices.leaf));
         spec.placed = arena.place<int>(std::size_t(radices.leaf));
       }
+      if (isWhole()) spec.place = arena.place<int>(std::size_t(len));
       if (hasLeafPlan()) spec.leafPlan = placePlan(arena, leaves());
     }
   };
@@ -125,6 +138,10 @@ MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
     if (!spec.leafPlan) return MoxStatus(moxOk);
     constexpr int plain = 8;
     if (MoxStatus s = fillWithScratch(*spec.leafPlan, leaves, plain, 0)) return s;
+    if (shape.isWhole()) {
+      for (int k = 0; k < len; ++k) spec.place[k] = digitReversed(k, len);
+      return MoxStatus(moxOk);
+    }
     spec.bufSize = spec.leafPlan->bufSize;
     spec.leafPlan->fwdNorm = norm.fwd;
     spec.leafPlan->invNorm = norm.inv;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/kernel_table.h"
+#include "transforms/dft_mixed.h"
 #include "transforms/dft_out_ord.h"
 #include "transforms/dft_out_ord_stages.h"
 #include "transforms/dft_run.h"
@@ -85,6 +86,7 @@ class OutOrdRun {
     const F factor = forward ? plan_.fwdFactor : plan_.invFactor;
     const long leaf = plan_.radices.leaf;
     if (plan_.radices.kind == OutOrdLeaf::tile) return runTiles(src, dst, len / leaf, factor);
+    if (plan_.radices.kind == OutOrdLeaf::whole) return runWhole(src, dst, factor);
     if (plan_.radices.kind == OutOrdLeaf::plan) {
       for (long at = 0; at < 2 * len; at += 2 * leaf)
         ownDftRun<d, Array<C>>(*plan_.leafPlan, {reinterpret_cast<const C*>(src + at)},
@@ -94,6 +96,18 @@ class OutOrdRun {
     } else {
       (leaf == 8 ? leafKernel<d, 8, F> : leafKernel<d, 16, F>)(src, dst, len / leaf, factor);
     }
+  }
+
+  // The last pass puts bins into their places, and the first pass of the way back finds them there.
+  void runWhole(const F* src, F* dst, F factor) const {
+    alignas(fftAlignment) F work[outOrdWholeBytes / sizeof(F)];
+    const Array<const C> from = {reinterpret_cast<const C*>(src)};
+    const Array<C> to = {reinterpret_cast<C*>(dst)};
+    if constexpr (forward)
+      ownDftMixed(*plan_.leafPlan, from, directed(Placed<C>{to.p, plan_.place}, d, factor), work);
+    else
+      ownDftMixed(*plan_.leafPlan, directed(Placed<const C>{from.p, plan_.place}, d, F(1)),
+                  directed(to, d, factor), work);
   }
 
   // Lanes that have no leaf of their own repeat the last one.

@@ -17,6 +17,32 @@ template <class F, class Body>
   for (long i = 0; i < count; i += numbers) body(std::min(i, last));
 }
 
+// Numbers in an order of their own: number i stands at at[i].
+template <class E>
+struct Placed {
+  using F = Part<std::remove_const_t<E>>;
+  E* p;
+  const int* at;
+
+  Placed from(long i) const { return {p, at + i}; }
+  [[gnu::always_inline]] V<F> interleaved(long i) const {
+    if constexpr (sizeof(F) == 4)
+      return V<F>(V<Mox64f>{load<Mox64f>(p + at[i]), load<Mox64f>(p + at[i + 1]),
+                            load<Mox64f>(p + at[i + 2]), load<Mox64f>(p + at[i + 3])});
+    else
+      return join<V<F>>(load<V<F, 2>>(p + at[i]), load<V<F, 2>>(p + at[i + 1]));
+  }
+  [[gnu::always_inline]] void putInterleaved(long i, V<F> z) const {
+    for (int k = 0; k < lanesOf<F> / 2; ++k)
+      if constexpr (sizeof(F) == 4)
+        store(p + at[i + k], V<Mox64f>(z)[k]);
+      else
+        store(p + at[i + k], V<F, 2>{z[2 * k], z[2 * k + 1]});
+  }
+  Pair<F> number(long i) const { return Array<E>{p}.number(at[i]); }
+  void putNumber(long i, Pair<F> z) const { Array<E>{p}.putNumber(at[i], z); }
+};
+
 // A view whose numbers are multiplied by real factors on their way to registers and from them, real
 // and imaginary parts each by one.
 template <class View>
@@ -45,6 +71,10 @@ template <class E>
 Scaled<Array<E>> directed(Array<E> view, Direction d, Part<std::remove_const_t<E>> factor) {
   const auto im = d == Direction::forward ? factor : -factor;
   return {view, alternating<V<Part<std::remove_const_t<E>>>>(factor, im)};
+}
+template <class E>
+Scaled<Placed<E>> directed(Placed<E> view, Direction d, Part<std::remove_const_t<E>> factor) {
+  return {view, directed(Array<E>{view.p}, d, factor).factors};
 }
 template <class E>
 Scaled<Split<E>> directed(Split<E> view, Direction d, std::remove_const_t<E> factor) {
