@@ -53,8 +53,17 @@ struct Exp32f {
   static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
   static Lanes rare(Lanes x, int&) {
-    const auto most = broadcast<Lanes>(104.0f), least = -most;  // infinity, and zero
-    const Lanes result = inDoubles(greater(lesser(x, most), least), Exp64f::lanes);
+    constexpr Mox32f most = 88.75f, least = -104.0f;  // infinity, and zero
+    Lanes result;
+    if (signBits(either(notAtMost(x, most), notAtLeast(x, least))) == signBits(special(x))) {
+      // A product that leaves the range of floats by far is rounded like them.
+      const Lanes one = broadcast<Lanes>(1.0f);
+      const Lanes root = inRegister(select(x, one * 0x1p-100f, one * 0x1p100f));
+      result = root * root;
+    } else {
+      const Lanes zero = {};
+      result = inDoubles(greater(lesser(x, zero + most), zero + least), Exp64f::lanes);
+    }
     return select(Lanes(x != x), x + x, result);
   }
 };
