@@ -22,12 +22,24 @@ struct Exp64f {
   static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 708.0); }
 
   static Lanes rare(Lanes x, int&) {
-    // Infinity past the one bound, zero past the other: there the product would underflow slowly.
+    // Infinity past the one bound, zero past the other.
     const Lanes zero = {}, isZero = Lanes(x < -746.0);
     const ExpArgument argument(select(isZero, zero, lesser(x, zero + 710.0)));
-    const Lanes half = nearestInteger(argument.exponent * 0.5);
-    const Lanes result =
-        expOfRest(argument.rest) * powersOfTwo(half) * powersOfTwo(argument.exponent - half);
+    // A subnormal number, which arithmetic would take long to make, is the bits of the integer that
+    // it counts: low results are computed times 2^1074.
+    using Words = Bits<Lanes>;
+    const auto where = [](Words mask, Mox64f v) {
+      return Lanes(mask & Words(broadcast<Lanes>(v)));
+    };
+    const Words isLow = Words(argument.exponent < -1000.0);
+    const Lanes exponent = argument.exponent + where(isLow, 1074.0);
+    const Lanes half = nearestInteger(exponent * 0.5);
+    Lanes result = expOfRest(argument.rest) * powersOfTwo(half) * powersOfTwo(exponent - half);
+    if (anyLane(isLow)) {
+      const Words isSubnormal = isLow & Words(result < 0x1p52);
+      const Words rounded = Words(result + where(isSubnormal, 0x1p52));
+      result = Lanes(rounded - (((isLow & 1074) - isSubnormal) << 52));
+    }
     return select(isZero, zero, select(Lanes(x != x), x + x, result));
   }
 };
@@ -41,8 +53,17 @@ struct Exp32f {
   static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
   static Lanes rare(Lanes x, int&) {
-    const auto most = broadcast<Lanes>(104.0f), least = -most;  // infinity, and zero
-    const Lanes result = inDoubles(greater(lesser(x, most), least), Exp64f::lanes);
+    constexpr Mox32f most = 88.75f, least = -104.0f;  // infinity, and zero
+    Lanes result;
+    if (signBits(either(notAtMost(x, most), notAtLeast(x, least))) == signBits(special(x))) {
+      // A product that leaves the range of floats by far is rounded like them.
+      const Lanes one = broadcast<Lanes>(1.0f);
+      const Lanes root = inRegister(select(x, one * 0x1p-100f, one * 0x1p100f));
+      result = root * root;
+    } else {
+      const Lanes zero = {};
+      result = inDoubles(greater(lesser(x, zero + most), zero + least), Exp64f::lanes);
+    }
     return select(Lanes(x != x), x + x, result);
   }
 };
