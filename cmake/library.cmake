@@ -7,6 +7,8 @@ if(NOT MOXSP_REVISION)
   set(MOXSP_REVISION 0)
 endif()
 configure_file(cmake/version_numbers.h.in generated/move/version_numbers.h)
+set_source_files_properties(src/move/version.cpp
+  PROPERTIES INCLUDE_DIRECTORIES ${PROJECT_BINARY_DIR}/generated)
 
 if(MOXSP_SANITIZE)
   # For all targets, so before the first of them: a program and a library under the sanitizers must
@@ -49,7 +51,7 @@ endforeach()
 function(moxsp_objects target isa)
   add_library(${target} OBJECT ${sources})
   target_include_directories(${target}
-    PUBLIC include PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+    PUBLIC include PRIVATE src)
   set_target_properties(${target} PROPERTIES
     POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   # Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
