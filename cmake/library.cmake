@@ -7,6 +7,8 @@ if(NOT MOXSP_REVISION)
   set(MOXSP_REVISION 0)
 endif()
 configure_file(cmake/version_numbers.h.in generated/move/version_numbers.h)
+set_source_files_properties(src/move/version.cpp
+  PROPERTIES INCLUDE_DIRECTORIES ${PROJECT_BINARY_DIR}/generated)
 
 if(MOXSP_SANITIZE)
   # For all targets, so before the first of them: a program and a library under the sanitizers must
@@ -36,7 +38,7 @@ endif()
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp)
 # These run before it is known which instructions the processor has.
 set_source_files_properties(src/support/attach.cpp src/support/processor.cpp
-  PROPERTIES COMPILE_OPTIONS -mno-avx)
+  PROPERTIES COMPILE_OPTIONS -mno-avx SKIP_PRECOMPILE_HEADERS ON)
 # The compiler must not move arithmetic out of a scope that changes the rounding mode.
 foreach(source ${sources})
   file(STRINGS ${source} uses_rounding_control REGEX "#include \"frame/rounding_control\\.h\"")
@@ -49,7 +51,7 @@ endforeach()
 function(moxsp_objects target isa)
   add_library(${target} OBJECT ${sources})
   target_include_directories(${target}
-    PUBLIC include PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+    PUBLIC include PRIVATE src)
   set_target_properties(${target} PROPERTIES
     POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   # Results are defined to the bit: no fused operations, no reordering of floating-point arithmetic.
@@ -62,6 +64,12 @@ function(moxsp_objects target isa)
   if(isa STREQUAL avx512 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Which it sees in its own intrinsics.
     target_compile_options(${target} PRIVATE -Wno-uninitialized -Wno-maybe-uninitialized)
+  endif()
+  # What most files include takes the compiler half a second each: it reads that once. Objects that
+  # come through a compiler's cache do without, for it can't tell what has gone into them.
+  if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    target_precompile_headers(${target} PRIVATE
+      <immintrin.h> <algorithm> <bit> <cmath> <cstring> <limits> <utility>)
   endif()
   string(TOUPPER ${isa} name)
   target_compile_definitions(${target} PRIVATE MOXSP_${name})

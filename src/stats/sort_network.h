@@ -29,14 +29,20 @@ namespace detail {
 template <class Order, int mask, int rows, class Row>
 [[gnu::always_inline]] inline void exchangeRanks(Row (&a)[rows]) {
   constexpr int rowMask = mask % rows, laneMask = mask / rows, lanes = laneCount<Row>;
+  constexpr int topBit = int(std::bit_floor(unsigned(mask)));
   Row partners[rows];
-  unrolled<rows>(
-      [&](auto r) { partners[r] = shuffle<[](int i) { return i ^ laneMask; }>(a[r ^ rowMask]); });
-  unrolled<rows>([&](auto row) {
-    constexpr int r = row, topBit = int(std::bit_floor(unsigned(mask)));
-    a[r] = shuffle<[](int lane) { return (lane * rows + r) & topBit ? lanes + lane : lane; }>(
-        Order::first(a[r], partners[r]), Order::second(partners[r], a[r]));
-  });
+#pragma GCC unroll 16
+  for (int r = 0; r < rows; ++r)
+    partners[r] = shuffle<[](int lane) { return lane ^ laneMask; }>(a[r ^ rowMask]);
+#pragma GCC unroll 16
+  for (int r = 0; r < rows; ++r) {
+    const Row first = Order::first(a[r], partners[r]), second = Order::second(partners[r], a[r]);
+    if constexpr (topBit < rows)
+      a[r] = r & topBit ? second : first;
+    else
+      a[r] = shuffle<[](int lane) { return lane * rows & topBit ? lanes + lane : lane; }>(first,
+                                                                                          second);
+  }
 }
 
 // Batcher's bitonic sort: runs of 2, 4, 8 ... are merged from two, the second taken backwards.

@@ -3,13 +3,15 @@
 source "$(dirname "$0")/common.sh"
 source_dir=$1 build_dir=$2 cc=$3 cxx=$4
 build_type=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build_dir/CMakeCache.txt")
+# With it come precompiled headers or none, and with those another order of the functions.
+launcher=$(sed -n 's/^CMAKE_CXX_COMPILER_LAUNCHER:[A-Z]*=//p' "$build_dir/CMakeCache.txt")
 export CCACHE_DISABLE=1
 
 # configure PLACE DATE: with the date as the time of the build.
 configure() {
   SOURCE_DATE_EPOCH=$(date -u -d "$2" +%s) cmake -S "$source_dir" -B "$scratch/$1" \
     -DMOXSP_WIDER=OFF -DCMAKE_BUILD_TYPE="$build_type" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
-    > "$scratch/log" || fail "$(cat "$scratch/log")"
+    -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" > "$scratch/log" || fail "$(cat "$scratch/log")"
 }
 numbers=generated/move/version_numbers.h
 configure old "14 Nov 2023"
