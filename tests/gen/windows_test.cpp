@@ -146,11 +146,10 @@ TEST(Windows, OfShortsHaveCosinesAndWeightsInSinglePrecision) {
 TEST(Windows, ScaleBlackman) {
   constexpr int alphaQ15 = -5243;
   const auto scaled = [](const std::vector<Mox16s>& src, int factor) {
-    return resultsOf("WinBlackmanQ15_16s_ISfs", src,
-                     [=](Mox16s* p, int len) {
-                       return moxsWinBlackmanQ15_16s_ISfs(p, len, alphaQ15, factor);
-                     })
-        .values;
+    const auto call = [=](Mox16s* p, int len) {
+      return moxsWinBlackmanQ15_16s_ISfs(p, len, alphaQ15, factor);
+    };
+    return resultsOf("WinBlackmanQ15_16s_ISfs", src, call).values;
   };
   forAllFactors([&](int factor) {
     for (const int len : {3, 4, 5, 77}) {

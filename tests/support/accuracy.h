@@ -31,25 +31,24 @@ long double ulpError(F got, long double exact) {
 
 // The errors of results against exactAt(i) are up to `bound`, and the greatest is no less than
 // `share` of it.
-template <class D, class ExactAt, class... S>
-void expectWithinUlps(const Results<D>& got, double bound, double share, ExactAt exactAt,
-                      const std::vector<S>&... src) {
+template <class D, class... S>
+void expectWithinUlps(const Results<D, S...>& got, double bound, double share, auto exactAt) {
   ASSERT_GE(got.status, moxOk) << got.name;
   long double worst = 0;
   std::size_t at = 0;
   for (std::size_t i = 0; i < got.values.size(); ++i)
     if (const long double error = ulpError(got.values[i], exactAt(i)); !(error <= worst))
       worst = error, at = i;
-  EXPECT_LE(worst, bound) << got.name << " of " << ((text(src[at]) + ' ') + ...) << "gives "
+  EXPECT_LE(worst, bound) << got.name << " of " << sourcesAt(got, at) << "gives "
                           << text(got.values[at]);
   EXPECT_GE(worst, share * bound) << got.name << ": the header could promise more";
 }
 
 // Results on complex elements by parts.
-template <mox::Complex E>
-auto partsOf(const Results<E>& z) {
-  using Parts = Results<mox::Part<E>>;
-  std::pair<Parts, Parts> parts = {{z.name, z.status, {}}, {z.name, z.status, {}}};
+template <mox::Complex E, class... S>
+auto partsOf(const Results<E, S...>& z) {
+  const Results<mox::Part<E>, S...> none = {z.name, z.status, {}, z.sources};
+  std::pair parts = {none, none};
   for (const E& e : z.values)
     parts.first.values.push_back(e.re), parts.second.values.push_back(e.im);
   return parts;

@@ -39,7 +39,7 @@ struct Setting {
 
 struct Array {
   int parameter;
-  BorrowedRegion region;
+  BorrowedRegion region = borrowRegion();
   std::byte* data;
   std::size_t bytes;
   const ElementType* element;

@@ -10,9 +10,7 @@ struct Row {
   const char* reason;
 };
 
-constexpr Claim whole(const char* functions, Deviation kind) {
-  return {functions, nullptr, int(kind)};
-}
+Claim whole(const char* functions, Deviation kind) { return {functions, "", int(kind)}; }
 
 const Table<Row> deviations = {
     "deviations",
@@ -110,13 +108,6 @@ bool optionalPointer(const Function& function, const std::string& parameter) {
 
 bool scratch(const Function& function, const std::string& parameter) {
   return scratchMemory.first(function, parameter);
-}
-
-std::vector<std::string> faultsOfContract() {
-  auto faults = deviations.faults();
-  for (const auto& table : {optionalPointers.faults(), scratchMemory.faults()})
-    faults.insert(faults.end(), table.begin(), table.end());
-  return faults;
 }
 
 }  // namespace every

@@ -312,6 +312,4 @@ void checkForeignObjects(const Function& f, Position& at) {
   }
 }
 
-std::vector<std::string> faultsOfRefusals() { return refusals.faults(); }
-
 }  // namespace every
