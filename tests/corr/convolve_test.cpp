@@ -122,7 +122,7 @@ TEST(ConvCyclic, WrapsAround) {
       ASSERT_LT(std::abs(exactly(y[k]) - real), 1e-6);
       ASSERT_LT(std::abs(exactly(w[k % 4]) - complex), 1e-6);
       ASSERT_EQ(v[k], scaledInteger(Mox32s(sum), std::clamp(factor, -31, 31), rangeOf<Mox16s>))
-          << k << ", factor " << factor << "; " << seedNote();
+          << k << ", factor " << factor;
     }
   }
 }

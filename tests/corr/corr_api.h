@@ -2,23 +2,12 @@
 #pragma once
 
 #include <array>
-#include <complex>
 #include <numeric>
 
 #include "support/core_probe.h"
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace test {
-
-using Exact = std::complex<long double>;
-
-template <class E>
-Exact exactly(E e) {
-  if constexpr (mox::Complex<E>)
-    return {e.re, e.im};
-  else
-    return e;
-}
 
 // A sum, the sum of the magnitudes of its terms, and how many it has.
 struct Sum {
@@ -62,8 +51,7 @@ void expectNear(const std::vector<E>& got, const std::vector<Sum>& sums, long do
     const auto& [value, magnitude, terms] = sums[i];
     const long double over = terms ? divisor(sums[i]) : 1,
                       error = scale > 0 && terms ? 16 * u * scale : u * (3 * terms + 2) * magnitude;
-    ASSERT_LE(std::abs(exactly(got[i]) - value / over), error / over)
-        << "output " << i << "; " << seedNote();
+    ASSERT_LE(std::abs(exactly(got[i]) - value / over), error / over) << "output " << i;
   }
 }
 
@@ -74,7 +62,7 @@ void expectScaled(const std::vector<Mox16s>& got, const std::vector<Sum>& sums, 
   for (std::size_t i = 0; i < sums.size(); ++i) {
     const double mean = sums[i].terms ? double(sums[i].value.real()) / divisor(sums[i]) : 0;
     ASSERT_NEAR(got[i], std::clamp(std::scalbln(mean, -long(factor)), -32768.0, 32767.0), error)
-        << "output " << i << ", factor " << factor << "; " << seedNote();
+        << "output " << i << ", factor " << factor;
   }
 }
 

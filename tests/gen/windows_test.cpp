@@ -67,7 +67,7 @@ void expectWindow(Member<const E*, E*, int, P...> member, Weight weight, L alpha
     const L exact = half ? std::clamp<L>(w * x[i], -32768, 32767) : w * x[i];
     worst = std::max(worst, std::fabs(y[i] - exact));
   }
-  EXPECT_LE(worst, half + bound * full) << member.name << ' ' << len << ' ' << seedNote();
+  EXPECT_LE(worst, half + bound * full) << member.name << ' ' << len;
 }
 
 // `single` and `wide` are the bounds of the header for weights in either format; they grow by

@@ -2,7 +2,6 @@
 // against.
 #pragma once
 
-#include "iir/iir_state.h"
 #include "support/filters.h"
 #include "support/test.h"
 

@@ -126,34 +126,6 @@ TEST(IirRun, ErrorsOfBlocksStayNearThoseOfSingleSteps) {
     }
 }
 
-// What the block engine adds for past outputs is the response of the recursion to each of them.
-TEST(IirRun, ResponsesAreThoseOfTheRecursion) {
-  Random random(3);
-  for (const auto& [shape, count] : shapes) {
-    if (shape == Shape::anyOrder && count > mox::iir::mostOrder) continue;
-    const auto taps = someTaps<Iir64fc>(random, shape, count);
-    const auto state = makeIir<Iir64fc>(shape, taps, count);
-    const auto& s = *static_cast<mox::iir::State<Mox64fc>*>(state.get());
-    ASSERT_EQ(s.length, mox::iir::mostLength);
-    for (int section = 0; section < s.sections; ++section)
-      for (int past = 0; past < s.order; ++past) {
-        std::vector<Exact> y(s.order + s.length);
-        y[s.order - 1 - past] = 1;
-        for (int j = 0; j < s.length; ++j) {
-          Exact& next = y[s.order + j];
-          const auto* a = &taps[(2 * section + 1) * (s.order + 1)];
-          for (int k = 1; k <= s.order; ++k)
-            next -= exactly(a[k]) / exactly(a[0]) * y[s.order + j - k];
-          const auto held = [&](int k) {
-            return exactly(s.response[s.responseOf(section) + k * mox::iir::responseStride + j]);
-          };
-          const Exact weight = s.order != 2 ? held(past) : past == 0 ? held(0) + held(1) : -held(1);
-          ASSERT_NEAR(double(std::abs(next - weight)), 0, 1e-14) << past << ' ' << j;
-        }
-      }
-  }
-}
-
 // Filters that grow: no infinity may meet a zero of a silent input.
 TEST(IirRun, UnstableFiltersAreSilentOnSilence) {
   for (const Mox32f a : {-1.05f, -2.0f, 1e6f, -1e30f}) {

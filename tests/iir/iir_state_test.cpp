@@ -114,21 +114,4 @@ TEST(IirDirectForm1, GoesOnFromRawSamples) {
   EXPECT_EQ(moxsIIRFree_32f(s), moxOk);
 }
 
-// Every object carries the word of its combination and form.
-TEST(IirStates, BeginWithTheirWords) {
-  const Mox64f taps[] = {1, 0, 0, 1, 0, 0};
-  const Mox32s words[] = {0x49493231, 0x49493232, 0x49493330};
-  const auto wordOf = [&](auto make, auto count) {
-    MoxsIIRState* s = nullptr;
-    EXPECT_EQ(make(&s, taps, count, nullptr), moxOk);
-    const Mox32s word = *reinterpret_cast<const Mox32s*>(s);
-    EXPECT_EQ(moxsIIRFree64f_16s(s), moxErrContext);
-    EXPECT_EQ(moxsIIRFree64f_32s(s), moxOk);
-    return word;
-  };
-  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_32s, 2), words[0]);
-  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_BiQuad_32s, 1), words[1]);
-  EXPECT_EQ(wordOf(moxsIIRInitAlloc64f_BiQuad_DF1_32s, 1), words[2]);
-}
-
 }  // namespace

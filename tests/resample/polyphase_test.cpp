@@ -138,7 +138,7 @@ void expectModel(const Model& model, double start, double tolerance, double ofBl
   for (std::size_t k = 0; k < std::min(whole.size(), cut.size()); ++k) {
     const Real exact = model.output(&x[margin], start + double(k) / model.factor());
     ASSERT_NEAR(whole[k], std::clamp<Real>(exact, Limits::lowest(), Limits::max()), tolerance) << k;
-    ASSERT_NEAR(cut[k], whole[k], ofBlocks) << k << "; " << test::seedNote();
+    ASSERT_NEAR(cut[k], whole[k], ofBlocks) << k;
   }
 }
 

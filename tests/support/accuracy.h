@@ -54,6 +54,17 @@ auto partsOf(const Results<E, S...>& z) {
   return parts;
 }
 
+// An integer result is the exact one, held in its range and rounded, or within `error` of that.
+template <class P>
+void expectRounded(long double got, long double exact, long double error) {
+  using Limits = std::numeric_limits<P>;
+  const long double held = std::clamp<long double>(exact, Limits::min(), Limits::max());
+  if (error == 0)
+    ASSERT_EQ(got, std::nearbyint(held));
+  else
+    ASSERT_LE(std::fabs(got - held), 0.5L + error) << got << " for " << exact;
+}
+
 // Accumulates the relative L2 error of a vector against its reference.
 class RelativeError {
  public:

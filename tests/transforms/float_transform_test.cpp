@@ -179,7 +179,6 @@ long double signalError(const typename T::T* got, const typename T::T* x, long n
 TYPED_TEST(FloatTransform, FollowsTheDefiningSumWithEveryFlagAtAnyAddress) {
   using T = TypeParam;
   using E = typename T::T;
-  SCOPED_TRACE(test::seedNote());
   long turn = 0;
   for (const long n : T::lengths())
     for (const Flag& flag : test::flags) {
@@ -223,7 +222,6 @@ TYPED_TEST(FloatTransform, FollowsTheDefiningSumWithEveryFlagAtAnyAddress) {
 template <class T>
 void expectTurnsOfImpulses(const std::vector<long>& lengths) {
   using E = typename T::T;
-  SCOPED_TRACE(test::seedNote());
   Random random(1);
   for (const long n : lengths) {
     SCOPED_TRACE(testing::Message() << "length " << n);

@@ -1,21 +1,11 @@
 // Goertz against its sum in long double, and in double precision to the bit.
-#include <complex>
-
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace {
 
-using Exact = std::complex<long double>;
+using test::Exact, test::exactly;
 
 constexpr double twoPi = 6.283185307179586;
-
-template <class E>
-Exact number(E e) {
-  if constexpr (mox::Complex<E>)
-    return {(long double)e.re, (long double)e.im};
-  else
-    return (long double)e;
-}
 
 struct Sum {
   Exact value;
@@ -26,8 +16,8 @@ Sum sumAt(const std::vector<E>& x, double f) {
   const Exact turn = std::polar(1.0L, (long double)(twoPi * f));
   Sum sum = {};
   for (const E& e : x) {
-    sum.value = sum.value * turn + number(e);
-    sum.magnitudes += std::abs(number(e));
+    sum.value = sum.value * turn + exactly(e);
+    sum.magnitudes += std::abs(exactly(e));
   }
   sum.value *= turn;
   return sum;
@@ -60,7 +50,6 @@ void forAll(auto one, auto two, Check check) {
 
 template <class E>
 void expectFloats(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   forAll<E, Mox32fc, Mox32f>(one, two, [](const auto& x, double f, Mox32fc got) {
     const Sum sum = sumAt(x, f);
     const long double n = x.size(), bound = (0x1p-24L + 0x1p-57L * n * n) * sum.magnitudes;
@@ -77,7 +66,6 @@ TEST(Goertzel, SingleResultsAreNearTheSum) {
 // The recurrence in the order of its operations.
 template <class E>
 void expectBits(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   forAll<E, Mox64fc, Mox64f>(one, two, [](const auto& x, double f, Mox64fc got) {
     const double c = std::cos(twoPi * f), s = std::sin(twoPi * f);
     double last[2] = {}, before[2] = {};
@@ -113,7 +101,6 @@ void expectScaled(Sum sum, long len, int factor, Mox16sc got) {
 
 template <class E>
 void expectIntegers(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   for (const int factor : {0, 5, -2, 64, INT_MAX, INT_MIN})
     forAll<E, Mox16sc, Mox32f>([&](auto... args) { return one(args..., factor); },
                                [&](auto... args) { return two(args..., factor); },

@@ -1,4 +1,5 @@
 // FFTs and DFTs of integers against the transform in long double, within the stated bound.
+#include "support/accuracy.h"
 #include "transforms/forms.h"
 
 namespace {
@@ -64,17 +65,6 @@ template <class T>
 class IntegerTransform : public testing::Test {};
 TYPED_TEST_SUITE(IntegerTransform, Forms);
 
-// got = clamp(scaled), rounded, within the bound; exactly where the bound is 0.
-template <class P>
-void expectNear(long double got, long double scaled, long double bound) {
-  const long double clamped = std::clamp(scaled, (long double)std::numeric_limits<P>::min(),
-                                         (long double)std::numeric_limits<P>::max());
-  if (bound == 0)
-    ASSERT_EQ(got, std::nearbyint(clamped));
-  else
-    ASSERT_LE(std::fabs(got - clamped), 0.5L + bound);
-}
-
 enum class Signal { noise, tone, square, impulse };
 
 template <class E>
@@ -106,8 +96,8 @@ struct Exact {
     const long double bound = unit * scale * (std::sqrt(steps * norm) + most);
     for (long i = 0; i < count; ++i) {
       const Complex got = at(i);
-      expectNear<P>(got.real(), scale * values[i].real(), bound);
-      expectNear<P>(got.imag(), scale * values[i].imag(), bound);
+      test::expectRounded<P>(got.real(), scale * values[i].real(), bound);
+      test::expectRounded<P>(got.imag(), scale * values[i].imag(), bound);
     }
   }
 };
@@ -116,7 +106,6 @@ TYPED_TEST(IntegerTransform, IsTheRoundedOneWithEveryFlagAndFactor) {
   using T = TypeParam;
   using E = typename T::T;
   using S = typename T::S;
-  SCOPED_TRACE(test::seedNote());
   for (const long n : T::lengths())
     for (const Signal kind : {Signal::noise, Signal::tone, Signal::square, Signal::impulse}) {
       if (n > 1024 && kind != Signal::noise) continue;
