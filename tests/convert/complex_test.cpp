@@ -225,43 +225,37 @@ TEST(ComplexIntegers, LongPolarToCartNearTies) {
   });
 }
 
-TEST(ComplexIntegers, PolarToCartUndoesCartToPolar) {
-  for (int factor = -13; factor <= -8; ++factor) {
-    const int limit = 32768 >> -factor;
-    std::vector<Mox16sc> z;
-    for (Mox16s re = Mox16s(-limit); re <= limit; ++re)
-      for (Mox16s im = Mox16s(-limit); im <= limit; ++im)
-        if (std::hypot(re, im) <= std::ldexp(32767.0, factor)) z.push_back({re, im});
-    std::vector<Mox16s> m(z.size()), p(z.size());
-    moxsCartToPolar_16sc_Sfs(z.data(), m.data(), p.data(), int(z.size()), factor);
-    EXPECT_EQ(m, run(MEMBER(Magnitude_16sc_Sfs), z, factor).values);
-    EXPECT_EQ(p, run(MEMBER(Phase_16sc_Sfs), z, factor).values);
-    EXPECT_TRUE(sameBits(run(MEMBER(PolarToCart_16sc_Sfs), m, p, factor).values, z)) << factor;
-  }
-}
-
 // Each output is written whether or not the other can be.
-template <class F, class E>
-void expectCartToPolar(MoxStatus (*ofOne)(const E*, F*, F*, int),
-                       MoxStatus (*ofTwo)(const F*, const F*, F*, F*, int),
-                       Member<const E*, F*, int> magnitudes, Member<const E*, F*, int> phases) {
+template <class F, class E, class... Factor>
+void expectCartToPolar(MoxStatus (*ofOne)(const E*, F*, F*, int, Factor...),
+                       Member<const E*, F*, int, Factor...> magnitudes,
+                       Member<const E*, F*, int, Factor...> phases, Factor... factor) {
   const int len = 77;
   const auto z = Random(6).vector<E>(len);
-  const auto m = run(magnitudes, z).values, p = run(phases, z).values;
-  std::vector<F> re, im, first(len), second(len);
-  for (const E& e : z) re.push_back(e.re), im.push_back(e.im);
-  EXPECT_EQ(ofOne(z.data(), nullptr, second.data(), len), moxErrNullPtr);
-  EXPECT_EQ(ofOne(z.data(), first.data(), nullptr, len), moxErrNullPtr);
+  const auto m = run(magnitudes, z, factor...).values, p = run(phases, z, factor...).values;
+  std::vector<F> first(len), second(len);
+  EXPECT_EQ(ofOne(z.data(), nullptr, second.data(), len, factor...), moxErrNullPtr);
+  EXPECT_EQ(ofOne(z.data(), first.data(), nullptr, len, factor...), moxErrNullPtr);
   EXPECT_TRUE(sameBits(first, m) && sameBits(second, p));
-  EXPECT_EQ(ofTwo(re.data(), im.data(), re.data(), im.data(), len), moxOk);
+}
+template <class F>
+void expectPartsToPolar(MoxStatus (*ofTwo)(const F*, const F*, F*, F*, int),
+                        Member<const F*, const F*, F*, int> magnitudes,
+                        Member<const F*, const F*, F*, int> phases) {
+  auto re = Random(6).vector<F>(77), im = Random(7).vector<F>(77);
+  const auto m = run(magnitudes, re, im).values, p = run(phases, re, im).values;
+  EXPECT_EQ(ofTwo(re.data(), im.data(), re.data(), im.data(), 77), moxOk);
   EXPECT_TRUE(sameBits(re, m) && sameBits(im, p));
 }
 
 TEST(Complex, CartToPolarIsMagnitudeAndPhase) {
-  expectCartToPolar(moxsCartToPolar_32fc, moxsCartToPolar_32f, MEMBER(Magnitude_32fc),
-                    MEMBER(Phase_32fc));
-  expectCartToPolar(moxsCartToPolar_64fc, moxsCartToPolar_64f, MEMBER(Magnitude_64fc),
-                    MEMBER(Phase_64fc));
+  expectCartToPolar(moxsCartToPolar_32fc, MEMBER(Magnitude_32fc), MEMBER(Phase_32fc));
+  expectCartToPolar(moxsCartToPolar_64fc, MEMBER(Magnitude_64fc), MEMBER(Phase_64fc));
+  for (const int factor : {-13, -8, 0, 3})
+    expectCartToPolar(moxsCartToPolar_16sc_Sfs, MEMBER(Magnitude_16sc_Sfs), MEMBER(Phase_16sc_Sfs),
+                      factor);
+  expectPartsToPolar(moxsCartToPolar_32f, MEMBER(Magnitude_32f), MEMBER(Phase_32f));
+  expectPartsToPolar(moxsCartToPolar_64f, MEMBER(Magnitude_64f), MEMBER(Phase_64f));
 }
 
 // The double that comes closest of all to a multiple of pi / 2.

@@ -12,12 +12,8 @@ namespace {
 using namespace test;
 
 // Runs a check with the instructions, where this processor has them, and without.
-template <class Check>
-void onBothPaths(Check check) {
-  if (ownGetFeature(mox::cpuHalfFloat)) {
-    SCOPED_TRACE("instructions");
-    check();
-  }
+void onBothPaths(auto check) {
+  if (ownGetFeature(mox::cpuHalfFloat)) check();
   SCOPED_TRACE("software");
   CoreProbe probe;
   probe.fixFeatures(0);

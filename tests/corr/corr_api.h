@@ -9,19 +9,6 @@
 
 namespace test {
 
-// A sum, the sum of the magnitudes of its terms, and how many it has.
-struct Sum {
-  Exact value = 0;
-  long double magnitude = 0;
-  long terms = 0;
-
-  void add(Exact x, Exact y) {
-    value +=
-        Exact(x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real());
-    magnitude += std::sqrt(std::norm(x) * std::norm(y)), ++terms;
-  }
-};
-
 // The sums over k of a[k] * b[sign * k + n] for n = first to first + count - 1.
 template <class E>
 std::vector<Sum> sumsOf(const std::vector<E>& a, const std::vector<E>& b, int sign, long first,

@@ -1,5 +1,5 @@
 // Sparse FIR and IIR filters, which are defined to the bit.
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace {
 
@@ -110,13 +110,10 @@ TEST(Sparse, IsTheSumToTheBitHoweverAStreamIsCut) {
     Floats src = random.vector<float>(5000);
     src[0] = -0.f;
     const Floats expected = filter.model(line, src);
-    Floats dst(src.size());
     const bool inPlace = round % 3 == 0;
-    if (inPlace) dst = src;
-    for (int done = 0, len; done < 5000; done += len) {
-      len = int(std::min(5000 - done + 0L, 1 + random.below(random.below(2) ? 30 : 3000)));
-      ASSERT_EQ(filter.run(inPlace ? &dst[done] : &src[done], &dst[done], len), moxOk);
-    }
+    Floats dst = inPlace ? src : Floats(src.size());
+    for (const Piece& p : cut(random, 5000, random.below(2) ? 30 : 3000))
+      ASSERT_EQ(filter.run(inPlace ? &dst[p.at] : &src[p.at], &dst[p.at], p.len), moxOk);
     EXPECT_TRUE(sameBits(dst, expected));
     EXPECT_TRUE(sameBits(filter.line(), line));
     if (testing::Test::HasFailure()) return;

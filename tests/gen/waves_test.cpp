@@ -1,13 +1,12 @@
 // Tones and triangles against their formulas, in long double.
 #include "support/members.h"
-#include "support/test.h"
+#include "support/windows.h"
 
 namespace {
 
 using namespace test;
 using L = long double;
 
-constexpr L pi = 3.14159265358979323846264338327950288L;
 constexpr Mox64f twoPi = 6.283185307179586;
 
 // From 1 at the angle 0 to -1 at pi + asym, and back.

@@ -4,37 +4,12 @@
 #include "support/members.h"
 #include "support/test.h"
 #include "support/values.h"
+#include "support/windows.h"
 
 namespace {
 
 using namespace test;
 using L = long double;
-
-constexpr L pi = 3.14159265358979323846264338327950288L;
-
-L besselI0(L x) {
-  L sum = 1, term = 1;
-  for (int k = 1; term > sum * 1e-20L; ++k) sum += term *= x / 2 / k * (x / 2 / k);
-  return sum;
-}
-
-// w(n), of `last` = len - 1.
-using Weight = L (*)(L n, L last, L alpha);
-L bartlett(L n, L last, L) { return 2 * n / last; }
-L hann(L n, L last, L) { return 0.5L - 0.5L * std::cos(2 * pi * n / last); }
-L hamming(L n, L last, L) { return 0.54L - 0.46L * std::cos(2 * pi * n / last); }
-L blackman(L n, L last, L alpha) {
-  const L t = 2 * pi * n / last;
-  return (alpha + 1) / 2 - std::cos(t) / 2 - alpha / 2 * std::cos(2 * t);
-}
-L blackmanOpt(L n, L last, L) {
-  const L ratio = 0.5L / std::cos(pi / last);
-  return blackman(n, last, -ratio * ratio);
-}
-L kaiser(L n, L last, L alpha) {
-  return besselI0(std::fabs(alpha) * std::sqrt(n * (last - n))) /
-         besselI0(std::fabs(alpha) * last / 2);
-}
 
 // All short lengths, both sides of those where kernels change, long ones.
 std::vector<int> lengths(int least) {

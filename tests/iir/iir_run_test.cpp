@@ -33,7 +33,7 @@ class IirRun : public testing::Test {
     std::vector<D> y;
     for (const auto& p : pieces) {
       std::vector<D> got(p.len);
-      run<F>(state.get(), p, &src[y.size()], p.len, got, 0);
+      run<F>(state.get(), p, &src[p.at], p.len, got, 0);
       y.insert(y.end(), got.begin(), got.end());
     }
     long double largest = 1;

@@ -85,27 +85,28 @@ void expectPermutation(MoxStatus (*function)(const E*, E*, int), int size, Place
   }
 }
 template <class E>
-void expectCopies(MoxStatus (*copy)(const E*, E*, int)) {
-  constexpr long size = sizeof(E);
-  expectPermutation(copy, size, [](long i, long k, long) { return i * size + k; });
+struct Members {
+  MoxStatus (*set)(E, E*, int);
+  MoxStatus (*zero)(E*, int);
+  MoxStatus (*copy)(const E*, E*, int);
+  MoxStatus (*move)(const E*, E*, int);
+};
+#define MEMBERS(t) \
+  Members<Mox##t> { moxsSet_##t, moxsZero_##t, moxsCopy_##t, moxsMove_##t }
+template <class... E>
+void expectMembers(const Members<E>&... members) {
+  const auto expect = []<class T>(const Members<T>& m) {
+    const auto place = [](long i, long k, long) { return i * long(sizeof(T)) + k; };
+    expectFills(m.set, m.zero);
+    expectPermutation(m.copy, sizeof(T), place);
+    expectPermutation(m.move, sizeof(T), place);
+  };
+  (expect(members), ...);
 }
 
-#define EXPECT_ALL_OF(t)                  \
-  expectFills(moxsSet_##t, moxsZero_##t); \
-  expectCopies(moxsCopy_##t);             \
-  expectCopies(moxsMove_##t)
 TEST(EveryElementType, IsSetClearedCopiedAndMoved) {
-  EXPECT_ALL_OF(8u);
-  EXPECT_ALL_OF(16s);
-  EXPECT_ALL_OF(32f);
-  EXPECT_ALL_OF(32s);
-  EXPECT_ALL_OF(16sc);
-  EXPECT_ALL_OF(64f);
-  EXPECT_ALL_OF(64s);
-  EXPECT_ALL_OF(32fc);
-  EXPECT_ALL_OF(32sc);
-  EXPECT_ALL_OF(64fc);
-  EXPECT_ALL_OF(64sc);
+  expectMembers(MEMBERS(8u), MEMBERS(16s), MEMBERS(32s), MEMBERS(64s), MEMBERS(32f), MEMBERS(64f),
+                MEMBERS(16sc), MEMBERS(32sc), MEMBERS(64sc), MEMBERS(32fc), MEMBERS(64fc));
 }
 
 TEST(Permutation, FlipReversesTheElements) {
@@ -114,12 +115,8 @@ TEST(Permutation, FlipReversesTheElements) {
     expectPermutation(flip, size,
                       [](long i, long k, long len) { return (len - 1 - i) * size + k; });
   };
-  expectFlip(moxsFlip_8u);
-  expectFlip(moxsFlip_16u);
-  expectFlip(moxsFlip_32f);
-  expectFlip(moxsFlip_32fc);
-  expectFlip(moxsFlip_64f);
-  expectFlip(moxsFlip_64fc);
+  expectFlip(moxsFlip_8u), expectFlip(moxsFlip_16u), expectFlip(moxsFlip_32f);
+  expectFlip(moxsFlip_64f), expectFlip(moxsFlip_32fc), expectFlip(moxsFlip_64fc);
 }
 
 TEST(Permutation, SwapBytesReversesTheBytesOfEachElement) {

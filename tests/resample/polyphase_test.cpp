@@ -1,22 +1,16 @@
 // Resampling against the sums that define it, in long double.
-#include <numbers>
 #include <numeric>
 
 #include "support/test.h"
+#include "support/windows.h"
 
 namespace {
 
+using test::pi, test::besselI0;
 using Real = long double;
-constexpr Real pi = std::numbers::pi_v<Real>;
 
 constexpr int margin = 400, len = 700;
 constexpr float rollf = 0.9f, norm = 0.8f;
-
-Real besselI0(Real x) {
-  Real term = 1, sum = 1;
-  for (int k = 1; term > 1e-21L * sum; ++k) sum += term *= x * x / 4 / (k * k);
-  return sum;
-}
 
 // A wing of the response, its last point repeated, which is interpolated for each sample. Positions
 // of a fixed ratio meet points.

@@ -36,6 +36,19 @@ Exact exactly(E e) {
     return Exact(e);
 }
 
+// A sum, the sum of the magnitudes of its terms, and how many it has.
+struct Sum {
+  Exact value = 0;
+  long double magnitude = 0;
+  long terms = 0;
+
+  void add(Exact x, Exact y) {
+    value +=
+        Exact(x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real());
+    magnitude += std::sqrt(std::norm(x) * std::norm(y)), ++terms;
+  }
+};
+
 template <class E>
 E one() {
   E e{};
@@ -56,13 +69,15 @@ enum class Way { block, inPlace, singly };
 struct Piece {
   Way way;
   int len;
+  long at = 0;
 };
 
 // Pieces of all ways and of at most `longest`.
 inline std::vector<Piece> cut(Random& random, int len, int longest) {
   std::vector<Piece> pieces;
-  for (; len > 0; len -= pieces.back().len)
-    pieces.push_back({Way(random.below(3)), int(std::min<long>(len, 1 + random.below(longest)))});
+  for (long at = 0; at < len; at += pieces.back().len)
+    pieces.push_back(
+        {Way(random.below(3)), int(std::min<long>(len - at, 1 + random.below(longest))), at});
   return pieces;
 }
 

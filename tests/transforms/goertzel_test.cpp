@@ -3,21 +3,17 @@
 
 namespace {
 
-using test::Exact, test::exactly;
+using namespace test;
 
 constexpr double twoPi = 6.283185307179586;
 
-struct Sum {
-  Exact value;
-  long double magnitudes;
-};
 template <class E>
 Sum sumAt(const std::vector<E>& x, double f) {
   const Exact turn = std::polar(1.0L, (long double)(twoPi * f));
   Sum sum = {};
   for (const E& e : x) {
     sum.value = sum.value * turn + exactly(e);
-    sum.magnitudes += std::abs(exactly(e));
+    sum.magnitude += std::abs(exactly(e));
   }
   sum.value *= turn;
   return sum;
@@ -30,7 +26,7 @@ const double frequencies[] = {0, 0x1p-20, 0.0625, 0.125, 0.2, 0.25, 0.4999, 0.5,
 // Calls one(src, len, dst, f) and two(src, len, dst, relFreq) at each length and frequency.
 template <class E, class C, class F, class Check>
 void forAll(auto one, auto two, Check check) {
-  test::Random random;
+  Random random;
   for (const long len : lengths)
     for (const double f : frequencies) {
       SCOPED_TRACE(testing::Message() << "length " << len << " frequency " << f);
@@ -52,7 +48,7 @@ template <class E>
 void expectFloats(auto one, auto two) {
   forAll<E, Mox32fc, Mox32f>(one, two, [](const auto& x, double f, Mox32fc got) {
     const Sum sum = sumAt(x, f);
-    const long double n = x.size(), bound = (0x1p-24L + 0x1p-57L * n * n) * sum.magnitudes;
+    const long double n = x.size(), bound = (0x1p-24L + 0x1p-57L * n * n) * sum.magnitude;
     EXPECT_LE(std::fabs(got.re - sum.value.real()), bound);
     EXPECT_LE(std::fabs(got.im - sum.value.imag()), bound);
   });
@@ -89,7 +85,7 @@ TEST(Goertzel, DoubleResultsFollowTheRecurrenceToTheBit) {
 void expectScaled(Sum sum, long len, int factor, Mox16sc got) {
   for (const auto& [part, exact] :
        {std::pair(got.re, sum.value.real()), std::pair(got.im, sum.value.imag())}) {
-    const long double bound = 0x1p-57L * len * len * sum.magnitudes + 1e-9L;
+    const long double bound = 0x1p-57L * len * len * sum.magnitude + 1e-9L;
     const auto rounded = [&](long double v) {
       return std::clamp(std::nearbyint(std::ldexp(v, -std::clamp(factor, -99, 99))), -32768.0L,
                         32767.0L);
@@ -119,7 +115,7 @@ TEST(Goertzel, IntegerResultsAreScaledAndSaturated) {
 }
 
 TEST(Goertzel, FixedPointFrequenciesAreTheFloatingOnes) {
-  const auto x = test::Random(1).vector<Mox16sc>(205);
+  const auto x = Random(1).vector<Mox16sc>(205);
   for (const Mox16s q15 : {0, 1, 4096, 12345, 32767}) {
     const Mox16s both[] = {q15, 777};
     const Mox32f f[] = {q15 / 32768.0f, 777 / 32768.0f};
