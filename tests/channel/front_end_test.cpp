@@ -1,4 +1,4 @@
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace {
 
@@ -49,43 +49,24 @@ TEST(Cauchy, IsTheLossAndItsDerivatives) {
   EXPECT_EQ(moxsCauchy_32f_I(&x, 1, NAN), moxErrCauchyConst);
 }
 
-// A sweep from minus half the sampling rate up to half of it, in blocks of any length.
-TEST(DemodulateFM, FollowsAChirp) {
-  constexpr int len = 20000;
-  Random random(3);
-  std::vector<Mox16s> re(len), im(len), y(len);
-  double phase = 0;
-  for (int i = 0; i < len; ++i) {
-    phase += M_PI * (2.0 * i / len - 1);
-    re[i] = Mox16s(std::lround(32000 * std::cos(phase)));
-    im[i] = Mox16s(std::lround(32000 * std::sin(phase)));
-  }
-  Mox16sc point = {32000, 0};
-  for (int i = 0, n; i < len; i += n) {
-    n = int(std::min<long>(len - i, 1 + random.below(100)));
-    ASSERT_EQ(moxsDemodulateFM_CToR_16s(&re[i], &im[i], &y[i], n, &point), moxOk);
-    ASSERT_EQ(point.re, re[i + n - 1]);
-    ASSERT_EQ(point.im, im[i + n - 1]);
-  }
-  // Roundings of the points are up to 0.7 of 32000, from both ends of an angle.
-  for (int i = 1; i < len; ++i) ASSERT_NEAR(y[i], 65536.0 * i / len - 32768, 1.5) << i;
-}
-
+// Of any points, in blocks of any length.
 TEST(DemodulateFM, IsTheAngleBetweenAnyPoints) {
-  Random random(4);
   constexpr int len = 4000;
+  Random random(4);
   auto re = random.vector<Mox16s>(len), im = random.vector<Mox16s>(len);
   for (int i = 0; i < 100; ++i) re[i] = Mox16s(re[i] % 3), im[i] = Mox16s(im[i] % 3);
   for (int i = 100; i < 200; ++i) re[i] = im[i] = -32768;
   std::vector<Mox16s> y(len);
   Mox16sc point = {1, 0};
-  ASSERT_EQ(moxsDemodulateFM_CToR_16s(re.data(), im.data(), y.data(), len, &point), moxOk);
+  for (const auto& [way, n, at] : test::cut(random, len, 100)) {
+    ASSERT_EQ(moxsDemodulateFM_CToR_16s(&re[at], &im[at], &y[at], n, &point), moxOk);
+    ASSERT_TRUE(point.re == re[at + n - 1] && point.im == im[at + n - 1]);
+  }
   for (int i = 1; i < len; ++i) {
     const double a = re[i], b = im[i], c = re[i - 1], d = im[i - 1];
     const double angle = std::atan2(b * c - a * d, a * c + b * d) / M_PI * 32768;
     const double error = std::abs(y[i] - std::min(angle, 32767.0));
-    ASSERT_LE(std::min(error, 65536 - error), y[i] == 32767 ? 1.01 : 0.51)
-        << i;
+    ASSERT_LE(std::min(error, 65536 - error), y[i] == 32767 ? 1.01 : 0.51) << i;
   }
 }
 
