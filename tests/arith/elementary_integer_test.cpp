@@ -122,8 +122,7 @@ TEST(ElementaryIntegers, AFactorBringsExponentialsBackIntoRange) {
 }
 
 // exactly(z, re, im) makes the parts.
-template <class Exactly>
-void expectComplex(Member<const Mox16sc*, Mox16sc*, int, int> member, Exactly exactly) {
+void expectComplex(Member<const Mox16sc*, Mox16sc*, int, int> member, auto exactly) {
   auto z = lattice<Mox16sc>(1500);
   for (Mox16s a = -100; a < 100; a += 7)  // squares of integers: ties
     for (Mox16s b = -80; b < 80; b += 3) z.push_back({Mox16s(a * a - b * b), Mox16s(2 * a * b)});

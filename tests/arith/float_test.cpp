@@ -147,7 +147,7 @@ TEST(FloatArithmetic, LargeArrays) {
   expectEach(run(MEMBER(Sub_32f), a, b), subtracted);
   std::vector<std::byte> room(std::size_t(large * 4 + 1));
   auto* const odd = reinterpret_cast<float*>(room.data() + 1);
-  ASSERT_EQ(moxsSub_32f(a.data(), b.data(), odd, large), moxOk);
+  ASSERT_OK(moxsSub_32f(a.data(), b.data(), odd, large));
   std::vector<float> dst(large);
   std::memcpy(dst.data(), odd, std::size_t(large) * 4);
   expectEach(Results<float, float, float>{"Sub_32f at an odd address", moxOk, dst, {a, b}},

@@ -99,7 +99,7 @@ TEST(Scaled, DestinationsAheadOfASourceInBlocks) {
   constexpr int len = 40;
   for (int ahead = 1; ahead <= len; ++ahead) {
     std::vector<Mox16s> v(2 * len, 1), one(len, 1);
-    ASSERT_EQ(moxsAdd_16s_Sfs(v.data(), one.data(), v.data() + ahead, len, 0), moxOk);
+    ASSERT_OK(moxsAdd_16s_Sfs(v.data(), one.data(), v.data() + ahead, len, 0));
     for (int i = 0; i < ahead + len; ++i) ASSERT_EQ(v[i], 1 + i / ahead) << ahead << " at " << i;
   }
 }

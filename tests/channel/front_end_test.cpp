@@ -11,8 +11,8 @@ TEST(Preemphasize, SubtractsTheElementBefore) {
     const auto n = random.vector<Mox16s>(100);
     auto y = x;
     auto m = n;
-    ASSERT_EQ(moxsPreemphasize_32f(y.data(), 100, val), moxOk);
-    ASSERT_EQ(moxsPreemphasize_16s(m.data(), 100, val), moxOk);
+    ASSERT_OK(moxsPreemphasize_32f(y.data(), 100, val));
+    ASSERT_OK(moxsPreemphasize_16s(m.data(), 100, val));
     for (int i = 1; i < 100; ++i) {
       const Mox32f product = val * x[i - 1];
       EXPECT_EQ(y[i], x[i] - product);
@@ -30,9 +30,9 @@ TEST(Cauchy, IsTheLossAndItsDerivatives) {
     auto x = random.vector<Mox32f>(5000);
     x[0] = 0, x[1] = c;
     auto loss = x, first = x, both = x, second = x;
-    ASSERT_EQ(moxsCauchy_32f_I(loss.data(), 5000, c), moxOk);
-    ASSERT_EQ(moxsCauchyD_32f_I(first.data(), 5000, c), moxOk);
-    ASSERT_EQ(moxsCauchyDD2_32f_I(both.data(), second.data(), 5000, c), moxOk);
+    ASSERT_OK(moxsCauchy_32f_I(loss.data(), 5000, c));
+    ASSERT_OK(moxsCauchyD_32f_I(first.data(), 5000, c));
+    ASSERT_OK(moxsCauchyDD2_32f_I(both.data(), second.data(), 5000, c));
     for (int i = 0; i < 5000; ++i) {
       const double e = x[i], square = double(c) * c, sum = square + e * e;
       // 1 + t * t loses what is below the last place of 1.
@@ -59,7 +59,7 @@ TEST(DemodulateFM, IsTheAngleBetweenAnyPoints) {
   std::vector<Mox16s> y(len);
   Mox16sc point = {1, 0};
   for (const auto& [way, n, at] : test::cut(random, len, 100)) {
-    ASSERT_EQ(moxsDemodulateFM_CToR_16s(&re[at], &im[at], &y[at], n, &point), moxOk);
+    ASSERT_OK(moxsDemodulateFM_CToR_16s(&re[at], &im[at], &y[at], n, &point));
     ASSERT_TRUE(point.re == re[at + n - 1] && point.im == im[at + n - 1]);
   }
   for (int i = 1; i < len; ++i) {

@@ -80,20 +80,19 @@ template <class E>
 int publishedSize(int order, int arrays) {
   const auto up = [](long bytes) { return (bytes + 63) / 64 * 64; };
   int spec, init, work;
-  EXPECT_EQ(CorrApi<E>::fftSize(order, moxNormInverse, 0, &spec, &init, &work), moxOk);
+  EXPECT_OK(CorrApi<E>::fftSize(order, moxNormInverse, 0, &spec, &init, &work));
   return int(up(spec) + up(init) + up(work) + up((long(arrays) * sizeof(E)) << order) + 64);
 }
 
 // Fails the allocations of a call one after the other; counts those of the call that succeeds.
-template <class Call>
-int allocationsOf(Call call) {
+int allocationsOf(auto call) {
   for (int nth = 1;; ++nth) {
     CoreProbe probe;
     probe.failAllocation(nth);
     const MoxStatus status = call();
     EXPECT_EQ(probe.live(), 0);
     if (probe.allocations() < nth) {
-      EXPECT_EQ(status, moxOk);
+      EXPECT_OK(status);
       return nth - 1;
     }
     EXPECT_EQ(status, moxErrMemAlloc);
@@ -123,7 +122,7 @@ void expectForms(const Expected<E>& e, Call call, Size size, Run run, Alone... a
     SCOPED_TRACE(testing::Message() << e.sums.size() << " outputs, algorithm " << algType);
     const bool byFft = e.scale > 0 && (algType == moxAlgFft || (algType == moxAlgAuto && e.isFft));
     int bytes = -1;
-    ASSERT_EQ(size(algType, &bytes), moxOk);
+    ASSERT_OK(size(algType, &bytes));
     EXPECT_EQ(bytes, byFft ? e.fftBytes : e.bytes);
     std::vector<E> y(e.sums.size()), z(y);
     if (e.bytes == 0) {

@@ -118,10 +118,9 @@ template <class F>
 FirHandle makeFir(const std::vector<typename F::Tap>& taps,
                   const typename F::Data* dlyLine = nullptr, const Rates& r = {}, int factor = 0) {
   MoxsFIRState* s = nullptr;
-  EXPECT_EQ(r.areSingle() ? allocFir<F>(&s, F::initAlloc, taps, dlyLine, factor)
+  EXPECT_OK(r.areSingle() ? allocFir<F>(&s, F::initAlloc, taps, dlyLine, factor)
                           : allocFir<F>(&s, F::allocMultirate, taps, dlyLine, factor, r.up,
-                                        r.upPhase, r.down, r.downPhase),
-            moxOk);
+                                        r.upPhase, r.down, r.downPhase));
   return FirHandle(s, {F::free});
 }
 

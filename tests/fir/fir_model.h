@@ -49,7 +49,7 @@ class Model {
 
   void expectTaps(const MoxsFIRState* s) const {
     std::vector<Tap> got(taps_.size());
-    ASSERT_EQ(F::getTaps(s, got.data()), moxOk);
+    ASSERT_OK(F::getTaps(s, got.data()));
     ASSERT_EQ(std::memcmp(got.data(), taps_.data(), got.size() * sizeof(Tap)), 0);
   }
 
@@ -143,9 +143,9 @@ class Model<F> {
     std::vector<Tap> got(taps_.size() / width);
     int factor = factor_;
     if constexpr (takesFactor<F>)
-      ASSERT_EQ(F::getTaps(s, got.data(), &factor), moxOk);
+      ASSERT_OK(F::getTaps(s, got.data(), &factor));
     else
-      ASSERT_EQ(F::getTaps(s, got.data()), moxOk);
+      ASSERT_OK(F::getTaps(s, got.data()));
     EXPECT_EQ(factor, factor_);
     for (std::size_t i = 0; i < taps_.size(); ++i)
       ASSERT_EQ((long double)mox::parts(got.data())[i],

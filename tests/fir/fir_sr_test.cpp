@@ -39,8 +39,7 @@ TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
       return energy[std::min(i + n - 1 + near, last)] - energy[std::max(i + n - 1 - near, 0L)];
     };
     int specSize, bufSize;
-    ASSERT_EQ(moxsFIRSRGetSize(n, sizeof(E) == 4 ? moxType32f : moxType64f, &specSize, &bufSize),
-              moxOk);
+    ASSERT_OK(moxsFIRSRGetSize(n, sizeof(E) == 4 ? moxType32f : moxType64f, &specSize, &bufSize));
     std::vector<E> first;
     for (int way = 0; way < 12; ++way) {
       const int algType = way % 3;
@@ -49,12 +48,11 @@ TYPED_TEST(FirSr, StaysWithinTheBoundsOfItsMethodHoweverAStreamIsCut) {
                    << n << " taps, method " << algType << (inPlace ? ", in place" : ""));
       std::vector<Mox8u> memory(specSize), buffer(bufSize);
       auto* const spec = reinterpret_cast<MoxsFIRSRSpec*>(memory.data());
-      ASSERT_EQ(init<E>(taps.data(), n, algType, spec), moxOk);
+      ASSERT_OK(init<E>(taps.data(), n, algType, spec));
       std::vector<E> y = inPlace ? src : std::vector<E>(len), line = past;
       for (const Piece& p : cut(random, len, way % 2 ? len : 700))
-        ASSERT_EQ(filter<E>(inPlace ? &y[p.at] : &src[p.at], &y[p.at], p.len, line.data(),
-                            line.data(), spec, buffer.data()),
-                  moxOk);
+        ASSERT_OK(filter<E>(inPlace ? &y[p.at] : &src[p.at], &y[p.at], p.len, line.data(),
+                            line.data(), spec, buffer.data()));
       for (int i = 0; i < len; ++i) {
         const long double bound = algType == moxAlgDirect
                                       ? (n + 1) * eps * sums[i].magnitude

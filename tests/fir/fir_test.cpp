@@ -33,25 +33,25 @@ class Fir : public testing::Test {
     const auto state = makeFir<F>(taught ? random.vector<Tap>(n) : taps, x.past.data(), r, factor);
     MoxsFIRState* const s = state.get();
     if (taught) {
-      ASSERT_EQ(setTaps<F>(s, taps, factor), moxOk);
+      ASSERT_OK(setTaps<F>(s, taps, factor));
     }
     model.expectTaps(s);
     std::vector<D> last(x.past.size());
     for (Piece p : pieces) {
       if (p.way == Way::singly && !r.areSingle()) p.way = Way::block;
       if (random.below(4) == 0) {
-        ASSERT_EQ(F::getDlyLine(s, last.data()), moxOk);
-        ASSERT_EQ(F::setDlyLine(s, last.data()), moxOk);
+        ASSERT_OK(F::getDlyLine(s, last.data()));
+        ASSERT_OK(F::setDlyLine(s, last.data()));
       }
       std::vector<D> got(long(p.len) * r.up);
       run<F>(s, p, &x.samples[p.at * r.down], long(p.len) * r.down, got, scale);
       setWay(model, p, n, r);
       model.expectOutputs(x, r, scale, got, p.at * r.up);
     }
-    ASSERT_EQ(F::getDlyLine(s, last.data()), moxOk);
+    ASSERT_OK(F::getDlyLine(s, last.data()));
     ASSERT_TRUE(sameBits(last, x.lastPast()));
-    ASSERT_EQ(F::setDlyLine(s, nullptr), moxOk);
-    ASSERT_EQ(F::getDlyLine(s, last.data()), moxOk);
+    ASSERT_OK(F::setDlyLine(s, nullptr));
+    ASSERT_OK(F::getDlyLine(s, last.data()));
     ASSERT_TRUE(sameBits(last, std::vector<D>(last.size())));
     if constexpr (requires { F::multirateDirect; }) {
       std::vector<D> got(long(iterations) * r.up);
@@ -62,9 +62,9 @@ class Fir : public testing::Test {
                                   scale);
       };
       if constexpr (isFixedPoint<F>)
-        ASSERT_EQ(direct(factor), moxOk);
+        ASSERT_OK(direct(factor));
       else
-        ASSERT_EQ(direct(), moxOk);
+        ASSERT_OK(direct());
       setWay(model, {Way::block, r.areSingle() ? iterations : 0}, n, r);
       model.expectOutputs(x, r, scale, got);
       ASSERT_TRUE(sameBits(last, x.lastPast()));
@@ -96,12 +96,12 @@ class Fir : public testing::Test {
     for (const Piece& p : cut(random, len, 40)) {
       const int place = (index + p.len) % n;
       if (p.way == Way::block)
-        ASSERT_EQ(call(F::direct, &x.samples[p.at], &y[p.at], p.len), moxOk);
+        ASSERT_OK(call(F::direct, &x.samples[p.at], &y[p.at], p.len));
       else if (p.way == Way::inPlace)
-        ASSERT_EQ(call(F::directInPlace, &y[p.at], p.len), moxOk);
+        ASSERT_OK(call(F::directInPlace, &y[p.at], p.len));
       else
         for (long i = p.at; i < p.at + p.len; ++i)
-          ASSERT_EQ(call(F::oneDirect, x.samples[i], &y[i]), moxOk);
+          ASSERT_OK(call(F::oneDirect, x.samples[i], &y[i]));
       ASSERT_EQ(index, areFractions && p.way != Way::singly ? 0 : place);
     }
     model.expectOutputs(x, {}, scale, y);
@@ -205,7 +205,7 @@ TYPED_TEST(Fir, KeepsTheInputsWhenItCannotCopyThem) {
   probe.failAllocation(1);
   EXPECT_EQ(TypeParam::inPlace(x.data(), 100, state.get(), 0), moxErrMemAlloc);
   EXPECT_TRUE(sameBits(x, before));
-  EXPECT_EQ(TypeParam::inPlace(x.data(), 100, state.get(), 0), moxOk);
+  EXPECT_OK(TypeParam::inPlace(x.data(), 100, state.get(), 0));
   EXPECT_EQ(probe.live(), 0);
 }
 
@@ -214,9 +214,9 @@ TYPED_TEST(Fir, AtOneRateTakesSingleSamplesHoweverItIsMade) {
   using F = TypeParam;
   const std::vector<typename F::Tap> taps(1);
   MoxsFIRState* s = nullptr;
-  ASSERT_EQ(allocFir<F>(&s, F::allocMultirate, taps, nullptr, 0, 1, 0, 1, 0), moxOk);
+  ASSERT_OK(allocFir<F>(&s, F::allocMultirate, taps, nullptr, 0, 1, 0, 1, 0));
   typename F::Data y;
-  EXPECT_EQ(F::one({}, &y, s, 0), moxOk);
+  EXPECT_OK(F::one({}, &y, s, 0));
   F::free(s);
 }
 
@@ -283,7 +283,7 @@ TYPED_TEST(FixedFir, MakesTapsFit) {
       std::vector<typename F::Tap> taps(3);
       mox::parts(taps.data())[1] = value, mox::parts(taps.data())[2] = P(value / 3);
       const auto state = makeFir<F>(std::vector<typename F::Tap>(3));
-      ASSERT_EQ(setTaps<F>(state.get(), taps, factor), moxOk);
+      ASSERT_OK(setTaps<F>(state.get(), taps, factor));
       Model<F>(taps, factor).expectTaps(state.get());
     }
 }
@@ -297,16 +297,16 @@ TEST(Fir32s, IsTheFilterOfItsTapsAsDoubles) {
     const auto src = random.vector<Mox32s>(600);
     const auto doubles = makeFir<Fir64f32s>({taps.begin(), taps.end()});
     MoxsFIRState* s = nullptr;
-    ASSERT_EQ(moxsFIRInitAlloc_32s(&s, taps.data(), n, nullptr), moxOk);
-    ASSERT_EQ(moxsFIRGetTaps_32s(s, got.data()), moxOk);
+    ASSERT_OK(moxsFIRInitAlloc_32s(&s, taps.data(), n, nullptr));
+    ASSERT_OK(moxsFIRGetTaps_32s(s, got.data()));
     EXPECT_EQ(got, taps);
-    ASSERT_EQ(moxsFIR_32s_Sfs(src.data(), y.data(), 600, s, 9), moxOk);
-    ASSERT_EQ(moxsFIR64f_32s_Sfs(src.data(), expected.data(), 600, doubles.get(), 9), moxOk);
+    ASSERT_OK(moxsFIR_32s_Sfs(src.data(), y.data(), 600, s, 9));
+    ASSERT_OK(moxsFIR64f_32s_Sfs(src.data(), expected.data(), 600, doubles.get(), 9));
     EXPECT_EQ(y, expected) << n << " taps";
-    ASSERT_EQ(moxsFIROne_32s_Sfs(src[0], y.data(), s, 9), moxOk);
-    ASSERT_EQ(moxsFIROne64f_32s_Sfs(src[0], expected.data(), doubles.get(), 9), moxOk);
+    ASSERT_OK(moxsFIROne_32s_Sfs(src[0], y.data(), s, 9));
+    ASSERT_OK(moxsFIROne64f_32s_Sfs(src[0], expected.data(), doubles.get(), 9));
     EXPECT_EQ(y[0], expected[0]);
-    EXPECT_EQ(moxsFIRFree_32s(s), moxOk);
+    EXPECT_OK(moxsFIRFree_32s(s));
   }
 }
 
@@ -315,16 +315,16 @@ TEST(Fir32s, GivesTapsTruncatedAndSaturated) {
   const Mox64f taps[] = {2.9, -2.9, 1e10, -1e10, NAN};
   std::vector<Mox32s> got(5);
   const auto state = makeFir<Fir64f32s>({std::begin(taps), std::end(taps)});
-  ASSERT_EQ(moxsFIRGetTaps_32s(state.get(), got.data()), moxOk);
+  ASSERT_OK(moxsFIRGetTaps_32s(state.get(), got.data()));
   EXPECT_THAT(got, testing::ElementsAre(2, -2, INT_MAX, INT_MIN, INT_MAX));
 }
 
 // The spectrum goes where the state with it is too large, not the filter.
 TEST(FirSize, LongFiltersDoWithoutASpectrum) {
   int with = 0, without = 0, longest = 0;
-  ASSERT_EQ(moxsFIRGetStateSize_32f(66'000'000, &with), moxOk);
-  ASSERT_EQ(moxsFIRGetStateSize_32f(67'000'000, &without), moxOk);
-  ASSERT_EQ(moxsFIRGetStateSize_32f(170'000'000, &longest), moxOk);
+  ASSERT_OK(moxsFIRGetStateSize_32f(66'000'000, &with));
+  ASSERT_OK(moxsFIRGetStateSize_32f(67'000'000, &without));
+  ASSERT_OK(moxsFIRGetStateSize_32f(170'000'000, &longest));
   EXPECT_LT(without, with);
   EXPECT_GT(longest, without);
 }
@@ -335,7 +335,7 @@ TEST(FirDirect32f, TakesAnyIndexForAPlaceOfTheRing) {
     const int place = (index % 3 + 3) % 3;
     Mox32f ring[6] = {}, y;
     ring[(place + 1) % 3] = ring[(place + 1) % 3 + 3] = 5;
-    ASSERT_EQ(moxsFIROne_Direct_32f(9, &y, taps, 3, ring, &index), moxOk);
+    ASSERT_OK(moxsFIROne_Direct_32f(9, &y, taps, 3, ring, &index));
     EXPECT_EQ(y, 5);
     EXPECT_EQ(index, (place + 1) % 3);
   }

@@ -28,32 +28,28 @@ struct Sparse {
 
   void init(const float* line) {
     int bytes;
-    ASSERT_EQ(back ? moxsIIRSparseGetStateSize_32f(positions.data(), forward, back, &bytes)
-                   : moxsFIRSparseGetStateSize_32f(forward, inputOrder(), &bytes),
-              moxOk);
+    ASSERT_OK(back ? moxsIIRSparseGetStateSize_32f(positions.data(), forward, back, &bytes)
+                   : moxsFIRSparseGetStateSize_32f(forward, inputOrder(), &bytes));
     memory.assign(bytes + 1, 0x5A);
     Mox8u* const at = memory.data() + 1;
-    ASSERT_EQ(
+    ASSERT_OK(
         back ? moxsIIRSparseInit_32f(&iir, taps.data(), positions.data(), forward, back, line, at)
-             : moxsFIRSparseInit_32f(&fir, taps.data(), positions.data(), forward, line, at),
-        moxOk);
+             : moxsFIRSparseInit_32f(&fir, taps.data(), positions.data(), forward, line, at));
   }
   MoxStatus run(const float* src, float* dst, int len) const {
     return back ? moxsIIRSparse_32f(src, dst, len, iir) : moxsFIRSparse_32f(src, dst, len, fir);
   }
   Floats line() const {
     Floats line(inputOrder() + outputOrder() + 1, 99);
-    EXPECT_EQ(back ? moxsIIRSparseGetDlyLine_32f(iir, line.data())
-                   : moxsFIRSparseGetDlyLine_32f(fir, line.data()),
-              moxOk);
+    EXPECT_OK(back ? moxsIIRSparseGetDlyLine_32f(iir, line.data())
+                   : moxsFIRSparseGetDlyLine_32f(fir, line.data()));
     EXPECT_EQ(line.back(), 99);
     line.pop_back();
     return line;
   }
   void setLine(const float* line) const {
-    EXPECT_EQ(
-        back ? moxsIIRSparseSetDlyLine_32f(iir, line) : moxsFIRSparseSetDlyLine_32f(fir, line),
-        moxOk);
+    EXPECT_OK(back ? moxsIIRSparseSetDlyLine_32f(iir, line)
+                   : moxsFIRSparseSetDlyLine_32f(fir, line));
   }
 
   // The definition, on from a delay line, which it moves on.
@@ -111,7 +107,7 @@ TEST(Sparse, IsTheSumToTheBitHoweverAStreamIsCut) {
     const bool inPlace = round % 3 == 0;
     Floats dst = inPlace ? src : Floats(src.size());
     for (const Piece& p : cut(random, 5000, random.below(2) ? 30 : 3000))
-      ASSERT_EQ(filter.run(inPlace ? &dst[p.at] : &src[p.at], &dst[p.at], p.len), moxOk);
+      ASSERT_OK(filter.run(inPlace ? &dst[p.at] : &src[p.at], &dst[p.at], p.len));
     EXPECT_TRUE(sameBits(dst, expected));
     EXPECT_TRUE(sameBits(filter.line(), line));
     if (testing::Test::HasFailure()) return;

@@ -56,9 +56,9 @@ void expectFills(MoxStatus (*set)(E, E*, int), MoxStatus (*zero)(E*, int)) {
   const auto check = [=](long len, int offset, Guard side) {
     const long bytes = len * long(sizeof(E));
     const Canvas pattern(bytes, offset, side), zeros(bytes, offset, side);
-    ASSERT_EQ(set(patterned<E>(), pattern.array<E>(), int(len)), moxOk);
+    ASSERT_OK(set(patterned<E>(), pattern.array<E>(), int(len)));
     ASSERT_TRUE(pattern.holds(patterned<E>())) << "len " << len << " offset " << offset;
-    ASSERT_EQ(zero(zeros.array<E>(), int(len)), moxOk);
+    ASSERT_OK(zero(zeros.array<E>(), int(len)));
     ASSERT_TRUE(zeros.holds(E{})) << "len " << len << " offset " << offset;
   };
   for (const Guard side : {Guard::before, Guard::after}) {
@@ -78,9 +78,8 @@ void expectPermutation(MoxStatus (*function)(const E*, E*, int), int size, Place
     std::vector<Mox8u> dst(src.size()), expected(src.size());
     for (long i = 0; i < len; ++i)
       for (long k = 0; k < size; ++k) expected[i * size + k] = src[place(i, k, len)];
-    ASSERT_EQ(
-        function(reinterpret_cast<const E*>(src.data()), reinterpret_cast<E*>(dst.data()), len),
-        moxOk);
+    ASSERT_OK(
+        function(reinterpret_cast<const E*>(src.data()), reinterpret_cast<E*>(dst.data()), len));
     ASSERT_EQ(dst, expected) << "len " << len;
   }
 }
@@ -133,13 +132,13 @@ TEST(Permutation, SwapBytesReversesTheBytesOfEachElement) {
 // The byte count wraps at 2^32, so only the first element is filled; a negative one fills nothing.
 TEST(FillLength, ByteCountsAreReckonedIn32Bits) {
   GuardedArray<Mox32s> a(1);
-  ASSERT_EQ(moxsSet_32s(7, a.data(), 0x40000001), moxOk);
+  ASSERT_OK(moxsSet_32s(7, a.data(), 0x40000001));
   EXPECT_EQ(a[0], 7);
-  ASSERT_EQ(moxsZero_32s(a.data(), 0x20000000), moxOk);
+  ASSERT_OK(moxsZero_32s(a.data(), 0x20000000));
   EXPECT_EQ(a[0], 7);
   GuardedArray<Mox64fc> c(1);
   c[0] = {1, 2};
-  ASSERT_EQ(moxsZero_64fc(c.data(), 0x10000001), moxOk);
+  ASSERT_OK(moxsZero_64fc(c.data(), 0x10000001));
   EXPECT_EQ(c[0].re, 0);
   EXPECT_EQ(c[0].im, 0);
 }

@@ -74,17 +74,17 @@ void check(const std::vector<E>& v) {
   const Members<E> m = members(E());
   const Extreme<E> most = plainScan(v, true), least = plainScan(v, false);
   Extreme<E> low{}, high{}, lowAlone{E(1), least.index}, highAlone{E(1), most.index};
-  EXPECT_EQ(m.minMaxIndx(src, len, &low.value, &low.index, &high.value, &high.index), moxOk);
-  EXPECT_EQ(m.minMax(src, len, &lowAlone.value, &highAlone.value), moxOk);
+  EXPECT_OK(m.minMaxIndx(src, len, &low.value, &low.index, &high.value, &high.index));
+  EXPECT_OK(m.minMax(src, len, &lowAlone.value, &highAlone.value));
   EXPECT_TRUE(low == least && high == most);
   EXPECT_TRUE(lowAlone == least && highAlone == most) << "without index";
 
   const auto expect = [&](const Search<E>& search, const Extreme<E>& expected) {
     if (!search.alone) return;
     Extreme<E> found{}, alone{E(1), expected.index}, unwanted = alone;
-    EXPECT_EQ(search.withIndex(src, len, &found.value, &found.index), moxOk);
-    EXPECT_EQ(search.alone(src, len, &alone.value), moxOk);
-    EXPECT_EQ(search.withIndex(src, len, &unwanted.value, nullptr), moxOk);
+    EXPECT_OK(search.withIndex(src, len, &found.value, &found.index));
+    EXPECT_OK(search.alone(src, len, &alone.value));
+    EXPECT_OK(search.withIndex(src, len, &unwanted.value, nullptr));
     EXPECT_EQ(found, expected);
     EXPECT_EQ(alone, expected) << "without index";
     EXPECT_EQ(unwanted, expected) << "with a null index";
@@ -155,9 +155,9 @@ void checkEvery(MoxStatus (*max)(const E*, E*, int), MoxStatus (*min)(const E*, 
     }
   for (const bool isMost : {false, true}) {
     auto dst = b;
-    EXPECT_EQ((isMost ? max : min)(a.data(), dst.data(), -3), moxOk);
+    EXPECT_OK((isMost ? max : min)(a.data(), dst.data(), -3));
     EXPECT_TRUE(sameBits(dst, b));
-    EXPECT_EQ((isMost ? max : min)(a.data(), dst.data(), int(a.size())), moxOk);
+    EXPECT_OK((isMost ? max : min)(a.data(), dst.data(), int(a.size())));
     EXPECT_TRUE(sameBits(dst, isMost ? mosts : leasts)) << (isMost ? "greatest" : "least");
   }
 }
@@ -189,7 +189,7 @@ void checkOrder(MoxStatus (*maxOrder)(const E*, int, int*), std::vector<E> speci
         v[(at + len / 2) % len] = E(x / 3);
         v[at] = x;
         int order = -1;
-        ASSERT_EQ(maxOrder(v.data(), len, &order), moxOk);
+        ASSERT_OK(maxOrder(v.data(), len, &order));
         ASSERT_EQ(order, x == 0 ? 0 : orderOf(x)) << +x << " at " << at << " of " << len;
         if constexpr (std::is_floating_point_v<E>)
           for (const E noNumber : {E(NAN), E(-NAN), E(INFINITY), E(-INFINITY)}) {

@@ -90,11 +90,11 @@ void run(auto* state, const Piece& piece, const D* src, long inputs, std::vector
   const GuardedArray<D> in(inPlace ? std::max(inputs, outputs) : inputs), out(outputs);
   std::copy_n(src, inputs, in.begin());
   if (piece.way == Way::singly)
-    for (int i = 0; i < piece.len; ++i) ASSERT_EQ(F::one(in[i], &out[i], state, scale), moxOk);
+    for (int i = 0; i < piece.len; ++i) ASSERT_OK(F::one(in[i], &out[i], state, scale));
   else if (inPlace && piece.len % 2)
-    ASSERT_EQ(F::inPlace(in.data(), piece.len, state, scale), moxOk);
+    ASSERT_OK(F::inPlace(in.data(), piece.len, state, scale));
   else
-    ASSERT_EQ(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale), moxOk);
+    ASSERT_OK(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale));
   std::copy_n(inPlace ? in.begin() : out.begin(), outputs, got.begin());
 }
 

@@ -25,9 +25,9 @@ template <class T, class... Factor>
 std::vector<T> transformed(const std::vector<T>& x, bool inverse, Factor... factor) {
   MoxsDCTSpec* spec = nullptr;
   std::vector<T> y(x.size());
-  EXPECT_EQ(Api<T>::init[inverse](&spec, int(x.size()), 0), moxOk);
-  EXPECT_EQ(Api<T>::run[inverse](x.data(), y.data(), spec, factor..., nullptr), moxOk);
-  EXPECT_EQ(Api<T>::free[inverse](spec), moxOk);
+  EXPECT_OK(Api<T>::init[inverse](&spec, int(x.size()), 0));
+  EXPECT_OK(Api<T>::run[inverse](x.data(), y.data(), spec, factor..., nullptr));
+  EXPECT_OK(Api<T>::free[inverse](spec));
   return y;
 }
 
@@ -111,7 +111,7 @@ template <class T>
 void expectSizes(int len, int spec, int init, int work) {
   for (const auto query : Api<T>::size) {
     int sizes[3];
-    ASSERT_EQ(query(len, 0, sizes, sizes + 1, sizes + 2), moxOk);
+    ASSERT_OK(query(len, 0, sizes, sizes + 1, sizes + 2));
     EXPECT_EQ(sizes[0], spec) << len;
     EXPECT_EQ(sizes[1], init) << len;
     EXPECT_EQ(sizes[2], work) << len;

@@ -22,11 +22,11 @@ template <class Spec>
 class Object {
  public:
   Object(const Life<Spec>& life, int size, int flag, int hint = 0) : free_(life.free) {
-    EXPECT_EQ(life.initAlloc(&spec_, size, flag, hint), moxOk);
-    EXPECT_EQ(life.getBufSize(spec_, &bytes_), moxOk);
+    EXPECT_OK(life.initAlloc(&spec_, size, flag, hint));
+    EXPECT_OK(life.getBufSize(spec_, &bytes_));
     buffer_.resize(std::size_t(bytes_) + 65);
   }
-  ~Object() { EXPECT_EQ(free_(spec_), moxOk); }
+  ~Object() { EXPECT_OK(free_(spec_)); }
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 

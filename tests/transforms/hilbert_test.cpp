@@ -11,9 +11,9 @@ template <class S, class D, class... Factor>
 std::vector<D> analytic(auto init, auto run, auto free, const std::vector<S>& x, Factor... factor) {
   MoxsHilbertSpec* spec = nullptr;
   std::vector<D> z(x.size());
-  EXPECT_EQ(init(&spec, int(x.size()), 0), moxOk);
-  EXPECT_EQ(run(x.data(), z.data(), spec, factor...), moxOk);
-  EXPECT_EQ(free(spec), moxOk);
+  EXPECT_OK(init(&spec, int(x.size()), 0));
+  EXPECT_OK(run(x.data(), z.data(), spec, factor...));
+  EXPECT_OK(free(spec));
   return z;
 }
 #define ANALYTIC(S, D, t, suffix, ...)                                                   \

@@ -5,10 +5,9 @@ namespace {
 
 using test::Sizes;
 
-template <class Kind>
-Sizes sizesOf(const Kind& kind, int size) {
+Sizes sizesOf(const auto& kind, int size) {
   Sizes sizes = {-1, -1, -1};
-  EXPECT_EQ(kind.getSize(size, 8, 0, &sizes.spec, &sizes.init, &sizes.work), moxOk) << kind.name;
+  EXPECT_OK(kind.getSize(size, 8, 0, &sizes.spec, &sizes.init, &sizes.work)) << kind.name;
   return sizes;
 }
 
@@ -57,8 +56,8 @@ TEST(FftObject, AFailedRecordIsCleared) {
       EXPECT_EQ(kind.init(&spec, 11, flag, 0, memory, initBuf), status);
       EXPECT_TRUE(memory[0] == 0 && spec == nullptr);
     }
-    EXPECT_EQ(kind.init(&spec, 11, 8, 0, memory, scratch), moxOk);
-    EXPECT_EQ(kind.life.free(spec), moxOk);
+    EXPECT_OK(kind.init(&spec, 11, 8, 0, memory, scratch));
+    EXPECT_OK(kind.life.free(spec));
     EXPECT_EQ(kind.life.free(spec), moxErrContext);
   }
 }
@@ -109,7 +108,7 @@ TEST(IntegerFftObject, HasTheSizesOfFloatsAndRoomForTheNumbers) {
     for (int order = 0, top = test::fftKinds[kind.floats].maxOrder; order <= top; ++order) {
       SCOPED_TRACE(testing::Message() << "order " << order);
       Sizes sizes, floats = sizesOf(test::fftKinds[kind.floats], order);
-      ASSERT_EQ(kind.ours(order, 8, 0, &sizes.spec, &sizes.init, &sizes.work), moxOk);
+      ASSERT_OK(kind.ours(order, 8, 0, &sizes.spec, &sizes.init, &sizes.work));
       const bool bare = kind.bare && order == 0;
       EXPECT_EQ(sizes.spec, bare ? 116 : floats.spec + 128);
       EXPECT_EQ(sizes.init, floats.init);

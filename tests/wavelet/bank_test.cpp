@@ -52,9 +52,8 @@ void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
   const Channel &low = bank.low, &high = bank.high;
   const auto make = [&] {
     State* state = nullptr;
-    EXPECT_EQ(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
-                        high.len(), high.offset),
-              moxOk);
+    EXPECT_OK(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
+                        high.len(), high.offset));
     return state;
   };
   State* state = make();
@@ -62,15 +61,15 @@ void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
     n = cuts ? int(std::min<long>(len - k, 1 + cuts->below(cuts->below(8) ? 20 : 1200))) : len;
     if (cuts && cuts->below(3) == 0) {
       Floats lines[] = {low.dlyLine(), high.dlyLine()};
-      EXPECT_EQ(Api::get(state, lines[0].data(), lines[1].data()), moxOk);
+      EXPECT_OK(Api::get(state, lines[0].data(), lines[1].data()));
       for (const int band : {0, 1})
         for (int i = 1; i <= int(lines[band].size()); ++i)
           EXPECT_EQ(lines[band][lines[band].size() - i], kept(band, k, i));
       Api::free(state);
       state = make();
-      EXPECT_EQ(Api::set(state, lines[0].data(), lines[1].data()), moxOk);
+      EXPECT_OK(Api::set(state, lines[0].data(), lines[1].data()));
     }
-    EXPECT_EQ(run(k, n, state), moxOk);
+    EXPECT_OK(run(k, n, state));
   }
   Api::free(state);
 }
