@@ -5,13 +5,18 @@
 // every/contract.cpp for deviations.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <functional>
+
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
 #include "frame/every/contract.h"
 #include "frame/every/digests.h"
-#include "frame/every/last_words.h"
 #include "frame/every/tables.h"
 #include "support/random.h"
+#if defined(MOXSP_SANITIZED)
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 namespace {
 
@@ -47,13 +52,19 @@ std::string rerunLine(const Function& function, const Check& check, const Positi
          " every_function_test --gtest_filter=EveryFunction/" + function.name + '.' + check.name;
 }
 
+// Says which case was running when a sanitizer ends the program.
+std::function<std::string()> lastWords;
+[[maybe_unused]] void sayLastWords() {
+  if (lastWords) std::fprintf(stderr, "%s\n", lastWords().c_str());
+}
+
 class FunctionTest : public testing::Test {
  public:
   FunctionTest(const Function& function, const Check& check) : function_(function), check_(check) {}
 
   void TestBody() override {
     Position at;
-    const LastWords lastWords([&] { return rerunLine(function_, check_, at); });
+    lastWords = [&] { return rerunLine(function_, check_, at); };
     try {
       check_.run(function_, at);
     } catch (const Unknown& missing) {
@@ -62,6 +73,7 @@ class FunctionTest : public testing::Test {
       ADD_FAILURE() << function_.name << ' ' << fault.what() << ", " << at.detail << '\n'
                     << rerunLine(function_, check_, at);
     }
+    lastWords = nullptr;
   }
 
  private:
@@ -91,5 +103,8 @@ int main(int argc, char** argv) {
   }
   testing::InitGoogleTest(&argc, argv);
   registerTests();
+#if defined(MOXSP_SANITIZED)
+  __sanitizer_set_death_callback(sayLastWords);
+#endif
   return RUN_ALL_TESTS();
 }

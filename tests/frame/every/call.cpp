@@ -194,6 +194,12 @@ void* Call::object() const {
   throw Unknown(function_.name + " makes no object that the harness can see");
 }
 
+// Of the call, and of those that made its objects.
+void Call::forArrays(auto f) const {
+  for (const auto& a : arrays_) f(*this, *a);
+  for (const auto& maker : makers_) maker->forArrays(f);
+}
+
 MoxStatus Call::run() {
   MoxStatus status = moxOk;
   const auto fault =
@@ -204,14 +210,11 @@ MoxStatus Call::run() {
     if (kind->free == &function_)
       for (auto& maker : makers_) maker->free_ = nullptr;
   }
-  const auto check = [&](const Call& call) {
-    for (const auto& a : call.arrays_)
-      if (const auto at = a->region->strayWrite())
-        throw Misbehaved("writes outside '" + call.function_.parameters[a->parameter] +
-                         "', at byte " + std::to_string(*at) + " of " + std::to_string(a->bytes));
-  };
-  check(*this);
-  for (const auto& maker : makers_) check(*maker);
+  forArrays([](const Call& call, const Array& a) {
+    if (const auto at = a.region->strayWrite())
+      throw Misbehaved("writes outside '" + call.function_.parameters[a.parameter] + "', at byte " +
+                       std::to_string(*at) + " of " + std::to_string(a.bytes));
+  });
   return status;
 }
 
@@ -219,14 +222,11 @@ void Call::report(const Fault& fault) const {
   if (fault.signal == SIGFPE) throw FloatingPointTrap("raises a floating-point exception");
   const std::string what =
       fault.signal == SIGILL ? "runs an illegal instruction" : "touches forbidden memory";
-  const auto find = [&](const Call& call) {
-    for (const auto& a : call.arrays_)
-      if (const auto at = a->region->distanceTo(fault.address))
-        throw Misbehaved(what + " near '" + call.function_.parameters[a->parameter] + "': byte " +
-                         std::to_string(*at) + " of " + std::to_string(a->bytes));
-  };
-  find(*this);
-  for (const auto& maker : makers_) find(*maker);
+  forArrays([&](const Call& call, const Array& a) {
+    if (const auto at = a.region->distanceTo(fault.address))
+      throw Misbehaved(what + " near '" + call.function_.parameters[a.parameter] + "': byte " +
+                       std::to_string(*at) + " of " + std::to_string(a.bytes));
+  });
   throw Misbehaved(what + " away from its arrays");
 }
 

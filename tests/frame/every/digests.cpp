@@ -17,7 +17,7 @@ void addCall(std::uint64_t& digest, const Function& f, const Setting& setting) {
   Call call(f, setting);
   add(digest, std::uint64_t(call.run()));
   for (const auto& a : call.arrays()) {
-    if (a->isConst || scratch(f, f.parameters[std::size_t(a->parameter)])) continue;
+    if (a->isConst || scratch(f, f.parameters[a->parameter])) continue;
     if (f.type(a->parameter).form == Form::object) continue;
     for (std::size_t i = 0; i < a->bytes; i += std::size_t(a->element->partBytes))
       add(digest, a->element->bits(a->data + i));

@@ -190,7 +190,7 @@ struct Refusal {
 std::vector<Refusal> refusalsOf(const Function& f) {
   std::vector<Refusal> all;
   for (int i = 0; i < f.count(); ++i) {
-    const std::string& name = f.parameters[std::size_t(i)];
+    const std::string& name = f.parameters[i];
     bool nullIsKnown = !isPointer(f, i) || optionalPointer(f, name);
     for (const Row* r : refusals.all(f, name)) {
       all.push_back({i, *r});
@@ -205,7 +205,7 @@ alignas(64) std::byte clearedMemory[8192];
 
 // Spoils an argument, and says how.
 std::string spoil(Call& call, int parameter, double value) {
-  const std::string& name = call.function().parameters[std::size_t(parameter)];
+  const std::string& name = call.function().parameters[parameter];
   if (!isPointer(call.function(), parameter)) {
     call.setNumber(parameter, value);
     return name + " = " + std::to_string(value);
@@ -273,8 +273,8 @@ void checkRefusals(const Function& f, Position& at) {
   }
   for (int i = 0; i < f.count(); ++i) {
     if (f.type(i).form == Form::rows) checkNullRows(f, i, at);
-    if (!isPointer(f, i) || !optionalPointer(f, f.parameters[std::size_t(i)])) continue;
-    at.detail = "with a null '" + f.parameters[std::size_t(i)] + "', which may be";
+    if (!isPointer(f, i) || !optionalPointer(f, f.parameters[i])) continue;
+    at.detail = "with a null '" + f.parameters[i] + "', which may be";
     Call call(f, {});
     call.setPointer(i, nullptr);
     if (const MoxStatus status = call.run(); status < moxOk)

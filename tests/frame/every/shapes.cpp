@@ -327,13 +327,13 @@ const Table<Row> countRows = {
 
 std::optional<double> numberFor(const Call& call, int parameter) {
   const Function& f = call.function();
-  const Row* row = numberRows.first(f, f.parameters[std::size_t(parameter)]);
+  const Row* row = numberRows.first(f, f.parameters[parameter]);
   return row ? std::optional(row->value(call)) : std::nullopt;
 }
 
 std::optional<long> countFor(const Call& call, int parameter) {
   const Function& f = call.function();
-  const Row* row = countRows.first(f, f.parameters[std::size_t(parameter)]);
+  const Row* row = countRows.first(f, f.parameters[parameter]);
   return row ? std::optional(long(row->value(call))) : std::nullopt;
 }
 
@@ -348,7 +348,7 @@ std::vector<Numbers> otherNumbers(const Function& f) {
   std::vector<Numbers> all;
   const auto add = [&](const Function& of) {
     for (int i = 0; i < of.count(); ++i)
-      if (const std::string& name = of.parameters[std::size_t(i)]; of.type(i).form == Form::value)
+      if (const std::string& name = of.parameters[i]; of.type(i).form == Form::value)
         if (const Row* row = numberRows.first(of, name))
           for (const long value : row->others) all.push_back({{name, value}});
   };
