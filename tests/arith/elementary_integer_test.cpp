@@ -151,10 +151,7 @@ TEST(ElementaryIntegers, TheFirstElementWithoutALogarithmDecidesTheStatus) {
       std::fill(x.begin() + at, x.end(), Mox16s(-1));
       EXPECT_EQ(run(MEMBER(Ln_16s_Sfs), x, factor).status, moxWarnLnNegArg) << at;
       x[at] = 0;
-      const auto apart = run(MEMBER(Ln_16s_Sfs), x, factor);
-      EXPECT_EQ(apart.status, moxWarnLnZeroArg) << at;
-      EXPECT_EQ(moxsLn_16s_ISfs(x.data(), 40, factor), moxWarnLnZeroArg) << at;
-      EXPECT_EQ(x, apart.values) << at;
+      EXPECT_EQ(run(MEMBER(Ln_16s_Sfs), x, factor).status, moxWarnLnZeroArg) << at;
     }
 }
 

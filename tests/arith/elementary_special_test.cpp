@@ -102,16 +102,4 @@ TEST(ElementarySpecial, UnmaskedExceptionsDoNotTrapAndStayUnmasked) {
   EXPECT_GE(run(MEMBER(Ln_32f), x).status, moxOk);
 }
 
-TEST(ElementarySpecial, SumsOfLogarithmsCountSubnormalNumbers) {
-  std::vector<Mox64f> x(4001);
-  long double expected = 0;
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    x[i] = std::ldexp(1.0 + double(i), -1070);
-    expected += std::log((long double)(x[i]));
-  }
-  Mox64f sum = 0;
-  ASSERT_OK(moxsSumLn_64f(x.data(), int(x.size()), &sum));
-  EXPECT_NEAR(sum, double(expected), double(x.size()) * 0x1p-53 + 0x1p-30);
-}
-
 }  // namespace
