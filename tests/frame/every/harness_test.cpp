@@ -102,12 +102,13 @@ TEST(Harness, FindsTheFaultOfABadFunction) {
   expect(checkOntoSource, readsAfterWriting, "another result at element 2");
   expect(checkControlWords, copy<keepsRounding>, "vector control word");
   expect(checkAllocations, copy<keepsMemory>, "takes memory");
-#if !defined(MOXSP_SANITIZED)  // which ends the program at the first stray byte
+#if defined(MOXSP_SANITIZED)
+  return;  // the sanitizer ends the program at the first stray byte
+#endif
   expect(checkEveryLengthAndAlignment, copy<writesBehind>,
          "writes outside 'dst', at byte 280 of 280");
   expect(checkEveryLengthAndAlignment, copy<readsBehind>, "touches forbidden memory near 'src'");
   expect(checkEveryLengthAndAlignment, copy<readsBefore>, "near 'src': byte -1 of 132");
-#endif
 }
 
 TEST(Harness, FindsIdleRowsAndDoubleClaims) {
