@@ -46,9 +46,9 @@ void rootPart(mpfr_ptr r, double x, double y) {
   imaginary ? exactRoot(other, r, x, y) : exactRoot(r, other, x, y);
 }
 
-template <class D, class S>
-void expectBound(const Results<D>& got, Exactly exactly, double bound, double share,
-                 const std::vector<S>& x, const std::vector<S>& y) {
+template <class D, class... S, class T>
+void expectBound(const Results<D, S...>& got, Exactly exactly, double bound, double share,
+                 const std::vector<T>& x, const std::vector<T>& y) {
   // Parts 2^-1020 apart, whose squares must not drop out, need many bits.
   static Exact few, many(0, 2400);
   Exact& value = exactly == rootPart<false> || exactly == rootPart<true> ? many : few;
@@ -56,7 +56,7 @@ void expectBound(const Results<D>& got, Exactly exactly, double bound, double sh
     exactly(value, x[i], y[i]);
     return mpfr_get_ld(value, MPFR_RNDN);
   };
-  expectWithinUlps(got, bound, share, exactAt, x, y);
+  expectWithinUlps(got, bound, share, exactAt);
 }
 
 // Rows: a member, its exact function or those of its two parts, the bound in ulps that the header
@@ -213,8 +213,8 @@ TEST(Accuracy, ElementaryFunctionsOfAllFloats) {
       std::vector<Mox32f> x;
       for (std::uint64_t i = start; i < start + piece; ++i)
         x.push_back(std::bit_cast<Mox32f>(std::uint32_t(i)));
-      expectWithinUlps(
-          run(r.member, x), r.bound + 1e-6, 0, [&](auto i) { return r.inDouble(x[i]); }, x);
+      expectWithinUlps(run(r.member, x), r.bound + 1e-6, 0,
+                       [&](auto i) { return r.inDouble(x[i]); });
     }
 }
 
@@ -298,12 +298,11 @@ TEST(Accuracy, MagnitudesOfSpecialValues) {
   std::vector<Mox32fc> z;
   for (std::size_t i = 0; i < x.size(); ++i) z.push_back({x[i], y[i]});
   const auto power = [](auto a, auto b) { return a * a + b * b; };
-  expectEach(run(MEMBER(PowerSpectr_32fc), z), power, x, y);
-  expectEach(
-      run(MEMBER(Magnitude_32f), x, y), [&](Mox32f a, Mox32f b) { return std::sqrt(power(a, b)); },
-      x, y);
-  expectEach(
-      run(MEMBER(MagSquared_32fc64f), z), [&](double a, double b) { return power(a, b); }, x, y);
+  expectEach(run(MEMBER(PowerSpectr_32fc), z), [&](Mox32fc e) { return power(e.re, e.im); });
+  expectEach(run(MEMBER(Magnitude_32f), x, y),
+             [&](Mox32f a, Mox32f b) { return std::sqrt(power(a, b)); });
+  expectEach(run(MEMBER(MagSquared_32fc64f), z),
+             [&](Mox32fc e) { return power(double(e.re), double(e.im)); });
 }
 
 // Of numbers whose product leaves the range of all floats, and of many with one mantissa.
@@ -318,7 +317,7 @@ void expectSum(MoxStatus (*function)(const S*, int, D*), Draw draw) {
       exact += std::log((long double)e);
     }
     D sum;
-    ASSERT_EQ(function(x.data(), len, &sum), moxOk);
+    ASSERT_OK(function(x.data(), len, &sum));
     const long double relative = sizeof(D) == 4 ? 0x1.004p-24L : 0x1p-51L;
     EXPECT_NEAR(sum, exact, len * 0x1p-53L + std::fabs(exact) * relative) << len;
   }
@@ -330,7 +329,7 @@ TEST(Accuracy, SumsOfLogarithmsWhereProductsLeaveTheRange) {
     return std::ldexp(mantissa(random), -120 - int(random.below(20)));
   };
   expectSum(moxsSumLn_64f, [&](Random& random) {
-    return std::ldexp(mantissa(random), int(random.below(2000)) - 1000);
+    return std::ldexp(mantissa(random), int(random.below(2070)) - 1070);  // subnormal ones, too
   });
   expectSum(moxsSumLn_32f64f, small);
   expectSum(moxsSumLn_32f, small);

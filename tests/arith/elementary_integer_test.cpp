@@ -25,30 +25,28 @@ std::vector<S> values() {
   return all;
 }
 
-// What an element without a value has, and the warning that it gives.
+// Elements without a value have the lowest result, or 0, and a warning, of which the first counts.
 template <class D>
 struct Bad {
-  D result;
-  MoxStatus status;
+  MoxStatus status = moxOk;
+  D result = 0;
 };
 template <class D>
-const auto never = [](auto) {
-  return Bad<D>{0, moxOk};
-};
+Bad<D> never(long) {
+  return {};
+}
 template <class D>
-const auto negativeIsZero = [](auto x) {
-  return Bad<D>{0, x < 0 ? moxWarnSqrtNegArg : moxOk};
-};
+Bad<D> negativeIsZero(long x) {
+  return {x < 0 ? moxWarnSqrtNegArg : moxOk};
+}
 template <class D>
-const auto lowestUpToZero = [](auto x) {
-  return Bad<D>{std::numeric_limits<D>::min(), x > 0   ? moxOk
-                                               : x < 0 ? moxWarnLnNegArg
-                                                       : moxWarnLnZeroArg};
-};
+Bad<D> lowestUpToZero(long x) {
+  const MoxStatus status = x > 0 ? moxOk : x < 0 ? moxWarnLnNegArg : moxWarnLnZeroArg;
+  return {status, std::numeric_limits<D>::min()};
+}
 
-// `badOf` tells of elements by a status other than moxOk; the first of them decides the call's.
-template <class S, class D, class Exactly, class BadOf>
-void expectScaled(Member<const S*, D*, int, int> member, Exactly function, BadOf badOf) {
+template <class S, class D>
+void expectScaled(Member<const S*, D*, int, int> member, auto function, Bad<D> (*badOf)(long)) {
   const auto x = values<S>();
   std::deque<Exact> exact;
   MoxStatus status = moxOk;
@@ -60,11 +58,10 @@ void expectScaled(Member<const S*, D*, int, int> member, Exactly function, BadOf
       status = s;
   }
   forAllFactors([&](int factor) {
-    const auto want = [&](std::size_t i) {
-      const Bad<D> bad = badOf(x[i]);
-      return bad.status == moxOk ? scaledExactly<D>(exact[i], factor) : bad.result;
-    };
-    expectAt(run(member, x, factor).warning(status), want, x);
+    expectAt(run(member, x, factor).warning(status), [&](std::size_t i) {
+      const auto [bad, result] = badOf(x[i]);
+      return bad == moxOk ? scaledExactly<D>(exact[i], factor) : result;
+    });
   });
 }
 
@@ -125,18 +122,16 @@ TEST(ElementaryIntegers, AFactorBringsExponentialsBackIntoRange) {
 }
 
 // exactly(z, re, im) makes the parts.
-template <class Exactly>
-void expectComplex(Member<const Mox16sc*, Mox16sc*, int, int> member, Exactly exactly) {
+void expectComplex(Member<const Mox16sc*, Mox16sc*, int, int> member, auto exactly) {
   auto z = lattice<Mox16sc>(1500);
   for (Mox16s a = -100; a < 100; a += 7)  // squares of integers: ties
     for (Mox16s b = -80; b < 80; b += 3) z.push_back({Mox16s(a * a - b * b), Mox16s(2 * a * b)});
   std::deque<Exact> re, im;
   for (const Mox16sc v : z) exactly(v, re.emplace_back(), im.emplace_back());
   forAllFactors([&](int factor) {
-    const auto want = [&](std::size_t i) {
+    expectAt(run(member, z, factor), [&](std::size_t i) {
       return Mox16sc{scaledExactly<Mox16s>(re[i], factor), scaledExactly<Mox16s>(im[i], factor)};
-    };
-    expectAt(run(member, z, factor), want, z);
+    });
   });
 }
 
@@ -156,21 +151,16 @@ TEST(ElementaryIntegers, TheFirstElementWithoutALogarithmDecidesTheStatus) {
       std::fill(x.begin() + at, x.end(), Mox16s(-1));
       EXPECT_EQ(run(MEMBER(Ln_16s_Sfs), x, factor).status, moxWarnLnNegArg) << at;
       x[at] = 0;
-      const auto apart = run(MEMBER(Ln_16s_Sfs), x, factor);
-      EXPECT_EQ(apart.status, moxWarnLnZeroArg) << at;
-      EXPECT_EQ(moxsLn_16s_ISfs(x.data(), 40, factor), moxWarnLnZeroArg) << at;
-      EXPECT_EQ(x, apart.values) << at;
+      EXPECT_EQ(run(MEMBER(Ln_16s_Sfs), x, factor).status, moxWarnLnZeroArg) << at;
     }
 }
 
 TEST(ElementaryIntegers, AbsoluteValuesSaturate) {
   const auto words = values<Mox16s>();
   const auto longs = values<Mox32s>();
-  expectEach(
-      run(MEMBER(Abs_16s), words), [](long x) { return std::min(std::abs(x), 32767L); }, words);
-  expectEach(
-      run(MEMBER(Abs_32s), longs), [](long x) { return std::min(std::abs(x), 2147483647L); },
-      longs);
+  expectEach(run(MEMBER(Abs_16s), words), [](long x) { return std::min(std::abs(x), 32767L); });
+  expectEach(run(MEMBER(Abs_32s), longs),
+             [](long x) { return std::min(std::abs(x), 0x7FFFFFFFL); });
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // Special lanes of the floating-point elementary functions, and those whose formula the header
 // gives.
-#include <bit>
-
 #include "support/accuracy.h"
 
 namespace {
@@ -33,12 +31,12 @@ TEST(ElementarySpecial, SpecialValuesAndWarningsAtEveryPosition) {
   expectBoth(ln, ln64, moxOk, {{0x1.8p-130f, Mox32f(std::log(0x1.8p-130))}});
   expectBoth(ln, ln64, moxWarnLnZeroArg, {{0, -inf}, {-0.0f, -inf}});
   expectBoth(ln, ln64, moxWarnLnNegArg, {{-1, NAN}, {-tiny, NAN}, {-inf, NAN}});
+  const std::vector<Mox32f> zeroFirst = {1, 0, -1};  // the first decides
+  EXPECT_EQ(run(ln, zeroFirst).status, moxWarnLnZeroArg);
   expectBoth(arctan, arctan64, moxOk, {{inf, half}, {-inf, -half}, {NAN, NAN}, {0, 0}});
   expectBoth(arctan, arctan64, moxOk, {{-0.0f, -0.0f}, {3e38f, half}, {-3e38f, -half}});
   expectBoth(sqrt, sqrt64, moxOk, {{inf, inf}, {NAN, NAN}, {0, 0}, {4, 2}});
   expectBoth(sqrt, sqrt64, moxWarnSqrtNegArg, {{-0.0f, -0.0f}, {-4, NAN}, {-inf, NAN}});
-  const std::vector<Mox32f> zeroFirst = {1, 0, -1};  // the first decides
-  EXPECT_EQ(run(ln, zeroFirst).status, moxWarnLnZeroArg);
   expectEverywhere(MEMBER(Cubrt_32f), moxOk,
                    {{inf, inf}, {-inf, -inf}, {NAN, NAN}, {0, 0}, {-0.0f, -0.0f}});
 }
@@ -65,32 +63,27 @@ TEST(ElementarySpecial, SumsOfLogarithmsWarnAtEveryPosition) {
 
 TEST(ElementarySpecial, SquaresOfFloatsAreTheirFormulas) {
   const auto expectSquares = []<class E>(Member<const E*, E*, int> member) {
-    const auto square = [](E z) {
+    const auto x = Random().specials<E>(1000);
+    expectEach(run(member, x), [](E z) {
       if constexpr (mox::Complex<E>)
         return E{z.re * z.re - z.im * z.im, z.re * z.im + z.im * z.re};
       else
         return z * z;
-    };
-    const auto x = Random().specials<E>(1000);
-    expectEach(run(member, x), square, x);
+    });
   };
-  expectSquares(MEMBER(Sqr_32f));
-  expectSquares(MEMBER(Sqr_64f));
-  expectSquares(MEMBER(Sqr_32fc));
-  expectSquares(MEMBER(Sqr_64fc));
+  expectSquares(MEMBER(Sqr_32f)), expectSquares(MEMBER(Sqr_64f));
+  expectSquares(MEMBER(Sqr_32fc)), expectSquares(MEMBER(Sqr_64fc));
 }
 
 TEST(ElementarySpecial, AbsoluteFloatsLoseTheirSignAlone) {
-  const auto expectBits = []<class F>(Member<const F*, F*, int> member, auto unsignedBits) {
+  const auto expectBits = []<class F>(Member<const F*, F*, int> member) {
     const auto x = Random().specials<F>(1000);
     const auto y = run(member, x).values;
     for (std::size_t i = 0; i < x.size(); ++i)
-      ASSERT_TRUE(
-          sameBits(y[i], std::bit_cast<F>(std::bit_cast<mox::BitsOf<F>>(x[i]) & unsignedBits)))
-          << x[i];
+      ASSERT_TRUE(sameBits(y[i], std::copysign(x[i], F(1)))) << x[i];
   };
-  expectBits(MEMBER(Abs_32f), Mox32u(0x7FFFFFFF));
-  expectBits(MEMBER(Abs_64f), ~(Mox64u(1) << 63));
+  expectBits(MEMBER(Abs_32f));
+  expectBits(MEMBER(Abs_64f));
 }
 
 TEST(ElementarySpecial, ComplexRootsOfSpecialValues) {
@@ -99,8 +92,7 @@ TEST(ElementarySpecial, ComplexRootsOfSpecialValues) {
                                   {1, inf}, {NAN, -inf},  {inf, -3}, {-inf, -3}};
   const std::vector<Mox64fc> roots = {{0, 0},     {0, -0.0},   {0, 2},      {0, -2},
                                       {inf, inf}, {inf, -inf}, {inf, -0.0}, {0, -inf}};
-  expectAt(
-      run(MEMBER(Sqrt_64fc), z), [&](std::size_t i) { return roots[i]; }, z);
+  expectAt(run(MEMBER(Sqrt_64fc), z), [&](std::size_t i) { return roots[i]; });
 }
 
 TEST(ElementarySpecial, UnmaskedExceptionsDoNotTrapAndStayUnmasked) {
@@ -108,18 +100,6 @@ TEST(ElementarySpecial, UnmaskedExceptionsDoNotTrapAndStayUnmasked) {
   const UnmaskedExceptions scope;
   EXPECT_GE(run(MEMBER(Exp_32f), x).status, moxOk);
   EXPECT_GE(run(MEMBER(Ln_32f), x).status, moxOk);
-}
-
-TEST(ElementarySpecial, SumsOfLogarithmsCountSubnormalNumbers) {
-  std::vector<Mox64f> x(4001);
-  long double expected = 0;
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    x[i] = std::ldexp(1.0 + double(i), -1070);
-    expected += std::log((long double)(x[i]));
-  }
-  Mox64f sum = 0;
-  ASSERT_EQ(moxsSumLn_64f(x.data(), int(x.size()), &sum), moxOk);
-  EXPECT_NEAR(sum, double(expected), double(x.size()) * 0x1p-53 + 0x1p-30);
 }
 
 }  // namespace

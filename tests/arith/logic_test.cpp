@@ -12,25 +12,19 @@ const std::vector<E> anyBits = Random(1).vector<E>(200);
 template <class E>
 const std::vector<E> otherBits = Random(2).vector<E>(200);
 
-template <class E, class Operation>
-void expectBits(Member<const E*, const E*, E*, int> member, Operation operation) {
-  expectEach(run(member, anyBits<E>, otherBits<E>), operation, anyBits<E>, otherBits<E>);
-}
-template <class E, class Operation>
-void expectBits(Member<const E*, E, E*, int> member, Operation operation) {
+template <class E>
+void expectBits(auto operation, Member<const E*, const E*, E*, int> two,
+                Member<const E*, E, E*, int> withConstant) {
+  expectEach(run(two, anyBits<E>, otherBits<E>), operation);
   for (const E val : {E(0), E(~0), E(0x5A3C69F1)})
-    expectEach(
-        run(member, anyBits<E>, val), [&](E x) { return operation(x, val); }, anyBits<E>);
+    expectEach(run(withConstant, anyBits<E>, val), [&](E x) { return operation(x, val); });
 }
 
-#define EXPECT_LOGIC_OF(t)                        \
-  expectBits(MEMBER(And_##t), std::bit_and<>());  \
-  expectBits(MEMBER(Or_##t), std::bit_or<>());    \
-  expectBits(MEMBER(Xor_##t), std::bit_xor<>());  \
-  expectBits(MEMBER(AndC_##t), std::bit_and<>()); \
-  expectBits(MEMBER(OrC_##t), std::bit_or<>());   \
-  expectBits(MEMBER(XorC_##t), std::bit_xor<>()); \
-  expectEach(run(MEMBER(Not_##t), anyBits<Mox##t>), std::bit_not<>(), anyBits<Mox##t>)
+#define EXPECT_LOGIC_OF(t)                                         \
+  expectBits(std::bit_and<>(), MEMBER(And_##t), MEMBER(AndC_##t)); \
+  expectBits(std::bit_or<>(), MEMBER(Or_##t), MEMBER(OrC_##t));    \
+  expectBits(std::bit_xor<>(), MEMBER(Xor_##t), MEMBER(XorC_##t)); \
+  expectEach(run(MEMBER(Not_##t), anyBits<Mox##t>), std::bit_not<>())
 
 TEST(Logic, EveryMemberIsTheBitwiseOperation) {
   EXPECT_LOGIC_OF(8u);
@@ -50,23 +44,19 @@ const auto right = [](auto x, int count) {
   return wide;
 };
 
-template <class E, class Model>
-void expectShift(Member<const E*, int, E*, int> member, Model model) {
+template <class E>
+void expectShift(auto model, Member<const E*, int, E*, int> member) {
   constexpr int width = 8 * sizeof(E);
   for (const int count : {0, 1, 3, width / 2, width - 1, width, width + 1, 64, INT_MAX})
-    expectEach(
-        run(member, anyBits<E>, count), [&](E x) { return model(x, count); }, anyBits<E>);
+    expectEach(run(member, anyBits<E>, count), [&](E x) { return model(x, count); });
 }
 
-#define EXPECT_SHIFTS_OF(t)               \
-  expectShift(MEMBER(LShiftC_##t), left); \
-  expectShift(MEMBER(RShiftC_##t), right)
-
 TEST(Shift, LeftClearsFromTheWidthOnAndRightKeepsTheSignOfSignedElements) {
-  EXPECT_SHIFTS_OF(8u);
-  EXPECT_SHIFTS_OF(16u);
-  EXPECT_SHIFTS_OF(16s);
-  EXPECT_SHIFTS_OF(32s);
+  const auto expectShifts = [](auto model, auto... members) { (expectShift(model, members), ...); };
+  expectShifts(left, MEMBER(LShiftC_8u), MEMBER(LShiftC_16u), MEMBER(LShiftC_16s),
+               MEMBER(LShiftC_32s));
+  expectShifts(right, MEMBER(RShiftC_8u), MEMBER(RShiftC_16u), MEMBER(RShiftC_16s),
+               MEMBER(RShiftC_32s));
 }
 
 }  // namespace

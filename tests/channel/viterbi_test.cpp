@@ -135,7 +135,7 @@ TEST(ViterbiSteps, FindTheNearestPointOfEachSubset) {
             if (table[4 * ((y + 2) & 3) + ((x + 2) & 3)] % subsets == subset)
               least = std::min(least, (dx * dx >> 4) + (dy * dy >> 4));
           }
-        ASSERT_EQ(found[subset].re, least) << z.re << ' ' << z.im << "; " << test::seedNote();
+        ASSERT_EQ(found[subset].re, least) << z.re << ' ' << z.im;
         const Mox16sc point = moved(reference, found[subset].im);
         const int dx = z.re - point.re, dy = z.im - point.im;
         ASSERT_EQ((dx * dx >> 4) + (dy * dy >> 4), least);

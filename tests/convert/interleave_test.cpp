@@ -18,12 +18,12 @@ void expectRoundTrip(Join join, Split split) {
       for (int c = 0; c < channels; ++c) rows.push_back(samples.data() + c * len);
       for (const int rounding : allRoundings) {
         const UnderRounding environment(rounding);
-        ASSERT_EQ(split(raw(interleaved.data()), rows.data(), channels, len), moxOk);
+        ASSERT_OK(split(raw(interleaved.data()), rows.data(), channels, len));
         for (int c = 0; c < channels; ++c)
           for (int j = 0; j < len; ++j)
             ASSERT_EQ(rows[c][j],
                       float(long(interleaved[j * channels + c])) / float(rangeOf<T>.max + 1));
-        ASSERT_EQ(join(rows.data(), channels, len, raw(joined.data())), moxOk);
+        ASSERT_OK(join(rows.data(), channels, len, raw(joined.data())));
         ASSERT_TRUE(sameBits(joined, interleaved));
       }
     }
@@ -38,7 +38,7 @@ TEST(Interleave, JoinRoundsToNearestAndSaturates) {
   const Mox32f left[] = {1, -1.5f, 0.5f / 32768}, right[] = {-1, 2.0f, 1.5f / 32768};
   const Mox32f* const rows[] = {left, right};
   std::vector<Mox16s> dst(6);
-  ASSERT_EQ(moxsJoinScaled_32f16s_D2L(rows, 2, 3, dst.data()), moxOk);
+  ASSERT_OK(moxsJoinScaled_32f16s_D2L(rows, 2, 3, dst.data()));
   EXPECT_EQ(dst, (std::vector<Mox16s>{32767, -32768, -32768, 32767, 0, 2}));
 }
 

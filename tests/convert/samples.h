@@ -31,21 +31,19 @@ template <class E>
 auto raw(E* p) {
   return p;
 }
-template <bool isSigned>
-auto raw(Sample24<isSigned>* p) {
-  return p->bytes;
-}
-template <bool isSigned>
-auto raw(const Sample24<isSigned>* p) {
+template <class E>
+requires requires(E e) { e.bytes; }
+auto raw(E* p) {
   return p->bytes;
 }
 
 // Samples S to samples D.
 template <class S, class D, class... A, class... P>
-Results<D> convert(Member<A...> m, const std::vector<S>& src, P... p) {
-  return resultsOf(m.name, std::vector<D>(src.size()), [&](D* dst, int len) {
+auto convert(Member<A...> m, const std::vector<S>& src, P... p) {
+  const auto call = [&](D* dst, int len) {
     return m.function(raw(src.data()), raw(dst), len, p...);
-  });
+  };
+  return resultsOf(m.name, std::vector<D>(src.size()), call, src);
 }
 
 }  // namespace test

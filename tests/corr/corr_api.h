@@ -2,36 +2,12 @@
 #pragma once
 
 #include <array>
-#include <complex>
 #include <numeric>
 
 #include "support/core_probe.h"
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace test {
-
-using Exact = std::complex<long double>;
-
-template <class E>
-Exact exactly(E e) {
-  if constexpr (mox::Complex<E>)
-    return {e.re, e.im};
-  else
-    return e;
-}
-
-// A sum, the sum of the magnitudes of its terms, and how many it has.
-struct Sum {
-  Exact value = 0;
-  long double magnitude = 0;
-  long terms = 0;
-
-  void add(Exact x, Exact y) {
-    value +=
-        Exact(x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real());
-    magnitude += std::sqrt(std::norm(x) * std::norm(y)), ++terms;
-  }
-};
 
 // The sums over k of a[k] * b[sign * k + n] for n = first to first + count - 1.
 template <class E>
@@ -62,8 +38,7 @@ void expectNear(const std::vector<E>& got, const std::vector<Sum>& sums, long do
     const auto& [value, magnitude, terms] = sums[i];
     const long double over = terms ? divisor(sums[i]) : 1,
                       error = scale > 0 && terms ? 16 * u * scale : u * (3 * terms + 2) * magnitude;
-    ASSERT_LE(std::abs(exactly(got[i]) - value / over), error / over)
-        << "output " << i << "; " << seedNote();
+    ASSERT_LE(std::abs(exactly(got[i]) - value / over), error / over) << "output " << i;
   }
 }
 
@@ -74,7 +49,7 @@ void expectScaled(const std::vector<Mox16s>& got, const std::vector<Sum>& sums, 
   for (std::size_t i = 0; i < sums.size(); ++i) {
     const double mean = sums[i].terms ? double(sums[i].value.real()) / divisor(sums[i]) : 0;
     ASSERT_NEAR(got[i], std::clamp(std::scalbln(mean, -long(factor)), -32768.0, 32767.0), error)
-        << "output " << i << ", factor " << factor << "; " << seedNote();
+        << "output " << i << ", factor " << factor;
   }
 }
 
@@ -105,20 +80,19 @@ template <class E>
 int publishedSize(int order, int arrays) {
   const auto up = [](long bytes) { return (bytes + 63) / 64 * 64; };
   int spec, init, work;
-  EXPECT_EQ(CorrApi<E>::fftSize(order, moxNormInverse, 0, &spec, &init, &work), moxOk);
+  EXPECT_OK(CorrApi<E>::fftSize(order, moxNormInverse, 0, &spec, &init, &work));
   return int(up(spec) + up(init) + up(work) + up((long(arrays) * sizeof(E)) << order) + 64);
 }
 
 // Fails the allocations of a call one after the other; counts those of the call that succeeds.
-template <class Call>
-int allocationsOf(Call call) {
+int allocationsOf(auto call) {
   for (int nth = 1;; ++nth) {
     CoreProbe probe;
     probe.failAllocation(nth);
     const MoxStatus status = call();
     EXPECT_EQ(probe.live(), 0);
     if (probe.allocations() < nth) {
-      EXPECT_EQ(status, moxOk);
+      EXPECT_OK(status);
       return nth - 1;
     }
     EXPECT_EQ(status, moxErrMemAlloc);
@@ -148,7 +122,7 @@ void expectForms(const Expected<E>& e, Call call, Size size, Run run, Alone... a
     SCOPED_TRACE(testing::Message() << e.sums.size() << " outputs, algorithm " << algType);
     const bool byFft = e.scale > 0 && (algType == moxAlgFft || (algType == moxAlgAuto && e.isFft));
     int bytes = -1;
-    ASSERT_EQ(size(algType, &bytes), moxOk);
+    ASSERT_OK(size(algType, &bytes));
     EXPECT_EQ(bytes, byFft ? e.fftBytes : e.bytes);
     std::vector<E> y(e.sums.size()), z(y);
     if (e.bytes == 0) {

@@ -14,8 +14,6 @@ Found align(const std::string& arguments) {
 
 using Align = ExampleTest;
 
-std::vector<double> monoOf(const std::string& name) { return readSound(sounds + name).samples; }
-
 // Copies of real recordings, later or earlier, filtered, noisy and inverted, in any format.
 TEST_F(Align, FindsShiftedFilteredNoisyCopies) {
   std::mt19937 engine(5);
@@ -24,7 +22,7 @@ TEST_F(Align, FindsShiftedFilteredNoisyCopies) {
     for (const long shift : {0L, 4321L, -20011L})
       for (const double noiseLevel : {0.0, 0.05}) {
         SCOPED_TRACE(testing::Message() << name << ", " << shift << ", " << noiseLevel);
-        const auto x = monoOf(name);
+        const auto x = readSound(sounds + name).samples;
         std::vector<double> copy(x.size() + std::max(shift, 0L));
         double smooth = 0;
         for (long i = 0; i < long(copy.size()); ++i) {
@@ -43,7 +41,7 @@ TEST_F(Align, FindsShiftedFilteredNoisyCopies) {
 
 // The second recording has another rate and more channels; both come out at the first one's rate.
 TEST_F(Align, WritesBothFromTheSameMomentOn) {
-  const auto x = monoOf("Front_Left.wav");
+  const auto x = readSound(sounds + "Front_Left.wav").samples;
   constexpr int skipped = 9600;  // 0.2 s
   std::vector<double> stereo;
   for (std::size_t i = skipped; i + 1 < x.size(); i += 2) {

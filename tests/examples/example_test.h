@@ -25,8 +25,7 @@ struct Outcome {
 inline Outcome runProgram(const std::string& program, const std::string& arguments) {
   Outcome outcome{-1, {}};
   FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
-  std::array<char, 256> text;
-  while (std::fgets(text.data(), text.size(), pipe)) outcome.output += text.data();
+  for (int c; (c = std::fgetc(pipe)) != EOF;) outcome.output += char(c);
   outcome.exitCode = WEXITSTATUS(pclose(pipe));
   return outcome;
 }
@@ -43,16 +42,6 @@ inline double figureBehind(const std::string& words, const std::string& output) 
   const std::size_t at = output.find(words);
   EXPECT_NE(at, std::string::npos) << words << " in " << output;
   return at == std::string::npos ? NAN : std::strtod(output.c_str() + at + words.size(), nullptr);
-}
-
-// Arguments that a program refuses, and what it says to them.
-inline void expectRefusals(const std::string& program,
-                           const std::vector<std::pair<std::string, std::string>>& refusals) {
-  for (const auto& [arguments, reason] : refusals) {
-    const Outcome outcome = runProgram(program, arguments);
-    EXPECT_NE(outcome.exitCode, 0) << arguments;
-    EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
-  }
 }
 
 struct Sound {
@@ -94,6 +83,17 @@ class ExampleTest : public ::testing::Test {
       for (int c = 0; c < channels; ++c)
         samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
     write(name, format, {rate, channels, samples});
+  }
+
+  // Arguments that a program refuses without a result, and what it says to them.
+  void expectRefusals(const std::string& program,
+                      const std::vector<std::pair<std::string, std::string>>& refusals) const {
+    for (const auto& [arguments, reason] : refusals) {
+      const Outcome outcome = runProgram(program, arguments);
+      EXPECT_NE(outcome.exitCode, 0) << arguments;
+      EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
+      EXPECT_FALSE(std::filesystem::exists(path("out.wav"))) << arguments;
+    }
   }
 
   std::filesystem::path folder_;

@@ -50,7 +50,6 @@ TEST_F(Resample, SaysWhatIsWrong) {
                             {in + out + " --rate 10", "--rate"},
                             {in + out + " --quality superb", "--quality"},
                             {in, "output"}});
-  EXPECT_FALSE(std::filesystem::exists(path("out.wav")));
 }
 
 }  // namespace

@@ -53,7 +53,6 @@ TEST_F(Reverb, RefusesWhatIsNoRoom) {
                           {files + " --length 0.2", "--length"},
                           {files + " --height x", "--height"},
                           {in + " " + in, "same file"}});
-  EXPECT_FALSE(std::filesystem::exists(path("out.wav")));
 }
 
 }  // namespace

@@ -7,10 +7,9 @@
 namespace test {
 
 // What is set up from taps of one type; what runs has the types of the taps and of the data.
-#define FIR_STATES(types, run, tap, data, number)                   \
+#define FIR_STATES(types, run, tap, data)                           \
   using Tap = Mox##tap;                                             \
   using Data = Mox##data;                                           \
-  static constexpr Mox32s id = 0x46490000 | number;                 \
   static constexpr auto initAlloc = moxsFIRInitAlloc##types;        \
   static constexpr auto getTaps = moxsFIRGetTaps##types;            \
   static constexpr auto setTaps = moxsFIRSetTaps##types;            \
@@ -19,66 +18,63 @@ namespace test {
   static constexpr auto getDlyLine = moxsFIRGetDlyLine##run;        \
   static constexpr auto setDlyLine = moxsFIRSetDlyLine##run
 
+// What runs, by names that end in `sfs` and `isfs`, taken as they are or with WITHOUT_SCALE.
+#define WITHOUT_SCALE(f) WithoutScale<f>::call
+#define FIR_RUN(types, data, with, sfs, isfs)                                       \
+  static constexpr auto run = with(moxsFIR##types##_##data##sfs);                   \
+  static constexpr auto inPlace = with(moxsFIR##types##_##data##isfs);              \
+  static constexpr auto one = with(moxsFIROne##types##_##data##sfs);                \
+  static constexpr auto direct = with(moxsFIR##types##_Direct_##data##sfs);         \
+  static constexpr auto directInPlace = with(moxsFIR##types##_Direct_##data##isfs); \
+  static constexpr auto oneDirect = with(moxsFIROne##types##_Direct_##data##sfs)
+#define FIR_MULTIRATE(types, data, with, sfs) \
+  static constexpr auto multirateDirect = with(moxsFIRMR##types##_Direct_##data##sfs)
+
 // Floats, and integers by way of floats: where the engine changes to that by FFT.
-#define FIR_FLOAT(name, types, tap, data, id, taps, len)                                          \
-  struct Fir##name {                                                                              \
-    FIR_STATES(types##_##data, types##_##data, tap, data, id);                                    \
-    static constexpr int fftTaps = taps, fftLen = len;                                            \
-    static constexpr auto run = WithoutScale<moxsFIR##types##_##data>::call;                      \
-    static constexpr auto inPlace = WithoutScale<moxsFIR##types##_##data##_I>::call;              \
-    static constexpr auto one = WithoutScale<moxsFIROne##types##_##data>::call;                   \
-    static constexpr auto direct = WithoutScale<moxsFIR##types##_Direct_##data>::call;            \
-    static constexpr auto directInPlace = WithoutScale<moxsFIR##types##_Direct_##data##_I>::call; \
-    static constexpr auto oneDirect = WithoutScale<moxsFIROne##types##_Direct_##data>::call;      \
-    static constexpr auto multirateDirect = WithoutScale<moxsFIRMR##types##_Direct_##data>::call; \
+#define FIR_BY_FLOATS(name, types, tap, data, with, sfs, isfs, taps, len) \
+  struct Fir##name {                                                      \
+    FIR_STATES(types##_##data, types##_##data, tap, data);                \
+    FIR_RUN(types, data, with, sfs, isfs);                                \
+    FIR_MULTIRATE(types, data, with, sfs);                                \
+    static constexpr int fftTaps = taps, fftLen = len;                    \
   }
-#define FIR_RUN_SCALED(types, data)                                            \
-  static constexpr auto run = moxsFIR##types##_##data##_Sfs;                   \
-  static constexpr auto inPlace = moxsFIR##types##_##data##_ISfs;              \
-  static constexpr auto one = moxsFIROne##types##_##data##_Sfs;                \
-  static constexpr auto direct = moxsFIR##types##_Direct_##data##_Sfs;         \
-  static constexpr auto directInPlace = moxsFIR##types##_Direct_##data##_ISfs; \
-  static constexpr auto oneDirect = moxsFIROne##types##_Direct_##data##_Sfs
-#define FIR_MULTIRATE(types, data) \
-  static constexpr auto multirateDirect = moxsFIRMR##types##_Direct_##data##_Sfs;
-#define FIR_SCALED(types, data, id, taps, len)                   \
-  struct Fir##types##data {                                      \
-    FIR_STATES(types##_##data, types##_##data, types, data, id); \
-    FIR_RUN_SCALED(types, data);                                 \
-    static constexpr int fftTaps = taps, fftLen = len;           \
-    FIR_MULTIRATE(types, data)                                   \
-  }
+#define FIR_FLOAT(name, types, tap, data, taps, len) \
+  FIR_BY_FLOATS(name, types, tap, data, WITHOUT_SCALE, , _I, taps, len)
+#define FIR_SCALED(types, data, taps, len) \
+  FIR_BY_FLOATS(types##data, types, types, data, , _Sfs, _ISfs, taps, len)
 // Sums in 32 bits that wrap around: the largest integer tap, in a state and without one.
-#define FIR_FIXED(name, types, run, tap, data, id, mostTap, mostDirectTap, multirate) \
-  struct Fir##name {                                                                  \
-    FIR_STATES(types, run##_##data, tap, data, id);                                   \
-    FIR_RUN_SCALED(run, data);                                                        \
-    static constexpr int fftTaps = INT_MAX, fftLen = INT_MAX;                         \
-    static constexpr long limit = mostTap, directLimit = mostDirectTap;               \
-    multirate                                                                         \
+#define FIR_FIXED(name, types, run, tap, data, mostTap, mostDirectTap, multirate) \
+  struct Fir##name {                                                              \
+    FIR_STATES(types, run##_##data, tap, data);                                   \
+    FIR_RUN(run, data, , _Sfs, _ISfs);                                            \
+    static constexpr int fftTaps = INT_MAX, fftLen = INT_MAX;                     \
+    static constexpr long limit = mostTap, directLimit = mostDirectTap;           \
+    multirate                                                                     \
   }
 
-FIR_FLOAT(32f, , 32f, 32f, 0x3031, 64, 512);
-FIR_FLOAT(32fc, , 32fc, 32fc, 0x3032, 16, 256);
-FIR_FLOAT(64f, , 64f, 64f, 0x3133, 64, 512);
-FIR_FLOAT(64fc, , 64fc, 64fc, 0x3134, 32, 256);
-FIR_FLOAT(64f32f, 64f, 64f, 32f, 0x3137, 64, 512);
-FIR_FLOAT(64fc32fc, 64fc, 64fc, 32fc, 0x3138, 32, 256);
-FIR_SCALED(32f, 16s, 0x3035, 64, 512);
-FIR_SCALED(32fc, 16sc, 0x3036, 16, 256);
-FIR_SCALED(64f, 32s, 0x3231, 64, 512);
-FIR_SCALED(64fc, 32sc, 0x3232, 32, 256);
-FIR_SCALED(64f, 16s, 0x3235, 64, 512);
-FIR_SCALED(64fc, 16sc, 0x3236, 32, 256);
-FIR_FIXED(16s, _16s, , 16s, 16s, 0x3239, 32767, 32766, );
-FIR_FIXED(32s16s, 32s_16s, 32s, 32s, 16s, 0x3039, 32766, 32766, FIR_MULTIRATE(32s, 16s));
-FIR_FIXED(32sc16sc, 32sc_16sc, 32sc, 32sc, 16sc, 0x3130, 32766, 32766, FIR_MULTIRATE(32sc, 16sc));
-FIR_FIXED(32s16s32f, 32s_16s32f, 32s, 32f, 16s, 0x3039, 0, 0, );
-FIR_FIXED(32sc16sc32fc, 32sc_16sc32fc, 32sc, 32fc, 16sc, 0x3130, 0, 0, );
+FIR_FLOAT(32f, , 32f, 32f, 64, 512);
+FIR_FLOAT(32fc, , 32fc, 32fc, 16, 256);
+FIR_FLOAT(64f, , 64f, 64f, 64, 512);
+FIR_FLOAT(64fc, , 64fc, 64fc, 32, 256);
+FIR_FLOAT(64f32f, 64f, 64f, 32f, 64, 512);
+FIR_FLOAT(64fc32fc, 64fc, 64fc, 32fc, 32, 256);
+FIR_SCALED(32f, 16s, 64, 512);
+FIR_SCALED(32fc, 16sc, 16, 256);
+FIR_SCALED(64f, 32s, 64, 512);
+FIR_SCALED(64fc, 32sc, 32, 256);
+FIR_SCALED(64f, 16s, 64, 512);
+FIR_SCALED(64fc, 16sc, 32, 256);
+FIR_FIXED(16s, _16s, , 16s, 16s, 32767, 32766, );
+FIR_FIXED(32s16s, 32s_16s, 32s, 32s, 16s, 32766, 32766, FIR_MULTIRATE(32s, 16s, , _Sfs););
+FIR_FIXED(32sc16sc, 32sc_16sc, 32sc, 32sc, 16sc, 32766, 32766, FIR_MULTIRATE(32sc, 16sc, , _Sfs););
+FIR_FIXED(32s16s32f, 32s_16s32f, 32s, 32f, 16s, 0, 0, );
+FIR_FIXED(32sc16sc32fc, 32sc_16sc32fc, 32sc, 32fc, 16sc, 0, 0, );
 #undef FIR_FIXED
 #undef FIR_SCALED
 #undef FIR_MULTIRATE
-#undef FIR_RUN_SCALED
+#undef FIR_BY_FLOATS
+#undef FIR_RUN
+#undef WITHOUT_SCALE
 #undef FIR_FLOAT
 #undef FIR_STATES
 
@@ -119,10 +115,9 @@ template <class F>
 FirHandle makeFir(const std::vector<typename F::Tap>& taps,
                   const typename F::Data* dlyLine = nullptr, const Rates& r = {}, int factor = 0) {
   MoxsFIRState* s = nullptr;
-  EXPECT_EQ(r.areSingle() ? allocFir<F>(&s, F::initAlloc, taps, dlyLine, factor)
+  EXPECT_OK(r.areSingle() ? allocFir<F>(&s, F::initAlloc, taps, dlyLine, factor)
                           : allocFir<F>(&s, F::allocMultirate, taps, dlyLine, factor, r.up,
-                                        r.upPhase, r.down, r.downPhase),
-            moxOk);
+                                        r.upPhase, r.down, r.downPhase));
   return FirHandle(s, {F::free});
 }
 

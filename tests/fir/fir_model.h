@@ -49,27 +49,22 @@ class Model {
 
   void expectTaps(const MoxsFIRState* s) const {
     std::vector<Tap> got(taps_.size());
-    ASSERT_EQ(F::getTaps(s, got.data()), moxOk);
+    ASSERT_OK(F::getTaps(s, got.data()));
     ASSERT_EQ(std::memcmp(got.data(), taps_.data(), got.size() * sizeof(Tap)), 0);
   }
 
   // Outputs from `first` on.
   void expectOutputs(const Signal<Data>& x, const Rates& r, int, const std::vector<Data>& got,
                      long first = 0) const {
-    std::vector<Exact> values(got.size());
-    std::vector<long double> magnitudes(got.size());
+    std::vector<Sum> sums(got.size());
     for (long j = 0; j < long(got.size()); ++j)
-      forTerms(long(taps_.size()), r, first + j, [&](long k, long i) {
-        const Exact t = exactly(taps_[k]), v = exactly(x[i]);
-        values[j] += Exact(t.real() * v.real() - t.imag() * v.imag(),
-                           t.real() * v.imag() + t.imag() * v.real());
-        magnitudes[j] += std::sqrt(std::norm(t) * std::norm(v));
-      });
+      forTerms(long(taps_.size()), r, first + j,
+               [&](long k, long i) { sums[j].add(exactly(taps_[k]), exactly(x[i])); });
     const int stages = 4 + int(std::log2(taps_.size()));
-    const long double largest = *std::max_element(magnitudes.begin(), magnitudes.end());
+    const long double largest = std::ranges::max(sums, {}, &Sum::magnitude).magnitude;
     for (std::size_t j = 0; j < got.size(); ++j) {
-      const Exact value = inRange<Data>(values[j]);
-      const long double bound = roundoff * (byFft ? stages * largest : terms * magnitudes[j]);
+      const Exact value = inRange<Data>(sums[j].value);
+      const long double bound = roundoff * (byFft ? stages * largest : terms * sums[j].magnitude);
       ASSERT_LE(std::abs(exactly(got[j]) - value), bound + storeError(value))
           << "output " << first + long(j) << ", " << taps_.size() << " taps";
     }
@@ -148,9 +143,9 @@ class Model<F> {
     std::vector<Tap> got(taps_.size() / width);
     int factor = factor_;
     if constexpr (takesFactor<F>)
-      ASSERT_EQ(F::getTaps(s, got.data(), &factor), moxOk);
+      ASSERT_OK(F::getTaps(s, got.data(), &factor));
     else
-      ASSERT_EQ(F::getTaps(s, got.data()), moxOk);
+      ASSERT_OK(F::getTaps(s, got.data()));
     EXPECT_EQ(factor, factor_);
     for (std::size_t i = 0; i < taps_.size(); ++i)
       ASSERT_EQ((long double)mox::parts(got.data())[i],

@@ -5,21 +5,34 @@
 // every/contract.cpp for deviations.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <functional>
+
 #include "frame/every/call.h"
 #include "frame/every/checks.h"
 #include "frame/every/contract.h"
 #include "frame/every/digests.h"
-#include "frame/every/last_words.h"
 #include "frame/every/tables.h"
 #include "support/random.h"
+#if defined(MOXSP_SANITIZED)
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 namespace {
 
 using namespace every;
 
-bool always(const Function&) { return true; }
+bool always(const Function& f) { return f.address && f.signature->returnsStatus; }
+
+// A function without a status is named in the contract table, and no other is.
+void checkDeclaration(const Function& f, Position&) {
+  if (!f.address) throw Misbehaved("is declared and not built");
+  if (f.signature->returnsStatus == (deviation(f, Deviation::noStatus) != nullptr))
+    throw Misbehaved("has a status, or has none, against the table of deviations");
+}
 
 const Check checks[] = {
+    {"IsBuiltAndReturnsStatus", nullptr, checkDeclaration},
     {"BadArgumentsAreRefusedInOrder", canBeRefused, checkRefusals},
     {"ForeignObjectsAreRefused", takesObject, checkForeignObjects},
     {"EveryLengthAndAlignment", always, checkEveryLengthAndAlignment},
@@ -39,13 +52,19 @@ std::string rerunLine(const Function& function, const Check& check, const Positi
          " every_function_test --gtest_filter=EveryFunction/" + function.name + '.' + check.name;
 }
 
+// Says which case was running when a sanitizer ends the program.
+std::function<std::string()> lastWords;
+[[maybe_unused]] void sayLastWords() {
+  if (lastWords) std::fprintf(stderr, "%s\n", lastWords().c_str());
+}
+
 class FunctionTest : public testing::Test {
  public:
   FunctionTest(const Function& function, const Check& check) : function_(function), check_(check) {}
 
   void TestBody() override {
     Position at;
-    const LastWords lastWords([&] { return rerunLine(function_, check_, at); });
+    lastWords = [&] { return rerunLine(function_, check_, at); };
     try {
       check_.run(function_, at);
     } catch (const Unknown& missing) {
@@ -54,6 +73,7 @@ class FunctionTest : public testing::Test {
       ADD_FAILURE() << function_.name << ' ' << fault.what() << ", " << at.detail << '\n'
                     << rerunLine(function_, check_, at);
     }
+    lastWords = nullptr;
   }
 
  private:
@@ -61,36 +81,17 @@ class FunctionTest : public testing::Test {
   const Check& check_;
 };
 
-// A function without a status is named in the contract table, and no other is.
-class DeclarationTest : public testing::Test {
- public:
-  explicit DeclarationTest(const Function& function) : function_(function) {}
-  void TestBody() override {
-    ASSERT_NE(function_.address, nullptr) << function_.name << " is declared and not built";
-    EXPECT_NE(function_.signature->returnsStatus,
-              deviation(function_, Deviation::noStatus) != nullptr);
-  }
-
- private:
-  const Function& function_;
-};
-
 TEST(Tables, EveryRowServesAndNoTwoClaimTheSame) {
   for (const std::string& fault : faultsOfAllTables()) ADD_FAILURE() << fault;
 }
 
 void registerTests() {
-  for (const Function& f : allFunctions()) {
-    const std::string suite = "EveryFunction/" + f.name;
-    testing::RegisterTest(suite.c_str(), "IsBuiltAndReturnsStatus", nullptr, nullptr, __FILE__,
-                          __LINE__, [&f]() -> testing::Test* { return new DeclarationTest(f); });
-    if (!f.address || !f.signature->returnsStatus) continue;
+  for (const Function& f : allFunctions())
     for (const Check& check : checks)
-      if (check.applies(f))
+      if (!check.applies || (always(f) && check.applies(f)))
         testing::RegisterTest(
-            suite.c_str(), check.name, nullptr, nullptr, __FILE__, __LINE__,
+            ("EveryFunction/" + f.name).c_str(), check.name, nullptr, nullptr, __FILE__, __LINE__,
             [&f, &check]() -> testing::Test* { return new FunctionTest(f, check); });
-  }
 }
 
 }  // namespace
@@ -102,5 +103,8 @@ int main(int argc, char** argv) {
   }
   testing::InitGoogleTest(&argc, argv);
   registerTests();
+#if defined(MOXSP_SANITIZED)
+  __sanitizer_set_death_callback(sayLastWords);
+#endif
   return RUN_ALL_TESTS();
 }

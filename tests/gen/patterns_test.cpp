@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 
 #include "support/members.h"
-#include "support/test.h"
 
 namespace {
 
@@ -17,28 +16,25 @@ D awayFromZero(double v) {
 }
 
 template <class D, class F>
-void expectLines(Member<D*, int, F, F> ramp, Member<D*, int, F, F> slope) {
+void expectLine(Member<D*, int, F, F> member) {
   constexpr int len = 1003;
   for (const F offset : {F(0), F(-1e4), F(250.5), F(3e9), F(-0.25), F(1e12)})
     for (const F step : {F(0), F(0.5), F(-3.3), F(1e7), F(-1e10)}) {
-      std::vector<D> a(len), b(len), want(len);
+      std::vector<D> got(len), want(len);
       for (int i = 0; i < len; ++i) want[i] = awayFromZero<D>(double(offset) + double(step) * i);
-      ASSERT_EQ(ramp.function(a.data(), len, offset, step), moxOk);
-      ASSERT_EQ(slope.function(b.data(), len, offset, step), moxOk);
-      EXPECT_EQ(a, want) << ramp.name << ' ' << offset << ' ' << step;
-      EXPECT_EQ(b, want) << slope.name << ' ' << offset << ' ' << step;
+      ASSERT_OK(member.function(got.data(), len, offset, step));
+      EXPECT_EQ(got, want) << member.name << ' ' << offset << ' ' << step;
     }
 }
 
 TEST(VectorRamp, IsTheRoundedLineAndSoIsVectorSlope) {
-  expectLines(MEMBER(VectorRamp_8s), MEMBER(VectorSlope_8s));
-  expectLines(MEMBER(VectorRamp_8u), MEMBER(VectorSlope_8u));
-  expectLines(MEMBER(VectorRamp_16s), MEMBER(VectorSlope_16s));
-  expectLines(MEMBER(VectorRamp_16u), MEMBER(VectorSlope_16u));
-  expectLines(MEMBER(VectorRamp_32s), MEMBER(VectorSlope_32s));
-  expectLines(MEMBER(VectorRamp_32u), MEMBER(VectorSlope_32u));
-  expectLines(MEMBER(VectorRamp_32f), MEMBER(VectorSlope_32f));
-  expectLines(MEMBER(VectorRamp_64f), MEMBER(VectorSlope_64f));
+  const auto expectLines = [](auto... members) { (expectLine(members), ...); };
+  expectLines(MEMBER(VectorRamp_8s), MEMBER(VectorRamp_8u), MEMBER(VectorRamp_16s),
+              MEMBER(VectorRamp_16u), MEMBER(VectorRamp_32s), MEMBER(VectorRamp_32u),
+              MEMBER(VectorRamp_32f), MEMBER(VectorRamp_64f));
+  expectLines(MEMBER(VectorSlope_8s), MEMBER(VectorSlope_8u), MEMBER(VectorSlope_16s),
+              MEMBER(VectorSlope_16u), MEMBER(VectorSlope_32s), MEMBER(VectorSlope_32u),
+              MEMBER(VectorSlope_32f), MEMBER(VectorSlope_64f));
 }
 
 // The angles are those of double precision; the sine of large ones is exact.
@@ -47,7 +43,7 @@ void expectJaehne(Member<D*, int, D> member, D magn) {
   // The angles of the longest leave the range of the quick sine.
   for (const int len : {1, 2, 17, 1000, std::is_same_v<D, Mox64f> ? 700000 : 1001}) {
     std::vector<D> got(len);
-    ASSERT_EQ(member.function(got.data(), len, magn), moxOk);
+    ASSERT_OK(member.function(got.data(), len, magn));
     const double h = 1.5707963267948966 / len,
                  amplitude = std::is_unsigned_v<D> ? 0.5 * magn : magn;
     std::vector<L> want(len);

@@ -82,10 +82,10 @@ void expectStream(MoxStatus (*initAlloc)(State**, T, T, Mox32u), MoxStatus (*run
   for (const std::uint32_t seed : seeds) {
     M model(x, y, seed);
     State* state;
-    ASSERT_EQ(initAlloc(&state, x, y, seed), moxOk);
+    ASSERT_OK(initAlloc(&state, x, y, seed));
     for (const int len : callLengths) {
       std::vector<T> dst(len);
-      ASSERT_EQ(run(dst.data(), len, state), moxOk);
+      ASSERT_OK(run(dst.data(), len, state));
       for (int i = 0; i < len; ++i) expectSame(dst[i], model.next(), y, i);
     }
     free(state);
@@ -98,7 +98,7 @@ void expectDirect(MoxStatus (*direct)(T*, int, T, T, Mox32u*), T x, T y) {
     for (const int len : callLengths) {
       M model(x, y, seed);
       std::vector<T> dst(len);
-      ASSERT_EQ(direct(dst.data(), len, x, y, &seed), moxOk);
+      ASSERT_OK(direct(dst.data(), len, x, y, &seed));
       for (int i = 0; i < len; ++i) expectSame(dst[i], model.next(), y, i);
       ASSERT_EQ(seed, model.model.a);
     }

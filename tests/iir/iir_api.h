@@ -2,7 +2,6 @@
 // against.
 #pragma once
 
-#include "iir/iir_state.h"
 #include "support/filters.h"
 #include "support/test.h"
 
@@ -18,20 +17,18 @@ namespace test {
   static constexpr auto getDlyLine = moxsIIRGetDlyLine##types##suffix;         \
   static constexpr auto setDlyLine = moxsIIRSetDlyLine##types##suffix;         \
   static constexpr auto setTaps = moxsIIRSetTaps##types##suffix
-#define IIR_FLOAT(name, types, suffix, tap, data)                                   \
-  struct name {                                                                     \
-    IIR_STATE(types, suffix, tap, data, tap);                                       \
-    static constexpr auto run = WithoutScale<moxsIIR##types##suffix>::call;         \
-    static constexpr auto inPlace = WithoutScale<moxsIIR##types##suffix##_I>::call; \
-    static constexpr auto one = WithoutScale<moxsIIROne##types##suffix>::call;      \
+#define IIR(name, types, suffix, tap, data, held, with, sfs, isfs)      \
+  struct name {                                                         \
+    IIR_STATE(types, suffix, tap, data, held);                          \
+    static constexpr auto run = with(moxsIIR##types##suffix##sfs);      \
+    static constexpr auto inPlace = with(moxsIIR##types##suffix##isfs); \
+    static constexpr auto one = with(moxsIIROne##types##suffix##sfs);   \
   }
-#define IIR_SCALED(name, types, suffix, tap, data, held)           \
-  struct name {                                                    \
-    IIR_STATE(types, suffix, tap, data, held);                     \
-    static constexpr auto run = moxsIIR##types##suffix##_Sfs;      \
-    static constexpr auto inPlace = moxsIIR##types##suffix##_ISfs; \
-    static constexpr auto one = moxsIIROne##types##suffix##_Sfs;   \
-  }
+#define WITHOUT_SCALE(f) WithoutScale<f>::call
+#define IIR_FLOAT(name, types, suffix, tap, data) \
+  IIR(name, types, suffix, tap, data, tap, WITHOUT_SCALE, , _I)
+#define IIR_SCALED(name, types, suffix, tap, data, held) \
+  IIR(name, types, suffix, tap, data, held, , _Sfs, _ISfs)
 IIR_FLOAT(Iir32f, , _32f, 32f, 32f);
 IIR_FLOAT(Iir32fc, , _32fc, 32fc, 32fc);
 IIR_FLOAT(Iir64f, , _64f, 64f, 64f);
@@ -47,6 +44,8 @@ IIR_SCALED(Iir64fc32sc, 64fc, _32sc, 64fc, 32sc, 64fc);
 IIR_SCALED(Iir32s16s, 32s, _16s, 32s, 16s, 32f);
 IIR_SCALED(Iir32sc16sc, 32sc, _16sc, 32sc, 16sc, 32fc);
 #undef IIR_FLOAT
+#undef WITHOUT_SCALE
+#undef IIR
 #undef IIR_SCALED
 #undef IIR_STATE
 
@@ -73,7 +72,7 @@ IirHandle makeIir(Shape shape, const std::vector<typename F::Tap>& taps, int cou
     else
       return f(&s, taps.data(), count, dlyLine);
   };
-  EXPECT_EQ(shape == Shape::cascade ? make(F::makeBiQuad) : make(F::make), moxOk);
+  EXPECT_OK(shape == Shape::cascade ? make(F::makeBiQuad) : make(F::make));
   return IirHandle(s, {F::free});
 }
 

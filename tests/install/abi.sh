@@ -5,7 +5,7 @@ here=$source_dir/tests/install include=$source_dir/include
 
 # The headers declare the functions of the checked-in list with its prototypes. Whoever changes
 # one runs `./run exports`.
-bash "$here/from_headers.sh" exports "$include" "$cc" > "$scratch/prototypes"
+bash "$source_dir/cmake/from_headers.sh" exports "$include" "$cc" > "$scratch/prototypes"
 same "exports.txt and the headers" "$here/exports.txt" "$scratch/prototypes"
 sed -E 's/\(.*//; s/.* //' "$here/exports.txt" > "$scratch/declared"
 count=$(wc -l < "$scratch/declared")

@@ -4,7 +4,7 @@ source "$(dirname "$0")/common.sh"
 source_dir=$1 library=$2 cc=$3
 include=$source_dir/include
 
-bash "$source_dir/tests/install/from_headers.sh" status "$include" > "$scratch/status.h"
+bash "$source_dir/cmake/from_headers.sh" status "$include" > "$scratch/status.h"
 same "status.h and types.h (./run exports)" "$scratch/status.h" "$include/moxsp/status.h"
 [[ $(grep -c 'case mox' "$scratch/status.h") == \
    $(grep -cE '^ +mox(Ok|Warn|Err)' "$include/moxsp/types.h") ]] || fail "a status has no text"

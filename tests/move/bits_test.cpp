@@ -27,8 +27,7 @@ void checkBitCopy(BitCopy copy, Order order, Random& random, int srcOffset, int 
   for (long i = 0; i < len; ++i)
     setBit(expected.data(), dstOffset + i, order, bit(src.data(), srcOffset + i, order));
   // What an offset has above its low three bits is of no account.
-  ASSERT_EQ(copy(src.data(), srcOffset + 8 * int(random.below(3)), dst.data(), dstOffset + 8, len),
-            moxOk);
+  ASSERT_OK(copy(src.data(), srcOffset + 8 * int(random.below(3)), dst.data(), dstOffset + 8, len));
   ASSERT_EQ(std::memcmp(dst.data(), expected.data(), dst.size()), 0)
       << "offsets " << srcOffset << ' ' << dstOffset << " len " << len;
 }
@@ -91,8 +90,7 @@ TEST(PackBits, ALengthBeyondIntIsTheLargest) {
   std::vector<Mox8u> dst(4 * widths.size());
   int bits = 0;
   const auto* src = reinterpret_cast<const Mox32u*>(widths.data());
-  EXPECT_EQ(moxsPackBits_32u8u(src, widths.data(), int(widths.size()), dst.data(), 0, &bits),
-            moxOk);
+  EXPECT_OK(moxsPackBits_32u8u(src, widths.data(), int(widths.size()), dst.data(), 0, &bits));
   EXPECT_EQ(bits, std::numeric_limits<int>::max());
 }
 

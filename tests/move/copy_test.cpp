@@ -25,7 +25,7 @@ void checkCopy(Random& random, int len, int srcOffset, int dstOffset, Guard side
   const Mox8u* const src = place(from, len, srcOffset, side);
   Mox8u* const dst = place(to, len, dstOffset, side);
   std::copy(src, src + len, expected.begin() + (dst - to.begin()));
-  ASSERT_EQ(moxsCopy_8u(src, dst, len), moxOk);
+  ASSERT_OK(moxsCopy_8u(src, dst, len));
   ASSERT_EQ(std::memcmp(to.data(), expected.data(), to.size()), 0)
       << "len " << len << " offsets " << srcOffset << ' ' << dstOffset;
 }
@@ -54,7 +54,7 @@ TEST(Copy, DirectionFlagIsIgnoredAndKept) {
   const MoxStatus status = moxsCopy_8u(src.data(), dst.data(), 50000);
   const bool kept = __readeflags() >> 10 & 1;
   asm volatile("cld");
-  EXPECT_EQ(status, moxOk);
+  EXPECT_OK(status);
   EXPECT_TRUE(kept);
   EXPECT_EQ(dst, src);
 }
@@ -89,16 +89,15 @@ TEST(Copy, ByteCountsBeyondAnInt) {
   const HugeArray src, dst;
   std::memset(src.data(), 3, HugeArray::chunk);
   src.last() = 9;
-  ASSERT_EQ(moxsCopy_64fc(reinterpret_cast<Mox64fc*>(src.data()),
-                          reinterpret_cast<Mox64fc*>(dst.data()), int(HugeArray::size / 16)),
-            moxOk);
+  ASSERT_OK(moxsCopy_64fc(reinterpret_cast<Mox64fc*>(src.data()),
+                          reinterpret_cast<Mox64fc*>(dst.data()), int(HugeArray::size / 16)));
   EXPECT_EQ(std::memcmp(src.data(), dst.data(), HugeArray::chunk), 0);
   EXPECT_EQ(dst.last(), 9);
 }
 
 void checkMove(const Bytes& before, int src, int dst, int len) {
   Bytes after = before, expected = before;
-  ASSERT_EQ(moxsMove_8u(after.data() + src, after.data() + dst, len), moxOk);
+  ASSERT_OK(moxsMove_8u(after.data() + src, after.data() + dst, len));
   for (int i = 0; i < len; ++i) expected[dst + i] = before[src + i];
   ASSERT_EQ(after, expected) << "from " << src << " to " << dst << " len " << len;
 }

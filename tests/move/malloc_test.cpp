@@ -9,16 +9,13 @@ struct Member {
   std::size_t elementBytes;
 };
 
-#define MEMBER(type, token)                                                                      \
-  {                                                                                              \
-    "moxsMalloc_" #token, [](int len) -> void* { return moxsMalloc_##token(len); }, sizeof(type) \
+#define MEMBER(t)                                                                          \
+  {                                                                                        \
+    "moxsMalloc_" #t, [](int len) -> void* { return moxsMalloc_##t(len); }, sizeof(Mox##t) \
   }
-const Member members[] = {
-    MEMBER(Mox8u, 8u),     MEMBER(Mox8s, 8s),     MEMBER(Mox16u, 16u),   MEMBER(Mox16s, 16s),
-    MEMBER(Mox8sc, 8sc),   MEMBER(Mox32u, 32u),   MEMBER(Mox32s, 32s),   MEMBER(Mox32f, 32f),
-    MEMBER(Mox16sc, 16sc), MEMBER(Mox64s, 64s),   MEMBER(Mox64f, 64f),   MEMBER(Mox32sc, 32sc),
-    MEMBER(Mox32fc, 32fc), MEMBER(Mox64sc, 64sc), MEMBER(Mox64fc, 64fc),
-};
+const Member members[] = {MEMBER(8u),  MEMBER(8s),   MEMBER(16u),  MEMBER(16s),  MEMBER(8sc),
+                          MEMBER(32u), MEMBER(32s),  MEMBER(32f),  MEMBER(16sc), MEMBER(64s),
+                          MEMBER(64f), MEMBER(32sc), MEMBER(32fc), MEMBER(64sc), MEMBER(64fc)};
 #undef MEMBER
 
 // The allocator is asked for `len` elements to the byte; the sanitizer watches the last one.

@@ -56,9 +56,9 @@ void expectFills(MoxStatus (*set)(E, E*, int), MoxStatus (*zero)(E*, int)) {
   const auto check = [=](long len, int offset, Guard side) {
     const long bytes = len * long(sizeof(E));
     const Canvas pattern(bytes, offset, side), zeros(bytes, offset, side);
-    ASSERT_EQ(set(patterned<E>(), pattern.array<E>(), int(len)), moxOk);
+    ASSERT_OK(set(patterned<E>(), pattern.array<E>(), int(len)));
     ASSERT_TRUE(pattern.holds(patterned<E>())) << "len " << len << " offset " << offset;
-    ASSERT_EQ(zero(zeros.array<E>(), int(len)), moxOk);
+    ASSERT_OK(zero(zeros.array<E>(), int(len)));
     ASSERT_TRUE(zeros.holds(E{})) << "len " << len << " offset " << offset;
   };
   for (const Guard side : {Guard::before, Guard::after}) {
@@ -78,34 +78,34 @@ void expectPermutation(MoxStatus (*function)(const E*, E*, int), int size, Place
     std::vector<Mox8u> dst(src.size()), expected(src.size());
     for (long i = 0; i < len; ++i)
       for (long k = 0; k < size; ++k) expected[i * size + k] = src[place(i, k, len)];
-    ASSERT_EQ(
-        function(reinterpret_cast<const E*>(src.data()), reinterpret_cast<E*>(dst.data()), len),
-        moxOk);
+    ASSERT_OK(
+        function(reinterpret_cast<const E*>(src.data()), reinterpret_cast<E*>(dst.data()), len));
     ASSERT_EQ(dst, expected) << "len " << len;
   }
 }
 template <class E>
-void expectCopies(MoxStatus (*copy)(const E*, E*, int)) {
-  constexpr long size = sizeof(E);
-  expectPermutation(copy, size, [](long i, long k, long) { return i * size + k; });
+struct Members {
+  MoxStatus (*set)(E, E*, int);
+  MoxStatus (*zero)(E*, int);
+  MoxStatus (*copy)(const E*, E*, int);
+  MoxStatus (*move)(const E*, E*, int);
+};
+#define MEMBERS(t) \
+  Members<Mox##t> { moxsSet_##t, moxsZero_##t, moxsCopy_##t, moxsMove_##t }
+template <class... E>
+void expectMembers(const Members<E>&... members) {
+  const auto expect = []<class T>(const Members<T>& m) {
+    const auto place = [](long i, long k, long) { return i * long(sizeof(T)) + k; };
+    expectFills(m.set, m.zero);
+    expectPermutation(m.copy, sizeof(T), place);
+    expectPermutation(m.move, sizeof(T), place);
+  };
+  (expect(members), ...);
 }
 
-#define EXPECT_ALL_OF(t)                  \
-  expectFills(moxsSet_##t, moxsZero_##t); \
-  expectCopies(moxsCopy_##t);             \
-  expectCopies(moxsMove_##t)
 TEST(EveryElementType, IsSetClearedCopiedAndMoved) {
-  EXPECT_ALL_OF(8u);
-  EXPECT_ALL_OF(16s);
-  EXPECT_ALL_OF(32f);
-  EXPECT_ALL_OF(32s);
-  EXPECT_ALL_OF(16sc);
-  EXPECT_ALL_OF(64f);
-  EXPECT_ALL_OF(64s);
-  EXPECT_ALL_OF(32fc);
-  EXPECT_ALL_OF(32sc);
-  EXPECT_ALL_OF(64fc);
-  EXPECT_ALL_OF(64sc);
+  expectMembers(MEMBERS(8u), MEMBERS(16s), MEMBERS(32s), MEMBERS(64s), MEMBERS(32f), MEMBERS(64f),
+                MEMBERS(16sc), MEMBERS(32sc), MEMBERS(64sc), MEMBERS(32fc), MEMBERS(64fc));
 }
 
 TEST(Permutation, FlipReversesTheElements) {
@@ -114,12 +114,8 @@ TEST(Permutation, FlipReversesTheElements) {
     expectPermutation(flip, size,
                       [](long i, long k, long len) { return (len - 1 - i) * size + k; });
   };
-  expectFlip(moxsFlip_8u);
-  expectFlip(moxsFlip_16u);
-  expectFlip(moxsFlip_32f);
-  expectFlip(moxsFlip_32fc);
-  expectFlip(moxsFlip_64f);
-  expectFlip(moxsFlip_64fc);
+  expectFlip(moxsFlip_8u), expectFlip(moxsFlip_16u), expectFlip(moxsFlip_32f);
+  expectFlip(moxsFlip_64f), expectFlip(moxsFlip_32fc), expectFlip(moxsFlip_64fc);
 }
 
 TEST(Permutation, SwapBytesReversesTheBytesOfEachElement) {
@@ -136,13 +132,13 @@ TEST(Permutation, SwapBytesReversesTheBytesOfEachElement) {
 // The byte count wraps at 2^32, so only the first element is filled; a negative one fills nothing.
 TEST(FillLength, ByteCountsAreReckonedIn32Bits) {
   GuardedArray<Mox32s> a(1);
-  ASSERT_EQ(moxsSet_32s(7, a.data(), 0x40000001), moxOk);
+  ASSERT_OK(moxsSet_32s(7, a.data(), 0x40000001));
   EXPECT_EQ(a[0], 7);
-  ASSERT_EQ(moxsZero_32s(a.data(), 0x20000000), moxOk);
+  ASSERT_OK(moxsZero_32s(a.data(), 0x20000000));
   EXPECT_EQ(a[0], 7);
   GuardedArray<Mox64fc> c(1);
   c[0] = {1, 2};
-  ASSERT_EQ(moxsZero_64fc(c.data(), 0x10000001), moxOk);
+  ASSERT_OK(moxsZero_64fc(c.data(), 0x10000001));
   EXPECT_EQ(c[0].re, 0);
   EXPECT_EQ(c[0].im, 0);
 }

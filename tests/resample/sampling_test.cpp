@@ -18,7 +18,7 @@ void checkSampling(Sampling<E> up, Sampling<E> down) {
       std::vector<E> wide(len * factor), expected(len * factor), back(len);
       for (int k = 0; k < len; ++k) expected[start + factor * k] = x[k];
       int count = 0, phase = start;
-      ASSERT_EQ(up(x.data(), len, wide.data(), &count, factor, &phase), moxOk);
+      ASSERT_OK(up(x.data(), len, wide.data(), &count, factor, &phase));
       ASSERT_EQ(count, len * factor);
       ASSERT_EQ(phase, start);
       ASSERT_TRUE(sameBits(wide, expected)) << len << " by " << factor;
@@ -27,13 +27,13 @@ void checkSampling(Sampling<E> up, Sampling<E> down) {
       for (int done = 0, block = 0; done < count; done += block) {
         block = std::min(count - done, 1 + int(random.below(300)));
         int part = -1;
-        ASSERT_EQ(down(&wide[done], block, back.data() + taken, &part, factor, &phase), moxOk);
+        ASSERT_OK(down(&wide[done], block, back.data() + taken, &part, factor, &phase));
         taken += part;
       }
       ASSERT_EQ(taken, len);
       ASSERT_EQ(phase, start);
       ASSERT_TRUE(sameBits(back, x)) << len << " by " << factor;
-      ASSERT_EQ(down(wide.data(), count, wide.data(), &taken, factor, &phase), moxOk);
+      ASSERT_OK(down(wide.data(), count, wide.data(), &taken, factor, &phase));
       wide.resize(len);
       ASSERT_TRUE(sameBits(wide, x)) << "in place, " << len << " by " << factor;
     }
@@ -59,7 +59,7 @@ TEST(Sampling, RefusesPhasesAndLengthsOutOfRange) {
   EXPECT_EQ(moxsSampleUp_32f(x, 2, y, &count, INT_MAX, &phase), moxErrSize);
   EXPECT_EQ(count, 5);
   phase = INT_MAX - 1;
-  EXPECT_EQ(moxsSampleDown_32f(x, 2, y, &count, INT_MAX, &phase), moxOk);
+  EXPECT_OK(moxsSampleDown_32f(x, 2, y, &count, INT_MAX, &phase));
   EXPECT_EQ(count, 0);
   EXPECT_EQ(phase, INT_MAX - 3);
 }

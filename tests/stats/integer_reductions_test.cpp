@@ -118,9 +118,9 @@ TEST(IntegerSum, RoundsInTheCurrentModeAndSoDoesTheMean) {
   for (const auto& [mode, expected] : {std::pair{FE_UPWARD, -1}, {FE_DOWNWARD, -2}}) {
     const UnderRounding scope(mode);
     Mox16s got;
-    ASSERT_EQ(moxsSum_16s_Sfs(x, 4, &got, 2), moxOk);
+    ASSERT_OK(moxsSum_16s_Sfs(x, 4, &got, 2));
     EXPECT_EQ(got, expected);
-    ASSERT_EQ(moxsMean_16s_Sfs(x, 4, &got, 0), moxOk);
+    ASSERT_OK(moxsMean_16s_Sfs(x, 4, &got, 0));
     EXPECT_EQ(got, expected);
   }
 }
@@ -150,7 +150,7 @@ TEST(IntegerMean, IsScaledAndSaturated) {
   expectExact<Mox32s, Mox32s>(moxsMean_32s_Sfs, sumOf, mean32);
   const Mox32s sixes[] = {6, 6};
   Mox32s got;
-  ASSERT_EQ(moxsMean_32s_Sfs(sixes, 2, &got, 2), moxOk);
+  ASSERT_OK(moxsMean_32s_Sfs(sixes, 2, &got, 2));
   EXPECT_EQ(got, 1) << "not half a unit";
 }
 
@@ -270,7 +270,7 @@ TEST(IntegerDotProd, Of32BitsAddsDoublesInFourLanes) {
       for (const int mode : allRoundings) {
         const UnderRounding scope(mode);
         Mox32s got;
-        ASSERT_EQ(dot(left.data(), y.data(), int(len), &got, n), moxOk);
+        ASSERT_OK(dot(left.data(), y.data(), int(len), &got, n));
         ASSERT_EQ(got, scaledReal<Mox32s>(sum, 0, std::clamp(n, -31, 93)))
             << "factor " << n << ", length " << len;
       }

@@ -19,14 +19,14 @@ std::vector<E> sortedWindows(const std::vector<E>& x, long mask) {
 }
 
 template <class E>
-Results<E> runInPlace(Member<E*, int, int> m, const std::vector<E>& x, int mask) {
-  return resultsOf(m.name, x, [=](E* p, int len) { return m.function(p, len, mask); });
+auto runInPlace(Member<E*, int, int> m, const std::vector<E>& x, int mask) {
+  return resultsOf(
+      m.name, x, [=](E* p, int len) { return m.function(p, len, mask); }, x);
 }
 
 // Of all values, and of few, so that many are equal.
 template <class E>
 void checkMedians(Member<const E*, E*, int, int> filter, Member<E*, int, int> inPlace) {
-  SCOPED_TRACE(seedNote());
   Random random;
   std::vector<int> masks = {34, 51, 100, 255, 501};
   for (int mask = 1; mask <= 31; ++mask) masks.push_back(mask);

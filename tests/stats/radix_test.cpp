@@ -25,28 +25,25 @@ bool precedes(T a, T b) {
 template <class T>
 Patterns<T> radixPatterns(long len) {
   auto all = hardPatterns<T>(len);
+  using Limits = std::numeric_limits<T>;
   Random random(3);
-  auto& far = all["one far off"];
-  for (long i = 0; i < len; ++i) far.push_back(T(random.below(100)));
-  far.front() = std::numeric_limits<T>::max();
-  auto& farBehind = all["the last one far off"];
-  for (long i = 0; i < len; ++i)
-    farBehind.push_back(T(random.below(1 << (sizeof(T) > 2 ? 16 : 6))));
-  farBehind.back() = T(std::numeric_limits<T>::max() / 2 + 1);
-  // The highest bits are set in all, and the next take all values.
-  auto& alike = all["alike in the highest bits"];
-  for (long i = 0; i < len; ++i)
-    if constexpr (std::is_integral_v<T>)
-      alike.push_back(T(std::numeric_limits<T>::max() - random.below(1 << (8 * sizeof(T) - 4))));
-    else
-      alike.push_back(T(1.5 + random.value<T>() / 2));
+  const auto add = [&](const char* name, auto value) {
+    for (long i = 0; i < len; ++i) all[name].push_back(T(value()));
+  };
+  add("one far off", [&] { return random.below(100); });
+  all["one far off"].front() = Limits::max();
+  add("the last one far off", [&] { return random.below(1 << (sizeof(T) > 2 ? 16 : 6)); });
+  all["the last one far off"].back() = T(Limits::max() / 2 + 1);
   if constexpr (std::is_floating_point_v<T>) {
-    const T nan = std::numeric_limits<T>::quiet_NaN();
-    const T special[] = {T(0), -T(0), nan, -nan, std::numeric_limits<T>::infinity()};
-    for (long i = 0; i < len; ++i) {
-      all["any bits"].push_back(random.anyFloat<T>());
-      all["zeros and NaN"].push_back(special[random.below(5)]);
-    }
+    const T special[] = {T(0), -T(0), Limits::quiet_NaN(), -Limits::quiet_NaN(),
+                         Limits::infinity()};
+    add("alike in the highest bits", [&] { return 1.5 + random.value<T>() / 2; });
+    add("any bits", [&] { return random.anyFloat<T>(); });
+    add("zeros and NaN", [&] { return special[random.below(5)]; });
+  } else {
+    // The highest bits are set in all, and the next take all values.
+    add("alike in the highest bits",
+        [&] { return Limits::max() - random.below(1 << (8 * sizeof(T) - 4)); });
   }
   return all;
 }
@@ -68,36 +65,35 @@ void forEachPattern(const std::vector<long>& lengths, Check check) {
 }
 
 template <class T>
-void expectRadixSorts(auto up, auto down, const std::vector<long>& lengths) {
-  forEachPattern<T>(lengths, [=](const auto& data, bool downwards, const auto& places) {
-    auto sorted = data, expected = data, buffer = data;
-    for (std::size_t i = 0; i < data.size(); ++i) expected[i] = data[places[i]];
-    ASSERT_EQ((downwards ? down : up)(sorted.data(), buffer.data(), int(data.size())), moxOk);
-    ASSERT_TRUE(sameBits(sorted, expected));
-  });
+struct RadixSorts {
+  MoxStatus (*up)(T*, T*, int);
+  MoxStatus (*down)(T*, T*, int);
+};
+#define SORTS(t) \
+  RadixSorts<Mox##t> { moxsSortRadixAscend_##t##_I, moxsSortRadixDescend_##t##_I }
+
+template <class... T>
+void expectRadixSorts(const std::vector<long>& lengths, const RadixSorts<T>&... sorts) {
+  const auto expect = [&]<class E>(const RadixSorts<E>& one) {
+    forEachPattern<E>(lengths, [=](const auto& data, bool down, const auto& places) {
+      auto sorted = data, expected = data, buffer = data;
+      for (std::size_t i = 0; i < data.size(); ++i) expected[i] = data[places[i]];
+      ASSERT_OK((down ? one.down : one.up)(sorted.data(), buffer.data(), int(data.size())));
+      ASSERT_TRUE(sameBits(sorted, expected));
+    });
+  };
+  (expect(sorts), ...);
 }
 
-#define BOTH(t) moxsSortRadixAscend_##t##_I, moxsSortRadixDescend_##t##_I
-
 TEST(RadixSort, EveryMemberGivesTheTotalOrder) {
-  const auto lengths = sortLengths();
-  expectRadixSorts<Mox8u>(BOTH(8u), lengths);
-  expectRadixSorts<Mox16s>(BOTH(16s), lengths);
-  expectRadixSorts<Mox16u>(BOTH(16u), lengths);
-  expectRadixSorts<Mox32s>(BOTH(32s), lengths);
-  expectRadixSorts<Mox32u>(BOTH(32u), lengths);
-  expectRadixSorts<Mox32f>(BOTH(32f), lengths);
-  expectRadixSorts<Mox64f>(BOTH(64f), lengths);
+  expectRadixSorts(sortLengths(), SORTS(8u), SORTS(16s), SORTS(16u), SORTS(32s), SORTS(32u),
+                   SORTS(32f), SORTS(64f));
 }
 
 // Long enough to be dealt out to parts; with one key far off, all others share a part at first.
 TEST(RadixSort, LongVectors) {
-  expectRadixSorts<Mox32s>(BOTH(32s), {600'001});
-  expectRadixSorts<Mox32u>(BOTH(32u), {600'001});
-  expectRadixSorts<Mox32f>(BOTH(32f), {600'001});
-  expectRadixSorts<Mox64f>(BOTH(64f), {600'001});
+  expectRadixSorts({600'001}, SORTS(32s), SORTS(32u), SORTS(32f), SORTS(64f));
 }
-#undef BOTH
 
 // Keys as fields of records of `stride` bytes, at the end of each.
 template <class T>
@@ -109,24 +105,23 @@ void expectRadixIndices(auto up, auto down) {
       std::vector<unsigned char> records(std::size_t(len) * stride, 0xA5);
       for (long i = 0; i < len; ++i) std::memcpy(&records[i * stride + field], &data[i], size);
       std::vector<Mox32s> order(len, -1), work(len);
-      ASSERT_EQ((downwards ? down : up)(reinterpret_cast<const T*>(&records[field]), stride,
-                                        order.data(), work.data(), len),
-                moxOk);
+      ASSERT_OK((downwards ? down : up)(reinterpret_cast<const T*>(&records[field]), stride,
+                                        order.data(), work.data(), len));
       ASSERT_EQ(order, places) << "stride " << stride;
     }
   });
 }
 
-#define BOTH(t) moxsSortRadixIndexAscend_##t, moxsSortRadixIndexDescend_##t
+#define EXPECT_INDICES(t) \
+  expectRadixIndices<Mox##t>(moxsSortRadixIndexAscend_##t, moxsSortRadixIndexDescend_##t)
 
 TEST(RadixSortIndex, EveryMemberRanksKeysOfAnyStrideStably) {
-  expectRadixIndices<Mox8u>(BOTH(8u));
-  expectRadixIndices<Mox16s>(BOTH(16s));
-  expectRadixIndices<Mox16u>(BOTH(16u));
-  expectRadixIndices<Mox32s>(BOTH(32s));
-  expectRadixIndices<Mox32u>(BOTH(32u));
-  expectRadixIndices<Mox32f>(BOTH(32f));
+  EXPECT_INDICES(8u);
+  EXPECT_INDICES(16s);
+  EXPECT_INDICES(16u);
+  EXPECT_INDICES(32s);
+  EXPECT_INDICES(32u);
+  EXPECT_INDICES(32f);
 }
-#undef BOTH
 
 }  // namespace

@@ -76,8 +76,7 @@ Lanes<double> widen(const Lanes<F>& lane) {
 }
 
 // The fast forms: single precision within blocks of 8192 terms, a total of four doubles beyond.
-template <class Term>
-Lanes<double> reducedFast(long parts, long n, long peel, Term term) {
+Lanes<double> reducedFast(long parts, long n, long peel, auto term) {
   long i = peel;
   Lanes<double> total = widen(reduced<float>({parts, Rest::serial, 1, parts}, peel, peel, term));
   total.resize(4);
@@ -152,13 +151,12 @@ void store(std::vector<mox::Part<D>>& results, Function f, const A* x, const B* 
     status = f(x, y, len, d);
   else
     status = f(x, len, &d[0], &d[1]), count = 2;
-  EXPECT_EQ(status, moxOk);
+  EXPECT_OK(status);
   results.insert(results.end(), mox::parts(d), mox::parts(d + count));
 }
 
 // A function without its last argument, a hint or a scale factor.
-template <class F>
-auto with(F f, int last) {
+auto with(auto f, int last) {
   return [=](auto... a) -> decltype(f(a..., last)) { return f(a..., last); };
 }
 

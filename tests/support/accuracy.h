@@ -31,28 +31,38 @@ long double ulpError(F got, long double exact) {
 
 // The errors of results against exactAt(i) are up to `bound`, and the greatest is no less than
 // `share` of it.
-template <class D, class ExactAt, class... S>
-void expectWithinUlps(const Results<D>& got, double bound, double share, ExactAt exactAt,
-                      const std::vector<S>&... src) {
+template <class D, class... S>
+void expectWithinUlps(const Results<D, S...>& got, double bound, double share, auto exactAt) {
   ASSERT_GE(got.status, moxOk) << got.name;
   long double worst = 0;
   std::size_t at = 0;
   for (std::size_t i = 0; i < got.values.size(); ++i)
     if (const long double error = ulpError(got.values[i], exactAt(i)); !(error <= worst))
       worst = error, at = i;
-  EXPECT_LE(worst, bound) << got.name << " of " << ((text(src[at]) + ' ') + ...) << "gives "
+  EXPECT_LE(worst, bound) << got.name << " of " << sourcesAt(got, at) << "gives "
                           << text(got.values[at]);
   EXPECT_GE(worst, share * bound) << got.name << ": the header could promise more";
 }
 
 // Results on complex elements by parts.
-template <mox::Complex E>
-auto partsOf(const Results<E>& z) {
-  using Parts = Results<mox::Part<E>>;
-  std::pair<Parts, Parts> parts = {{z.name, z.status, {}}, {z.name, z.status, {}}};
+template <mox::Complex E, class... S>
+auto partsOf(const Results<E, S...>& z) {
+  const Results<mox::Part<E>, S...> none = {z.name, z.status, {}, z.sources};
+  std::pair parts = {none, none};
   for (const E& e : z.values)
     parts.first.values.push_back(e.re), parts.second.values.push_back(e.im);
   return parts;
+}
+
+// An integer result is the exact one, held in its range and rounded, or within `error` of that.
+template <class P>
+void expectRounded(long double got, long double exact, long double error) {
+  using Limits = std::numeric_limits<P>;
+  const long double held = std::clamp<long double>(exact, Limits::min(), Limits::max());
+  if (error == 0)
+    ASSERT_EQ(got, std::nearbyint(held));
+  else
+    ASSERT_LE(std::fabs(got - held), 0.5L + error) << got << " for " << exact;
 }
 
 // Accumulates the relative L2 error of a vector against its reference.

@@ -36,6 +36,19 @@ Exact exactly(E e) {
     return Exact(e);
 }
 
+// A sum, the sum of the magnitudes of its terms, and how many it has.
+struct Sum {
+  Exact value = 0;
+  long double magnitude = 0;
+  long terms = 0;
+
+  void add(Exact x, Exact y) {
+    value +=
+        Exact(x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real());
+    magnitude += std::sqrt(std::norm(x) * std::norm(y)), ++terms;
+  }
+};
+
 template <class E>
 E one() {
   E e{};
@@ -56,13 +69,15 @@ enum class Way { block, inPlace, singly };
 struct Piece {
   Way way;
   int len;
+  long at = 0;
 };
 
 // Pieces of all ways and of at most `longest`.
 inline std::vector<Piece> cut(Random& random, int len, int longest) {
   std::vector<Piece> pieces;
-  for (; len > 0; len -= pieces.back().len)
-    pieces.push_back({Way(random.below(3)), int(std::min<long>(len, 1 + random.below(longest)))});
+  for (long at = 0; at < len; at += pieces.back().len)
+    pieces.push_back(
+        {Way(random.below(3)), int(std::min<long>(len - at, 1 + random.below(longest))), at});
   return pieces;
 }
 
@@ -75,11 +90,11 @@ void run(auto* state, const Piece& piece, const D* src, long inputs, std::vector
   const GuardedArray<D> in(inPlace ? std::max(inputs, outputs) : inputs), out(outputs);
   std::copy_n(src, inputs, in.begin());
   if (piece.way == Way::singly)
-    for (int i = 0; i < piece.len; ++i) ASSERT_EQ(F::one(in[i], &out[i], state, scale), moxOk);
+    for (int i = 0; i < piece.len; ++i) ASSERT_OK(F::one(in[i], &out[i], state, scale));
   else if (inPlace && piece.len % 2)
-    ASSERT_EQ(F::inPlace(in.data(), piece.len, state, scale), moxOk);
+    ASSERT_OK(F::inPlace(in.data(), piece.len, state, scale));
   else
-    ASSERT_EQ(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale), moxOk);
+    ASSERT_OK(F::run(in.data(), inPlace ? in.data() : out.data(), piece.len, state, scale));
   std::copy_n(inPlace ? in.begin() : out.begin(), outputs, got.begin());
 }
 

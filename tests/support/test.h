@@ -16,6 +16,9 @@
 #include "support/random.h"
 #include "support/same_bits.h"
 
+#define ASSERT_OK(...) ASSERT_EQ((__VA_ARGS__), moxOk)
+#define EXPECT_OK(...) EXPECT_EQ((__VA_ARGS__), moxOk)
+
 // A suite of typed tests that share nothing.
 #define TYPED_SUITE(name, ...)                     \
   template <class>                                 \

@@ -14,8 +14,7 @@ inline std::vector<int> allFactors() {
 }
 
 // Calls are made in the directed rounding modes in turn, which integer results must not follow.
-template <class Check>
-void forAllFactors(Check check) {
+void forAllFactors(auto check) {
   int turn = 0;
   for (const int factor : allFactors()) {
     SCOPED_TRACE("factor " + std::to_string(factor));

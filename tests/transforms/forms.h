@@ -22,11 +22,11 @@ template <class Spec>
 class Object {
  public:
   Object(const Life<Spec>& life, int size, int flag, int hint = 0) : free_(life.free) {
-    EXPECT_EQ(life.initAlloc(&spec_, size, flag, hint), moxOk);
-    EXPECT_EQ(life.getBufSize(spec_, &bytes_), moxOk);
+    EXPECT_OK(life.initAlloc(&spec_, size, flag, hint));
+    EXPECT_OK(life.getBufSize(spec_, &bytes_));
     buffer_.resize(std::size_t(bytes_) + 65);
   }
-  ~Object() { EXPECT_EQ(free_(spec_), moxOk); }
+  ~Object() { EXPECT_OK(free_(spec_)); }
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 
@@ -45,7 +45,6 @@ class Object {
 template <class Spec, class Init>
 struct Kind {
   const char* name;
-  Mox32s id;
   long part;  // bytes of a real number
   bool real;
   int maxOrder;
@@ -53,24 +52,19 @@ struct Kind {
   Init* init;
   Life<Spec> life;
 };
-#define TRANSFORM_KIND(family, kind, id, part, real, maxOrder)                                \
-  {                                                                                           \
-#kind, id, part, real, maxOrder, moxs##family##GetSize_##kind, moxs##family##Init_##kind, \
-        TRANSFORM_LIFE(family, kind)                                                          \
+#define TRANSFORM_KIND(family, kind, part, real, maxOrder)                                \
+  {                                                                                       \
+#kind, part, real, maxOrder, moxs##family##GetSize_##kind, moxs##family##Init_##kind, \
+        TRANSFORM_LIFE(family, kind)                                                      \
   }
-#define TRANSFORM_KINDS(family, firstId)                           \
-  {                                                                \
-    TRANSFORM_KIND(family, C_32fc, firstId, 4, false, 28),         \
-        TRANSFORM_KIND(family, C_32f, firstId + 1, 4, false, 28),  \
-        TRANSFORM_KIND(family, R_32f, firstId + 2, 4, true, 29),   \
-        TRANSFORM_KIND(family, C_64fc, firstId + 3, 8, false, 27), \
-        TRANSFORM_KIND(family, C_64f, firstId + 4, 8, false, 27),  \
-        TRANSFORM_KIND(family, R_64f, firstId + 5, 8, true, 28)    \
+#define TRANSFORM_KINDS(family)                                                                   \
+  {                                                                                               \
+    TRANSFORM_KIND(family, C_32fc, 4, false, 28), TRANSFORM_KIND(family, C_32f, 4, false, 28),    \
+        TRANSFORM_KIND(family, R_32f, 4, true, 29), TRANSFORM_KIND(family, C_64fc, 8, false, 27), \
+        TRANSFORM_KIND(family, C_64f, 8, false, 27), TRANSFORM_KIND(family, R_64f, 8, true, 28)   \
   }
-using FftKind = Kind<MoxsFFTSpec, decltype(moxsFFTInit_C_32fc)>;
-using DftKind = Kind<MoxsDFTSpec, decltype(moxsDFTInit_C_32fc)>;
-constexpr FftKind fftKinds[] = TRANSFORM_KINDS(FFT, 4);
-constexpr DftKind dftKinds[] = TRANSFORM_KINDS(DFT, 13);
+constexpr Kind<MoxsFFTSpec, decltype(moxsFFTInit_C_32fc)> fftKinds[] = TRANSFORM_KINDS(FFT);
+constexpr Kind<MoxsDFTSpec, decltype(moxsDFTInit_C_32fc)> dftKinds[] = TRANSFORM_KINDS(DFT);
 
 struct Sizes {
   int spec, init, work;

@@ -1,33 +1,19 @@
 // Goertz against its sum in long double, and in double precision to the bit.
-#include <complex>
-
-#include "support/test.h"
+#include "support/filters.h"
 
 namespace {
 
-using Exact = std::complex<long double>;
+using namespace test;
 
 constexpr double twoPi = 6.283185307179586;
 
-template <class E>
-Exact number(E e) {
-  if constexpr (mox::Complex<E>)
-    return {(long double)e.re, (long double)e.im};
-  else
-    return (long double)e;
-}
-
-struct Sum {
-  Exact value;
-  long double magnitudes;
-};
 template <class E>
 Sum sumAt(const std::vector<E>& x, double f) {
   const Exact turn = std::polar(1.0L, (long double)(twoPi * f));
   Sum sum = {};
   for (const E& e : x) {
-    sum.value = sum.value * turn + number(e);
-    sum.magnitudes += std::abs(number(e));
+    sum.value = sum.value * turn + exactly(e);
+    sum.magnitude += std::abs(exactly(e));
   }
   sum.value *= turn;
   return sum;
@@ -40,7 +26,7 @@ const double frequencies[] = {0, 0x1p-20, 0.0625, 0.125, 0.2, 0.25, 0.4999, 0.5,
 // Calls one(src, len, dst, f) and two(src, len, dst, relFreq) at each length and frequency.
 template <class E, class C, class F, class Check>
 void forAll(auto one, auto two, Check check) {
-  test::Random random;
+  Random random;
   for (const long len : lengths)
     for (const double f : frequencies) {
       SCOPED_TRACE(testing::Message() << "length " << len << " frequency " << f);
@@ -51,19 +37,18 @@ void forAll(auto one, auto two, Check check) {
               (sizeof(F) > sizeof(mox::Part<E>) ? 32767 : 1) * std::cos(twoPi * f * n));
       const F both[] = {F(f), F(0.3)};
       C single, pair[2];
-      ASSERT_EQ(one(x.data(), len, &single, both[0]), moxOk);
+      ASSERT_OK(one(x.data(), len, &single, both[0]));
       check(x, double(both[0]), single);
-      ASSERT_EQ(two(x.data(), len, pair, both), moxOk);
+      ASSERT_OK(two(x.data(), len, pair, both));
       for (int k = 0; k < 2; ++k) check(x, double(both[k]), pair[k]);
     }
 }
 
 template <class E>
 void expectFloats(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   forAll<E, Mox32fc, Mox32f>(one, two, [](const auto& x, double f, Mox32fc got) {
     const Sum sum = sumAt(x, f);
-    const long double n = x.size(), bound = (0x1p-24L + 0x1p-57L * n * n) * sum.magnitudes;
+    const long double n = x.size(), bound = (0x1p-24L + 0x1p-57L * n * n) * sum.magnitude;
     EXPECT_LE(std::fabs(got.re - sum.value.real()), bound);
     EXPECT_LE(std::fabs(got.im - sum.value.imag()), bound);
   });
@@ -77,7 +62,6 @@ TEST(Goertzel, SingleResultsAreNearTheSum) {
 // The recurrence in the order of its operations.
 template <class E>
 void expectBits(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   forAll<E, Mox64fc, Mox64f>(one, two, [](const auto& x, double f, Mox64fc got) {
     const double c = std::cos(twoPi * f), s = std::sin(twoPi * f);
     double last[2] = {}, before[2] = {};
@@ -101,7 +85,7 @@ TEST(Goertzel, DoubleResultsFollowTheRecurrenceToTheBit) {
 void expectScaled(Sum sum, long len, int factor, Mox16sc got) {
   for (const auto& [part, exact] :
        {std::pair(got.re, sum.value.real()), std::pair(got.im, sum.value.imag())}) {
-    const long double bound = 0x1p-57L * len * len * sum.magnitudes + 1e-9L;
+    const long double bound = 0x1p-57L * len * len * sum.magnitude + 1e-9L;
     const auto rounded = [&](long double v) {
       return std::clamp(std::nearbyint(std::ldexp(v, -std::clamp(factor, -99, 99))), -32768.0L,
                         32767.0L);
@@ -113,7 +97,6 @@ void expectScaled(Sum sum, long len, int factor, Mox16sc got) {
 
 template <class E>
 void expectIntegers(auto one, auto two) {
-  SCOPED_TRACE(test::seedNote());
   for (const int factor : {0, 5, -2, 64, INT_MAX, INT_MIN})
     forAll<E, Mox16sc, Mox32f>([&](auto... args) { return one(args..., factor); },
                                [&](auto... args) { return two(args..., factor); },
@@ -132,15 +115,15 @@ TEST(Goertzel, IntegerResultsAreScaledAndSaturated) {
 }
 
 TEST(Goertzel, FixedPointFrequenciesAreTheFloatingOnes) {
-  const auto x = test::Random(1).vector<Mox16sc>(205);
+  const auto x = Random(1).vector<Mox16sc>(205);
   for (const Mox16s q15 : {0, 1, 4096, 12345, 32767}) {
     const Mox16s both[] = {q15, 777};
     const Mox32f f[] = {q15 / 32768.0f, 777 / 32768.0f};
     Mox16sc one, expected, pair[2], expectedPair[2];
-    ASSERT_EQ(moxsGoertzQ15_16sc_Sfs(x.data(), 205, &one, q15, 4), moxOk);
+    ASSERT_OK(moxsGoertzQ15_16sc_Sfs(x.data(), 205, &one, q15, 4));
     moxsGoertz_16sc_Sfs(x.data(), 205, &expected, f[0], 4);
     EXPECT_EQ(std::memcmp(&one, &expected, sizeof one), 0);
-    ASSERT_EQ(moxsGoertzTwoQ15_16sc_Sfs(x.data(), 205, pair, both, 4), moxOk);
+    ASSERT_OK(moxsGoertzTwoQ15_16sc_Sfs(x.data(), 205, pair, both, 4));
     moxsGoertzTwo_16sc_Sfs(x.data(), 205, expectedPair, f, 4);
     EXPECT_EQ(std::memcmp(pair, expectedPair, sizeof pair), 0);
   }

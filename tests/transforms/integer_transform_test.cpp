@@ -1,4 +1,5 @@
 // FFTs and DFTs of integers against the transform in long double, within the stated bound.
+#include "support/accuracy.h"
 #include "transforms/forms.h"
 
 namespace {
@@ -64,17 +65,6 @@ template <class T>
 class IntegerTransform : public testing::Test {};
 TYPED_TEST_SUITE(IntegerTransform, Forms);
 
-// got = clamp(scaled), rounded, within the bound; exactly where the bound is 0.
-template <class P>
-void expectNear(long double got, long double scaled, long double bound) {
-  const long double clamped = std::clamp(scaled, (long double)std::numeric_limits<P>::min(),
-                                         (long double)std::numeric_limits<P>::max());
-  if (bound == 0)
-    ASSERT_EQ(got, std::nearbyint(clamped));
-  else
-    ASSERT_LE(std::fabs(got - clamped), 0.5L + bound);
-}
-
 enum class Signal { noise, tone, square, impulse };
 
 template <class E>
@@ -106,8 +96,8 @@ struct Exact {
     const long double bound = unit * scale * (std::sqrt(steps * norm) + most);
     for (long i = 0; i < count; ++i) {
       const Complex got = at(i);
-      expectNear<P>(got.real(), scale * values[i].real(), bound);
-      expectNear<P>(got.imag(), scale * values[i].imag(), bound);
+      test::expectRounded<P>(got.real(), scale * values[i].real(), bound);
+      test::expectRounded<P>(got.imag(), scale * values[i].imag(), bound);
     }
   }
 };
@@ -116,7 +106,6 @@ TYPED_TEST(IntegerTransform, IsTheRoundedOneWithEveryFlagAndFactor) {
   using T = TypeParam;
   using E = typename T::T;
   using S = typename T::S;
-  SCOPED_TRACE(test::seedNote());
   for (const long n : T::lengths())
     for (const Signal kind : {Signal::noise, Signal::tone, Signal::square, Signal::impulse}) {
       if (n > 1024 && kind != Signal::noise) continue;
@@ -144,8 +133,8 @@ TYPED_TEST(IntegerTransform, IsTheRoundedOneWithEveryFlagAndFactor) {
           const long double power = std::exp2(-(long double)std::clamp(factor, -300, 300));
           std::vector<S> up(T::places(n));
           std::vector<E> down(T::samples(n));
-          ASSERT_EQ(T::forward(x.data(), up.data(), n, object, factor, nullptr), moxOk);
-          ASSERT_EQ(T::inverse(y.data(), down.data(), n, object, factor, object.buffer()), moxOk);
+          ASSERT_OK(T::forward(x.data(), up.data(), n, object, factor, nullptr));
+          ASSERT_OK(T::inverse(y.data(), down.data(), n, object, factor, object.buffer()));
           X.template expect<mox::Part<S>>(
               T::bins(n), [&](long k) { return T::bin(up.data(), n, k); },
               power * std::pow((long double)n, flag.forward), unit);

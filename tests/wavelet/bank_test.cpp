@@ -1,5 +1,3 @@
-#include <array>
-
 #include "support/test.h"
 
 namespace {
@@ -54,9 +52,8 @@ void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
   const Channel &low = bank.low, &high = bank.high;
   const auto make = [&] {
     State* state = nullptr;
-    EXPECT_EQ(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
-                        high.len(), high.offset),
-              moxOk);
+    EXPECT_OK(Api::init(&state, low.taps.data(), low.len(), low.offset, high.taps.data(),
+                        high.len(), high.offset));
     return state;
   };
   State* state = make();
@@ -64,15 +61,15 @@ void stream(const Bank& bank, int len, Random* cuts, Run run, Kept kept) {
     n = cuts ? int(std::min<long>(len - k, 1 + cuts->below(cuts->below(8) ? 20 : 1200))) : len;
     if (cuts && cuts->below(3) == 0) {
       Floats lines[] = {low.dlyLine(), high.dlyLine()};
-      EXPECT_EQ(Api::get(state, lines[0].data(), lines[1].data()), moxOk);
+      EXPECT_OK(Api::get(state, lines[0].data(), lines[1].data()));
       for (const int band : {0, 1})
         for (int i = 1; i <= int(lines[band].size()); ++i)
           EXPECT_EQ(lines[band][lines[band].size() - i], kept(band, k, i));
       Api::free(state);
       state = make();
-      EXPECT_EQ(Api::set(state, lines[0].data(), lines[1].data()), moxOk);
+      EXPECT_OK(Api::set(state, lines[0].data(), lines[1].data()));
     }
-    EXPECT_EQ(run(k, n, state), moxOk);
+    EXPECT_OK(run(k, n, state));
   }
   Api::free(state);
 }
@@ -108,10 +105,7 @@ std::vector<D> synthesise(const Bank& bank, const Bands& bands, Random* cuts = n
   return y;
 }
 
-template <class D>
-class FilterBank : public testing::Test {};
-using Types = testing::Types<Mox32f, Mox8s, Mox8u, Mox16s, Mox16u>;
-TYPED_TEST_SUITE(FilterBank, Types);
+TYPED_SUITE(FilterBank, Mox32f, Mox8s, Mox8u, Mox16s, Mox16u);
 
 // Both banks against their sums, at every offset, whole and in blocks.
 TYPED_TEST(FilterBank, FollowsItsFormulas) {
@@ -119,7 +113,6 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
   constexpr bool isInteger = std::is_integral_v<D>;
   const long double most = isInteger ? std::numeric_limits<D>::max() : 1;
   constexpr int len = 2600;
-  SCOPED_TRACE(test::seedNote());
   Random random(1);
   for (const int lenLow : {1, 2, 3, 8, 33, 1500})
     for (const auto& [offsLow, offsHigh] :
@@ -162,55 +155,6 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
         ASSERT_LE(std::fabs(y[n] - sum), isInteger ? 0.5L + 4 * bound : 4 * bound) << n;
       }
       if (this->HasFailure()) return;
-    }
-}
-
-// Low-pass filters of analysis and synthesis that reconstruct perfectly.
-struct Wavelet {
-  Floats forward, inverse;
-};
-
-// Haar's and Daubechies' wavelets, whose synthesis reverses the analysis, and the 9/7 pair.
-std::vector<Wavelet> wavelets() {
-  std::vector<Wavelet> all = {
-      {{0.037828456F, -0.023849465F, -0.110624404F, 0.377402856F, 0.852698679F, 0.377402856F,
-        -0.110624404F, -0.023849465F, 0.037828456F},
-       {-0.064538883F, -0.040689418F, 0.418092273F, 0.788485616F, 0.418092273F, -0.040689418F,
-        -0.064538883F}}};
-  for (const Floats& h :
-       {Floats{0.707106781F, 0.707106781F},
-        {0.482962913F, 0.836516304F, 0.224143868F, -0.129409523F},
-        {0.332670553F, 0.806891509F, 0.459877502F, -0.135011020F, -0.085441274F, 0.035226292F},
-        {0.230377813F, 0.714846571F, 0.630880768F, -0.027983769F, -0.187034812F, 0.030841382F,
-         0.032883012F, -0.010597402F},
-        {0.160102398F, 0.603829270F, 0.724308528F, 0.138428146F, -0.242294887F, -0.032244870F,
-         0.077571494F, -0.006241490F, -0.012580752F, 0.003335725F}})
-    all.push_back({h, {h.rbegin(), h.rend()}});
-  return all;
-}
-
-// h[0], -h[1], h[2] .. times `sign`.
-Floats alternating(Floats h, Mox32f sign) {
-  for (Mox32f& e : h) e *= sign, sign = -sign;
-  return h;
-}
-
-// Integers come back to the bit.
-TYPED_TEST(FilterBank, ReconstructsPerfectly) {
-  using D = TypeParam;
-  SCOPED_TRACE(test::seedNote());
-  Random random(2);
-  for (const auto& [h, g] : wavelets())
-    for (const auto& [low, lowInverse, high, highInverse] :
-         {std::array{-1, 0, -1, 0}, {0, -1, 0, -1}, {4, 3, 4, 3}, {3, 0, 1, 2}}) {
-      const Bank forward = {{h, low}, {alternating(g, 1), high}},
-                 inverse = {{g, lowInverse}, {alternating(h, -1), highInverse}};
-      const auto x = random.vector<D>(5000);
-      const auto y = synthesise<D>(inverse, analyse(forward, x, &random), &random);
-      const int delay = int(h.size() + g.size()) / 2 + low + lowInverse;
-      for (int n = 0; n < int(y.size()); ++n)
-        ASSERT_NEAR(y[n], n < delay ? 0 : x[n - delay], std::is_integral_v<D> ? 0 : 1e-6)
-            << n << ", " << h.size() << " taps, offset " << low;
     }
 }
 

@@ -1,11 +1,9 @@
 #include "frame/every/call.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
+#include <span>
 
 #include "frame/every/contract.h"
 #include "frame/every/objects.h"
@@ -22,74 +20,27 @@ char sentinel;  // what an object pointer points to before the call
                 f.name + ": add a row in tests/frame/every/shapes.cpp");
 }
 
-template <class Part>
-void storeParts(std::byte* at, const ElementType& element, double value) {
-  for (int i = 0; i < element.bytes; i += int(sizeof(Part))) {
-    const Part part = std::is_floating_point_v<Part> ? Part(value) : Part(std::int64_t(value));
-    std::memcpy(at + i, &part, sizeof part);
-  }
-}
-
-// Every part of the element becomes `value`.
-void storeElement(std::byte* at, const ElementType& element, double value) {
-  if (element.isFloat)
-    element.partBytes == 4 ? storeParts<float>(at, element, value)
-                           : storeParts<double>(at, element, value);
-  else if (element.partBytes == 1)
-    storeParts<std::int8_t>(at, element, value);
-  else if (element.partBytes == 2)
-    storeParts<std::int16_t>(at, element, value);
-  else if (element.partBytes == 4)
-    storeParts<std::int32_t>(at, element, value);
-  else
-    storeParts<std::int64_t>(at, element, value);
-}
-
-template <class F>
-std::vector<std::byte> floatPool(std::size_t count, bool anyFloats) {
-  test::Random random(sizeof(F));
-  std::vector<std::byte> pool(count * sizeof(F));
-  for (std::size_t i = 0; i < count; ++i) {
-    const F value = anyFloats ? random.special<F>() : random.value<F>();
-    std::memcpy(&pool[i * sizeof(F)], &value, sizeof value);
-  }
-  return pool;
+std::vector<std::byte> poolOf(auto draw) {
+  test::Random random(1);
+  std::vector<decltype(draw(random))> values(1 << 18);
+  for (auto& value : values) value = draw(random);
+  const auto bytes = std::as_bytes(std::span(values));
+  return {bytes.begin(), bytes.end()};
 }
 
 // Random elements; a slice of one long run, since a sweep fills millions of arrays.
 std::vector<std::byte> randomContent(const ElementType& element, std::size_t bytes, int stream,
                                      bool anyFloats) {
-  constexpr std::size_t count = 1 << 18, starts = 1 << 14;
   static const std::vector<std::byte> pools[] = {
-      floatPool<float>(count, false), floatPool<float>(count, true),
-      floatPool<double>(count, false), floatPool<double>(count, true), [] {
-        std::vector<std::byte> pool(count);
-        test::Random random(1);
-        for (std::byte& b : pool) b = std::byte(random.bits());
-        return pool;
-      }()};
+      poolOf([](test::Random& r) { return r.value<float>(); }),
+      poolOf([](test::Random& r) { return r.special<float>(); }),
+      poolOf([](test::Random& r) { return r.value<double>(); }),
+      poolOf([](test::Random& r) { return r.special<double>(); }),
+      poolOf([](test::Random& r) { return r.bits(); })};
   const auto& pool = pools[element.isFloat ? 2 * (element.partBytes == 8) + anyFloats : 4];
-  const std::size_t start = std::size_t(stream) * 4099 * 16 % starts;
+  const std::size_t start = std::size_t(stream) * 4099 * 16 % (1 << 14);
   if (start + bytes > pool.size()) throw Unknown("an array is longer than the pool of test data");
   return {pool.begin() + long(start), pool.begin() + long(start + bytes)};
-}
-
-template <class F>
-bool closeFloats(const std::byte* a, const std::byte* b, double tolerance) {
-  F x, y;
-  std::memcpy(&x, a, sizeof x);
-  std::memcpy(&y, b, sizeof y);
-  if (std::isnan(x) || std::isnan(y)) return std::isnan(x) && std::isnan(y);
-  return std::fabs(double(x) - double(y)) <= tolerance * std::max(1.0, std::fabs(double(y)));
-}
-
-// One part equal to the bit; NaN equals NaN; floats within a relative tolerance.
-bool samePart(const ElementType& element, const std::byte* a, const std::byte* b,
-              double tolerance) {
-  if (std::memcmp(a, b, std::size_t(element.partBytes)) == 0) return true;
-  if (!element.isFloat) return false;
-  return element.partBytes == 4 ? closeFloats<float>(a, b, tolerance)
-                                : closeFloats<double>(a, b, tolerance);
 }
 
 }  // namespace
@@ -167,7 +118,7 @@ void Call::takeAsInitial() {
 }
 
 void Call::setNumber(int i, double value) {
-  storeElement(slots_[i].bytes, *function_.type(i).element, value);
+  function_.type(i).element->store(slots_[i].bytes, value);
 }
 
 void Call::prepareArray(int i) {
@@ -190,9 +141,8 @@ void Call::prepareArray(int i) {
 }
 
 Array& Call::addArray(int i, long count) {
-  static constexpr ElementType byte = {1, 1, false};
   const ArgumentType& type = function_.type(i);
-  const ElementType* element = type.element ? type.element : &byte;
+  const ElementType* element = type.element ? type.element : &elementType<std::uint8_t>;
   Array& a = *arrays_.emplace_back(std::make_unique<Array>());
   const bool isConst = type.form == Form::rows ? function_.parameters[i].starts_with("src") &&
                                                      !function_.parameters[i].starts_with("srcDst")
@@ -208,7 +158,7 @@ Array& Call::addArray(int i, long count) {
   if (const auto value = numberFor(*this, i)) {
     a.initial.resize(a.bytes);
     for (long k = 0; k < count; ++k)
-      storeElement(&a.initial[std::size_t(k * element->bytes)], *element, *value);
+      element->store(&a.initial[std::size_t(k * element->bytes)], *value);
   } else {
     a.initial = randomContent(*element, a.bytes, int(arrays_.size()), setting_.anyFloats);
   }
@@ -244,6 +194,12 @@ void* Call::object() const {
   throw Unknown(function_.name + " makes no object that the harness can see");
 }
 
+// Of the call, and of those that made its objects.
+void Call::forArrays(auto f) const {
+  for (const auto& a : arrays_) f(*this, *a);
+  for (const auto& maker : makers_) maker->forArrays(f);
+}
+
 MoxStatus Call::run() {
   MoxStatus status = moxOk;
   const auto fault =
@@ -254,14 +210,11 @@ MoxStatus Call::run() {
     if (kind->free == &function_)
       for (auto& maker : makers_) maker->free_ = nullptr;
   }
-  const auto check = [&](const Call& call) {
-    for (const auto& a : call.arrays_)
-      if (const auto at = a->region->strayWrite())
-        throw Misbehaved("writes outside '" + call.function_.parameters[a->parameter] +
-                         "', at byte " + std::to_string(*at) + " of " + std::to_string(a->bytes));
-  };
-  check(*this);
-  for (const auto& maker : makers_) check(*maker);
+  forArrays([](const Call& call, const Array& a) {
+    if (const auto at = a.region->strayWrite())
+      throw Misbehaved("writes outside '" + call.function_.parameters[a.parameter] + "', at byte " +
+                       std::to_string(*at) + " of " + std::to_string(a.bytes));
+  });
   return status;
 }
 
@@ -269,14 +222,11 @@ void Call::report(const Fault& fault) const {
   if (fault.signal == SIGFPE) throw FloatingPointTrap("raises a floating-point exception");
   const std::string what =
       fault.signal == SIGILL ? "runs an illegal instruction" : "touches forbidden memory";
-  const auto find = [&](const Call& call) {
-    for (const auto& a : call.arrays_)
-      if (const auto at = a->region->distanceTo(fault.address))
-        throw Misbehaved(what + " near '" + call.function_.parameters[a->parameter] + "': byte " +
-                         std::to_string(*at) + " of " + std::to_string(a->bytes));
-  };
-  find(*this);
-  for (const auto& maker : makers_) find(*maker);
+  forArrays([&](const Call& call, const Array& a) {
+    if (const auto at = a.region->distanceTo(fault.address))
+      throw Misbehaved(what + " near '" + call.function_.parameters[a.parameter] + "': byte " +
+                       std::to_string(*at) + " of " + std::to_string(a.bytes));
+  });
   throw Misbehaved(what + " away from its arrays");
 }
 
@@ -312,7 +262,7 @@ void Call::requireSameContent(const Array& a, const Array& expected, double roun
     isSingle |= array->element->isFloat && array->element->partBytes == 4;
   const double tolerance = roundings * (isSingle ? 0x1p-24 : 0x1p-53);
   for (std::size_t i = 0; i < bytes; i += std::size_t(a.element->partBytes))
-    if (!samePart(*a.element, a.data + i, expected.data + i, tolerance))
+    if (!a.element->areClose(a.data + i, expected.data + i, tolerance))
       throw Misbehaved("gives another result at element " +
                        std::to_string(i / std::size_t(a.element->bytes)) + " of '" +
                        function_.parameters[a.parameter] + "'");
@@ -334,9 +284,7 @@ long query(const std::string& function, const Setting& setting, const std::strin
   Call call(*f, plain);
   if (const MoxStatus status = call.run(); status != moxOk)
     throw Misbehaved(function + " answers " + std::to_string(status) + " to valid arguments");
-  int value;
-  std::memcpy(&value, call.content(f->indexOf(output)).data(), sizeof value);
-  return value;
+  return read<int>(call.content(f->indexOf(output)).data());
 }
 
 }  // namespace every

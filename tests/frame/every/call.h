@@ -39,7 +39,7 @@ struct Setting {
 
 struct Array {
   int parameter;
-  BorrowedRegion region;
+  BorrowedRegion region = borrowRegion();
   std::byte* data;
   std::size_t bytes;
   const ElementType* element;
@@ -88,6 +88,7 @@ class Call {
   void* makeObject();
   void prepareArray(int parameter);
   Array& addArray(int parameter, long count);
+  void forArrays(auto f) const;
   [[noreturn]] void report(const Fault& fault) const;
   void compare(const Array& a, const char* what) const;
 

@@ -16,7 +16,7 @@ struct Position {
 
 struct Check {
   const char* name;
-  bool (*applies)(const Function&);
+  bool (*applies)(const Function&);  // null: also to what is not built or has no status
   void (*run)(const Function&, Position&);
 };
 

@@ -10,70 +10,61 @@ struct Row {
   const char* reason;
 };
 
-constexpr Claim whole(const char* functions, Deviation kind) {
-  return {functions, nullptr, int(kind)};
+Row row(Deviation kind, const char* functions, const char* reason) {
+  return {{functions, "", int(kind)}, reason};
 }
+using enum Deviation;
 
 const Table<Row> deviations = {
     "deviations",
-    {{whole("Malloc_* Free GetLibVersion", Deviation::noStatus),
-      "they return memory, nothing, and the version record"},
+    {row(noStatus, "Malloc_* Free GetLibVersion", "memory, nothing, and the version record"),
 
-     {whole("SwapBytes_24* Copy?([LB]E)_1u", Deviation::notOntoSource),
-      "elements meet inside one vector"},
-     {whole("SumWindow_* ConjPack_* ConjPerm_* ConjCcs_* SortRadixIndex*",
-            Deviation::notOntoSource),
-      "an output depends on inputs at other places"},
-     {whole("Conv_* Convolve_* ConvBiased_* *Corr* BuildSymblTable*", Deviation::notOntoSource),
-      "an output depends on inputs at other places"},
-     {whole("ConvolveGetBufferSize", Deviation::outputsApart),
-      "where it answers that the type is none of its own it has stored 0"},
-     {whole("JoinScaled_* SplitScaled_*", Deviation::notOntoSource),
-      "rows and interleaved samples stand at other places"},
+     row(notOntoSource, "SwapBytes_24* Copy?([LB]E)_1u", "elements meet inside one vector"),
+     row(notOntoSource,
+         "SumWindow_* ConjPack_* ConjPerm_* ConjCcs_* SortRadixIndex* Conv_* Convolve_* "
+         "ConvBiased_* "
+         "*Corr* BuildSymblTable* FIRMR*_Direct_* FIRLMS*",
+         "an output depends on inputs at other places"),
+     row(notOntoSource, "JoinScaled_* SplitScaled_* SampleUp_* SampleDown_* ResamplePolyphase*",
+         "outputs stand at other places"),
 
-     {whole("Flip_* ConjFlip_* ConjPack_* ConjPerm_* ConjCcs_* MulPack_* MulPackConj_* MulPerm_* "
-            "Sort* FindNearest_*",
-            Deviation::notElementwise),
-      "the length decides what an element is"},
-     {whole("Tone_Direct_* Triangle_Direct_*", Deviation::notElementwise),
-      "the phase on return depends on the length"},
-     {whole("Rand*_Direct_*", Deviation::notElementwise),
-      "the seed on return depends on the length"},
-     {whole("Win* VectorJaehne_*", Deviation::notElementwise),
-      "the length decides what a weight or an angle is"},
-     {whole("CartToPolar_*", Deviation::outputsApart),
-      "magnitudes are computed, then phases: a failure of the first leaves the second"},
-     {whole("WT*InitAlloc*", Deviation::clearsObject), "so that nobody takes it for a bank"},
-     {whole("IIR*_?(I)P?(Sfs)", Deviation::outputsApart),
-      "channels before one that is refused have been filtered"},
-     {whole("ResamplePolyphase_* ResamplePolyphaseFixed_* ResamplePolyphase[GS]etFixedFilter_*",
-            Deviation::unidentified),
-      "callers hold memory, not an object"},
-     {whole("SampleUp_* SampleDown_* ResamplePolyphase*", Deviation::notOntoSource),
-      "outputs stand at other places"},
-     {whole("SampleUp_* SampleDown_*", Deviation::notElementwise),
-      "phases go on from call to call"},
-     {whole("FilterMedian_*", Deviation::notElementwise), "an output depends on its neighbours"},
-     {whole("FilterMedian_*", Deviation::ownMemory), "large windows are sorted apart"},
-     {whole("IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c)", Deviation::ownMemory),
-      "integer taps become floats there"},
-     {whole("IIR_?(BiQuad)Direct_16s* FIR?(One)_Direct_16s* FIRMR*_Direct_*", Deviation::ownMemory),
-      "a state is made for the call"},
-     {whole("Conv_16s* AutoCorr_*16s* CrossCorr_16s_*", Deviation::ownMemory),
-      "signals become floats there"},
-     {whole("WTHaarInv_*", Deviation::notElementwise), "an odd length ends with a single element"},
-     {whole("Conv_* Convolve_*", Deviation::notElementwise),
-      "an output depends on inputs at other places"},
-     {whole("Hilbert_*", Deviation::ownMemory), "the transforms have no buffer of the caller's"},
-     {whole("IIR*", Deviation::notElementwise), "the length decides where stretches begin"},
-     {whole("FIRSR_* @(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*", Deviation::unidentified),
-      "filters whose states are small"},
-     {whole("FIRMR*_Direct_* FIRLMS*", Deviation::notOntoSource),
-      "an output depends on inputs at other places"},
+     row(notElementwise,
+         "Flip_* ConjFlip_* ConjPack_* ConjPerm_* ConjCcs_* MulPack_* MulPackConj_* MulPerm_* "
+         "Sort* "
+         "FindNearest_* Win* VectorJaehne_*",
+         "the length decides what an element is"),
+     row(notElementwise, "Tone_Direct_* Triangle_Direct_* Rand*_Direct_* SampleUp_* SampleDown_*",
+         "the phase or the seed on return depends on the length"),
+     row(notElementwise, "FilterMedian_* Conv_* Convolve_*",
+         "an output depends on inputs at other places"),
+     row(notElementwise, "WTHaarInv_*", "an odd length ends with a single element"),
+     row(notElementwise, "IIR*", "the length decides where stretches begin"),
 
-     {whole("@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f* @(Norm|NormDiff)_*_@(32|64)f* SumLn_*",
-            Deviation::alignedSums),
-      "lanes are summed from the first aligned element on, so that the last bits may differ"}}};
+     row(outputsApart, "ConvolveGetBufferSize",
+         "where it answers that the type is none of its own it has stored 0"),
+     row(outputsApart, "CartToPolar_*",
+         "magnitudes are computed, then phases: a failure of the first leaves the second"),
+     row(outputsApart, "IIR*_?(I)P?(Sfs)",
+         "channels before one that is refused have been filtered"),
+     row(clearsObject, "WT*InitAlloc*", "so that nobody takes it for a bank"),
+
+     row(unidentified,
+         "ResamplePolyphase_* ResamplePolyphaseFixed_* ResamplePolyphase[GS]etFixedFilter_* "
+         "FIRSR_* "
+         "@(FIR|IIR)Sparse_* @(FIR|IIR)Sparse[GS]etDlyLine_*",
+         "callers hold memory, not an object"),
+
+     row(ownMemory, "FilterMedian_*", "large windows are sorted apart"),
+     row(ownMemory,
+         "IIRInit32s*_16s?(c) IIRSetTaps32s*_16s?(c) Conv_16s* AutoCorr_*16s* CrossCorr_16s_*",
+         "integers become floats there"),
+     row(ownMemory, "IIR_?(BiQuad)Direct_16s* FIR?(One)_Direct_16s* FIRMR*_Direct_*",
+         "a state is made for the call"),
+     row(ownMemory, "Hilbert_*", "the transforms have no buffer of the caller's"),
+
+     row(alignedSums,
+         "@(Sum|Mean|StdDev|MeanStdDev)_@(32|64)f* @(Norm|NormDiff)_*_@(32|64)f* SumLn_*",
+         "lanes are summed from the first aligned element on, so that the last bits may differ")}};
 
 const Table<Row> optionalPointers = {
     "optional pointers",
@@ -110,13 +101,6 @@ bool optionalPointer(const Function& function, const std::string& parameter) {
 
 bool scratch(const Function& function, const std::string& parameter) {
   return scratchMemory.first(function, parameter);
-}
-
-std::vector<std::string> faultsOfContract() {
-  auto faults = deviations.faults();
-  for (const auto& table : {optionalPointers.faults(), scratchMemory.faults()})
-    faults.insert(faults.end(), table.begin(), table.end());
-  return faults;
 }
 
 }  // namespace every

@@ -47,6 +47,8 @@ const Table<Row> refusals = {
      row("WinKaiserQ15_*", "alphaQ15", {INT_MAX, INT_MIN}, moxErrKaiserAlpha, number),
      row("Convert_64f64s_Sfs ZeroCrossing_* @(Max|Min)Every_*", "len", {0}, moxErrSize, length),
 
+     row("@(FIR|Tone|Triangle|Rand)!(*Init*|Sparse*|*_Direct_*) IIR!(*Init*|*P|*PSfs|Sparse*)",
+         "state", {cleared}, moxErrContext, last),
      row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
      row("Convolve* *CorrNorm*", "algType", {3, 255}, moxErrAlgType, number),
      row("Convolve* *CorrNorm*", "dataType", {0, 12, 21}, moxErrDataType, last),
@@ -114,7 +116,6 @@ const Table<Row> refusals = {
 
      row("FIR!(LMS*|SR*)@(Init|GetStateSize)*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrFirLen,
          length),
-     row("FIR!(*Init*|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
      row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
@@ -151,8 +152,6 @@ const Table<Row> refusals = {
      row("Tone*Q15*", "phaseQ15", {-1, 205887}, moxErrTonePhase, last),
      row("Triangle*Q15*", "phaseQ15", {-1, 205887}, moxErrTrianglePhase, last),
      row("Triangle*Q15*", "asymQ15", {-102944, 102944}, moxErrTriangleAsym, last),
-     row("ToneQ15_* TriangleQ15_* ToneFree TriangleFree Rand!(*Init*)", "state", {cleared},
-         moxErrContext, last),
 
      row("VectorJaehne_*[sf]", "magn", {-1}, moxErrJaehneMagn, number),
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
@@ -165,7 +164,6 @@ const Table<Row> refusals = {
      row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
 
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
-     row("IIR!(*Init*|*P|*PSfs|Sparse*)", "state", {cleared}, moxErrContext, last),
      row("FIRSRInit_*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrSize, first),
      row("FIRSRInit_*", "algType", {3, 0x101, -1}, moxErrAlgType, last),
      row("FIRSRGetSize", "tapsLen", belowOne, moxErrSize, first),
@@ -186,37 +184,33 @@ bool isPointer(const Function& f, int i) { return f.type(i).form != Form::value;
 
 struct Refusal {
   int parameter;
-  MoxStatus status;
-  Rank rank;
-  std::vector<double> values;
+  Row row;
 };
 
 std::vector<Refusal> refusalsOf(const Function& f) {
   std::vector<Refusal> all;
   for (int i = 0; i < f.count(); ++i) {
-    const std::string& name = f.parameters[std::size_t(i)];
+    const std::string& name = f.parameters[i];
     bool nullIsKnown = !isPointer(f, i) || optionalPointer(f, name);
     for (const Row* r : refusals.all(f, name)) {
-      all.push_back({i, r->status, r->rank, r->values});
+      all.push_back({i, *r});
       nullIsKnown |= r->status == moxErrNullPtr;
     }
-    if (!nullIsKnown) all.push_back({i, moxErrNullPtr, pointer, {null}});
+    if (!nullIsKnown) all.push_back({i, row("", "", {null}, moxErrNullPtr, pointer)});
   }
   return all;
 }
 
 alignas(64) std::byte clearedMemory[8192];
 
-void spoil(Call& call, const Refusal& refusal, double value) {
-  if (!isPointer(call.function(), refusal.parameter))
-    call.setNumber(refusal.parameter, value);
-  else
-    call.setPointer(refusal.parameter, value == null ? nullptr : clearedMemory);
-}
-
-std::string text(const Function& f, const Refusal& refusal, double value) {
-  const std::string name = f.parameters[std::size_t(refusal.parameter)];
-  if (!isPointer(f, refusal.parameter)) return name + " = " + std::to_string(value);
+// Spoils an argument, and says how.
+std::string spoil(Call& call, int parameter, double value) {
+  const std::string& name = call.function().parameters[parameter];
+  if (!isPointer(call.function(), parameter)) {
+    call.setNumber(parameter, value);
+    return name + " = " + std::to_string(value);
+  }
+  call.setPointer(parameter, value == null ? nullptr : clearedMemory);
   return (value == null ? "a null '" : "cleared memory as '") + name + "'";
 }
 
@@ -262,28 +256,25 @@ void checkRefusals(const Function& f, Position& at) {
   at.length = Setting().length;
   for (const Numbers& numbers : numbersToRefuseWith(f)) {
     const Setting setting{.numbers = numbers};
-    for (const Refusal& one : all) {
+    for (const auto& [parameter, one] : all) {
       for (const double value : one.values) {
-        at.detail = "with " + text(f, one, value) + text(numbers);
         Call call(f, setting);
-        spoil(call, one, value);
+        at.detail = "with " + spoil(call, parameter, value) + text(numbers);
         requireRefusal(call, one.status);
       }
-      for (const Refusal& other : all) {
-        if (other.rank <= one.rank || other.parameter == one.parameter) continue;
-        at.detail = "with " + text(f, one, one.values[0]) + " and " +
-                    text(f, other, other.values[0]) + text(numbers);
+      for (const auto& [another, other] : all) {
+        if (other.rank <= one.rank || another == parameter) continue;
         Call call(f, setting);
-        spoil(call, one, one.values[0]);
-        spoil(call, other, other.values[0]);
+        at.detail = "with " + spoil(call, parameter, one.values[0]);
+        at.detail += " and " + spoil(call, another, other.values[0]) + text(numbers);
         requireRefusal(call, one.status);
       }
     }
   }
   for (int i = 0; i < f.count(); ++i) {
     if (f.type(i).form == Form::rows) checkNullRows(f, i, at);
-    if (!isPointer(f, i) || !optionalPointer(f, f.parameters[std::size_t(i)])) continue;
-    at.detail = "with a null '" + f.parameters[std::size_t(i)] + "', which may be";
+    if (!isPointer(f, i) || !optionalPointer(f, f.parameters[i])) continue;
+    at.detail = "with a null '" + f.parameters[i] + "', which may be";
     Call call(f, {});
     call.setPointer(i, nullptr);
     if (const MoxStatus status = call.run(); status < moxOk)
@@ -311,7 +302,5 @@ void checkForeignObjects(const Function& f, Position& at) {
     foreign.requireUntouched();
   }
 }
-
-std::vector<std::string> faultsOfRefusals() { return refusals.faults(); }
 
 }  // namespace every

@@ -73,15 +73,14 @@ std::optional<long> Region::distanceTo(const void* address) const {
   return p - array_;
 }
 
-BorrowedRegion::BorrowedRegion() {
-  auto& idle = idleRegions();
-  if (idle.empty()) idle.push_back(std::make_unique<Region>());
-  region_ = std::move(idle.back());
-  idle.pop_back();
-}
+void GiveBack::operator()(Region* region) const { idleRegions().emplace_back(region); }
 
-BorrowedRegion::~BorrowedRegion() {
-  if (region_) idleRegions().push_back(std::move(region_));
+BorrowedRegion borrowRegion() {
+  auto& idle = idleRegions();
+  if (idle.empty()) return BorrowedRegion(new Region);
+  BorrowedRegion region(idle.back().release());
+  idle.pop_back();
+  return region;
 }
 
 }  // namespace every

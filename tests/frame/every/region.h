@@ -40,15 +40,10 @@ class Region {
 };
 
 // A region for the time of one call.
-class BorrowedRegion {
- public:
-  BorrowedRegion();
-  ~BorrowedRegion();
-  BorrowedRegion(BorrowedRegion&&) = default;
-  Region* operator->() const { return region_.get(); }
-
- private:
-  std::unique_ptr<Region> region_;
+struct GiveBack {
+  void operator()(Region* region) const;
 };
+using BorrowedRegion = std::unique_ptr<Region, GiveBack>;
+BorrowedRegion borrowRegion();
 
 }  // namespace every

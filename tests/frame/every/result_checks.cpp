@@ -82,7 +82,7 @@ std::vector<std::vector<std::pair<int, int>>> aliasings(const Function& f) {
   for (const char* source : {"", "1", "2"}) {
     std::vector<std::pair<int, int>> pairs;
     for (int d = 0; d < f.count(); ++d) {
-      const std::string& name = f.parameters[std::size_t(d)];
+      const std::string& name = f.parameters[d];
       if (!name.starts_with("dst") || f.type(d).form != Form::array) continue;
       const int s = f.indexOf("src" + name.substr(3) + source);
       if (s >= 0 && f.type(s).form == Form::array && f.type(s).element == f.type(d).element)
@@ -135,7 +135,7 @@ bool isElementwise(const Function& f) {
   bool any = false;
   for (std::size_t i = 0; i < one.arrays().size(); ++i) {
     const Array &a = *one.arrays()[i], &b = *two.arrays()[i];
-    if (a.isConst || scratch(f, f.parameters[std::size_t(a.parameter)])) continue;
+    if (a.isConst || scratch(f, f.parameters[a.parameter])) continue;
     if (2 * a.bytes != b.bytes) return false;
     any = true;
   }
@@ -180,14 +180,14 @@ void checkInPlaceForm(const Function& f, Position& at) {
       const Setting setting{.length = length, .destination = {Edge::start, remainder}};
       Call expected(plain, setting), call(f, setting);
       for (const auto& a : call.arrays())
-        if (Array* source = expected.array(
-                plain.indexOf(plainSource(plain, f.parameters[std::size_t(a->parameter)]))))
+        if (Array* source =
+                expected.array(plain.indexOf(plainSource(plain, f.parameters[a->parameter]))))
           call.fill(a->parameter, source->initial);
       at.detail = "compared with " + plain.name;
       const MoxStatus status = runWell(expected);
       if (runWell(call) != status) throw Misbehaved("gives another status");
       for (const auto& a : call.arrays()) {
-        const std::string& name = f.parameters[std::size_t(a->parameter)];
+        const std::string& name = f.parameters[a->parameter];
         if (!name.starts_with("srcDst")) continue;
         const Array* to = expected.array(plain.indexOf("dst" + name.substr(6)));
         if (!to) throw Unknown(plain.name + " has no counterpart of '" + name + "'");
@@ -212,8 +212,7 @@ void checkOntoSource(const Function& f, Position& at) {
         bool sameSize = true;
         for (const auto& [d, s] : pairs) {
           sameSize &= call.array(d)->bytes == call.array(s)->bytes;
-          at.detail = "with '" + f.parameters[std::size_t(d)] + "' the same array as '" +
-                      f.parameters[std::size_t(s)] + "'";
+          at.detail = "with '" + f.parameters[d] + "' the same array as '" + f.parameters[s] + "'";
           call.fill(d, call.array(s)->initial);
           call.alias(s, d);
         }

@@ -5,7 +5,10 @@
 
 #include <moxsp/types.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
 #include <utility>
@@ -18,11 +21,42 @@ struct ElementType {
   int bytes;      // of one element
   int partBytes;  // of its real or imaginary part
   bool isFloat;
+  void (*store)(std::byte* element, double value);  // into every part
+  std::uint64_t (*bits)(const std::byte* part);     // the same for all NaN
+  // NaN is close to NaN, another float within a relative tolerance.
+  bool (*areClose)(const std::byte* part, const std::byte* other, double tolerance);
 };
 
-template <class E>
-constexpr ElementType elementType = {sizeof(E), sizeof(mox::Part<E>),
-                                     std::is_floating_point_v<mox::Part<E>>};
+template <class T>
+T read(const std::byte* at) {
+  T value;
+  std::memcpy(&value, at, sizeof value);
+  return value;
+}
+
+template <class E, class P = mox::Part<E>>
+constexpr ElementType elementType = {
+    sizeof(E),
+    sizeof(P),
+    std::is_floating_point_v<P>,
+    [](std::byte* element, double value) {
+      const P part = std::is_floating_point_v<P> ? P(value) : P(std::int64_t(value));
+      for (std::size_t i = 0; i < sizeof(E); i += sizeof(P))
+        std::memcpy(element + i, &part, sizeof part);
+    },
+    [](const std::byte* part) -> std::uint64_t {
+      const P value = read<P>(part);
+      std::uint64_t bits = 0x7FF8;
+      if (value == value) bits = 0, std::memcpy(&bits, part, sizeof value);
+      return bits;
+    },
+    [](const std::byte* part, const std::byte* other, double tolerance) {
+      const P x = read<P>(part), y = read<P>(other);
+      if constexpr (!std::is_floating_point_v<P>) return x == y;
+      if (x != x || y != y) return x != x && y != y;
+      return x == y ||
+             std::fabs(double(x) - double(y)) <= tolerance * std::max(1.0, std::fabs(double(y)));
+    }};
 
 enum class Form {
   value,     // by value, of type `element`

@@ -7,28 +7,32 @@
 namespace every {
 namespace {
 
-// The words of a row's text, which are looked at for each parameter of each function.
-const std::vector<std::string>& words(const char* text) {
-  static std::map<const char*, std::vector<std::string>> found;
-  const auto [at, isNew] = found.try_emplace(text);
-  if (isNew) {
-    std::istringstream stream(text ? text : "");
-    for (std::string word; stream >> word;) at->second.push_back(word);
-  }
-  return at->second;
-}
-
 // The pattern and the name by which a row claims a parameter; empty where it does not.
 std::pair<std::string, std::string> claimOf(const Claim& row, const std::string& function,
                                             const std::string& parameter) {
-  const auto names = row.parameters ? words(row.parameters) : std::vector<std::string>{""};
-  if (std::find(names.begin(), names.end(), parameter) != names.end())
+  const auto& names = words(row.parameters);
+  if (names.empty() ? parameter.empty() : std::ranges::count(names, parameter) > 0)
     for (const std::string& pattern : words(row.functions))
       if (matches("moxs" + pattern, function)) return {pattern, parameter};
   return {};
 }
 
 }  // namespace
+
+const std::vector<std::string>& words(const std::string& text) {
+  static std::map<std::string, std::vector<std::string>> found;
+  const auto [at, isNew] = found.try_emplace(text);
+  if (isNew) {
+    std::istringstream stream(text);
+    for (std::string word; stream >> word;) at->second.push_back(word);
+  }
+  return at->second;
+}
+
+std::vector<std::pair<std::string, const std::vector<Claim>*>>& allTables() {
+  static std::vector<std::pair<std::string, const std::vector<Claim>*>> tables;
+  return tables;
+}
 
 std::vector<std::size_t> rowsFor(const std::vector<Claim>& rows, const Function& function,
                                  const std::string& parameter) {
@@ -67,10 +71,9 @@ std::vector<std::string> faultsOf(const std::string& table, const std::vector<Cl
 }
 
 std::vector<std::string> faultsOfAllTables() {
-  std::vector<std::string> all;
-  for (const auto& faults :
-       {faultsOfShapes(), faultsOfContract(), faultsOfRefusals(), faultsOfObjects()})
-    all.insert(all.end(), faults.begin(), faults.end());
+  auto all = faultsOfObjects();
+  for (const auto& [name, claims] : allTables())
+    for (const std::string& fault : faultsOf(name, *claims)) all.push_back(fault);
   return all;
 }
 

@@ -16,12 +16,15 @@ namespace every {
 
 // What a row says of itself; rows of different kinds may claim the same.
 struct Claim {
-  const char* functions;
-  const char* parameters;  // null: the row is about the function as a whole
+  std::string functions;
+  std::string parameters;  // none: the row is about the function as a whole
   int kind = 0;
 
-  bool isGeneral() const { return std::string_view(functions) == "*"; }
+  bool isGeneral() const { return functions == "*"; }
 };
+
+// The words of a row's text.
+const std::vector<std::string>& words(const std::string& text);
 
 // Patterns and names that serve nothing, and double claims, in words.
 std::vector<std::string> faultsOf(const std::string& table, const std::vector<Claim>& rows);
@@ -30,13 +33,18 @@ std::vector<std::string> faultsOf(const std::string& table, const std::vector<Cl
 std::vector<std::size_t> rowsFor(const std::vector<Claim>& rows, const Function& function,
                                  const std::string& parameter);
 
+std::vector<std::pair<std::string, const std::vector<Claim>*>>& allTables();
+
 // A table of rows that begin with a Claim.
 template <class Row>
 class Table {
  public:
-  Table(const char* name, std::vector<Row> rows) : name_(name), rows_(std::move(rows)) {
+  Table(const char* name, std::vector<Row> rows) : rows_(std::move(rows)) {
     for (const Row& row : rows_) claims_.push_back(row.claim);
+    allTables().emplace_back(name, &claims_);
   }
+  Table(const Table&) = delete;
+  Table& operator=(const Table&) = delete;
 
   // Those for a parameter, or for the function as a whole. A sweep asks again and again.
   const std::vector<const Row*>& all(const Function& f, const std::string& parameter = "") const {
@@ -49,20 +57,15 @@ class Table {
     const auto& rows = all(f, parameter);
     return rows.empty() ? nullptr : rows[0];
   }
-  std::vector<std::string> faults() const { return faultsOf(name_, claims_); }
 
  private:
-  const char* name_;
   std::vector<Row> rows_;
   std::vector<Claim> claims_;
   mutable std::map<std::pair<const Function*, std::string>, std::vector<const Row*>> found_;
 };
 
-// The faults of all tables of the harness.
+// The faults of all tables of the harness, and of the rows of objects.cpp.
 std::vector<std::string> faultsOfAllTables();
-std::vector<std::string> faultsOfShapes();
-std::vector<std::string> faultsOfContract();
-std::vector<std::string> faultsOfRefusals();
 std::vector<std::string> faultsOfObjects();
 
 }  // namespace every

@@ -1,0 +1,40 @@
+// Windows by their formulas: w(n), of `last` = len - 1.
+#pragma once
+
+#include <cmath>
+#include <numbers>
+
+namespace test {
+
+constexpr long double pi = std::numbers::pi_v<long double>;
+
+inline long double besselI0(long double x) {
+  long double sum = 1, term = 1;
+  for (int k = 1; term > sum * 1e-21L; ++k) sum += term *= x / 2 / k * (x / 2 / k);
+  return sum;
+}
+
+using Weight = long double (*)(long double n, long double last, long double alpha);
+inline long double rectangular(long double, long double, long double) { return 1; }
+inline long double bartlett(long double n, long double last, long double) {
+  return 1 - std::abs(2 * n / last - 1);
+}
+inline long double hann(long double n, long double last, long double) {
+  return 0.5L - 0.5L * std::cos(2 * pi * n / last);
+}
+inline long double hamming(long double n, long double last, long double) {
+  return 0.54L - 0.46L * std::cos(2 * pi * n / last);
+}
+inline long double blackman(long double n, long double last, long double alpha) {
+  const long double t = 2 * pi * n / last;
+  return (alpha + 1) / 2 - std::cos(t) / 2 - alpha / 2 * std::cos(2 * t);
+}
+inline long double blackmanOpt(long double n, long double last, long double) {
+  return blackman(n, last, -std::pow(0.5L / std::cos(pi / last), 2));
+}
+inline long double kaiser(long double n, long double last, long double alpha) {
+  return besselI0(std::fabs(alpha) * std::sqrt(n * (last - n))) /
+         besselI0(std::fabs(alpha) * last / 2);
+}
+
+}  // namespace test
