@@ -49,6 +49,22 @@ TEST(Cauchy, IsTheLossAndItsDerivatives) {
   EXPECT_EQ(moxsCauchy_32f_I(&x, 1, NAN), moxErrCauchyConst);
 }
 
+// A sweep from minus half the sampling rate up to half of it.
+TEST(DemodulateFM, FollowsAChirp) {
+  constexpr int len = 20000;
+  std::vector<Mox16s> re(len), im(len), y(len);
+  double phase = 0;
+  for (int i = 0; i < len; ++i) {
+    phase += M_PI * (2.0 * i / len - 1);
+    re[i] = Mox16s(std::lround(32000 * std::cos(phase)));
+    im[i] = Mox16s(std::lround(32000 * std::sin(phase)));
+  }
+  Mox16sc point = {32000, 0};
+  ASSERT_OK(moxsDemodulateFM_CToR_16s(re.data(), im.data(), y.data(), len, &point));
+  // Roundings of the points are up to 0.7 of 32000, from both ends of an angle.
+  for (int i = 1; i < len; ++i) ASSERT_NEAR(y[i], 65536.0 * i / len - 32768, 1.5) << i;
+}
+
 // Of any points, in blocks of any length.
 TEST(DemodulateFM, IsTheAngleBetweenAnyPoints) {
   constexpr int len = 4000;

@@ -33,9 +33,7 @@ auto raw(E* p) {
 }
 template <class E>
 requires requires(E e) { e.bytes; }
-auto raw(E* p) {
-  return p->bytes;
-}
+auto raw(E* p) { return p->bytes; }
 
 // Samples S to samples D.
 template <class S, class D, class... A, class... P>

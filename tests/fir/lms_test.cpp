@@ -103,6 +103,29 @@ TYPED_TEST(Lms, FollowsTheRule) {
   }
 }
 
+// From zeros, in as many samples as the reference tells.
+TYPED_TEST(Lms, FindsASystem) {
+  using F = TypeParam;
+  constexpr int n = 64, len = 2500;
+  const auto wanted = this->random.template vector<Mox32f>(n);
+  const auto x = this->noise(len);
+  std::vector<typename F::Data> ref(len), y(len);
+  for (int i = 0; i < len; ++i) {
+    double sum = 0;
+    for (int k = 0; k < std::min(n, i + 1); ++k) sum += wanted[k] * x[i - k] / 16;
+    ref[i] = typename F::Data(sum);
+  }
+  MoxsFIRLMSState* s = nullptr;
+  ASSERT_OK(F::initAlloc(&s, nullptr, n, nullptr, 0));
+  const double power = F::unit * F::unit / 3;
+  ASSERT_OK(F::run(x.data(), ref.data(), y.data(), len, Mox32f(0.25 / (n * power)), s));
+  EXPECT_EQ(y[0], 0);
+  std::vector<Mox32f> taps(n);
+  ASSERT_OK(F::getTaps(s, taps.data()));
+  for (int k = 0; k < n; ++k) EXPECT_NEAR(taps[k], wanted[k] / 16, 1e-4) << k;
+  F::free(s);
+}
+
 TEST(LmsQ15, FollowsTheNormalisedRuleToTheBit) {
   Random random(22);
   for (const int n : {1, 2, 5, 15, 16, 64, 128, 129}) {

@@ -1,3 +1,5 @@
+#include <array>
+
 #include "support/test.h"
 
 namespace {
@@ -155,6 +157,54 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
         ASSERT_LE(std::fabs(y[n] - sum), isInteger ? 0.5L + 4 * bound : 4 * bound) << n;
       }
       if (this->HasFailure()) return;
+    }
+}
+
+// Low-pass filters of analysis and synthesis that reconstruct perfectly.
+struct Wavelet {
+  Floats forward, inverse;
+};
+
+// Haar's and Daubechies' wavelets, whose synthesis reverses the analysis, and the 9/7 pair.
+std::vector<Wavelet> wavelets() {
+  std::vector<Wavelet> all = {
+      {{0.037828456F, -0.023849465F, -0.110624404F, 0.377402856F, 0.852698679F, 0.377402856F,
+        -0.110624404F, -0.023849465F, 0.037828456F},
+       {-0.064538883F, -0.040689418F, 0.418092273F, 0.788485616F, 0.418092273F, -0.040689418F,
+        -0.064538883F}}};
+  for (const Floats& h :
+       {Floats{0.707106781F, 0.707106781F},
+        {0.482962913F, 0.836516304F, 0.224143868F, -0.129409523F},
+        {0.332670553F, 0.806891509F, 0.459877502F, -0.135011020F, -0.085441274F, 0.035226292F},
+        {0.230377813F, 0.714846571F, 0.630880768F, -0.027983769F, -0.187034812F, 0.030841382F,
+         0.032883012F, -0.010597402F},
+        {0.160102398F, 0.603829270F, 0.724308528F, 0.138428146F, -0.242294887F, -0.032244870F,
+         0.077571494F, -0.006241490F, -0.012580752F, 0.003335725F}})
+    all.push_back({h, {h.rbegin(), h.rend()}});
+  return all;
+}
+
+// h[0], -h[1], h[2] .. times `sign`.
+Floats alternating(Floats h, Mox32f sign) {
+  for (Mox32f& e : h) e *= sign, sign = -sign;
+  return h;
+}
+
+// Integers come back to the bit.
+TYPED_TEST(FilterBank, ReconstructsPerfectly) {
+  using D = TypeParam;
+  Random random(2);
+  for (const auto& [h, g] : wavelets())
+    for (const auto& [low, lowInverse, high, highInverse] :
+         {std::array{-1, 0, -1, 0}, {0, -1, 0, -1}, {4, 3, 4, 3}, {3, 0, 1, 2}}) {
+      const Bank forward = {{h, low}, {alternating(g, 1), high}},
+                 inverse = {{g, lowInverse}, {alternating(h, -1), highInverse}};
+      const auto x = random.vector<D>(5000);
+      const auto y = synthesise<D>(inverse, analyse(forward, x, &random), &random);
+      const int delay = int(h.size() + g.size()) / 2 + low + lowInverse;
+      for (int n = 0; n < int(y.size()); ++n)
+        ASSERT_NEAR(y[n], n < delay ? 0 : x[n - delay], std::is_integral_v<D> ? 0 : 1e-6)
+            << n << ", " << h.size() << " taps, offset " << low;
     }
 }
 
