@@ -163,7 +163,8 @@ long alignedStart(bool bypass, const D* dst, Source... src) {
 // starts where the destination is aligned. The first step and the last one, which ends with the
 // array, may overlap those of the loop: they are made before all others, and stored after them. So
 // `dst` may be a source, and each element is the function of what it was. Arrays shorter than a
-// step are filled in narrower ones, down to `least` elements.
+// step are filled in narrower ones, down to `least` elements. The sources, where they are named,
+// have a say in where the loop starts.
 template <int step, int vecs, int least, class D, class At, class One, class... Source>
 [[gnu::always_inline]] inline void forSteps(bool bypass, D* dst, long len, At at, One one,
                                             Source... src) {
