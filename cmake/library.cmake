@@ -65,8 +65,8 @@ function(moxsp_objects target isa)
     # Which it sees in its own intrinsics.
     target_compile_options(${target} PRIVATE -Wno-uninitialized -Wno-maybe-uninitialized)
   endif()
-  # What most files include takes the compiler half a second each: it reads that once. Objects that
-  # come through a compiler's cache do without, for it can't tell what has gone into them.
+  # Reading these headers takes half a second for each object. ccache refuses objects that have a
+  # precompiled header, so builds with a launcher have none.
   if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     target_precompile_headers(${target} PRIVATE
       <immintrin.h> <algorithm> <bit> <cmath> <cstring> <limits> <utility>)

@@ -25,8 +25,8 @@ struct Exp64f {
     // Infinity past the one bound, zero past the other.
     const Lanes zero = {}, isZero = Lanes(x < -746.0);
     const ExpArgument argument(select(isZero, zero, lesser(x, zero + 710.0)));
-    // A subnormal number, which arithmetic would take long to make, is the bits of the integer that
-    // it counts: low results are computed times 2^1074.
+    // The bits of a subnormal number x are the integer x * 2^1074. Low results are computed times
+    // 2^1074 and rounded to integers, because arithmetic on subnormal numbers is slow.
     using Words = Bits<Lanes>;
     const auto where = [](Words mask, Mox64f v) {
       return Lanes(mask & Words(broadcast<Lanes>(v)));
@@ -56,7 +56,7 @@ struct Exp32f {
     constexpr Mox32f most = 88.75f, least = -104.0f;  // infinity, and zero
     Lanes result;
     if (signBits(either(notAtMost(x, most), notAtLeast(x, least))) == signBits(special(x))) {
-      // A product that leaves the range of floats by far is rounded like them.
+      // 2^200 and 2^-200 are out of range too, and round as these results do in every mode.
       const Lanes one = broadcast<Lanes>(1.0f);
       const Lanes root = inRegister(select(x, one * 0x1p-100f, one * 0x1p100f));
       result = root * root;

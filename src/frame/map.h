@@ -226,8 +226,8 @@ template <long count, class S, class D, class Block>
 // dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. A
-// round of four registers, or of two of 64 bytes, keeps the processor storing; complex operations
-// take too long to gain from so many, and others that take long name `vecs` themselves.
+// round stores `vecs` registers: by default four, which keep the processor's store unit busy; two
+// for registers of 64 bytes and for complex elements, whose operations gain nothing from four.
 template <Stores stores = Stores::cached, int width = widestBytes, int vecs = 0, class D, class Op,
           class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {

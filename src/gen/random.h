@@ -59,8 +59,8 @@ class RandomSequence {
   }
 
  private:
-  // The next differences. Each waits for the borrow of the last one alone, which is added last:
-  // what borrows take from a and b is held apart from them.
+  // The next differences. What borrows take from a and b is held apart from them and added last, so
+  // that a difference waits for the borrow of the one before it and for nothing else.
   template <int count>
   [[gnu::always_inline]] void takeDifferences(Mox32u (&differences)[count]) {
     Mox32u belowA = 0, belowB = 0;
