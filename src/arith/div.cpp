@@ -14,7 +14,7 @@ template <class E, class W>
 [[gnu::always_inline]] inline W quotient(W divisor, W dividend) {
   if constexpr (Complex<E>) {
     const W re = realParts(divisor), im = imaginaryParts(divisor);
-    const W products = addSubtract(dividend * re, swapParts(dividend) * -im);
+    const W products = times(dividend, re, -im);
     const W square = re * re + im * im;
     // Compilers may divide two floats in a register of four, where 0 / 0 raises an exception.
     if constexpr (sizeof(W) < 16)

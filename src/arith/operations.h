@@ -111,7 +111,7 @@ inline constexpr ProductSum productSum;
 struct ComplexProduct {
   auto operator()(auto x, auto y) const {
     if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
-    return addSubtract(x * realParts(y), swapParts(x) * imaginaryParts(y));
+    return times(x, realParts(y), imaginaryParts(y));
   }
 };
 inline constexpr ComplexProduct complexProduct;
@@ -119,7 +119,7 @@ inline constexpr ComplexProduct complexProduct;
 struct ComplexConjugateProduct {
   auto operator()(auto x, auto y) const {
     if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
-    return addSubtract(x * realParts(y), -(swapParts(x) * imaginaryParts(y)));
+    return times(x, realParts(y), -imaginaryParts(y));
   }
 };
 inline constexpr ComplexConjugateProduct complexConjugateProduct;

@@ -23,7 +23,7 @@ void addProducts(const E* from, Scalar<E> factor, E* to, int count) {
     const T w = load<T>(from + m);
     T product;
     if constexpr (Complex<E>)
-      product = addSubtract(w * factor.re, swapParts(w) * factor.im);
+      product = mox::times(w, factor.re, factor.im);
     else
       product = w * factor;
     store(to + m, load<T>(to + m) + product);

@@ -38,12 +38,6 @@ template <class T, class F>
   return swapped * alternating<T>(-s, s);
 }
 
-// z (re + i im), where the lanes of re and im come in pairs.
-template <class T>
-[[gnu::always_inline]] inline T times(T z, T re, T im) {
-  return addSubtract(z * re, swapParts(z) * im);
-}
-
 template <class T>
 [[gnu::always_inline]] inline T conjugated(T v) {
   constexpr int lanes = sizeof(T) / sizeof(v[0]);

@@ -23,7 +23,7 @@ namespace detail {
 }
 
 // exp(-2 pi i r c / n), or its conjugate, for the rows r from 1 on and the columns c: real parts
-// twice, and imaginary parts with the signs that addSubtract() wants.
+// twice, and imaginary parts as times() takes them.
 template <class F, int rows, int columns, Direction direction>
 struct RowTwiddles {
   alignas(vectorBytes) F re[rows - 1][2 * columns], im[rows - 1][2 * columns];
@@ -55,8 +55,8 @@ template <Direction direction, bool scaled, int rows, int columns, class Source,
     for (int r = 0; r < rows; ++r) a[r] = inRegister(src.interleaved(r * columns + v * width));
     butterfly<direction, F>(a);
     for (int r = 1; r < rows; ++r)
-      a[r] = addSubtract(a[r] * load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
-                         swapParts(a[r]) * load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
+      a[r] = times(a[r], load<V<F>>(twiddles.re[r - 1] + 2 * v * width),
+                   load<V<F>>(twiddles.im[r - 1] + 2 * v * width));
     for (int g = 0; g < rows / width; ++g) {
       V<F> square[width];
       for (int i = 0; i < width; ++i) square[i] = a[g * width + i];

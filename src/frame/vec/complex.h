@@ -35,16 +35,23 @@ template <class T, class E>
 template <class T>
 [[gnu::always_inline]] inline T addSubtract(T a, T b) {
   constexpr bool single = std::is_same_v<Lane<T>, Mox32f>, of64f = std::is_same_v<Lane<T>, Mox64f>;
-  if constexpr (single && sizeof a == 64)
-    return T(_mm512_mask_sub_ps(_mm512_add_ps(a, b), 0x5555, a, b));
-  else if constexpr (of64f && sizeof a == 64)
-    return T(_mm512_mask_sub_pd(_mm512_add_pd(a, b), 0x55, a, b));
-  else if constexpr (single && sizeof a >= 16)
+  if constexpr (single && sizeof a >= 16)
     MOX_BY_WIDTH(T, addsub_ps(a, b));
   else if constexpr (of64f && sizeof a >= 16)
     MOX_BY_WIDTH(T, addsub_pd(a, b));
   else
     return shuffle<[](int i) { return i % 2 ? laneCount<T> + i : i; }>(T(a - b), T(a + b));
+}
+// z (re + i im), where the lanes of re and im come in pairs.
+template <class T, class F>
+[[gnu::always_inline]] inline T times(T z, F re, F im) {
+  // Registers of 64 bytes have no instruction for addSubtract(). The signs of a constant change
+  // before the loop.
+  if constexpr (sizeof z == 64)
+    return z * re +
+           swapParts(z) * T(Bits<T>(im) ^ alternating<Bits<T>>(signBit<T>, Lane<Bits<T>>(0)));
+  else
+    return addSubtract(z * re, swapParts(z) * im);
 }
 // Each real number twice, to go with both parts of a complex one.
 template <class T>
