@@ -76,6 +76,7 @@ struct Product {
   }
   template <Of<Mox16u> T>
   static T saturated(T a, T b) {
+    a = inRegister(a), b = inRegister(b);
     return a * b | T(multiplyHigh(a, b) != 0);
   }
   static constexpr int ownFactor = 15;
@@ -110,7 +111,7 @@ inline constexpr ProductSum productSum;
 // The factors are used twice each: held in registers, they are loaded once.
 struct ComplexProduct {
   auto operator()(auto x, auto y) const {
-    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
+    x = inRegister(x), y = inRegister(y);
     return times(x, realParts(y), imaginaryParts(y));
   }
 };
@@ -118,7 +119,7 @@ inline constexpr ComplexProduct complexProduct;
 
 struct ComplexConjugateProduct {
   auto operator()(auto x, auto y) const {
-    if constexpr (sizeof x >= 16) x = inRegister(x), y = inRegister(y);
+    x = inRegister(x), y = inRegister(y);
     return times(x, realParts(y), -imaginaryParts(y));
   }
 };

@@ -63,6 +63,7 @@ struct LTVal : AnyLevel {
   static constexpr auto keeps(auto x, auto level) { return level <= x; }
   template <class T>
   T operator()(T x, T level, T value) const {
+    x = inRegister(x);
     return where(keeps(x, level), x, value);
   }
 };
@@ -71,6 +72,7 @@ struct GTVal : AnyLevel {
   static constexpr auto keeps(auto x, auto level) { return level >= x; }
   template <class T>
   T operator()(T x, T level, T value) const {
+    x = inRegister(x);
     return where(keeps(x, level), x, value);
   }
 };
@@ -78,6 +80,7 @@ struct GTVal : AnyLevel {
 struct LTValGTVal : OrderedLevels {
   template <class T>
   T operator()(T x, T levelLT, T valueLT, T levelGT, T valueGT) const {
+    x = inRegister(x);
     return where(x < levelLT, valueLT, where(x > levelGT, valueGT, x));
   }
 };

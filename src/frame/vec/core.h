@@ -103,14 +103,16 @@ template <class T>
 }
 
 // The same value, held in a register from here on: GCC takes a load for free and repeats it for
-// every use.
+// every use. Short vectors and integers need no help.
 template <class T>
 [[gnu::always_inline]] inline T inRegister(T v) {
+  if constexpr (sizeof v >= 16 || std::is_floating_point_v<T>) {
 #ifdef __AVX512VL__
-  asm("" : "+v"(v));  // any of 32 registers
+    asm("" : "+v"(v));  // any of 32 registers
 #else
-  asm("" : "+x"(v));
+    asm("" : "+x"(v));
 #endif
+  }
   return v;
 }
 

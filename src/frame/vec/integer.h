@@ -107,12 +107,14 @@ template <Of<Mox32s> T>
 }
 template <Of<Mox32s> T>
 [[gnu::always_inline]] inline T addSaturated(T a, T b) {
+  a = inRegister(a), b = inRegister(b);
   const T r = addWrapping(a, b);
   return unlessWrapped(r, a, (a ^ r) & (b ^ r));
 }
 template <Of<Mox32s> T>
 [[gnu::always_inline]] inline T subtractSaturated(T a, T b) {
   using Unsigned = Beside<Mox32u, T>;
+  a = inRegister(a), b = inRegister(b);
   const T r = T(Unsigned(a) - Unsigned(b));
   return unlessWrapped(r, a, (a ^ b) & (a ^ r));
 }
