@@ -44,6 +44,8 @@ struct Sum<A, T> {
     T re, im;
   };
   [[gnu::always_inline]] void add(const Tap& tap, T x) {
+    // Numbers of 8 bytes cross lines so often that their second load costs more than it spares.
+    if constexpr (sizeof(A) == 8) x = inRegister(x);
     byRe += tap.re * x;
     byIm += tap.im * x;
   }
