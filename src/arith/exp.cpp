@@ -52,18 +52,13 @@ struct Exp32f {
 
   static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
+  // The bits of a subnormal number x are the integer x * 2^149. Past 88.75 every result overflows,
+  // and below -104 every one is less than half of the least number.
   static Lanes rare(Lanes x, int&) {
-    constexpr Mox32f most = 88.75f, least = -104.0f;  // infinity, and zero
-    Lanes result;
-    if (signBits(either(notAtMost(x, most), notAtLeast(x, least))) == signBits(special(x))) {
-      // 2^200 and 2^-200 are out of range too, and round as these results do in every mode.
-      const Lanes one = broadcast<Lanes>(1.0f);
-      const Lanes root = inRegister(select(x, one * 0x1p-100f, one * 0x1p100f));
-      result = root * root;
-    } else {
-      const Lanes zero = {};
-      result = inDoubles(greater(lesser(x, zero + most), zero + least), Exp64f::lanes);
-    }
+    const Lanes zero = {}, clamped = greater(lesser(x, zero + 88.75f), zero - 104.0f);
+    const auto isLow = Bits<Lanes>(clamped < 0);
+    const Lanes scaled = scaledExponential(clamped, (isLow & 150) - 1);
+    const Lanes result = select(Lanes(isLow), Lanes(toInteger(scaled)), scaled * 2.0f);
     return select(Lanes(x != x), x + x, result);
   }
 };

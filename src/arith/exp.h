@@ -45,10 +45,11 @@ template <Of<Mox64f> T>
   return expOfRest(argument.rest) * powersOfTwo(argument.exponent);
 }
 
-// In single precision, for |x| up to 87: x = n * ln(2) + r, and a polynomial in r.
-template <Of<Mox32f> T>
-[[gnu::always_inline]] inline T exponential(T x) {
-  const T shifted = x * 1.4426950216293335f + 12582912.0f;
+// 2^m e^x in single precision, for |x| up to 105: x = n ln(2) + r, a polynomial gives e^r, and
+// 2^(n + m) has to be a normal number.
+template <Of<Mox32f> T, class M>
+[[gnu::always_inline]] inline T scaledExponential(T x, M m) {
+  const T shifted = x * 1.4426950216293335f + 12582912.0f;  // n in its low bits
   const T n = shifted - 12582912.0f;
   const T r = (x - n * 0.693145751953125f) - n * 1.428606765330187e-06f;
   const T p =
@@ -58,7 +59,13 @@ template <Of<Mox32f> T>
        0.9999998807907104f) *
           r +
       1.0f;
-  return p * T((Bits<T>(shifted) + 0x7F) << 23);
+  return p * T((Bits<T>(shifted) + (0x7F + m)) << 23);
+}
+
+// e^x for |x| up to 87.
+template <Of<Mox32f> T>
+[[gnu::always_inline]] inline T exponential(T x) {
+  return scaledExponential(x, 0);
 }
 
 }  // namespace mox::arith
