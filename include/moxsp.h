@@ -19,10 +19,8 @@
  *   (moxsp/reductions.h), and on every processor, but for those that rest on the processor's
  *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: DemodulateFM, and in
  *   single precision Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with
- *   LTInv, and the L1 norm of complex elements.
- *   estimates of 1 / x and 1 / sqrt(x), within the bounds that are given: in single precision
- *   Cubrt, Arctan, Phase, CartToPolar, Threshold of complex elements and with LTInv, the L1 norm
- *   of complex elements, and DCT of lengths that are no powers of two below 36.
+ *   LTInv, the L1 norm of complex elements, and DCT of the lengths below 36 that are not powers of
+ *   two.
  */
 #ifndef MOXSP_H
 #define MOXSP_H

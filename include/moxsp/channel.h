@@ -104,7 +104,8 @@ MOX_API MoxStatus moxsCauchyDD2_32f_I(Mox32f* srcDst, Mox32f* dst2, int len, Mox
  * The frequency of a complex signal: the angle from each point to the next in units of
  * pi / 2^15, saturated, so that 32767 is half the sampling rate. `dlyPoint` is the point before the
  * first one and becomes the last one: a stream may be cut anywhere. The angle from or to 0 is 0.
- * Results are within 0.51 of exact ones. `dst` overlaps no source.
+ * Results are within 0.51 of exact ones, and depend on the processor's estimate of 1 / x. `dst`
+ * overlaps no source.
  *
  * @return ::moxErrNullPtr for a null pointer, then ::moxErrSize for `len` below 1.
  * @{ */

@@ -32,8 +32,8 @@
  * | CrossCorr        | shorter * lags / longer is 384 or more; 256 in `32fc`, 512 in doubles    |
  * | CrossCorr_16s64s | never                                                                    |
  *
- * In the last but one, lags at which the signals don't overlap don't count, and the quotient is one
- * of `Mox32f`.
+ * For CrossCorr, lags at which the signals don't overlap don't count, and the quotient is one of
+ * `Mox32f`.
  *
  * Signals of which the longer has 3 times the elements of the shorter, or more, are transformed
  * section by section, by 2^(s + 1) points where 2^s is at least twice the shorter; others whole.

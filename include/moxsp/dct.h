@@ -110,7 +110,8 @@ MOX_API MoxStatus moxsDCTInvGetBufSize_64f(const MoxsDCTSpec* spec, int* size);
  * @return ::moxErrNullPtr for a null pointer, ::moxErrContext for an object of another kind or
  * direction, ::moxErrMemAlloc when there is no `buffer` and no memory.
  * @note The relative error in the L2 norm is below 3e-7 * sqrt(2 + log2 N) for `_32f` and
- * 6e-16 * sqrt(2 + log2 N) for `_64f`.
+ * 6e-16 * sqrt(2 + log2 N) for `_64f`. For the lengths below 36 that are not powers of two, results
+ * of `_32f` depend on the processor's estimate of 1 / sqrt(x).
  * @see Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28, 1980.
  * @{ */
 MOX_API MoxStatus moxsDCTFwd_32f(const Mox32f* src, Mox32f* dst, const MoxsDCTSpec* spec,

@@ -3,8 +3,7 @@
  * Element-wise division.
  *
  * `dst` may be one of the sources; where arrays overlap otherwise the results are undefined. A name
- * ending in `_I` or
- * `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
+ * ending in `_I` or `_ISfs` writes its result over the source `srcDst`. Saturation is silent.
  *
  * @code{.c}
  * #include <moxsp.h>

@@ -302,7 +302,7 @@ MOX_API MoxStatus moxsFIRSetDlyLine_64fc(MoxsFIRState* state, const Mox64fc* dly
  * `dst[i] = sum of taps[k] * src[i - k]` over 0 <= k < tapsLen. Integer outputs of floating sums
  * are the sums times 2^-scaleFactor, rounded to nearest with ties to even and saturated; those of
  * fixed-point taps are told in @ref fir_fixed. In place or not, the outputs are the same but for
- * rounding; arrays may not overlap otherwise. On a multirate state `FIR` runs `len` iterations
+ * rounding. Arrays must not overlap otherwise. On a multirate state `FIR` runs `len` iterations
  * (@ref multirate_run).
  *
  * Blocks of `FIR` on a state with a spectrum (@ref fir_state) are filtered by overlap-save:

@@ -37,11 +37,12 @@ enum {
  *     bandpass  s(rHighFreq) - s(rLowFreq)
  *     bandstop  the negative bandpass, plus 1 for d = 0
  *
- * The second half mirrors the first, so that a filter delays by (tapsLen - 1) / 2 samples; that of
- * a highpass of even length is its negative. With `doNormal` other than 0 the taps are divided by
- * the magnitude of the response at 0 (lowpass, bandstop), at half the sample rate (highpass), or in
- * the middle of the band (bandpass). The edges of the band are where the response is about one
- * half.
+ * A bandstop filter needs an odd `tapsLen`: an even one has no tap at d = 0, and lets the band
+ * pass. The second half mirrors the first, so that a filter delays by (tapsLen - 1) / 2 samples;
+ * that of a highpass of even length is its negative. With `doNormal` other than 0 the taps are
+ * divided by the magnitude of the response at 0 (lowpass, bandstop), at half the sample rate
+ * (highpass), or in the middle of the band (bandpass). The edges of the band are where the response
+ * is about one half.
  *
  * @return ::moxErrNullPtr for a null array; ::moxErrSize for `tapsLen` below 5, for a frequency not
  * between 0 and 0.5, and for a low one not below the high one.

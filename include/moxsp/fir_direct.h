@@ -28,9 +28,9 @@
  * at first. Each sample is stored at that place and `tapsLen` behind it; then the place moves on,
  * modulo `tapsLen`. `dst` may be `src`.
  *
- * Fixed-point taps are treated as those of a state (@ref fir_fixed). In `moxsFIR_Direct_16s` they
- * are fractions of 16 bits, that is with a `tapsFactor` of -15, and treated as those of `32s_16s`;
- * the block form makes a state for the call and leaves the ring with the place 0.
+ * Fixed-point taps are treated as those of a state (@ref fir_fixed). In `moxsFIR_Direct_16s_Sfs`
+ * they are fractions of 16 bits, that is with a `tapsFactor` of -15, and treated as those of
+ * `32s_16s`; the block form makes a state for the call and leaves the ring with the place 0.
  *
  * @return in this order ::moxErrNullPtr for `src` or `dst`, ::moxErrSize for `len` below 1,
  * ::moxErrNullPtr for `taps`, ::moxErrFirLen for `tapsLen` below 1, ::moxErrNullPtr for `dlyLine`

@@ -48,8 +48,9 @@ typedef struct MoxsIIRState MoxsIIRState;
  * `GetStateSize` tells the bytes that `Init` needs, at any address. `Init` sets the filter up there
  * and stores the address of its state, which is inside `buffer`; `InitAlloc` takes the memory
  * itself. Taps (@ref iir_names) and delay line (@ref iir_dlyline) are copied; a null `dlyLine`
- * stands for zeros. `Free` releases what `InitAlloc` took and leaves other states as they are; that
- * of the same types without `BiQuad`, `DF1`, `32f` or `32fc` in its name serves all forms.
+ * stands for zeros. `Free` releases what `InitAlloc` took and leaves other states as they are. A
+ * state of `BiQuad` or `DF1` is freed by the `Free` of the same types, one of `32s_16s32f` by that
+ * of `32s_16s`.
  *
  * Taps are divided by a[0]: multiplied by its reciprocal in the type of the taps that the state
  * holds.
@@ -326,8 +327,8 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * @ingroup topic_filters
  * Filters a block of `len` samples (`IIR`) or a single one (`IIROne`), in any order on one state.
  * Integer outputs are the results times 2^-scaleFactor, rounded to nearest with ties to even and
- * saturated, any factor will do; what the filter remembers is neither scaled nor rounded. In place
- * or not, outputs have the same bits; arrays may not overlap otherwise.
+ * saturated. Every factor is valid. What the filter remembers is neither scaled nor rounded. In
+ * place or not, outputs have the same bits; arrays may not overlap otherwise.
  *
  * `IIROne`, short blocks and the ends of others compute the transposed direct form II, from left to
  * right:
@@ -349,7 +350,7 @@ MOX_API MoxStatus moxsIIRSetDlyLine64f_DF1_32s(MoxsIIRState* state, const Mox32s
  * @note Errors are those of the recursion: a rounding error of the size u |y|, with the unit
  * roundoff u, enters with each sample and is filtered by 1 / A(z). That of blocks was at most 2.4
  * times that of single steps, in sections and in filters of order 4 to 8 with poles of radius 0.9
- * to 0.9999 at angles of 0.01 to 3; a test holds sections and order 4 below 3 times.
+ * to 0.9999 at angles of 0.01 to 3.
  * @note How the signal is cut into blocks changes the last bits. NaN and infinities stay in the
  * delay line until it is set. Where a result is NaN, an integer output is the largest value.
  * @note On silence an output decays until it is subnormal, and arithmetic on subnormal numbers

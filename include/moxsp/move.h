@@ -19,8 +19,8 @@
  * }
  * @endcode
  */
-#ifndef MOXSP_FRAME_H
-#define MOXSP_FRAME_H
+#ifndef MOXSP_MOVE_H
+#define MOXSP_MOVE_H
 
 #include <moxsp/types.h>
 

@@ -202,8 +202,9 @@ MOX_API MoxStatus moxsFIRMRStreamInitAlloc_32f(MoxsFIRState** state, const Mox32
  *     y[j] = z[downFactor * j + downPhase]
  *
  * An output costs the products of its phase, about tapsLen / upFactor; no inserted zero is
- * multiplied. `FIRMR_Direct` does the same without a state: `dlyLine` are ceil(tapsLen / upFactor)
- * samples, the newest first, which are replaced by the last ones. It makes a state for the call.
+ * multiplied. `FIRMR_Direct` does the same without a state: `dlyLine` holds ceil(tapsLen /
+ * upFactor) samples, the newest first, and on return the last ones of this call. It makes a state
+ * for the call.
  *
  * In place the array has room for inputs and outputs; with `upFactor` above `downFactor` the inputs
  * are copied first, to memory that is taken for the call.

@@ -180,8 +180,8 @@ MOX_API MoxStatus moxsResamplePolyphaseSetFixedFilter_16s(const Mox16s* src, int
 
 /** @defgroup resample_fixed ResamplePolyphaseFixed
  * @ingroup topic_resampling
- * Resampling by a fixed ratio: an output is one dot product. Let w = floor(time), the position p
- * outputs' steps behind, p = trunc((time - w) outRate + 1/2), and all rates without common factor:
+ * Resampling by a fixed ratio: an output is one dot product. With w = floor(time) and
+ * p = trunc((time - w) outRate + 1/2), where `inRate` and `outRate` are free of common factors:
  *
  *     output k stands at w + (p + k inRate) / outRate, for all below w + len
  *

@@ -25,7 +25,7 @@
  * length is copied. Below, N = `len` and t = 2 pi / (N - 1). Each call computes the weights anew
  * and allocates nothing. `dst` may be `src`, as in the `_I` forms.
  *
- * Of three elements the first and the last become 0, but with Hamming and Kaiser.
+ * With a `len` of 3 the first and the last element become 0, except under Hamming and Kaiser.
  *
  * Weights are in `Mox64f` for `64f` and `64fc`, else in `Mox32f`. The cosines are those of the
  * angles n t within 40 * 2^-53, for every length: they come from a rotation that starts anew every
@@ -154,8 +154,8 @@ MOX_API MoxStatus moxsWinBlackmanQ15_16s_ISfs(Mox16s* srcDst, int len, int alpha
 /** @defgroup winkaiser WinKaiser
  * @ingroup topic_windows
  * w(n) = I0(alpha sqrt(n (N - 1 - n))) / I0(p) with p = |alpha| (N - 1) / 2 and the modified Bessel
- * function I0. `Q15` takes alpha in units of 2^-15. With one element the window is a copy. See
- * @ref windows.
+ * function I0. `Q15` takes alpha in units of 2^-15. With one element the window is a copy. An
+ * alpha that is NaN is not refused, and leaves the result open. See @ref windows.
  *
  * @return ::moxErrNullPtr for a null array, then ::moxErrSize for `len` below 1, then
  * ::moxErrKaiserAlpha for p above 38 in `32f` and `32fc`, above 308 in the others.

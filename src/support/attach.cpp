@@ -1,7 +1,7 @@
 // What happens when the library becomes part of a process. Where the processor lacks what the
 // library is built for, a call would end in an illegal instruction without a word, so one sentence
-// is written then. The process
-// goes on: it may never call the library, or know the processor itself and take another way.
+// is written then. The process goes on: it may never call the library, or know the processor itself
+// and take another way.
 #include <unistd.h>
 
 #include "support/build.h"
