@@ -99,7 +99,8 @@ template <int step, int least, class D, class One, class Lanes, class... Source>
     for (long i = 0; i < len; ++i) element(i);
   else
     forSteps<step, sizeof(Part<D>) == 1 ? 2 : 4, least>(
-        false, dst, len, [&](auto n, long i) { return Registers{lanes(n, i)}; }, element);
+        bypasses<Stores::bypassing>(dst, len, src...), dst, len,
+        [&](auto n, long i) { return Registers{lanes(n, i)}; }, element);
 }
 
 // dst[i] = exact(src[i]...) by the scale rule, part by part, where exact stays within `bound`.
