@@ -28,7 +28,7 @@ struct Absolute {
 template <class E>
 MoxStatus abs(const E* src, E* dst, int len) {
   if (MoxStatus s = checkArrays(len, src, dst)) return s;
-  mapElements<Stores::cached, registerBytes<E>>(Absolute<E>(), dst, len, src);
+  mapElements<Stores::bypassing, registerBytes<E>>(Absolute<E>(), dst, len, src);
   return moxOk;
 }
 

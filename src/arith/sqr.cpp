@@ -13,7 +13,7 @@ MoxStatus square(const E* src, E* dst, int len) {
   if constexpr (Complex<E>)
     mulComplex(src, src, dst, len);
   else
-    mapElements([](auto x) { return x * x; }, dst, len, src);
+    mapElements<Stores::bypassing>([](auto x) { return x * x; }, dst, len, src);
   return moxOk;
 }
 
