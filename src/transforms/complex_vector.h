@@ -8,6 +8,7 @@
 namespace mox::transforms {
 
 enum class Direction { forward, inverse };
+constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 // a - i b and a + i b; the other way round in the inverse direction.
 template <class Z>

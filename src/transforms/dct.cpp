@@ -14,8 +14,6 @@
 namespace mox::transforms {
 namespace {
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 // Bytes that the size query tells, the slack for any address included.
 struct DctFigures {
   long spec, init, work;

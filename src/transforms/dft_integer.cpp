@@ -104,8 +104,6 @@ MoxStatus inverse(const Mox16s* src, Mox16s* dst, const MoxsDFTSpec* spec, int s
       });
 }
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 }  // namespace
 
 MOX_EXPORT(moxsDFTInitAlloc_C_16sc, initAlloc<C16sc>);

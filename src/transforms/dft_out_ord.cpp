@@ -21,8 +21,6 @@ MoxStatus transform(const C* src, C* dst, const MoxsDFTOutOrdSpec* spec, Mox8u* 
   return moxOk;
 }
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 }  // namespace
 
 MOX_EXPORT(moxsDFTOutOrdFwd_CToC_32fc, transform<fwd>);

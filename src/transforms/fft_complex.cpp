@@ -43,8 +43,6 @@ MoxStatus transformSplitInPlace(F* srcDstRe, F* srcDstIm, const MoxsFFTSpec* spe
   return transformSplit<d, F>(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
 }
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 }  // namespace
 
 MOX_EXPORT(moxsFFTFwd_CToC_32fc, transform<fwd>);

@@ -13,8 +13,6 @@
 namespace mox::transforms {
 namespace {
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 // body(spec, n, area, work) runs on the object of floats, with memory for the numbers as floats.
 template <class Kind, class Source, class Target, class Body>
 MoxStatus checked(Source src, Target dst, const MoxsFFTSpec* object, Mox8u* buffer, Body body) {
