@@ -131,16 +131,16 @@ struct DftShape {
     Arena parts;
     DftSpec<F> plan{};
     layout(parts, plan);
-    const auto up = [](long bytes) { return long(roundUp(std::size_t(bytes), fftAlignment)); };
-    const long spec = dftRecordFigure<F> + up(long(parts.used())) + fftAlignment;
+    const long spec = dftRecordFigure<F> + wholeLines(long(parts.used())) + fftAlignment;
     if (plan.method == DftMethod::fft)
       return withFft<F>(isReal, [&]<class Kind>(Kind) -> DftSizes {
         const int order = orderOf(len);
         if (order <= Kind::maxSmallOrder) return {spec, 0, 0};
         return {spec, fftInitSize<F>(order), Kind::workBytes(order)};
       });
-    const long init =
-        len > DftLimits<F>::mostSmall ? up(2 * long(sizeof(F)) * roots()) + fftAlignment : 0;
+    const long init = len > DftLimits<F>::mostSmall
+                          ? wholeLines(2 * long(sizeof(F)) * roots()) + fftAlignment
+                          : 0;
     switch (plan.method) {
       case DftMethod::mixed:
         return {spec, init,

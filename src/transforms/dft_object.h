@@ -47,7 +47,7 @@ MoxStatus getDftSize(int len, int flag, int /*hint*/, int* specSize, int* initSi
   const DftSizes bytes = shape.sizes();
   store(specSize, int(bytes.spec));
   store(initSize, int(bytes.init));
-  store(workSize, bufferFigure(long(roundUp(std::size_t(bytes.work), fftAlignment))));
+  store(workSize, bufferFigure(wholeLines(bytes.work)));
   return moxOk;
 }
 

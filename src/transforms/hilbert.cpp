@@ -98,9 +98,8 @@ MoxStatus transform(const S* src, D* dst, const MoxsHilbertSpec* object, int sca
     return moxOk;
   }
 
-  const auto up = [](long bytes) { return long(roundUp(std::size_t(bytes), fftAlignment)); };
-  const long workBytes = up(spec.bufSize);
-  const long sampleBytes = takesIn ? up(len * long(sizeof(Mox32f))) : 0;
+  const long workBytes = wholeLines(spec.bufSize);
+  const long sampleBytes = takesIn ? wholeLines(len * long(sizeof(Mox32f))) : 0;
   const long bytes = workBytes + sampleBytes + (givesOut ? len * long(sizeof(Mox32fc)) : 0);
   if (bytes > INT_MAX) return moxErrMemAlloc;
   const WorkBuffer memory(nullptr, int(bytes));

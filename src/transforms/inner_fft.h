@@ -22,7 +22,7 @@ class InnerFft {
   // What the size query of the transform reports, each figure rounded up to the alignment.
   static constexpr long figure(int order) {
     const FftSizes sizes = fftSizes<Kind>(order);
-    return detail::up(sizes.spec) + detail::up(sizes.init) + detail::up(sizes.work);
+    return wholeLines(sizes.spec) + wholeLines(sizes.init) + wholeLines(sizes.work);
   }
 
   // Elements of an array of the transform's length that has room for the scratch of fill() as well.

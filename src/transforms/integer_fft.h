@@ -47,7 +47,7 @@ struct IntegerKind {
   static constexpr long areaBytes(int order) {
     constexpr bool isReal = std::is_same_v<Base, RealKind<Float>>;
     const long floats = isReal ? (1L << order) + 2 : 2L << order;
-    return detail::up(floats * long(sizeof(Float)));
+    return wholeLines(floats * long(sizeof(Float)));
   }
   static constexpr long floatWorkBytes(int order) {
     return order > Base::maxSmallOrder ? Base::workBytes(order) : 0;
