@@ -107,11 +107,7 @@ struct DctKind<Mox16s, d> : DctLife {
   struct Shape {
     int len;
     void layout(Arena& arena, Record&) const {
-      if (len == 1) return;
-      DctSpec<Mox32f> measured{};
-      auto* const floats = arena.place<DctSpec<Mox32f>>(1, fftAlignment);
-      if (floats) *floats = {};
-      typename Floats::Shape{len}.layout(arena, floats ? *floats : measured);
+      if (len > 1) placeRecord<DctSpec<Mox32f>>(arena, typename Floats::Shape{len});
     }
   };
   template <class Head>

@@ -20,7 +20,9 @@ struct IntegerKind {
   using Record = DftIntegerSpec;
   struct Shape {
     DftShape<Mox32f> floats;
-    void layout(Arena& arena, DftIntegerSpec& spec) const { spec.plan = placePlan(arena, floats); }
+    void layout(Arena& arena, DftIntegerSpec& spec) const {
+      spec.plan = placeRecord<DftSpec<Mox32f>>(arena, floats);
+    }
   };
   static constexpr DftKind id = kind;
   static constexpr bool isReal = real;

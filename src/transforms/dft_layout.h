@@ -58,19 +58,6 @@ struct DftSizes {
 };
 
 template <class F>
-struct DftShape;
-
-// A plan inside another object.
-template <class F>
-DftSpec<F>* placePlan(Arena& arena, const DftShape<F>& shape) {
-  auto* const plan = arena.place<DftSpec<F>>(1, fftAlignment);
-  DftSpec<F> measured{};
-  if (plan) *plan = {};
-  shape.layout(arena, plan ? *plan : measured);
-  return plan;
-}
-
-template <class F>
 struct DftShape {
   int len;
   bool isReal;
@@ -101,7 +88,7 @@ struct DftShape {
       plan.convLen = dftConvLength(plan.core);
       plan.chirp = detail::placeTable<F>(arena, 2L * plan.core);
       plan.filterSpectrum = detail::placeTable<F>(arena, 2L * plan.convLen);
-      plan.conv = placePlan(arena, DftShape{plan.convLen, false});
+      plan.conv = placeRecord<DftSpec<F>>(arena, DftShape{plan.convLen, false});
     }
   }
 

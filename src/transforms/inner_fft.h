@@ -31,10 +31,7 @@ class InnerFft {
   }
 
   constexpr void place(Arena& arena, int order) {
-    spec_ = arena.place<FftSpec<F>>(1, fftAlignment);
-    FftSpec<F> measured{};
-    if (spec_) *spec_ = {};
-    typename Kind::Shape{order}.layout(arena, spec_ ? *spec_ : measured);
+    spec_ = placeRecord<FftSpec<F>>(arena, typename Kind::Shape{order});
     placeWork(arena, order);
   }
   // Moves what a run writes to: copies with work memory of their own run at the same time.

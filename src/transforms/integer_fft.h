@@ -32,10 +32,7 @@ struct IntegerKind {
     int order;
     constexpr void layout(Arena& arena, Record& spec) const {
       if (isBare(order)) return;
-      spec.floats = arena.place<FftSpec<Float>>(1, fftAlignment);
-      FftSpec<Float> measured{};
-      if (spec.floats) *spec.floats = {};
-      typename Base::Shape{order}.layout(arena, spec.floats ? *spec.floats : measured);
+      spec.floats = placeRecord<FftSpec<Float>>(arena, typename Base::Shape{order});
     }
   };
 
