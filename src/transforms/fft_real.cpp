@@ -31,14 +31,6 @@ void runOnPairs(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
                          spec.order - 1, work);
 }
 
-// dst[0] and dst[1] become the sum and the difference of two numbers: R[0] and R[N/2] from the
-// parts of Z[0], and the other way round.
-template <class F>
-void storeEnds(F* dst, F a, F b) {
-  store(dst, a + b);
-  store(dst + 1, a - b);
-}
-
 template <PackedLayout Layout, class F>
 void runForward(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   const long n = 1L << spec.order;

@@ -103,6 +103,14 @@ void meetByTwoLevels(const F* src, F* dst, long m, const F* table) {
 
 }  // namespace detail
 
+// dst[0] and dst[1] become the sum and the difference of two numbers: X[0] and X[M] from the parts
+// of Z[0], and the other way round.
+template <class F>
+void storeEnds(F* dst, F a, F b) {
+  store(dst, a + b);
+  store(dst + 1, a - b);
+}
+
 // In place on the M complex values of `data`, but for the first one.
 template <class F>
 void ownFftRealPost(F* data, long m, const F* table) {
