@@ -47,7 +47,7 @@ template <class T>
 
 template <class T>
 [[gnu::always_inline]] inline T conjugated(T v) {
-  constexpr int lanes = sizeof(T) / sizeof(v[0]);
+  constexpr int lanes = laneCount<T>;
   using Bits = V<Mox32u>;
   const T signs = shuffle<[](int i) { return i % 2 * lanes + i; }>(T{}, -T{});
   return T(Bits(v) ^ Bits(signs));

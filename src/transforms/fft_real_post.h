@@ -27,8 +27,7 @@ template <class T>
 }
 template <class T>
 [[gnu::always_inline]] inline T blocksReversed(T v) {
-  constexpr int lanes = sizeof(T) / sizeof(v[0]);
-  return shuffle<[](int i) { return i ^ (lanes - 4); }>(v);
+  return shuffle<[](int i) { return i ^ (laneCount<T> - 4); }>(v);
 }
 
 // Neighbours swapped on their way from and to memory. A double-precision pair goes as two halves:
