@@ -4,6 +4,7 @@
 #include "frame/lifecycle.h"
 #include "frame/work_buffer.h"
 #include "transforms/dft_tables.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 
@@ -92,9 +93,7 @@ template <class Record, class F, class Run>
 MoxStatus runDft(const MoxsDFTSpec* memory, DftKind kind, bool anyArrayNull, Mox8u* buffer,
                  Run run) {
   const MoxsDFTSpec* const spec = planIn(memory);
-  if (anyNull(spec)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, kind)) return s;
-  if (anyArrayNull) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(spec, kind, anyArrayNull)) return s;
   const WorkBuffer work(buffer, spec->bufSize);
   if (work.failed()) return moxErrMemAlloc;
   run(static_cast<const Record&>(*spec), work.as<F>());

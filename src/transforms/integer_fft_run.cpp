@@ -9,6 +9,7 @@
 #include "transforms/integer_fft_mid.h"
 #include "transforms/integer_run.h"
 #include "transforms/packed_layouts.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 namespace {
@@ -17,9 +18,7 @@ namespace {
 template <class Kind, class Source, class Target, class Body>
 MoxStatus checked(Source src, Target dst, const MoxsFFTSpec* object, Mox8u* buffer, Body body) {
   using F = typename Kind::Float;
-  if (anyNull(object)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(object, Kind::id)) return s;
-  if (src.anyNull() || dst.anyNull()) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(object, Kind::id, src.anyNull() || dst.anyNull())) return s;
   const int order = object->order;
   if (!Kind::hasArea(order)) return moxErrMemAlloc;
   const WorkBuffer memory(buffer, object->bufSize);
