@@ -110,12 +110,12 @@ MoxStatus runMultirate(MoxsFIRState* state, const typename C::Data* src, typenam
                        long len, int scaleFactor) {
   auto& s = stateOf<C>(state);
   const bool overtakes = src == dst && s.rates.up > s.rates.down;
-  const std::size_t bytes = overtakes ? std::size_t(len * s.rates.down) * sizeof *src : 0;
-  if (bytes > INT_MAX) return moxErrMemAlloc;
-  const WorkBuffer copy(nullptr, int(bytes));
+  const long bytes = overtakes ? len * s.rates.down * long(sizeof *src) : 0;
+  const WorkBuffer copy(nullptr, bytes);
   if (copy.failed()) return moxErrMemAlloc;
   if (overtakes)
-    src = static_cast<const typename C::Data*>(std::memcpy(copy.as<void>(), src, bytes));
+    src =
+        static_cast<const typename C::Data*>(std::memcpy(copy.as<void>(), src, std::size_t(bytes)));
 
   const Output<C> output(s.tapsFactor, scaleFactor, blockRounding<C>());
   if constexpr (isFloating<C>)

@@ -174,7 +174,7 @@ MoxStatus initAlloc(MoxsDCTSpec** spec, int len, int hint) {
   if (anyNull(spec)) return moxErrNullPtr;
   if (MoxStatus s = checkLength(len)) return s;
   if (MoxStatus s = checkLimit<Kind>(len, mostOfQuery)) return s;
-  const WorkBuffer scratch(nullptr, int(Kind::figures(len).init));
+  const WorkBuffer scratch(nullptr, Kind::figures(len).init);
   if (scratch.failed()) return moxErrMemAlloc;
   return mox::initAlloc<Kind>(spec, Kind::id, {len}, filler<Kind>(len, hint, scratch.as<Mox8u>()));
 }

@@ -34,7 +34,7 @@ MoxStatus checkDft(const DftShape<F>& shape, int flag) {
 
 template <class F>
 MoxStatus fillWithScratch(DftSpec<F>& plan, const DftShape<F>& shape, int flag, int hint) {
-  const WorkBuffer scratch(nullptr, int(shape.sizes().init));
+  const WorkBuffer scratch(nullptr, shape.sizes().init);
   if (scratch.failed()) return moxErrMemAlloc;
   fillDft(plan, shape.isReal, flag, hint, scratch.as<Mox8u>());
   return moxOk;
