@@ -32,10 +32,10 @@ const D* enterRing(D sample, D* dlyLine, int* dlyLineIndex, int tapsLen) {
 template <class W, class T, class D, class F>
 void forTaps(const T* taps, const D* window, long n, F f) {
   constexpr int lanes = laneCount<W>;
-  constexpr auto backward = [](int i) { return lanes - 1 - i; };
   long k = 0;
   for (; k <= n - lanes; k += lanes)
-    f(k, loadWidened<W>(taps + k), shuffle<backward>(loadWidened<W>(window + n - k - lanes)),
+    f(k, loadWidened<W>(taps + k),
+      shuffle<kernels::backward<lanes, 1>>(loadWidened<W>(window + n - k - lanes)),
       std::true_type());
   for (; k < n; ++k)
     f(k, W{Lane<W>(load<T>(taps + k))}, W{Lane<W>(load<D>(window + n - 1 - k))}, std::false_type());

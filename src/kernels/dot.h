@@ -14,11 +14,10 @@ namespace detail {
 template <class T, TapOrder order, int width, class F>
 [[gnu::always_inline]] inline T tapLanes(const F* taps, long n, long k) {
   constexpr int lanes = sizeof(T) / sizeof(F);
-  constexpr auto backward = [](int i) { return lanes - width - i / width * width + i % width; };
   if constexpr (order == TapOrder::reversed)
     return load<T>(taps + k);
   else
-    return shuffle<backward>(load<T>(taps + n - k - lanes));
+    return shuffle<backward<lanes, width>>(load<T>(taps + n - k - lanes));
 }
 
 template <TapOrder order, class A>
