@@ -74,9 +74,9 @@ MoxStatus lmsOneQ15(Mox16s src, Mox16s ref, Mox16s* dst, Mox32s* taps, int tapsL
     products += tap * x;
     squares += x * x;
   });
-  const Mox64f energy = kernels::detail::sumOfLanes(squares);
+  const Mox64f energy = kernels::sumOfLanes(squares);
   if (energy == 0) return moxOk;  // silence teaches nothing
-  const Mox64f y = kernels::detail::sumOfLanes(products) * 0x1p-15;
+  const Mox64f y = kernels::sumOfLanes(products) * 0x1p-15;
   const Mox64f gain = Mox64f(muQ15) * (Mox64f(ref) - y) / energy;
   const W most = broadcast<W>(0x1p31 - 1);
   forTaps<W>(taps, window, tapsLen, [=](long k, W tap, W x, auto whole) {

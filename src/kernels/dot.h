@@ -25,14 +25,15 @@ A tapAt(const A* taps, long n, long k) {
   return load<A>(taps + (order == TapOrder::reversed ? k : n - 1 - k));
 }
 
+}  // namespace detail
+
+// From lane 0 on.
 template <class T>
 auto sumOfLanes(T v) {
   auto sum = v[0];
-  for (unsigned i = 1; i < sizeof v / sizeof v[0]; ++i) sum += v[i];
+  for (unsigned i = 1; i < laneCount<T>; ++i) sum += v[i];
   return sum;
 }
-
-}  // namespace detail
 
 // Products in the type A of the taps, summed in the type Wide.
 template <class Wide, TapOrder order, class A, class D>
@@ -53,7 +54,7 @@ Wide dotProduct(const D* window, const A* taps, long n) {
     sums[3] += product(k + 3 * lanes);
   }
   for (; k <= n - lanes; k += lanes) sums[0] += product(k);
-  Wide total = detail::sumOfLanes((sums[0] + sums[1]) + (sums[2] + sums[3]));
+  Wide total = sumOfLanes((sums[0] + sums[1]) + (sums[2] + sums[3]));
   for (; k < n; ++k) total += Wide(A(load<D>(window + k)) * detail::tapAt<order>(taps, n, k));
   return total;
 }
@@ -79,7 +80,7 @@ A dotProduct(const D* window, const A* taps, long n) {
   for (; k <= n - numbers; k += numbers) add(0, k);
   const T squares = straight[0] + straight[1], zero{};
   const T signedSquares = shuffle<[](int j) { return j % 2 * lanes + j; }>(squares, zero - squares);
-  A total = {detail::sumOfLanes(signedSquares), detail::sumOfLanes(crossed[0] + crossed[1])};
+  A total = {sumOfLanes(signedSquares), sumOfLanes(crossed[0] + crossed[1])};
   for (; k < n; ++k) {
     const D x = load<D>(window + k);
     const A tap = detail::tapAt<order>(taps, n, k);
