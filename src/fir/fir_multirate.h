@@ -70,12 +70,11 @@ void sumCycles(const State<HeldTap, Held, Sum>& s, const Held* x, long history, 
     if (count == 0)
       std::fill_n(to, cycles, Sum{});
     else if (inputs > 1)
-      kernels::filterStriped<Held>({in.first, in.count, in.stride, in.toCopy}, history + start, to,
-                                   cycles, taps, count);
+      kernels::filterStriped(in, history + start, to, cycles, taps, count);
     else
       kernels::filterWindow(x + start, to, cycles, taps, count);
   }
-  if (outputs > 1) kernels::collect<Sum>({s.outputs, outputs, cycles}, cycles, sums);
+  if (outputs > 1) kernels::collect(kernels::Rows<Sum>{s.outputs, outputs, cycles}, cycles, sums);
 }
 
 // Runs step(done, cycles) over the cycles of `len` iterations.
