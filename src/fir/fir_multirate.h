@@ -16,8 +16,8 @@
 
 namespace mox::fir {
 
-// Sums of outputs one by one, at most `most`, as long as their newest sample is one before `end`.
-// x points to sample 0.
+// At most `most` sums, one by one, of the outputs whose newest sample comes before `end`. x points
+// to sample 0. Returns how many were made.
 template <class Sum, class HeldTap, class Held>
 long sumSingly(const Held* x, const HeldTap* taps, const TapPhases& phases, PhaseWalk& walk,
                long end, Sum* sums, long most) {

@@ -1,5 +1,5 @@
 // A single output: the dot product of a window of samples with taps in either order. The lanes of
-// registers are added at the end, so the order of additions is not that of a block.
+// registers are added at the end, so that the order of additions differs from that of a block.
 #pragma once
 
 #include "frame/elements.h"

@@ -37,8 +37,8 @@ namespace detail {
 template <class E>
 using Cell = V<std::conditional_t<sizeof(E) == 4, Mox32f, Mox64f>, 4>;
 
-// Squares of 4 columns from 0 on, and `height` rows from `row` on. Of fewer rows than 4 the lanes
-// of a column beyond the last are the first of the next column, which comes later.
+// Squares of 4 columns from 0 on, and 4 rows from `row` on. Where there are only `height` rows, the
+// lanes behind those of a column belong to the next column.
 template <int height, class E>
 long dealSquares(const E* src, long columns, const Rows<E>& rows, long row) {
   E* to[height];
@@ -84,7 +84,7 @@ long forRows(long rows, Squares squares) {
   }
 }
 
-// Columns of an array whose 4 lanes are within it.
+// Columns whose 4 lanes lie within the array.
 inline long wholeColumns(long len, long rows) {
   return rows >= 4 ? len / rows : (len - 4) / rows + 1;
 }
