@@ -144,7 +144,8 @@ MOX_API MoxStatus moxsAutoCorr_NormB_16s_Sfs(const Mox16s* src, int srcLen, Mox1
  * ::moxErrAlgType for a low byte of `algType` above 2. A second byte other than 0, 1 and 2 gives
  * ::moxErrAlgType as well: GetBufferSize stores nothing then, but AutoCorrNorm has stored the sums
  * by that time. ::moxErrFftOrder where the signal is too long for a transform. GetBufferSize:
- * ::moxErrDataType for `dataType` other than those of ::moxType32f.
+ * ::moxErrDataType for `dataType` other than ::moxType32f, ::moxType32fc, ::moxType64f and
+ * ::moxType64fc.
  * @{ */
 MOX_API MoxStatus moxsAutoCorrNorm_32f(const Mox32f* src, int srcLen, Mox32f* dst, int dstLen,
                                        int algType, Mox8u* buffer);
@@ -195,7 +196,7 @@ MOX_API MoxStatus moxsCrossCorr_16s64s(const Mox16s* src1, int len1, const Mox16
  * bytes are needed. A second byte other than 0, 1 and 2 gives ::moxErrAlgType as well:
  * GetBufferSize stores nothing then, but CrossCorrNorm has stored the sums by that time.
  * ::moxErrFftOrder where the signals are too long for a transform. GetBufferSize: ::moxErrDataType
- * for `dataType` other than those of ::moxType32f.
+ * for `dataType` other than ::moxType32f, ::moxType32fc, ::moxType64f and ::moxType64fc.
  * @{ */
 MOX_API MoxStatus moxsCrossCorrNorm_32f(const Mox32f* src1, int len1, const Mox32f* src2, int len2,
                                         Mox32f* dst, int dstLen, int lowLag, int algType,

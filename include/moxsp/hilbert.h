@@ -40,10 +40,10 @@ typedef struct MoxsHilbertSpec MoxsHilbertSpec;
  * Integers are transformed in single precision; with `_Sfs` the result is multiplied by
  * 2^-scaleFactor, rounded to nearest, ties to even, and saturated. Any `int` is a valid factor.
  *
- * @return `moxsHilbertInitAlloc`: ::moxErrNullPtr, ::moxErrSize for `len` below 1 or above
- * 0x7FFFFFF, or 0x3FFFFFF where the DFT goes by a chirp, ::moxErrMemAlloc. `moxsHilbertFree`:
- * ::moxErrNullPtr, ::moxErrContext for an object of another kind. `moxsHilbert`: ::moxErrNullPtr,
- * ::moxErrContext, ::moxErrMemAlloc.
+ * @return `moxsHilbertInitAlloc`: ::moxErrNullPtr, ::moxErrSize for `len` below 1 or beyond the
+ * limits of the DFT (@ref dft_objects), ::moxErrFftOrder for a power of two above 2^28,
+ * ::moxErrMemAlloc. `moxsHilbertFree`: ::moxErrNullPtr, ::moxErrContext for an object of another
+ * kind. `moxsHilbert`: ::moxErrNullPtr, ::moxErrContext, ::moxErrMemAlloc.
  * @note The relative error in the L2 norm is below 2.5e-7 * sqrt(1 + log2 len).
  * @see Marple, Computing the discrete-time analytic signal via FFT, IEEE Trans. Signal Processing
  * 47, 1999.

@@ -30,7 +30,7 @@ constexpr long fftFigure(int order, int arrays) {
   using Fft = transforms::InnerFft<E>;
   if (order > Fft::mostOrder) return -1;
   const long storage = long(arrays * sizeof(E)) << order;
-  const long bytes = Fft::figure(order) + transforms::detail::up(storage) + WorkBuffer::alignment;
+  const long bytes = Fft::figure(order) + transforms::wholeLines(storage) + WorkBuffer::alignment;
   return bytes <= INT_MAX ? bytes : -1;
 }
 

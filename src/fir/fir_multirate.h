@@ -16,8 +16,8 @@
 
 namespace mox::fir {
 
-// Sums of outputs one by one, at most `most`, as long as their newest sample is one before `end`.
-// x points to sample 0.
+// At most `most` sums, one by one, of the outputs whose newest sample comes before `end`. x points
+// to sample 0. Returns how many were made.
 template <class Sum, class HeldTap, class Held>
 long sumSingly(const Held* x, const HeldTap* taps, const TapPhases& phases, PhaseWalk& walk,
                long end, Sum* sums, long most) {
@@ -70,12 +70,11 @@ void sumCycles(const State<HeldTap, Held, Sum>& s, const Held* x, long history, 
     if (count == 0)
       std::fill_n(to, cycles, Sum{});
     else if (inputs > 1)
-      kernels::filterStriped<Held>({in.first, in.count, in.stride, in.toCopy}, history + start, to,
-                                   cycles, taps, count);
+      kernels::filterStriped(in, history + start, to, cycles, taps, count);
     else
       kernels::filterWindow(x + start, to, cycles, taps, count);
   }
-  if (outputs > 1) kernels::collect<Sum>({s.outputs, outputs, cycles}, cycles, sums);
+  if (outputs > 1) kernels::collect(kernels::Rows<Sum>{s.outputs, outputs, cycles}, cycles, sums);
 }
 
 // Runs step(done, cycles) over the cycles of `len` iterations.
@@ -110,12 +109,12 @@ MoxStatus runMultirate(MoxsFIRState* state, const typename C::Data* src, typenam
                        long len, int scaleFactor) {
   auto& s = stateOf<C>(state);
   const bool overtakes = src == dst && s.rates.up > s.rates.down;
-  const std::size_t bytes = overtakes ? std::size_t(len * s.rates.down) * sizeof *src : 0;
-  if (bytes > INT_MAX) return moxErrMemAlloc;
-  const WorkBuffer copy(nullptr, int(bytes));
+  const long bytes = overtakes ? len * s.rates.down * long(sizeof *src) : 0;
+  const WorkBuffer copy(nullptr, bytes);
   if (copy.failed()) return moxErrMemAlloc;
   if (overtakes)
-    src = static_cast<const typename C::Data*>(std::memcpy(copy.as<void>(), src, bytes));
+    src =
+        static_cast<const typename C::Data*>(std::memcpy(copy.as<void>(), src, std::size_t(bytes)));
 
   const Output<C> output(s.tapsFactor, scaleFactor, blockRounding<C>());
   if constexpr (isFloating<C>)

@@ -55,9 +55,9 @@ bool runsByFft(const StateOf<C>& s, long len) {
   return s.hasFft && len >= leastLenForFft<C>;
 }
 
-// In place, results go by way of `staging`, for samples are read behind them. Where something is
-// converted the whole length decides on the engine, else what is left behind a chunk decides for
-// that chunk. Returns the samples that this engine runs for.
+// In place, results go through `staging`, because samples are still read where they will lie. Where
+// samples or results are converted, the whole length decides between the engines; else, for each
+// chunk, the length that is left behind it. Returns the samples that this engine filters.
 template <class C>
 long filterChunksByFft(StateOf<C>& s, typename C::Data* srcDst, long len, const Output<C>& output) {
   constexpr long chunk = converts<C> ? 2 * chunkLen : chunkLen;

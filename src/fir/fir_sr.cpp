@@ -127,7 +127,7 @@ template <class E>
 MoxStatus firSr(const E* src, E* dst, int len, const E* dlySrc, E* dlyDst,
                 const MoxsFIRSRSpec* spec, Mox8u* buffer) {
   if (MoxStatus s = checkArrays(len, src, dst, spec, buffer)) return s;
-  const auto& r = *static_cast<const SrRecord<E>*>(alignUp(static_cast<const void*>(spec), 64));
+  const SrRecord<E>& r = recordIn<Sr<E>>(spec);
   Arena arena(alignUp(buffer, WorkBuffer::alignment));
   Work<E> work{};
   work.place(arena, r);

@@ -1,7 +1,6 @@
 // The life of FIR states.
 #include "fir/fir_state.h"
 
-#include "fir/fir_stream.h"
 #include "frame/export.h"
 
 namespace mox::fir {

@@ -73,8 +73,8 @@ E callersTap(Mox16s held, int factor) {
   return E(held) * powerOfTwo<Mox32f>(factor < 0 ? -power : power);
 }
 
-// What becomes of the bits that a shift to the right drops. With no shift at all, sums stay as they
-// are, but that `nearEvenOddUp` adds 1 to odd ones.
+// What becomes of the bits that a shift to the right drops. Without a shift, sums stay as they are,
+// except that `nearEvenOddUp` adds 1 to odd ones.
 enum class SumRounding { down, nearEven, halfAway, nearEvenOddUp };
 
 // dst = sums times 2^shift, saturated. The shift is taken as -31 to 31; one to the left may drop

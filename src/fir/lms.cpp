@@ -8,6 +8,7 @@
 #include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/lifecycle.h"
+#include "kernels/ring.h"
 
 struct MoxsFIRLMSState {
   Mox32s id;
@@ -115,7 +116,7 @@ MoxStatus lms(const D* src, const D* ref, D* dst, int len, Mox32f mu, MoxsFIRLMS
   if (MoxStatus e = checkArrays(len, src, ref, dst, state)) return e;
   if (MoxStatus e = requireId(state, lmsId<D>)) return e;
   MoxsFIRLMSState& s = *state;
-  Mox32f* window = s.dlyStore + ringPlace(s.dlyIndex, s.tapsLen);
+  Mox32f* window = s.dlyStore + kernels::ringPlace(s.dlyIndex, s.tapsLen);
   s.dlyIndex = 0;
   for (long done = 0; done < len; done += pieceLen) {
     const long count = std::min(len - done, pieceLen);

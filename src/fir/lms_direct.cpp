@@ -32,10 +32,10 @@ const D* enterRing(D sample, D* dlyLine, int* dlyLineIndex, int tapsLen) {
 template <class W, class T, class D, class F>
 void forTaps(const T* taps, const D* window, long n, F f) {
   constexpr int lanes = laneCount<W>;
-  constexpr auto backward = [](int i) { return lanes - 1 - i; };
   long k = 0;
   for (; k <= n - lanes; k += lanes)
-    f(k, loadWidened<W>(taps + k), shuffle<backward>(loadWidened<W>(window + n - k - lanes)),
+    f(k, loadWidened<W>(taps + k),
+      shuffle<kernels::backward<lanes, 1>>(loadWidened<W>(window + n - k - lanes)),
       std::true_type());
   for (; k < n; ++k)
     f(k, W{Lane<W>(load<T>(taps + k))}, W{Lane<W>(load<D>(window + n - 1 - k))}, std::false_type());
@@ -74,9 +74,9 @@ MoxStatus lmsOneQ15(Mox16s src, Mox16s ref, Mox16s* dst, Mox32s* taps, int tapsL
     products += tap * x;
     squares += x * x;
   });
-  const Mox64f energy = kernels::detail::sumOfLanes(squares);
+  const Mox64f energy = kernels::sumOfLanes(squares);
   if (energy == 0) return moxOk;  // silence teaches nothing
-  const Mox64f y = kernels::detail::sumOfLanes(products) * 0x1p-15;
+  const Mox64f y = kernels::sumOfLanes(products) * 0x1p-15;
   const Mox64f gain = Mox64f(muQ15) * (Mox64f(ref) - y) / energy;
   const W most = broadcast<W>(0x1p31 - 1);
   forTaps<W>(taps, window, tapsLen, [=](long k, W tap, W x, auto whole) {

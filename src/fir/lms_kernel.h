@@ -5,12 +5,6 @@
 
 namespace mox::fir {
 
-// A ring's place for an index that nobody has checked.
-inline int ringPlace(int index, int len) {
-  const int place = index % len;
-  return place < 0 ? place + len : place;
-}
-
 namespace detail {
 
 inline Mox32f sumOfLanes(V<Mox32f> v) {

@@ -161,7 +161,7 @@ MoxStatus setMu(MoxsFIRLMSMRState* state, Mox32s mu) {
 template <class K>
 MoxStatus putVal(typename K::Data val, MoxsFIRLMSMRState* state) {
   if (MoxStatus e = check<K>(state)) return e;
-  state->dlyIndex = ringPlace(state->dlyIndex, state->dlyLen);
+  state->dlyIndex = kernels::ringPlace(state->dlyIndex, state->dlyLen);
   kernels::pushSample(recordOf<K>(state).ring, state->dlyIndex, state->dlyLen, val);
   return moxOk;
 }
@@ -169,7 +169,7 @@ MoxStatus putVal(typename K::Data val, MoxsFIRLMSMRState* state) {
 // The sample that meets the last tap, `delay` samples before the newest that can.
 template <class R>
 const typename R::Data* oldestMet(const R& s, int delay) {
-  return s.ring + ringPlace(s.dlyIndex, s.dlyLen) + delay + s.dlyStep - 1;
+  return s.ring + kernels::ringPlace(s.dlyIndex, s.dlyLen) + delay + s.dlyStep - 1;
 }
 
 // The upper halves of taps count here.

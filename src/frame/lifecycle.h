@@ -69,6 +69,12 @@ typename K::Record& placeObject(void* memory, const typename K::Shape& shape) {
   return *record;
 }
 
+// The record of an object of which callers keep the address of the memory, not of the record.
+template <BlockKind K>
+const typename K::Record& recordIn(const void* memory) {
+  return *static_cast<const typename K::Record*>(alignUp(memory, K::alignment));
+}
+
 // Sets an object up in memory that suffices. `fill` writes the contents; where it fails, the record
 // stays without identifier and `object` as it was.
 template <ObjectKind K, class Fill>

@@ -46,17 +46,16 @@ template <class D>
 // A block of real elements: floats rounded, integers truncated.
 template <class D, class F>
 [[gnu::always_inline]] inline void give(const Block<F>& b, D* dst) {
-  const auto put = [](void* p, auto v) { store(p, v); };
   if constexpr (std::is_floating_point_v<D>) {
     const auto numbers = inFormat<D>(b);
-    for (int j = 0; j < Block<D>::vectors; ++j) put(dst + j * lanesOf<D>, numbers.v[j]);
+    for (int j = 0; j < Block<D>::vectors; ++j) store(dst + j * lanesOf<D>, numbers.v[j]);
   } else {
     using Integers = Beside<Mox32s, V<F>>;
     Registers<Integers, Block<F>::vectors> r;
     for (int j = 0; j < Block<F>::vectors; ++j) r.of[j] = detail::truncatedTo<D>(b.v[j]);
     // Registers in which all builds narrow integers.
     const auto four = std::bit_cast<Registers<V<Mox32s, 4>, blockLen / 4>>(r);
-    mox::detail::putRegisters(dst, saturatedRegisters<D>(four), put);
+    mox::detail::putRegisters(dst, saturatedRegisters<D>(four), mox::detail::plainly);
   }
 }
 
@@ -70,7 +69,7 @@ template <class D, class F>
   give(z.re, re), give(z.im, im);
   for (int j = 0; j < blockLen; j += lanes)
     storeInterleaved(parts(dst + j), Pair<Lanes>{load<Lanes>(re + j), load<Lanes>(im + j)},
-                     [](void* p, auto v) { store(p, v); });
+                     mox::detail::plainly);
 }
 
 // The blocks of a ramp, one after the other.

@@ -20,11 +20,12 @@ void fillJaehne(E* dst, long len, Mox64f magn) {
   for (long i = 0; i < len; i += stretch) {
     Mox64f sines[stretch];
     const long count = std::min(stretch, len - i);
-    fillBlocks(sines, stretch, [&](int) {
+    const int whole = int((count + blockLen - 1) / blockLen * blockLen);
+    fillBlocks(sines, whole, [&](int) {
       const auto n = index.next();
       return blockOf<Mox64f>([&](int j) { return n.v[j] * h * n.v[j]; });
     });
-    arith::ownsSin(sines, sines, stretch);
+    arith::ownsSin(sines, sines, whole);
     const Mox64f* from = sines;
     fillRounded(dst + i, count, [&] {
       const auto block = blockOf<Mox64f>(

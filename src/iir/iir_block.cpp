@@ -1,8 +1,9 @@
 // A recursion waits for its last output before it can go on. So a block is cut into stretches, each
 // in a lane of its own, and every stretch is filtered as if nothing had come out before it. What
-// the outputs before a stretch add to it, is their response, which the state holds: from the first
-// stretch to the last, the outputs that end a stretch are completed, for they are what precedes the
-// next one. Then all others are completed at once; in a cascade on their way into the next section.
+// lacks is the response to the outputs before a stretch, by weights that the state holds. The last
+// outputs of the stretches are completed first, from stretch to stretch, because each stretch
+// follows on those of the one before it; then all others are completed at once, in a cascade on
+// their way into the next section.
 #include "iir/iir_block.h"
 
 #include "iir/iir_steps.h"
@@ -102,7 +103,7 @@ void filterSection(const E* taps, const Row<E>* before, Row<E>* rows, long lengt
   Lanes<E> tap[5];
   for (int k = 0; k < 5; ++k) tap[k] = everyLane(taps + k);
   Row<E> past[4] = {before[1], before[0]};
-  filterRows([&](int k, int) { return tap[k]; }, past, rows, length, entering);
+  filterSecondOrder([&](int k, int) { return tap[k]; }, past, rows, length, entering);
 }
 
 // Sums for `count` consecutive rows at once, so that none waits for the last addition of another.
@@ -125,8 +126,8 @@ void forRows(long length, auto f) {
 
 // One section of any order. The rows of its past are below both arrays.
 template <class E>
-void filterRows(const E* taps, int order, const Row<E>* before, Row<E>* input, Row<E>* rows,
-                long length) {
+void filterAnyOrder(const E* taps, int order, const Row<E>* before, Row<E>* input, Row<E>* rows,
+                    long length) {
   using T = Lanes<E>;
   for (int k = 0; k < order; ++k) input[-1 - k] = before[k], rows[-1 - k] = {};
   forRows(length, [=](long j, auto count) {
@@ -200,7 +201,7 @@ void filterOneSection(State<E>& s, Row<E>* input, Row<E>* rows, long length) {
   const int order = s.order;
   const Response<E> response{s.response, s.before[1]};
   findBefore<E>(input, length, order, nullptr, s.past, s.before[0]);
-  filterRows(s.taps, order, s.before[0], input, rows, length);
+  filterAnyOrder(s.taps, order, s.before[0], input, rows, length);
   findBefore(rows, length, order, response.weights, s.past + order, s.before[1]);
   complete(rows, length, order, response);
 }

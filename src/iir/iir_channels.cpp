@@ -36,7 +36,7 @@ class Group {
   int last_;
 };
 
-void filterRows(Group group, Row<F>* rows, long length) {
+void filterSections(Group group, Row<F>* rows, long length) {
   const int sections = group(0).state->sections;
   for (int k = 0; k < sections; ++k) {
     Row<F> taps[tileNumbers], past[tileNumbers];
@@ -50,7 +50,8 @@ void filterRows(Group group, Row<F>* rows, long length) {
     };
     loadRows(tapsOf, tileNumbers, taps);
     loadRows(pastOf, tileNumbers, past);
-    filterRows([&](int tap, int r) { return taps[tap].lanes[r]; }, past, rows, length, asItIs);
+    filterSecondOrder([&](int tap, int r) { return taps[tap].lanes[r]; }, past, rows, length,
+                      asItIs);
     storeRows(past, tileNumbers, pastOf);
   }
 }
@@ -62,7 +63,7 @@ void filterSideBySide(Group group, long len) {
   while (len - i >= tileRows<F>) {
     const long length = std::min<long>(mostLength, len - i);
     loadRows([=](int lane) { return group(lane).src + i; }, length, rows);
-    filterRows(group, rows, length);
+    filterSections(group, rows, length);
     storeRows(rows, length, [=](int lane) { return group(lane).dst + i; });
     i += length;
   }

@@ -70,7 +70,7 @@ using C = Iir32f16s;
 template <Form form>
 MoxStatus writeContents(const Cascade<form>& cascade, StateOf<C>& s) {
   const long stride = cascade.stride();
-  const WorkBuffer memory(nullptr, int(stride * cascade.sections * long(sizeof(Mox32f))));
+  const WorkBuffer memory(nullptr, stride * cascade.sections * long(sizeof(Mox32f)));
   if (memory.failed()) return moxErrMemAlloc;
   Mox32f* const taps = memory.as<Mox32f>();
   for (int k = 0; k < cascade.sections; ++k) {

@@ -22,8 +22,8 @@ namespace mox::iir {
 // stretches: a stretch has at least as many samples.
 constexpr int mostLength = 256, mostOrder = 128;
 
-// Responses to one past output after another are that far apart, which is no power of two, so that
-// they don't meet in the cache.
+// From the response to one past output to the next. No power of two, so that responses do not fall
+// onto the same lines of the cache.
 constexpr long responseStride = mostLength + 16;
 
 // Taps and pasts of sections of order 2 are read in tiles of this many numbers.
@@ -34,8 +34,8 @@ struct State : MoxsIIRState {
   bool isDirectForm1, filtersStretches;
   int length;     // the most samples of a stretch that the responses allow
   E* taps;        // of each section b[0..order], a[1..order], divided by a[0]
-  E* dlyLine;     // of each section the sums due to the next `order` outputs, or, in direct form I,
-                  // what `past` holds
+  E* dlyLine;     // of each section the sums that enter the next `order` outputs; in direct form I
+                  // it is `past`
   E* past;        // of each section the last `order` inputs, then outputs; the oldest first
   E* response;    // of each section what a past output adds to the next ones
   int* reach;     // of each section the outputs for which `response` is held

@@ -7,11 +7,11 @@ namespace mox::iir {
 namespace {
 
 template <class E>
-bool isZero(E e) {
+bool equals(E e, Part<E> real) {
   if constexpr (Complex<E>)
-    return e.re == 0 && e.im == 0;
+    return e.re == real && e.im == 0;
   else
-    return e == 0;
+    return e == real;
 }
 
 // In the type of the taps; of a complex number by Smith's method, which no square overflows.
@@ -29,19 +29,11 @@ Pair<F> reciprocal(Pair<F> z) {
   return {ratio * scale, -scale};
 }
 
-template <class E>
-bool isOne(E e) {
-  if constexpr (Complex<E>)
-    return e.re == 1 && e.im == 0;
-  else
-    return e == 1;
-}
-
 // All taps but a[0].
 template <class E>
 void normalise(const E* taps, int order, E* held) {
   const E* const a0 = taps + order + 1;
-  const bool copies = isOne(load<E>(a0));
+  const bool copies = equals(load<E>(a0), 1);
   const auto factor = reciprocal(load<Scalar<E>>(a0));
   for (int k = 0; k <= 2 * order; ++k) {
     const auto tap = load<Scalar<E>>(taps + k + (k > order ? 1 : 0));
@@ -125,7 +117,7 @@ MoxStatus setTaps(State<E>& s, const E* taps, bool isCascade) {
   for (int k = 0; k < s.sections && status == moxOk; ++k) {
     const E* const given = taps + 2L * (n + 1) * k;
     E* const held = s.taps + s.tapsOf(k);
-    if (isZero(load<E>(given + n + 1)) || (isCascade && isZero(load<E>(given)))) {
+    if (equals(load<E>(given + n + 1), 0) || (isCascade && equals(load<E>(given), 0))) {
       status = moxErrDivByZero;
     } else {
       normalise(given, n, held);

@@ -20,12 +20,13 @@ class HeldTaps {
   using Held = typename C::Held;
 
   HeldTaps(const typename C::Tap* taps, long count, int tapsFactor)
-      : memory_(nullptr, C::tapsHaveFactor ? int(count * long(sizeof(Held))) : 0) {
+      : memory_(nullptr, C::tapsHaveFactor ? count * long(sizeof(Held)) : 0) {
     if constexpr (C::tapsHaveFactor) {
-      taps_ = memory_.template as<Held>();
+      Held* const held = memory_.template as<Held>();
       if (!failed())
-        convert::convertScaledValues(parts(taps), parts(memory_.template as<Held>()),
-                                     count * partsPerElement<Held>, tapsFactor);
+        convert::convertScaledValues(parts(taps), parts(held), count * partsPerElement<Held>,
+                                     tapsFactor);
+      taps_ = held;
     } else {
       taps_ = taps;
     }

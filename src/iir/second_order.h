@@ -9,8 +9,8 @@ namespace mox::iir {
 // last inputs and outputs of the lanes as a state has them; `entering(j)` completes
 // inputs of row j.
 template <class E, class Tap, class Entering>
-[[gnu::always_inline]] inline void filterRows(Tap tap, Row<E>* past, Row<E>* rows, long length,
-                                              Entering entering) {
+[[gnu::always_inline]] inline void filterSecondOrder(Tap tap, Row<E>* past, Row<E>* rows,
+                                                     long length, Entering entering) {
   using T = Lanes<E>;
   constexpr int registers = registersOf<E>;
   T x1[registers], x2[registers], y1[registers], y2[registers];

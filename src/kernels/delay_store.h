@@ -9,12 +9,13 @@
 
 namespace mox::kernels {
 
-// A piece no shorter than the history, so that moving that costs a sample at most one copy.
+// Samples of a piece: no fewer than the history has, so that moving the history costs at most one
+// copy per sample.
 constexpr long pieceFor(long history) { return std::max(history, 1024L); }
 
-// A delay line, which callers see newest first, is held oldest first with room behind it: a piece
-// of new samples follows the ones before it, until the last ones move to the front again. Between
-// blocks it may go on as a ring, which takes in single samples.
+// A delay line. Callers see it newest first; here it is held oldest first, with room behind it for
+// a piece of new samples, the last of which move to the front afterwards. push() uses the same
+// memory as a ring.
 template <class E>
 class DelayStore {
  public:
@@ -30,7 +31,8 @@ class DelayStore {
   // Takes in a sample and returns the window that ends with it.
   const E* push(E sample) { return pushSample(samples_, place_, int(history_), sample); }
 
-  // Piece by piece, of a store that is no ring: where samples go; those before are the history.
+  // For filters that go piece by piece and never push(): where the samples of a piece go, behind
+  // the history.
   E* appended() const { return samples_ + history_; }
   template <class S>
   void append(const S* src, long count) const {

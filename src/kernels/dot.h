@@ -1,5 +1,5 @@
 // A single output: the dot product of a window of samples with taps in either order. The lanes of
-// registers are added at the end, so the order of additions is not that of a block.
+// registers are added at the end, so that the order of additions differs from that of a block.
 #pragma once
 
 #include "frame/elements.h"
@@ -14,11 +14,10 @@ namespace detail {
 template <class T, TapOrder order, int width, class F>
 [[gnu::always_inline]] inline T tapLanes(const F* taps, long n, long k) {
   constexpr int lanes = sizeof(T) / sizeof(F);
-  constexpr auto backward = [](int i) { return lanes - width - i / width * width + i % width; };
   if constexpr (order == TapOrder::reversed)
     return load<T>(taps + k);
   else
-    return shuffle<backward>(load<T>(taps + n - k - lanes));
+    return shuffle<backward<lanes, width>>(load<T>(taps + n - k - lanes));
 }
 
 template <TapOrder order, class A>
@@ -26,14 +25,15 @@ A tapAt(const A* taps, long n, long k) {
   return load<A>(taps + (order == TapOrder::reversed ? k : n - 1 - k));
 }
 
+}  // namespace detail
+
+// From lane 0 on.
 template <class T>
 auto sumOfLanes(T v) {
   auto sum = v[0];
-  for (unsigned i = 1; i < sizeof v / sizeof v[0]; ++i) sum += v[i];
+  for (unsigned i = 1; i < laneCount<T>; ++i) sum += v[i];
   return sum;
 }
-
-}  // namespace detail
 
 // Products in the type A of the taps, summed in the type Wide.
 template <class Wide, TapOrder order, class A, class D>
@@ -54,7 +54,7 @@ Wide dotProduct(const D* window, const A* taps, long n) {
     sums[3] += product(k + 3 * lanes);
   }
   for (; k <= n - lanes; k += lanes) sums[0] += product(k);
-  Wide total = detail::sumOfLanes((sums[0] + sums[1]) + (sums[2] + sums[3]));
+  Wide total = sumOfLanes((sums[0] + sums[1]) + (sums[2] + sums[3]));
   for (; k < n; ++k) total += Wide(A(load<D>(window + k)) * detail::tapAt<order>(taps, n, k));
   return total;
 }
@@ -80,7 +80,7 @@ A dotProduct(const D* window, const A* taps, long n) {
   for (; k <= n - numbers; k += numbers) add(0, k);
   const T squares = straight[0] + straight[1], zero{};
   const T signedSquares = shuffle<[](int j) { return j % 2 * lanes + j; }>(squares, zero - squares);
-  A total = {detail::sumOfLanes(signedSquares), detail::sumOfLanes(crossed[0] + crossed[1])};
+  A total = {sumOfLanes(signedSquares), sumOfLanes(crossed[0] + crossed[1])};
   for (; k < n; ++k) {
     const D x = load<D>(window + k);
     const A tap = detail::tapAt<order>(taps, n, k);

@@ -6,6 +6,12 @@
 
 namespace mox::kernels {
 
+// The place that any index stands for.
+inline int ringPlace(int index, int len) {
+  const int place = index % len;
+  return place < 0 ? place + len : place;
+}
+
 // Takes in a sample and returns the window that ends with it.
 template <class D>
 const D* pushSample(D* ring, int& index, int taps, D sample) {

@@ -33,7 +33,7 @@ struct Stripe {
 
 template <class A>
 struct Stripes {
-  Rows<const A> rows;
+  const Rows<A>& rows;
   long start;
 
   Stripes narrow() const { return *this; }
@@ -48,14 +48,14 @@ struct Stripes {
 }  // namespace
 
 template <class A>
-void filterStriped(Rows<const A> rows, long start, A* dst, long count, const A* revTaps,
+void filterStriped(const Rows<A>& rows, long start, A* dst, long count, const A* revTaps,
                    long tapsLen) {
   sumOutputs(Stripes<A>{rows, start}, dst, count, revTaps, tapsLen);
 }
 
-template void filterStriped(Rows<const Mox32f>, long, Mox32f*, long, const Mox32f*, long);
-template void filterStriped(Rows<const Mox64f>, long, Mox64f*, long, const Mox64f*, long);
-template void filterStriped(Rows<const Mox32fc>, long, Mox32fc*, long, const Mox32fc*, long);
-template void filterStriped(Rows<const Mox64fc>, long, Mox64fc*, long, const Mox64fc*, long);
+template void filterStriped(const Rows<Mox32f>&, long, Mox32f*, long, const Mox32f*, long);
+template void filterStriped(const Rows<Mox64f>&, long, Mox64f*, long, const Mox64f*, long);
+template void filterStriped(const Rows<Mox32fc>&, long, Mox32fc*, long, const Mox32fc*, long);
+template void filterStriped(const Rows<Mox64fc>&, long, Mox64fc*, long, const Mox64fc*, long);
 
 }  // namespace mox::kernels

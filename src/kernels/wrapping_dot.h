@@ -22,8 +22,7 @@ class WordTaps {
   // For the numbers from k on in the window.
   [[gnu::always_inline]] Words from(long k) const {
     if constexpr (order == TapOrder::reversed) return words(taps_ + k);
-    constexpr auto backward = [](int i) { return lanes - width - i / width * width + i % width; };
-    return shuffle<backward>(words(taps_ + n_ - k - lanes));
+    return shuffle<backward<lanes, width>>(words(taps_ + n_ - k - lanes));
   }
   // For one number.
   Mox16s at(long k) const {

@@ -1,4 +1,4 @@
-// What both resamplers share: states in memory that is as the caller gave it, positions, outputs.
+// What both resamplers share: positions and outputs.
 #pragma once
 
 #include <moxsp/resampling.h>
@@ -11,12 +11,6 @@
 #include "frame/lifecycle.h"
 
 namespace mox::resample {
-
-// These objects have no identifier, and callers keep the address of the memory, not of the record.
-template <BlockKind K>
-const typename K::Record& recordIn(const void* memory) {
-  return *static_cast<const typename K::Record*>(alignUp(memory, K::alignment));
-}
 
 // Whether sample indices from here on can be reckoned.
 inline bool isPosition(Mox64f time) { return std::abs(time) <= INT_MAX / 2; }

@@ -8,6 +8,7 @@
 namespace mox::transforms {
 
 enum class Direction { forward, inverse };
+constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 // a - i b and a + i b; the other way round in the inverse direction.
 template <class Z>
@@ -40,7 +41,7 @@ template <class T, class F>
 
 template <class T>
 [[gnu::always_inline]] inline T conjugated(T v) {
-  constexpr int lanes = sizeof(T) / sizeof(v[0]);
+  constexpr int lanes = laneCount<T>;
   using Bits = V<Mox32u>;
   const T signs = shuffle<[](int i) { return i % 2 * lanes + i; }>(T{}, -T{});
   return T(Bits(v) ^ Bits(signs));

@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "frame/elements.h"
-#include "frame/pair.h"
+#include "transforms/complex_vector.h"
 #include "transforms/packed_layouts.h"
 
 namespace mox::transforms {
@@ -25,8 +25,8 @@ template <class P, class T>
 // The conjugates in reverse order.
 template <class P, class T>
 [[gnu::always_inline]] inline T mirrored(T v) {
-  constexpr int lanes = sizeof(T) / sizeof(P);
-  const T reversed = shuffle<[](int i) { return lanes - 2 - i + i % 2 * 2; }>(v);
+  constexpr int lanes = laneCount<T>;
+  const T reversed = numbersReversed(v);
   return shuffle<[](int i) { return i % 2 * lanes + i; }>(reversed, negated<P>(reversed));
 }
 

@@ -14,8 +14,6 @@
 namespace mox::transforms {
 namespace {
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 // Bytes that the size query tells, the slack for any address included.
 struct DctFigures {
   long spec, init, work;
@@ -109,11 +107,7 @@ struct DctKind<Mox16s, d> : DctLife {
   struct Shape {
     int len;
     void layout(Arena& arena, Record&) const {
-      if (len == 1) return;
-      DctSpec<Mox32f> measured{};
-      auto* const floats = arena.place<DctSpec<Mox32f>>(1, fftAlignment);
-      if (floats) *floats = {};
-      typename Floats::Shape{len}.layout(arena, floats ? *floats : measured);
+      if (len > 1) placeRecord<DctSpec<Mox32f>>(arena, typename Floats::Shape{len});
     }
   };
   template <class Head>
@@ -180,7 +174,7 @@ MoxStatus initAlloc(MoxsDCTSpec** spec, int len, int hint) {
   if (anyNull(spec)) return moxErrNullPtr;
   if (MoxStatus s = checkLength(len)) return s;
   if (MoxStatus s = checkLimit<Kind>(len, mostOfQuery)) return s;
-  const WorkBuffer scratch(nullptr, int(Kind::figures(len).init));
+  const WorkBuffer scratch(nullptr, Kind::figures(len).init);
   if (scratch.failed()) return moxErrMemAlloc;
   return mox::initAlloc<Kind>(spec, Kind::id, {len}, filler<Kind>(len, hint, scratch.as<Mox8u>()));
 }

@@ -37,7 +37,7 @@ constexpr long dctPairs(long len) { return (len - 1) / 2; }
 // By DFT: the numbers of the spectrum, in front of the work memory of the DFT.
 template <class F>
 constexpr long dctSpectrumBytes(long len) {
-  return long(roundUp(std::size_t(len + 2) * sizeof(F), fftAlignment));
+  return wholeLines((len + 2) * long(sizeof(F)));
 }
 
 // `dst` may be `src`; `work` is aligned to 64 bytes and has the record's bufSize.

@@ -40,9 +40,9 @@ constexpr int idempotent(int p, int q) {
   return multiple;
 }
 
-// Where result l of the k-th transform of q stands in natural order. (As a conditional expression
-// the idempotents of equal factors, which have none, are looked for by GCC with -fsanitize, in vain
-// and for seconds.)
+// Where result l of the k-th transform of q stands in natural order. (In a conditional expression
+// GCC with -fsanitize would search for seconds for the idempotents of equal factors, which have
+// none.)
 constexpr int placeOfResult(TwoFactors factors, int k, int l) {
   const auto [p, q, coprime] = factors;
   if (!coprime) return k + p * l;

@@ -28,8 +28,6 @@ MoxStatus transformSplit(const F* srcRe, const F* srcIm, F* dstRe, F* dstIm,
   return run<d, kind, Split<F>>({srcRe, srcIm}, {dstRe, dstIm}, spec, buffer);
 }
 
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
-
 }  // namespace
 
 MOX_EXPORT(moxsDFTFwd_CToC_32fc, transform<fwd>);

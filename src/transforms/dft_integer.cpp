@@ -20,7 +20,9 @@ struct IntegerKind {
   using Record = DftIntegerSpec;
   struct Shape {
     DftShape<Mox32f> floats;
-    void layout(Arena& arena, DftIntegerSpec& spec) const { spec.plan = placePlan(arena, floats); }
+    void layout(Arena& arena, DftIntegerSpec& spec) const {
+      spec.plan = placeRecord<DftSpec<Mox32f>>(arena, floats);
+    }
   };
   static constexpr DftKind id = kind;
   static constexpr bool isReal = real;
@@ -103,8 +105,6 @@ MoxStatus inverse(const Mox16s* src, Mox16s* dst, const MoxsDFTSpec* spec, int s
         ownDftRealInverse<Layout>(plan, data.p, data.p, work);
       });
 }
-
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 }  // namespace
 

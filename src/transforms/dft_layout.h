@@ -58,19 +58,6 @@ struct DftSizes {
 };
 
 template <class F>
-struct DftShape;
-
-// A plan inside another object.
-template <class F>
-DftSpec<F>* placePlan(Arena& arena, const DftShape<F>& shape) {
-  auto* const plan = arena.place<DftSpec<F>>(1, fftAlignment);
-  DftSpec<F> measured{};
-  if (plan) *plan = {};
-  shape.layout(arena, plan ? *plan : measured);
-  return plan;
-}
-
-template <class F>
 struct DftShape {
   int len;
   bool isReal;
@@ -101,7 +88,7 @@ struct DftShape {
       plan.convLen = dftConvLength(plan.core);
       plan.chirp = detail::placeTable<F>(arena, 2L * plan.core);
       plan.filterSpectrum = detail::placeTable<F>(arena, 2L * plan.convLen);
-      plan.conv = placePlan(arena, DftShape{plan.convLen, false});
+      plan.conv = placeRecord<DftSpec<F>>(arena, DftShape{plan.convLen, false});
     }
   }
 
@@ -131,16 +118,16 @@ struct DftShape {
     Arena parts;
     DftSpec<F> plan{};
     layout(parts, plan);
-    const auto up = [](long bytes) { return long(roundUp(std::size_t(bytes), fftAlignment)); };
-    const long spec = dftRecordFigure<F> + up(long(parts.used())) + fftAlignment;
+    const long spec = dftRecordFigure<F> + wholeLines(long(parts.used())) + fftAlignment;
     if (plan.method == DftMethod::fft)
       return withFft<F>(isReal, [&]<class Kind>(Kind) -> DftSizes {
         const int order = orderOf(len);
         if (order <= Kind::maxSmallOrder) return {spec, 0, 0};
         return {spec, fftInitSize<F>(order), Kind::workBytes(order)};
       });
-    const long init =
-        len > DftLimits<F>::mostSmall ? up(2 * long(sizeof(F)) * roots()) + fftAlignment : 0;
+    const long init = len > DftLimits<F>::mostSmall
+                          ? wholeLines(2 * long(sizeof(F)) * roots()) + fftAlignment
+                          : 0;
     switch (plan.method) {
       case DftMethod::mixed:
         return {spec, init,

@@ -40,9 +40,7 @@ constexpr long mixedAreaNumbers(const DftSpec<F>& plan) {
 }
 template <class F>
 constexpr long mixedWorkBytes(const DftSpec<F>& plan) {
-  constexpr std::size_t number = 2 * sizeof(F);
-  const std::size_t first = roundUp(number * std::size_t(mixedAreaNumbers(plan)), fftAlignment);
-  return long(2 * first);
+  return 2 * wholeLines(2 * long(sizeof(F)) * mixedAreaNumbers(plan));
 }
 
 // From the source to the target, which may be the same arrays: views, plain or scaled.

@@ -4,6 +4,7 @@
 #include "frame/lifecycle.h"
 #include "frame/work_buffer.h"
 #include "transforms/dft_tables.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 
@@ -33,7 +34,7 @@ MoxStatus checkDft(const DftShape<F>& shape, int flag) {
 
 template <class F>
 MoxStatus fillWithScratch(DftSpec<F>& plan, const DftShape<F>& shape, int flag, int hint) {
-  const WorkBuffer scratch(nullptr, int(shape.sizes().init));
+  const WorkBuffer scratch(nullptr, shape.sizes().init);
   if (scratch.failed()) return moxErrMemAlloc;
   fillDft(plan, shape.isReal, flag, hint, scratch.as<Mox8u>());
   return moxOk;
@@ -47,7 +48,7 @@ MoxStatus getDftSize(int len, int flag, int /*hint*/, int* specSize, int* initSi
   const DftSizes bytes = shape.sizes();
   store(specSize, int(bytes.spec));
   store(initSize, int(bytes.init));
-  store(workSize, bufferFigure(long(roundUp(std::size_t(bytes.work), fftAlignment))));
+  store(workSize, bufferFigure(wholeLines(bytes.work)));
   return moxOk;
 }
 
@@ -92,9 +93,7 @@ template <class Record, class F, class Run>
 MoxStatus runDft(const MoxsDFTSpec* memory, DftKind kind, bool anyArrayNull, Mox8u* buffer,
                  Run run) {
   const MoxsDFTSpec* const spec = planIn(memory);
-  if (anyNull(spec)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, kind)) return s;
-  if (anyArrayNull) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(spec, kind, anyArrayNull)) return s;
   const WorkBuffer work(buffer, spec->bufSize);
   if (work.failed()) return moxErrMemAlloc;
   run(static_cast<const Record&>(*spec), work.as<F>());

@@ -2,9 +2,9 @@
 #include <moxsp/dft_out_ord.h>
 
 #include "frame/export.h"
-#include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/dft_out_ord.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 namespace {
@@ -12,16 +12,12 @@ namespace {
 template <Direction d, class C>
 MoxStatus transform(const C* src, C* dst, const MoxsDFTOutOrdSpec* spec, Mox8u* buffer) {
   using F = Part<C>;
-  if (anyNull(spec)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(spec, dftOutOrdId<F>)) return s;
-  if (anyNull(src, dst)) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(spec, dftOutOrdId<F>, anyNull(src, dst))) return s;
   const WorkBuffer work(buffer, spec->bufSize);
   if (work.failed()) return moxErrMemAlloc;
   ownDftOutOrd<d>(static_cast<const DftOutOrdSpec<F>&>(*spec), src, dst, work.template as<F>());
   return moxOk;
 }
-
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 }  // namespace
 

@@ -22,7 +22,7 @@ enum class OutOrdLeaf : Mox32s {
   radix,  // a butterfly
   tile,   // stages of their own, on as many leaves at a time as a register has lanes
   plan,   // a length without factors up to 13
-  whole   // the length itself, by passes of which one knows the places of the bins
+  whole   // the length itself, by the passes of its plan, of which one puts or finds the bins
 };
 
 // The radices of the stages, then those of the stages in a tile.
@@ -64,7 +64,7 @@ struct DftOutOrdSpec : MoxsDFTOutOrdSpec {
   OutOrdRadices radices;
   OutOrdStage<F> stage[outOrdMaxStages];
   int *natural, *placed;  // where a tile has the numbers of a leaf, before its stages and behind
-  int* place;             // of each bin of a whole length
+  int* place;             // where each bin of a whole length stands
   DftSpec<F>* leafPlan;
 };
 

@@ -61,7 +61,7 @@ struct OutOrdKind {
         spec.placed = arena.place<int>(std::size_t(radices.leaf));
       }
       if (isWhole()) spec.place = arena.place<int>(std::size_t(len));
-      if (hasLeafPlan()) spec.leafPlan = placePlan(arena, leaves());
+      if (hasLeafPlan()) spec.leafPlan = placeRecord<DftSpec<F>>(arena, leaves());
     }
   };
 };

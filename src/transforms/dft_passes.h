@@ -147,12 +147,14 @@ template <class C>
 
 }  // namespace detail
 
-// Any pass but the last one. The first has a single row, the source's numbers.
+// Any pass but the last one. The first has a single row, the source's numbers; the others read work
+// memory.
 template <class F, class Radix, class Source, class Target>
 [[gnu::always_inline]] inline void joinColumns(Radix radix, Source src, Target dst,
                                                const DftPass<F>& pass) {
   const long apart = long(pass.rows) * pass.columns, rows = detail::rowsTaken<Target>(pass.rows);
   detail::joinRow<false>(radix, src, dst, apart, pass.twiddle, pass);
+  if constexpr (!std::is_same_v<Source, Array<const ComplexOf<F>>>) return;
   const F* twiddle = pass.twiddle;
   for (long k = 1; k < rows; ++k, twiddle += 2 * (radix - 1))
     detail::joinRow<true>(radix, src.from(k * radix * pass.columns),

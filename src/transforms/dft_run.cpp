@@ -63,13 +63,6 @@ template <Direction d, class View, class F>
   ownDftChirp<F, View>(plan, source, target, work);
 }
 
-// dst[0] and dst[1] become the sum and the difference of two numbers.
-template <class F>
-void storeEnds(F* dst, F a, F b) {
-  store(dst, a + b);
-  store(dst + 1, a - b);
-}
-
 template <Direction d, class F>
 void runOnPairs(const DftSpec<F>& plan, const F* src, F* dst, F* work) {
   using C = ComplexOf<F>;

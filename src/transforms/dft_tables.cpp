@@ -59,11 +59,11 @@ void writePrimeTable(const PrimeTable<F>& table, const Roots<F>& roots) {
 // For k from 1 on: (cos / 2, 1/2 - sin / 2) of 2 pi k / len, and exp(-2 pi i k / len).
 template <class F>
 void writeRealTwiddles(const DftSpec<F>& plan, long pairs, const Roots<F>& roots) {
-  F *fwd = plan.realFwdTwiddle, *inv = plan.realInvTwiddle;
+  F *forward = plan.realFwdTwiddle, *inverse = plan.realInvTwiddle;
   for (long k = 1; k <= pairs; ++k) {
     const Twiddle<F> w = roots.of(k, plan.len);
-    fwd = put(fwd, {F(0.5) * w.re, F(0.5 + 0.5 * Mox64f(w.im))});
-    inv = put(inv, w);
+    forward = put(forward, {F(0.5) * w.re, F(0.5 + 0.5 * Mox64f(w.im))});
+    inverse = put(inverse, w);
   }
 }
 

@@ -39,8 +39,6 @@ struct Placed {
       else
         store(p + at[i + k], V<F, 2>{z[2 * k], z[2 * k + 1]});
   }
-  Pair<F> number(long i) const { return Array<E>{p}.number(at[i]); }
-  void putNumber(long i, Pair<F> z) const { Array<E>{p}.putNumber(at[i], z); }
 };
 
 // A view whose numbers are multiplied by real factors on their way to registers and from them, real

@@ -1,23 +1,19 @@
 // The public transforms of complex vectors.
 #include <moxsp/transforms.h>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
-#include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_run.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 namespace {
 
-// The record is looked at before the data.
 template <Direction d, FftKind kind, class View>
 MoxStatus run(typename View::Const src, View dst, const MoxsFFTSpec* object, Mox8u* buffer) {
   using F = typename View::F;
-  if (anyNull(object)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(object, kind)) return s;
-  if (src.anyNull() || dst.anyNull()) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(object, kind, src.anyNull() || dst.anyNull())) return s;
   const auto& spec = static_cast<const FftSpec<F>&>(*object);
   const WorkBuffer work(buffer, ownFftWork(spec, spec.order));
   if (work.failed()) return moxErrMemAlloc;
@@ -42,8 +38,6 @@ template <Direction d, class F>
 MoxStatus transformSplitInPlace(F* srcDstRe, F* srcDstIm, const MoxsFFTSpec* spec, Mox8u* buffer) {
   return transformSplit<d, F>(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
 }
-
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 }  // namespace
 

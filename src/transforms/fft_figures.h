@@ -6,14 +6,13 @@
 namespace mox::transforms {
 namespace detail {
 
-constexpr long up(long bytes) { return long(roundUp(std::size_t(bytes), fftAlignment)); }
-
 template <class F>
 constexpr long levelFigure(int order) {
   constexpr long number = 2 * sizeof(F);
   const FftRows<F> rows(order);
-  const long inner = rows.order < FftLimits<F>::largeOrder ? up(number * rows.length + number)
-                                                           : levelFigure<F>(rows.order);
+  const long inner = rows.order < FftLimits<F>::largeOrder
+                         ? wholeLines(number * rows.length + number)
+                         : levelFigure<F>(rows.order);
   return inner + (long(sizeof(F)) << order);
 }
 
@@ -29,7 +28,7 @@ template <class F>
 constexpr long complexTablesFigure(int order) {
   constexpr long number = 2 * sizeof(F);
   if (order < FftLimits<F>::largeOrder)
-    return detail::up((number << order) + number) + detail::up((1L << order) + long(sizeof(int)));
+    return wholeLines((number << order) + number) + wholeLines((1L << order) + long(sizeof(int)));
   constexpr int tileBits = FftLimits<F>::tileBits;
   const long tiles = (1L << (order - 2 * tileBits)) + (1L << (2 * tileBits - 2));
   return detail::levelFigure<F>(order) + long(sizeof(int)) * tiles + fftAlignment;
@@ -38,7 +37,7 @@ constexpr long complexTablesFigure(int order) {
 // Of both tables of a real transform.
 template <class F>
 constexpr long realTablesFigure(int order) {
-  return 2 * detail::up(2 * long(sizeof(F)) * realTwiddleCount<F>(order));
+  return 2 * wholeLines(2 * long(sizeof(F)) * realTwiddleCount<F>(order));
 }
 
 }  // namespace mox::transforms

@@ -7,6 +7,17 @@
 #include "transforms/fft_spec.h"
 
 namespace mox::transforms {
+
+// A record inside another object, and what its shape places behind it; null while measuring.
+template <class Record, class Shape>
+constexpr Record* placeRecord(Arena& arena, const Shape& shape) {
+  auto* const record = arena.place<Record>(1, fftAlignment);
+  Record measured{};
+  if (record) *record = {};
+  shape.layout(arena, record ? *record : measured);
+  return record;
+}
+
 namespace detail {
 
 template <class E>

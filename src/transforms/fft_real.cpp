@@ -4,15 +4,14 @@
 
 #include <type_traits>
 
-#include "frame/checks.h"
 #include "frame/export.h"
 #include "frame/in_place.h"
-#include "frame/object.h"
 #include "frame/work_buffer.h"
 #include "transforms/fft_real_post.h"
 #include "transforms/fft_run.h"
 #include "transforms/packed_layouts.h"
 #include "transforms/real_small.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 namespace {
@@ -29,14 +28,6 @@ void runOnPairs(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
   using C = ComplexOf<F>;
   ownFftRun<d, Array<C>>(spec, {reinterpret_cast<const C*>(src)}, {reinterpret_cast<C*>(dst)},
                          spec.order - 1, work);
-}
-
-// dst[0] and dst[1] become the sum and the difference of two numbers: R[0] and R[N/2] from the
-// parts of Z[0], and the other way round.
-template <class F>
-void storeEnds(F* dst, F a, F b) {
-  store(dst, a + b);
-  store(dst + 1, a - b);
 }
 
 template <PackedLayout Layout, class F>
@@ -72,9 +63,8 @@ void runInverse(const FftSpec<F>& spec, const F* src, F* dst, F* work) {
 
 template <class F, class Run>
 MoxStatus checked(const F* src, F* dst, const MoxsFFTSpec* object, Mox8u* buffer, Run run) {
-  if (anyNull(object)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(object, sizeof(F) == 4 ? fftReal32f : fftReal64f)) return s;
-  if (anyNull(src, dst)) return moxErrNullPtr;
+  constexpr FftKind kind = sizeof(F) == 4 ? fftReal32f : fftReal64f;
+  if (MoxStatus s = checkCall(object, kind, anyNull(src, dst))) return s;
   const auto& spec = static_cast<const FftSpec<F>&>(*object);
   const WorkBuffer work(buffer, ownFftWork(spec, spec.order - 1));
   if (work.failed()) return moxErrMemAlloc;

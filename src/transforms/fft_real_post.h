@@ -27,8 +27,7 @@ template <class T>
 }
 template <class T>
 [[gnu::always_inline]] inline T blocksReversed(T v) {
-  constexpr int lanes = sizeof(T) / sizeof(v[0]);
-  return shuffle<[](int i) { return i ^ (lanes - 4); }>(v);
+  return shuffle<[](int i) { return i ^ (laneCount<T> - 4); }>(v);
 }
 
 // Neighbours swapped on their way from and to memory. A double-precision pair goes as two halves:
@@ -102,6 +101,14 @@ void meetByTwoLevels(const F* src, F* dst, long m, const F* table) {
 }
 
 }  // namespace detail
+
+// dst[0] and dst[1] become the sum and the difference of two numbers: X[0] and X[M] from the parts
+// of Z[0], and the other way round.
+template <class F>
+void storeEnds(F* dst, F a, F b) {
+  store(dst, a + b);
+  store(dst + 1, a - b);
+}
 
 // In place on the M complex values of `data`, but for the first one.
 template <class F>

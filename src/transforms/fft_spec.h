@@ -69,6 +69,8 @@ constexpr int fftLastBareOrder = 6;      // complex transforms hold no tables up
 
 // A record, its tables, and the work buffer of a run start on multiples of this.
 constexpr int fftAlignment = 64;
+// Bytes up to the next of them.
+constexpr long wholeLines(long bytes) { return (bytes + fftAlignment - 1) & -long(fftAlignment); }
 
 // The large path cuts 2^order numbers into rows, transformed one by one, and joins these in blocks
 // of columns over all rows.

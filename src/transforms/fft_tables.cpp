@@ -1,3 +1,4 @@
+// Tables are the same in every rounding mode of the caller.
 #include "transforms/fft_tables.h"
 
 #include "arith/vector_functions.h"
@@ -94,6 +95,29 @@ constexpr int groupOf(int stage) {
   return stage == 4 ? 4 : lanesOf<F>;
 }
 
+// entry(i) for i = 2, 1, 4, 3 ... count.
+template <class F, class Entry>
+F* writeSwapped(F* table, long count, Entry entry) {
+  for (long i = 1; i <= count; i += 2)
+    for (const Twiddle<F> e : {entry(i + 1), entry(i)}) *table++ = e.re, *table++ = e.im;
+  return table;
+}
+
+// Twiddles of a real transform, whole or in two levels.
+template <class F>
+void writeRealTwiddles(int order, const Wave<F>& wave, F* table) {
+  const auto twiddle = [&](long i) { return wave.at(i); };
+  if (order < fftTwoLevelOrder) {
+    writeSwapped(table, wave.quarter(), twiddle);
+    return;
+  }
+  table = writeSwapped(table, fineTwiddles<F>, twiddle);
+  for (long i = 0; i < wave.quarter(); i += fineTwiddles<F>, table += 2) {
+    const Twiddle<F> coarse = wave.at(i);
+    table[0] = coarse.re, table[1] = coarse.im;
+  }
+}
+
 }  // namespace
 
 template <class F>
@@ -142,11 +166,31 @@ void fillComplexTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine) {
   }
 }
 
+template <class F>
+void ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
+  const Wave<F> wave(sine, order);
+  if (order >= fftTwoLevelOrder) return writeRealTwiddles(order, wave, table);
+  const RoundingScope toNearest(Rounding::nearEven);
+  writeSwapped(table, wave.quarter(), [&](long i) {
+    const Twiddle<F> w = wave.at(i);
+    return Twiddle<F>{F(0.5) * w.re, F(0.5 + 0.5 * Mox64f(w.im))};
+  });
+}
+
+template <class F>
+void ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table) {
+  writeRealTwiddles(order, Wave<F>(sine, order), table);
+}
+
 template QuarterSine<Mox32f> ownFftConstantSine();
 template QuarterSine<Mox64f> ownFftConstantSine();
 template QuarterSine<Mox32f> ownFftSinTable(int, Mox8u*);
 template QuarterSine<Mox64f> ownFftSinTable(int, Mox8u*);
 template void fillComplexTables(const FftSpec<Mox32f>&, int, QuarterSine<Mox32f>);
 template void fillComplexTables(const FftSpec<Mox64f>&, int, QuarterSine<Mox64f>);
+template void ownFftRealTwiddleFwd(int, QuarterSine<Mox32f>, Mox32f*);
+template void ownFftRealTwiddleFwd(int, QuarterSine<Mox64f>, Mox64f*);
+template void ownFftRealTwiddleInv(int, QuarterSine<Mox32f>, Mox32f*);
+template void ownFftRealTwiddleInv(int, QuarterSine<Mox64f>, Mox64f*);
 
 }  // namespace mox::transforms

@@ -1,7 +1,6 @@
 // The contents of a record's tables, which the layout has placed.
 #pragma once
 
-#include "frame/arena.h"
 #include "transforms/fft_spec.h"
 
 namespace mox::transforms {
@@ -27,7 +26,7 @@ QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf);
 template <class F>
 constexpr int fftInitSize(int order) {
   if (order <= fftConstantSineOrder) return 0;
-  return int(roundUp((sizeof(F) << order) / 4 + sizeof(F), fftAlignment)) + fftAlignment;
+  return int(wholeLines(long(sizeof(F)) * ((1L << order) / 4 + 1))) + fftAlignment;
 }
 
 // The quarter wave that a transform of that order takes its twiddles from; `initBuf` has

@@ -2,7 +2,7 @@
 // ends of an array.
 #pragma once
 
-#include "frame/pair.h"
+#include "frame/complex_views.h"
 
 namespace mox::transforms {
 namespace detail {
@@ -51,7 +51,7 @@ void frontsToPairs(const F* up, const F* down, F* pairs, long count, Op op) {
           store(pairs + 2 * i, z.re);
           store(pairs + 2 * i + 1, z.im);
         } else {
-          storeInterleaved(pairs + 2 * i, z, [](void* at, auto v) { store(at, v); });
+          storeInterleaved(pairs + 2 * i, z, mox::detail::plainly);
         }
       });
 }

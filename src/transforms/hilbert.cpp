@@ -3,7 +3,6 @@
 #include <moxsp/hilbert.h>
 
 #include <algorithm>
-#include <climits>
 
 #include "arith/mul_constant.h"
 #include "convert/samples.h"
@@ -53,8 +52,7 @@ MoxStatus initAlloc(MoxsHilbertSpec** spec, int len, int hint) {
   if (MoxStatus s = checkLength(len)) return s;
   if (MoxStatus s = Complex::check(len)) return s;
   if (MoxStatus s = Real::check(len)) return s;
-  const WorkBuffer scratch(nullptr,
-                           int(std::max(Real::scratchBytes(len), Complex::scratchBytes(len))));
+  const WorkBuffer scratch(nullptr, std::max(Real::scratchBytes(len), Complex::scratchBytes(len)));
   if (scratch.failed()) return moxErrMemAlloc;
   return mox::initAlloc<HilbertKind>(spec, id, {len}, [&](HilbertSpec& record) -> MoxStatus {
     record.len = len;
@@ -98,12 +96,10 @@ MoxStatus transform(const S* src, D* dst, const MoxsHilbertSpec* object, int sca
     return moxOk;
   }
 
-  const auto up = [](long bytes) { return long(roundUp(std::size_t(bytes), fftAlignment)); };
-  const long workBytes = up(spec.bufSize);
-  const long sampleBytes = takesIn ? up(len * long(sizeof(Mox32f))) : 0;
+  const long workBytes = wholeLines(spec.bufSize);
+  const long sampleBytes = takesIn ? wholeLines(len * long(sizeof(Mox32f))) : 0;
   const long bytes = workBytes + sampleBytes + (givesOut ? len * long(sizeof(Mox32fc)) : 0);
-  if (bytes > INT_MAX) return moxErrMemAlloc;
-  const WorkBuffer memory(nullptr, int(bytes));
+  const WorkBuffer memory(nullptr, bytes);
   if (memory.failed()) return moxErrMemAlloc;
   auto* const work = memory.as<Mox8u>();
   auto* const samples = reinterpret_cast<Mox32f*>(work + workBytes);

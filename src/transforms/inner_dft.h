@@ -21,7 +21,9 @@ class InnerDft {
   static long scratchBytes(int len) { return DftShape<F>{len, isReal}.sizes().init; }
   static long workBytes(int len) { return DftShape<F>{len, isReal}.sizes().work; }
 
-  void place(Arena& arena, int len) { plan_ = placePlan(arena, DftShape<F>{len, isReal}); }
+  void place(Arena& arena, int len) {
+    plan_ = placeRecord<DftSpec<F>>(arena, DftShape<F>{len, isReal});
+  }
   void fill(Mox8u* scratch) {
     constexpr int inverseByN = 2;
     fillDft(*plan_, isReal, inverseByN, 0, scratch);

@@ -22,7 +22,7 @@ class InnerFft {
   // What the size query of the transform reports, each figure rounded up to the alignment.
   static constexpr long figure(int order) {
     const FftSizes sizes = fftSizes<Kind>(order);
-    return detail::up(sizes.spec) + detail::up(sizes.init) + detail::up(sizes.work);
+    return wholeLines(sizes.spec) + wholeLines(sizes.init) + wholeLines(sizes.work);
   }
 
   // Elements of an array of the transform's length that has room for the scratch of fill() as well.
@@ -31,10 +31,7 @@ class InnerFft {
   }
 
   constexpr void place(Arena& arena, int order) {
-    spec_ = arena.place<FftSpec<F>>(1, fftAlignment);
-    FftSpec<F> measured{};
-    if (spec_) *spec_ = {};
-    typename Kind::Shape{order}.layout(arena, spec_ ? *spec_ : measured);
+    spec_ = placeRecord<FftSpec<F>>(arena, typename Kind::Shape{order});
     placeWork(arena, order);
   }
   // Moves what a run writes to: copies with work memory of their own run at the same time.

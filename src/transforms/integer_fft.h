@@ -32,10 +32,7 @@ struct IntegerKind {
     int order;
     constexpr void layout(Arena& arena, Record& spec) const {
       if (isBare(order)) return;
-      spec.floats = arena.place<FftSpec<Float>>(1, fftAlignment);
-      FftSpec<Float> measured{};
-      if (spec.floats) *spec.floats = {};
-      typename Base::Shape{order}.layout(arena, spec.floats ? *spec.floats : measured);
+      spec.floats = placeRecord<FftSpec<Float>>(arena, typename Base::Shape{order});
     }
   };
 
@@ -47,7 +44,7 @@ struct IntegerKind {
   static constexpr long areaBytes(int order) {
     constexpr bool isReal = std::is_same_v<Base, RealKind<Float>>;
     const long floats = isReal ? (1L << order) + 2 : 2L << order;
-    return detail::up(floats * long(sizeof(Float)));
+    return wholeLines(floats * long(sizeof(Float)));
   }
   static constexpr long floatWorkBytes(int order) {
     return order > Base::maxSmallOrder ? Base::workBytes(order) : 0;

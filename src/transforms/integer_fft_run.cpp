@@ -9,19 +9,16 @@
 #include "transforms/integer_fft_mid.h"
 #include "transforms/integer_run.h"
 #include "transforms/packed_layouts.h"
+#include "transforms/transform_call.h"
 
 namespace mox::transforms {
 namespace {
-
-constexpr Direction fwd = Direction::forward, inv = Direction::inverse;
 
 // body(spec, n, area, work) runs on the object of floats, with memory for the numbers as floats.
 template <class Kind, class Source, class Target, class Body>
 MoxStatus checked(Source src, Target dst, const MoxsFFTSpec* object, Mox8u* buffer, Body body) {
   using F = typename Kind::Float;
-  if (anyNull(object)) return moxErrNullPtr;
-  if (MoxStatus s = requireId(object, Kind::id)) return s;
-  if (src.anyNull() || dst.anyNull()) return moxErrNullPtr;
+  if (MoxStatus s = checkCall(object, Kind::id, src.anyNull() || dst.anyNull())) return s;
   const int order = object->order;
   if (!Kind::hasArea(order)) return moxErrMemAlloc;
   const WorkBuffer memory(buffer, object->bufSize);
@@ -82,18 +79,13 @@ template <class T, class S>
 using RealKindFor = std::conditional_t<!std::is_same_v<T, S>, R16s32s,
                                        std::conditional_t<std::is_same_v<T, Mox16s>, R16s, R32s>>;
 
-template <PackedLayout Layout>
-long spectrumPlaces(long n) {
-  return Layout::imaginaryEnds ? n / 2 * 2 + 2 : n;
-}
-
 template <PackedLayout Layout, class T, class S>
 MoxStatus forward(const T* src, S* dst, const MoxsFFTSpec* object, int scaleFactor, Mox8u* buffer) {
   const Array<const T> from{src};
   const Array<S> to{dst};
   return checked<RealKindFor<T, S>>(
       from, to, object, buffer, [=](const auto& spec, long n, auto* area, auto* work) {
-        integerRun(from, n, to, spectrumPlaces<Layout>(n), scaleFactor, area, [&](auto data) {
+        integerRun(from, n, to, Layout::places(n), scaleFactor, area, [&](auto data) {
           runRealForward(spec, data.p, data.p, work);
           fromPerm<Layout>(data.p, n);
         });
@@ -106,7 +98,7 @@ MoxStatus inverse(const S* src, T* dst, const MoxsFFTSpec* object, int scaleFact
   const Array<T> to{dst};
   return checked<RealKindFor<T, S>>(
       from, to, object, buffer, [=](const auto& spec, long n, auto* area, auto* work) {
-        integerRun(from, spectrumPlaces<Layout>(n), to, n, scaleFactor, area, [&](auto data) {
+        integerRun(from, Layout::places(n), to, n, scaleFactor, area, [&](auto data) {
           toPerm<Layout>(data.p, data.p, n);
           runRealInverse(spec, data.p, data.p, work);
         });

@@ -52,8 +52,7 @@ struct Forward {
 
 // n outputs, of which the first meets sample `start` of the rows and those behind.
 void filterRows(const Rows& rows, long start, const Channel& c, Mox32f* dst, long n) {
-  kernels::filterStriped<Mox32f>({rows.first, rows.count, rows.stride, rows.toCopy}, start, dst, n,
-                                 c.taps, c.tapsLen);
+  kernels::filterStriped(rows, start, dst, n, c.taps, c.tapsLen);
 }
 
 // Makes the outputs before `head`, and keeps the last samples of the block.

@@ -65,8 +65,7 @@ MoxStatus firDirectWithFactor(const typename C::Data* src, typename C::Data* dst
                               typename C::Data* dlyLine, int* dlyLineIndex, int scaleFactor) {
   using D = typename C::Data;
   if (MoxStatus e = checkDirect(src, dst, len, taps, tapsLen, dlyLine, dlyLineIndex)) return e;
-  int index = load<int>(dlyLineIndex) % tapsLen;  // any index is a place of the ring
-  if (index < 0) index += tapsLen;
+  int index = kernels::ringPlace(load<int>(dlyLineIndex), tapsLen);
   const Products<C> products(taps, tapsLen, tapsFactor);
   const Output<C> output(products.factor(), scaleFactor, SumRounding::nearEven);
   for (int i = 0; i < len; ++i) {
