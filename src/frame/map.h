@@ -120,7 +120,7 @@ bool runsAhead(const D* dst, Source src, long bytes) {
 
 // A destination that is read as well is in the cache already.
 template <Stores stores, class D, class... Source>
-bool bypasses(const D* dst, long len, Source... src) {
+bool bypasses([[maybe_unused]] const D* dst, long len, Source... src) {
   constexpr long bytes =
       sizeof(D) + ((std::is_pointer_v<Source> ? sizeof(ElementOf<Source>) : 0) + ... + 0);
   return stores == Stores::bypassing && len > bypassBytes / bytes &&
