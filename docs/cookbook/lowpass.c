@@ -1,36 +1,32 @@
 // lowpass IN OUT HERTZ: a low-pass filter over a mono recording, block by block.
-#include <math.h>
 #include <moxsp.h>
 #include <sndfile.h>
 #include <stdio.h>
 #include <stdlib.h>
 
-enum { taps_len = 201, delay = taps_len / 2, block_len = 4096 };
+enum { taps_len = 201, block_len = 4096 };
 
-// A sinc under a Blackman window; the taps add up to 1, so that a constant passes unchanged.
-static void design(Mox32f* taps, double cutoff) {
-  const double pi = 3.14159265358979;
-  Mox32f sum;
-  for (int i = 0; i < taps_len; ++i) {
-    const double t = i - delay, turn = 2 * pi * (i + 1) / (taps_len + 1);
-    const double sinc = t == 0 ? 2 * cutoff : sin(2 * pi * cutoff * t) / (pi * t);
-    taps[i] = (Mox32f)(sinc * (0.42 - 0.5 * cos(turn) + 0.08 * cos(2 * turn)));
-  }
-  moxsSum_32f(taps, taps_len, &sum, 0);
-  moxsDivC_32f_I(sum, taps, taps_len);
+// Designed in double precision. 1: divided by their sum, so that a constant passes unchanged.
+static MoxStatus design(Mox32f* taps, double cutoff) {
+  Mox64f exact[taps_len];
+  const MoxStatus status = moxsFIRGenLowpass_64f(cutoff, exact, taps_len, moxWindowBlackmanOpt, 1);
+  return status < 0 ? status : moxsConvert_64f32f(exact, taps, taps_len);
 }
 
 int main(int argc, char** argv) {
+  if (argc != 4) return fprintf(stderr, "usage: lowpass IN OUT HERTZ\n"), 1;
   SF_INFO info = {0};
-  SNDFILE* in = argc == 4 ? sf_open(argv[1], SFM_READ, &info) : NULL;
-  if (!in || info.channels != 1) return fprintf(stderr, "usage: lowpass IN OUT HERTZ\n"), 1;
-  SNDFILE* out = sf_open(argv[2], SFM_WRITE, &info);
-  if (!out) return fprintf(stderr, "%s: %s\n", argv[2], sf_strerror(out)), 1;
+  SNDFILE* in = sf_open(argv[1], SFM_READ, &info);
+  if (!in) return fprintf(stderr, "%s: %s\n", argv[1], sf_strerror(NULL)), 1;
+  if (info.channels != 1) return fprintf(stderr, "%s is not mono\n", argv[1]), 1;
 
   Mox32f taps[taps_len], x[block_len];
+  const MoxStatus status = design(taps, atof(argv[3]) / info.samplerate);
+  if (status < 0) return fprintf(stderr, "%s hertz: %s\n", argv[3], moxsStatusText(status)), 1;
   MoxsFIRState* filter;
-  design(taps, atof(argv[3]) / info.samplerate);
   if (moxsFIRInitAlloc_32f(&filter, taps, taps_len, NULL) < 0) return 1;  // NULL: silence before
+  SNDFILE* out = sf_open(argv[2], SFM_WRITE, &info);
+  if (!out) return fprintf(stderr, "%s: %s\n", argv[2], sf_strerror(out)), 1;
 
   // The state carries the last samples from block to block, of any length.
   for (int len; (len = (int)sf_read_float(in, x, block_len)) > 0;) {

@@ -11,9 +11,10 @@ static double decibels(double amplitude) {
 }
 
 int main(int argc, char** argv) {
+  if (argc != 2) return fprintf(stderr, "usage: meter FILE\n"), 1;
   SF_INFO info = {0};
-  SNDFILE* file = argc == 2 ? sf_open(argv[1], SFM_READ, &info) : NULL;
-  if (!file) return fprintf(stderr, "usage: meter FILE\n"), 1;
+  SNDFILE* file = sf_open(argv[1], SFM_READ, &info);
+  if (!file) return fprintf(stderr, "%s: %s\n", argv[1], sf_strerror(NULL)), 1;
 
   const int most = info.samplerate / 10 * info.channels;
   Mox16s* x = moxsMalloc_16s(most);

@@ -7,11 +7,10 @@ enum { len = 100000 };
 
 int main(void) {
   static Mox32f times[len], buffer[len];
-  unsigned random = 1;
-  for (int i = 0; i < len; ++i) {  // exponential, with a mean of 10 ms
-    random = random * 1664525u + 1013904223u;
-    times[i] = -10 * logf((random >> 8 | 1) / 16777216.0f);
-  }
+  unsigned seed = 1;
+  moxsRandUniform_Direct_32f(times, len, 1e-7f, 1, &seed);
+  moxsLn_32f_I(times, len);
+  moxsMulC_32f_I(-10, times, len);  // exponential, with a mean of 10 ms
 
   // A radix sort orders the bit patterns: a NaN would go to an end, where it is easily found.
   moxsSortRadixAscend_32f_I(times, buffer, len);

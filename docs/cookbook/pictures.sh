@@ -7,7 +7,8 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 for program in signals spectrum meter lowpass; do
-  cc -std=c11 -O2 -I"$folder/../../include" "$folder/$program.c" "$library" -lsndfile -lm -o "$program"
+  cc -std=c11 -O2 -I"$folder/../../include" "$folder/$program.c" "$library" -lsndfile -lm \
+    -Wl,-rpath,"$(dirname "$library")" -o "$program"
 done
 ./signals
 ./spectrum tones.wav > tones.txt

@@ -1,7 +1,6 @@
 // signals: writes the recordings that the other programs read.
 //   tones.wav  three tones in a little noise, a second long
 //   dial.wav   the keys 1 5 9 # of a telephone, a tenth of a second each, with pauses of the same
-#include <math.h>
 #include <moxsp.h>
 #include <sndfile.h>
 #include <stdio.h>
@@ -9,9 +8,9 @@
 enum { rate = 16000, key = rate / 10 };
 
 static void add_tone(Mox32f* x, int len, double hertz, Mox32f amplitude) {
-  Mox32f tone[rate];
-  for (int i = 0; i < len; ++i) tone[i] = (Mox32f)sin(2 * 3.14159265358979 * hertz * i / rate);
-  moxsAddProductC_32f(tone, amplitude, x, len);  // x += tone * amplitude
+  Mox32f tone[rate], phase = 0;
+  moxsTone_Direct_32f(tone, len, amplitude, (Mox32f)(hertz / rate), &phase, moxHintAccurate);
+  moxsAdd_32f_I(tone, x, len);
 }
 
 static int write_file(const char* name, const Mox32f* x) {
@@ -30,11 +29,10 @@ int main(void) {
   add_tone(tones, rate, 3000, 0.05f);
   add_tone(tones, rate, 6000, 0.005f);
 
-  unsigned random = 1;
-  for (int i = 0; i < rate; ++i) {
-    random = random * 1664525u + 1013904223u;
-    tones[i] += ((Mox32f)(random >> 8) / 8388608 - 1) * 1e-3f;
-  }
+  Mox32f noise[rate];
+  unsigned seed = 1;
+  moxsRandUniform_Direct_32f(noise, rate, -1e-3f, 1e-3f, &seed);
+  moxsAdd_32f_I(noise, tones, rate);
 
   const double rows[4] = {697, 770, 852, 941}, columns[4] = {1209, 1336, 1477, 1477};
   for (int i = 0; i < 4; ++i) {

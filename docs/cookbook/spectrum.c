@@ -1,6 +1,5 @@
 // spectrum FILE: frequencies in hertz and their levels in decibels, where a sine that fills the
 // range has 0 dB. Mean of overlapping blocks under a Hann window, of the first channel.
-#include <math.h>
 #include <moxsp.h>
 #include <sndfile.h>
 #include <stdio.h>
@@ -19,17 +18,19 @@ static int read_hop(SNDFILE* file, Mox32f* x) {
 }
 
 int main(int argc, char** argv) {
+  if (argc != 2) return fprintf(stderr, "usage: spectrum FILE\n"), 1;
   SF_INFO info = {0};
-  SNDFILE* file = argc == 2 ? sf_open(argv[1], SFM_READ, &info) : NULL;
-  if (!file || info.channels > most_channels) return fprintf(stderr, "usage: spectrum FILE\n"), 1;
+  SNDFILE* file = sf_open(argv[1], SFM_READ, &info);
+  if (!file) return fprintf(stderr, "%s: %s\n", argv[1], sf_strerror(NULL)), 1;
+  if (info.channels > most_channels) return fprintf(stderr, "too many channels\n"), 1;
 
-  Mox32f window[points], block[points], windowed[points], power[bins], sum[bins] = {0}, gain;
-  for (int i = 0; i < points; ++i)
-    window[i] = (Mox32f)(0.5 - 0.5 * cos(2 * 3.14159265358979 * i / points));
+  Mox32f window[points + 1], block[points], windowed[points], power[bins], sum[bins] = {0}, gain;
+  moxsSet_32f(1, window, points + 1);
+  moxsWinHann_32f_I(window, points + 1);  // symmetric; without its last element, periodic
   moxsSum_32f(window, points, &gain, 0);
 
   MoxsFFTSpec* fft;
-  if (moxsFFTInitAlloc_R_32f(&fft, order, 8, 0) < 0) return 1;  // 8: neither direction is scaled
+  if (moxsFFTInitAlloc_R_32f(&fft, order, moxNormNone, 0) < 0) return 1;
   Mox32fc spectrum[bins];  // CCS: real and imaginary parts in turn, as complex numbers have them
 
   int blocks = 0;

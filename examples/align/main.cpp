@@ -33,9 +33,11 @@ void run(const Options& o) {
   std::printf("delay %+.6f s (%+ld frames), confidence %.2f, similarity %.2f%s\n",
               double(delay.frames) / first.rate, delay.frames, delay.confidence, delay.similarity,
               delay.isInverted ? ", inverted" : "");
-  constexpr double leastConfidence = 0.15;
+  constexpr double leastConfidence = 0.15, sameSound = 0.5;
   if (delay.confidence < leastConfidence)
-    std::printf("these may be recordings of different sounds\n");
+    std::puts(delay.similarity < sameSound
+                  ? "these may be recordings of different sounds"
+                  : "the delay is uncertain: the sound repeats itself, and others fit as well");
 
   if (o.into.empty()) return;
   const long skip1 = std::max(-delay.frames, 0L), skip2 = std::max(delay.frames, 0L);

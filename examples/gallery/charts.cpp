@@ -28,10 +28,9 @@ class Svg {
          << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n";
   }
 
-  void text(double x, double y, const char* anchor, const std::string& words,
-            const char* colour = "#222222") {
-    out_ << "<text x=\"" << x << "\" y=\"" << y << "\" text-anchor=\"" << anchor << "\" fill=\""
-         << colour << "\">" << words << "</text>\n";
+  void text(double x, double y, const char* anchor, const std::string& words) {
+    out_ << "<text x=\"" << x << "\" y=\"" << y << "\" text-anchor=\"" << anchor
+         << "\" fill=\"#222222\">" << words << "</text>\n";
   }
 
   // x[i] and y[i] are the corners.
@@ -76,7 +75,8 @@ void drawChart(Svg& svg, double x0, double y0, const Chart& chart) {
     svg.text(x0 + left - 6, yOf(y) + 4, "end", shortNumber(y));
   }
   svg.text(x0 + left + plotWidth, y0 + chartHeight - 8, "end", chart.x.name);
-  svg.text(x0 + left + plotWidth, y0 + top - 10, "end", chart.y.name);
+  svg.text(x0 + 2, y0 + top - 10, "start", chart.y.name);
+  std::string legend;
   for (std::size_t k = 0; k < chart.curves.size(); ++k) {
     const Curve& c = chart.curves[k];
     const char* colour = colours[k % colours.size()];
@@ -84,9 +84,10 @@ void drawChart(Svg& svg, double x0, double y0, const Chart& chart) {
     svg.line(
         std::size_t(end - c.x.begin()), [&](auto i) { return xOf(c.x[i]); },
         [&](auto i) { return yOf(c.y[i]); }, colour);
-    if (chart.curves.size() > 1)
-      svg.text(x0 + left + plotWidth - 6, y0 + top + 16 + 16 * double(k), "end", c.name, colour);
+    if (k > 0) legend += "&#160; &#160;";
+    legend += std::string("<tspan fill=\"") + colour + "\">" + c.name + "</tspan>";
   }
+  if (chart.curves.size() > 1) svg.text(x0 + left + plotWidth, y0 + top - 10, "end", legend);
 }
 
 }  // namespace

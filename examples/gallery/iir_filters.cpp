@@ -44,7 +44,7 @@ void drawIirFilters(const std::filesystem::path& folder) {
     charts.push_back({"Order 5, " + std::string(kind.name),
                       frequency,
                       {"dB", -6, 3},
-                      {designed(kind, 5, 0, "Butterworth"), designed(kind, 5, 1, "Chebyshev, 1 dB"),
-                       designed(kind, 5, 3, "Chebyshev, 3 dB")}});
+                      {designed(kind, 5, 0, "Butterworth"), designed(kind, 5, 1, "1 dB"),
+                       designed(kind, 5, 3, "3 dB")}});
   drawCharts(folder / "iir_filters.svg", 2, charts);
 }

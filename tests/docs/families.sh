@@ -1,5 +1,6 @@
-# families.sh SOURCE: every group of functions tells its statuses and is named by the families page, whose
-# table of conversions is that of the header; `families.sh SOURCE --table` prints it.
+# families.sh SOURCE: every group of functions tells its statuses and stands once on the families page, under its
+# header; the table of conversions there is that of the header, and `families.sh SOURCE --table` prints it. The names
+# page tells whose destination stands behind a length.
 source "$(dirname "$0")/../install/common.sh"
 source_dir=$1
 page=$source_dir/docs/families.md
@@ -32,6 +33,16 @@ table > "$scratch/expected"
 sed -n '/^| from/,/^$/{/^$/d;p}' "$page" > "$scratch/found"
 same "the table of conversions" "$scratch/expected" "$scratch/found"
 
+# The links of the first table: of its headers, and of the groups.
+sed -n '/^| Header/,/^$/p' "$page" > "$scratch/rows"
+grep -o 'moxsp/[a-z_]*\.h[#)][a-z0-9_]*' "$scratch/rows" | sort | uniq -d > "$scratch/twice"
+[[ ! -s $scratch/twice ]] || fail "families.md names twice: $(xargs < "$scratch/twice")"
+awk -F'[][]' '/^\| \[/ { header = $2 } {
+  for (rest = $0; match(rest, /[a-z_]*\.h#[a-z0-9_]*/); rest = substr(rest, RSTART + RLENGTH)) {
+    link = substr(rest, RSTART, RLENGTH)
+    if (index(link, header "#") != 1) print link, "under", header } }' "$scratch/rows" > "$scratch/elsewhere"
+[[ ! -s $scratch/elsewhere ]] || fail "families.md has $(cat "$scratch/elsewhere")"
+
 for header in "$source_dir"/include/moxsp/*.h; do
   # Group by group: its name, and whether its block has told statuses when a function that has one comes.
   awk '
@@ -39,7 +50,15 @@ for header in "$source_dir"/include/moxsp/*.h; do
     /@return/ { told = 1 }
     /^MOX_API/ { print group, told || !/^MOX_API MoxStatus/ ? "told" : "untold" }' "$header" |
     sort -u | while read -r group statuses; do
-    grep -q "$(basename "$header")#$group)" "$page" || fail "families.md names no group $group of $(basename "$header")"
+    grep -q "$(basename "$header")#$group)" "$scratch/rows" ||
+      fail "families.md names no group $group of $(basename "$header")"
     [[ $statuses == told ]] || fail "group $group of $(basename "$header") tells no statuses"
   done
 done
+
+sed -n '/^## Arguments/,/^## Objects/p' "$source_dir/docs/names.md" > "$scratch/orders"
+cat "$source_dir"/include/moxsp/*.h | tr '\n' ' ' | grep -oE 'MOX_API MoxStatus moxs[^;]*' |
+  sed -nE 's/.* moxs([A-Za-z]+[a-z])(Q15)?_.*int (len|srcLen|len2),.*\* (dst|srcDst|dstLow),?.*/\1/p' | sort -u |
+  while read -r family; do
+    grep -qw "$family" "$scratch/orders" || fail "names.md does not tell where the destination of $family stands"
+  done
