@@ -38,7 +38,7 @@
  * a high order at a low edge has no stable direct form in double precision. The poles of the
  * rounded taps leave the unit circle for Butterworth lowpass filters of order 6 at 0.0001, 8 at
  * 0.001, 10 at 0.005 and 12 at 0.01, for Chebyshev ones with 1 dB of order 8 at 0.003 and 10 at
- * 0.01. Cascades of filters of lower order do better.
+ * 0.01. Cascades of filters of lower order do better: docs/cookbook/cascade.md designs one.
  *
  * @return ::moxErrNullPtr for a null pointer; ::moxErrIirGenOrder for `order` outside 1 to 12, in
  * `GetBufferSize` too; ::moxErrIirGenFreq unless 0 < `rFreq` < 0.5; ::moxErrBadArg for an unknown
