@@ -40,7 +40,7 @@ using Cell = V<std::conditional_t<sizeof(E) == 4, Mox32f, Mox64f>, 4>;
 // Squares of 4 columns from 0 on, and 4 rows from `row` on. Where there are only `height` rows, the
 // lanes behind those of a column belong to the next column.
 template <int height, class E>
-long dealSquares(const E* src, long columns, const Rows<E>& rows, long row) {
+long dealSquares(const E* src, long columns, Rows<E> rows, long row) {
   E* to[height];
   for (int j = 0; j < height; ++j) to[j] = rows.row(row + j);
   const E* from = src + row;
@@ -54,7 +54,7 @@ long dealSquares(const E* src, long columns, const Rows<E>& rows, long row) {
   return i;
 }
 template <int height, class E>
-long collectSquares(const Rows<E>& rows, long row, long columns, E* dst) {
+long collectSquares(Rows<E> rows, long row, long columns, E* dst) {
   const E* from[height];
   for (int j = 0; j < height; ++j) from[j] = rows.row(row + j);
   E* to = dst + row;
@@ -93,7 +93,7 @@ inline long wholeColumns(long len, long rows) {
 
 // Deals `len` samples out to rows, and their copies.
 template <class E>
-void deal(const E* src, long len, const Rows<E>& rows) {
+void deal(const E* src, long len, Rows<E> rows) {
   const long whole = detail::wholeColumns(len, rows.count);
   const long columns = (len + rows.count - 1) / rows.count;
   long i = detail::forRows<E>(rows.count, [&](auto height, long row) {
@@ -109,7 +109,7 @@ void deal(const E* src, long len, const Rows<E>& rows) {
 
 // Collects the rows' `columns` samples; undoes deal().
 template <class E>
-void collect(const Rows<E>& rows, long columns, E* dst) {
+void collect(Rows<E> rows, long columns, E* dst) {
   const long whole = detail::wholeColumns(columns * rows.count, rows.count);
   long i = detail::forRows<E>(rows.count, [&](auto height, long row) {
     return detail::collectSquares<height>(rows, row, whole, dst);
