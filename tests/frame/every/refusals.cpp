@@ -35,7 +35,9 @@ const std::vector<double> belowOne = {0, -1, INT_MIN}, negative = {-1, INT_MIN};
 
 const Table<Row> refusals = {
     "refusals",
-    {row("*", "len tableLen channels", belowOne, moxErrSize, length),
+    {row("*", "len len1 len2 srcLen lenLow tableLen", belowOne, moxErrSize, length),
+     row("*", "channels numIters nStep inRate outRate", belowOne, moxErrSize, length),
+     row("Conv* *Corr* WTFwd_*", "dstLen", belowOne, moxErrSize, length),
      row("@(StdDev|MeanStdDev)_*", "len", {1, 0, -1, INT_MIN}, moxErrSize, length),
      // A complex sum is the real one of twice the length, which is reckoned first.
      row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
@@ -49,7 +51,6 @@ const Table<Row> refusals = {
 
      row("@(FIR|Tone|Triangle|Rand)!(*Init*|Sparse*|*_Direct_*) IIR!(*Init*|*P|*PSfs|Sparse*)",
          "state", {cleared}, moxErrContext, last),
-     row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
      row("Convolve* *CorrNorm*", "algType", {3, 255}, moxErrAlgType, number),
      row("Convolve* *CorrNorm*", "dataType", {0, 12, 21}, moxErrDataType, last),
 
@@ -69,14 +70,11 @@ const Table<Row> refusals = {
          number),
      row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
      row("Cauchy*", "c", {0, -1}, moxErrCauchyConst, number),
-     row("Sample@(Up|Down)_*", "srcLen", belowOne, moxErrSize, length),
      row("Sample@(Up|Down)_*", "factor", belowOne, moxErrSampleFactor, number),
-     row("ResamplePolyphase@(GetSize|Init)_*", "nStep", belowOne, moxErrSize, length),
      row("ResamplePolyphase@(GetSize|Init)_*", "window", {0, -1, 0.124, 1e30}, moxErrBadArg,
          number),
      row("ResamplePolyphase*Init_*", "rollf", {0, -1, 1.01}, moxErrBadArg, number),
      row("ResamplePolyphase*Init_*", "alpha", {0.99, -3}, moxErrBadArg, number),
-     row("ResamplePolyphaseFixed*", "inRate outRate", belowOne, moxErrSize, length),
      row("ResamplePolyphase_*", "factor", {0, -1, 1e-10, 1e30}, moxErrSize, length),
      row("ResamplePolyphase[GS]etFixedFilter_*", "step height", belowOne, moxErrSize, length),
      row("ResamplePolyphase[GS]etFixedFilter_*", "height", {INT_MAX}, moxErrSize, last),
@@ -121,7 +119,6 @@ const Table<Row> refusals = {
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
      row("FIR*StreamInit*_16s", "rndMode", {3, -1}, moxErrRoundMode, last),
 
-     row("FIRMR*_Direct_*", "numIters", belowOne, moxErrSize, length),
      row("FIRMR*_Direct_*", "tapsLen", belowOne, moxErrFirLen, behindLength),
      row("FIRMR*GetStateSize*", "upFactor downFactor", belowOne, moxErrFirMrPhase, number),
      row("FIRMR*Init* FIRMR*_Direct_*", "upFactor downFactor", belowOne, moxErrFirMrFactor, number),
@@ -157,11 +154,9 @@ const Table<Row> refusals = {
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {cleared}, moxErrContext, object),
      row("WTInv_*", "dst", {null}, moxErrNullPtr, behindLength),
-     row("WT*InitAlloc*", "lenLow", belowOne, moxErrSize, length),
      row("WT*InitAlloc*", "tapsHigh", {null}, moxErrNullPtr, behindLength),
      row("WT*InitAlloc*", "lenHigh", belowOne, moxErrSize, number),
      row("WT*InitAlloc*", "offsLow offsHigh", {-2, INT_MIN}, moxErrWtOffset, level),
-     row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
 
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
      row("FIRSRInit_*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrSize, first),
