@@ -72,8 +72,8 @@ TEST(DftAnalysis, RulesHoldForEveryLength) {
     ASSERT_EQ(real.method, half.method);
     ASSERT_EQ(real.core, std::has_single_bit(unsigned(len)) ? 2 * len : len);
     if (std::has_single_bit(unsigned(len))) continue;
-    ASSERT_NO_FATAL_FAILURE(expectRules<Mox32f>(len));
-    ASSERT_NO_FATAL_FAILURE(expectRules<Mox64f>(len));
+    expectRules<Mox32f>(len);
+    expectRules<Mox64f>(len);
   }
 }
 

@@ -141,7 +141,6 @@ TYPED_TEST(IntegerTransform, IsTheRoundedOneWithEveryFlagAndFactor) {
           Y.template expect<mox::Part<E>>(
               n, [&](long i) { return T::at(down.data(), n, i); },
               power * std::pow((long double)n, flag.inverse), roundsFirst ? T::slope * eps : unit);
-          if (this->HasFatalFailure()) return;
         }
       }
     }
