@@ -319,16 +319,6 @@ TEST(Fir32s, GivesTapsTruncatedAndSaturated) {
   EXPECT_THAT(got, testing::ElementsAre(2, -2, INT_MAX, INT_MIN, INT_MAX));
 }
 
-// The spectrum goes where the state with it is too large, not the filter.
-TEST(FirSize, LongFiltersDoWithoutASpectrum) {
-  int with = 0, without = 0, longest = 0;
-  ASSERT_OK(moxsFIRGetStateSize_32f(66'000'000, &with));
-  ASSERT_OK(moxsFIRGetStateSize_32f(67'000'000, &without));
-  ASSERT_OK(moxsFIRGetStateSize_32f(170'000'000, &longest));
-  EXPECT_LT(without, with);
-  EXPECT_GT(longest, without);
-}
-
 TEST(FirDirect32f, TakesAnyIndexForAPlaceOfTheRing) {
   const Mox32f taps[3] = {0, 0, 1};
   for (int index : {-1, 2, INT_MAX - 1}) {
