@@ -56,19 +56,4 @@ TEST_F(Equalizer, TheWrittenFileHasTheResponseThatWasAskedFor) {
   }
 }
 
-TEST_F(Equalizer, RefusesWhatItCannotDoWithAReason) {
-  writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, 500);
-  const std::string in = path("in.wav"), out = " " + path("out.wav");
-  const auto band = [&](const char* text) { return in + out + " --band " + text; };
-  expectRefusals(EQUALIZER, {{in + out, "--band is required"},
-                             {band("bell:100:1:1"), "one of peak, lowshelf"},
-                             {band("peak:100:1"), "TYPE:HZ:DB:Q"},
-                             {band("peak:100:1:0"), "above 0"},
-                             {band("peak:100:61:1"), "60 dB"},
-                             {band("chebyshev-lowpass:100:2"), "TYPE:HZ:ORDER:RIPPLE"},
-                             {band("butterworth-highpass:100:13"), "order of 1 to 12"},
-                             {band("butterworth-highpass:10:8"), "order is too high"},
-                             {band("peak:4000:1:1"), "half the sample rate, 4000 Hz"}});
-}
-
 }  // namespace

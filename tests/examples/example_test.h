@@ -87,16 +87,5 @@ class ExampleTest : public ::testing::Test {
     write(name, format, {rate, channels, samples});
   }
 
-  // Arguments that a program refuses without a result, and what it says to them.
-  void expectRefusals(const std::string& program,
-                      const std::vector<std::pair<std::string, std::string>>& refusals) const {
-    for (const auto& [arguments, reason] : refusals) {
-      const Outcome outcome = runProgram(program, arguments);
-      EXPECT_NE(outcome.exitCode, 0) << arguments;
-      EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
-      EXPECT_FALSE(std::filesystem::exists(path("out.wav"))) << arguments;
-    }
-  }
-
   std::filesystem::path folder_;
 };

@@ -35,13 +35,4 @@ TEST_F(Resample, KeepsSinesWhereTheyAreInBlocksOfAnySize) {
     }
 }
 
-TEST_F(Resample, SaysWhatIsWrong) {
-  write("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, sines(44100, 1, 100));
-  const std::string in = path("in.wav"), out = " " + path("out.wav");
-  expectRefusals(RESAMPLE, {{path("none.wav") + out, "cannot read"},
-                            {in + " " + in, "same file"},
-                            {in + out + " --rate 10", "--rate"},
-                            {in + out + " --quality superb", "--quality"}});
-}
-
 }  // namespace

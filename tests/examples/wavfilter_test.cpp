@@ -109,18 +109,25 @@ TEST_F(WavFilter, AnInterruptedRunLeavesTheFormerResult) {
 TEST_F(WavFilter, RefusesWhatItCannotDoWithAReason) {
   writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, 500);
   const std::string in = path("in.wav"), out = " " + path("out.wav");
-  expectRefusals(WAVFILTER, {{path("none.wav") + out + " --lowpass 100", "cannot read"},
-                             {in + out + " --lowpass 4000", "half the sample rate"},
-                             {in + out + " --bandpass 2000 1000", "lower frequency first"},
-                             {in + out + " --lowpass 0", "0 is no frequency above 0 Hz"},
-                             {in + out + " --lowpass 100 --taps 10", "odd"},
-                             {in + out + " --lowpass 100 --block 0", "block"},
-                             {in + out + " --lowpass 100 --highpass 200", "at most 1"},
-                             {in, "--into"},
-                             {in + " " + path("out.mp3"), "must end in .wav, .flac, .ogg"},
-                             {in + out + " --picture " + path("p.jpg"), "must end in .png"},
-                             {in + " /proc/none/out.wav --lowpass 100", "cannot write"},
-                             {in + " " + in + " --lowpass 100", "same file"}});
+  const std::pair<std::string, const char*> refusals[] = {
+      {path("none.wav") + out + " --lowpass 100", "cannot read"},
+      {in + out + " --lowpass 4000", "half the sample rate"},
+      {in + out + " --bandpass 2000 1000", "lower frequency first"},
+      {in + out + " --lowpass 0", "0 is no frequency above 0 Hz"},
+      {in + out + " --lowpass 100 --taps 10", "odd"},
+      {in + out + " --lowpass 100 --block 0", "block"},
+      {in + out + " --lowpass 100 --highpass 200", "at most 1"},
+      {in, "--into"},
+      {in + " " + path("out.mp3"), "must end in .wav, .flac, .ogg"},
+      {in + out + " --picture " + path("p.jpg"), "must end in .png"},
+      {in + " /proc/none/out.wav --lowpass 100", "cannot write"},
+      {in + " " + in + " --lowpass 100", "same file"}};
+  for (const auto& [arguments, reason] : refusals) {
+    const Outcome outcome = runProgram(WAVFILTER, arguments);
+    EXPECT_NE(outcome.exitCode, 0) << arguments;
+    EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
+    EXPECT_FALSE(std::filesystem::exists(path("out.wav"))) << arguments;
+  }
 }
 
 }  // namespace
