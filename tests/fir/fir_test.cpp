@@ -331,13 +331,4 @@ TEST(FirDirect32f, TakesAnyIndexForAPlaceOfTheRing) {
   }
 }
 
-TEST(FirDirect16s, TakesNoIndexOutsideTheRing) {
-  const Mox16s tap = 1;
-  Mox16s y = 0, ring[2] = {};
-  for (int place : {-1, 1}) {
-    EXPECT_EQ(moxsFIR_Direct_16s_Sfs(&y, &y, 1, &tap, 1, ring, &place, 0), moxErrDlyLineIndex);
-    EXPECT_EQ(moxsFIROne_Direct_16s_Sfs(1, &y, &tap, 1, ring, &place, 0), moxErrDlyLineIndex);
-  }
-}
-
 }  // namespace

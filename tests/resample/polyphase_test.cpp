@@ -206,13 +206,4 @@ TEST(ResamplePolyphaseFixed, SumsInDoubleOverTheFiltersItIsGiven) {
   expectFilters<Mox16s>();
 }
 
-TEST(ResamplePolyphase, RefusesTimesThatAreNoPosition) {
-  auto filter = variable(4, 8, 3);
-  Mox32f x[64] = {}, y[64];
-  int count;
-  for (double time : {std::nan(""), 1e300, -std::numeric_limits<double>::infinity()})
-    EXPECT_EQ(moxsResamplePolyphase_32f(x + 32, 4, y, 1, 1, &time, &count, filter.state()),
-              moxErrBadArg);
-}
-
 }  // namespace
