@@ -46,40 +46,29 @@ TEST(Copy, DirectionFlagIsIgnoredAndKept) {
   EXPECT_EQ(dst, src);
 }
 
-// More bytes than an int counts: 2 GiB of addresses over one MiB of memory, but for the last page.
-class HugeArray {
- public:
-  static constexpr std::size_t chunk = 1 << 20, page = 4096, size = (std::size_t(2) << 30) + page;
-
-  HugeArray() {
-    const int file = memfd_create("huge", 0);
-    if (ftruncate(file, chunk + page)) throw std::bad_alloc();
-    base_ = static_cast<Mox8u*>(
-        mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
-    for (std::size_t at = 0; at < size; at += chunk) {
-      const bool last = at + chunk > size;
-      mmap(base_ + at, last ? page : chunk, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file,
-           last ? chunk : 0);
-    }
-    close(file);
-  }
-  ~HugeArray() { munmap(base_, size); }
-
-  Mox8u* data() const { return base_; }
-  Mox8u& last() const { return base_[size - 1]; }
-
- private:
-  Mox8u* base_;
-};
+// 2 GiB of addresses over one MiB of memory, but for the last page.
+constexpr std::size_t chunk = 1 << 20, page = 4096, huge = (std::size_t(2) << 30) + page;
+Mox8u* hugeArray() {
+  const int file = memfd_create("huge", 0), access = PROT_READ | PROT_WRITE;
+  if (ftruncate(file, chunk + page)) throw std::bad_alloc();
+  constexpr int reserved = MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE;
+  Mox8u* const base = static_cast<Mox8u*>(mmap(nullptr, huge, PROT_NONE, reserved, -1, 0));
+  for (std::size_t at = 0; at + chunk < huge; at += chunk)
+    mmap(base + at, chunk, access, MAP_SHARED | MAP_FIXED, file, 0);
+  mmap(base + huge - page, page, access, MAP_SHARED | MAP_FIXED, file, chunk);
+  close(file);
+  return base;
+}
 
 TEST(Copy, ByteCountsBeyondAnInt) {
-  const HugeArray src, dst;
-  std::memset(src.data(), 3, HugeArray::chunk);
-  src.last() = 9;
-  ASSERT_OK(moxsCopy_64fc(reinterpret_cast<Mox64fc*>(src.data()),
-                          reinterpret_cast<Mox64fc*>(dst.data()), int(HugeArray::size / 16)));
-  EXPECT_EQ(std::memcmp(src.data(), dst.data(), HugeArray::chunk), 0);
-  EXPECT_EQ(dst.last(), 9);
+  Mox8u *const src = hugeArray(), *const dst = hugeArray();
+  std::memset(src, 3, chunk);
+  src[huge - 1] = 9;
+  ASSERT_OK(moxsCopy_64fc(reinterpret_cast<Mox64fc*>(src), reinterpret_cast<Mox64fc*>(dst),
+                          int(huge / sizeof(Mox64fc))));
+  EXPECT_EQ(std::memcmp(src, dst, chunk), 0);
+  EXPECT_EQ(dst[huge - 1], 9);
+  munmap(src, huge), munmap(dst, huge);
 }
 
 void checkMove(const Bytes& before, int src, int dst, int len) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-using test::pi, test::besselI0;
+using test::pi;
 using Real = long double;
 
 constexpr int margin = 400, len = 700;
@@ -22,8 +22,8 @@ class Model {
     Real sum = rollf;
     for (long i = 1; i < points; ++i) {
       const Real x = pi * i / step, u = Real(i) / (points - 1);
-      h_[i] = std::sin(rollf * x) / x * besselI0(alpha * std::sqrt(std::max(1 - u * u, Real(0)))) /
-              besselI0(alpha);
+      h_[i] = std::sin(rollf * x) / x / std::cyl_bessel_i(0.0L, alpha) *
+              std::cyl_bessel_i(0.0L, alpha * std::sqrt(std::max(1 - u * u, Real(0))));
       if (i % step == 0) sum += 2 * h_[i];
     }
     for (Real& e : h_) e /= sum;

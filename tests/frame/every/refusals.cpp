@@ -83,6 +83,7 @@ const Table<Row> refusals = {
      row("ResamplePolyphase[GS]etFixedFilter_*", "height", {INT_MAX}, moxErrSize, last),
      row("FIRGen*", "tapsLen", {4, 0, -1, INT_MIN}, moxErrSize, length),
      row("FIRGen*", "rFreq rLowFreq rHighFreq", {0, 0.5, 1, -0.1, NAN}, moxErrSize, number),
+     row("FIRGenBand*", "rLowFreq", {0.3, 0.4}, moxErrSize, last),
      row("FilterMedian_*", "maskSize", belowOne, moxErrSize, number),
      row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
      row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
@@ -140,6 +141,7 @@ const Table<Row> refusals = {
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
      row("IIR!(Sparse*)@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     row("IIRGetStateSize*", "order numBq", {INT_MAX}, moxErrIirOrder, last),
      // The phase's own pointer comes first, the array last.
      row("@(Tone|Triangle)_Direct_*", "phase", {null}, moxErrNullPtr, first),
      row("Tone_Direct_*", "magn", {0, -1}, moxErrToneMagn, object),
