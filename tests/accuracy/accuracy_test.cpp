@@ -102,10 +102,7 @@ Numbers floatsOfAllExponents() {
 }
 
 // Evenly spread, or by their logarithms in a wide interval.
-struct Interval {
-  double from, to;
-};
-Numbers spread(std::initializer_list<Interval> intervals) {
+Numbers spread(std::initializer_list<std::pair<double, double>> intervals) {
   Random random;
   Numbers n;
   for (const auto& [from, to] : intervals)
