@@ -110,7 +110,9 @@ class Fir : public testing::Test {
     model.expectOutputs(x, {}, scale, y);
     const auto last = x.lastPast();
     for (int k = 0; k < 2 * n; ++k)
-      ASSERT_EQ(exactly(ring[(index + 2 * n - 1 - k) % (2 * n)]), exactly(last[k % n]));
+      ASSERT_EQ(exactly(ring[(place + 2 * n - 1 - k) % (2 * n)]), exactly(last[k % n]));
+    index = n;
+    ASSERT_EQ(call(F::oneDirect, D{}, &y[0]), areFractions ? moxErrDlyLineIndex : moxOk);
   }
   static Model<F> directModel(const std::vector<Tap>& taps, int factor) {
     if constexpr (isFixedPoint<F>) {

@@ -88,6 +88,8 @@ TYPED_TEST(Lms, FollowsTheRule) {
       ASSERT_EQ(twice[(index + n - 1 - k) % n], src[len - 1 - k]);
     }
     this->expectRing(s, {src.end() - n, src.end()}, 0);
+    EXPECT_EQ(F::one(0, 0, twice.data(), direct.data(), n, 0, twice.data(), &(index = n)),
+              moxErrDlyLineIndex);
     ASSERT_OK(F::setDlyLine(s, ring.data(), -7));
     this->expectRing(s, ring, -7);
     ASSERT_OK(F::setDlyLine(s, nullptr, 0));
