@@ -128,7 +128,7 @@ void expectWarnings(Member<const E*, const E*, E*, int, P...> member, E zero, E 
 }
 
 TEST(Division, WarnsOfAZeroAtAnyPlace) {
-  for (const int factor : {INT_MIN, -40, -20, -8, 0, 40, INT_MAX}) {
+  for (const int factor : {INT_MIN, -20, -8, 0, INT_MAX}) {
     expectWarnings<Mox8u>(MEMBER(Div_8u_Sfs), 0, 3, factor);
     expectWarnings<Mox16s>(MEMBER(Div_16s_Sfs), 0, -3, factor);
     expectWarnings<Mox16u>(MEMBER(Div_16u_Sfs), 0, 3, factor);

@@ -114,34 +114,17 @@ void expectExact(void (*exactly)(mpfr_ptr, long, long), const std::vector<E>& z,
 // Numbers whose magnitude is as near as can be to a tie, (n + 1/2) * 2^factor, without being one.
 std::vector<Mox32sc> nearHalves() {
   std::vector<Mox32sc> z;
-  const auto add = [&](long re, long im) { z.push_back({Mox32s(re), Mox32s(im)}); };
-  for (long n = 1000000000; n < 1000002000; ++n) {
-    // |(n, k)| is n + 1/2 where k^2 is n + 1/4, and for twice that n + 1/2 over 2^-1.
-    const long k = std::lrint(std::sqrt(double(n)));
-    add(n, k), add(k, -n);
-  }
-  for (long k = 20000; k < 21000; ++k)
-    add(k * k - k, k), add(k * k, k), add(k * k + k, k), add(k, k * k + 1);
+  // |(n, k)| is n + 1/2 where k^2 is n + 1/4, and for twice that n + 1/2 over 2^-1.
+  for (Mox32s k = 20000; k < 21000; ++k)
+    for (const Mox32s n : {k * k - k, k * k, k * k + k, k * k + 1}) z.push_back({n, k});
   // With factors -1 and -2.
-  for (long k = 10000; k < 10100; ++k) add(8 * k * k, 2 * k), add(-k, 4 * k * k);
+  for (Mox32s k = 10000; k < 10100; ++k)
+    z.push_back({8 * k * k, 2 * k}), z.push_back({-k, 4 * k * k});
   return z;
 }
 
-// Numbers whose phase is nearly (2 n + 1) * 2^(factor - 1): the last fractions in the range of T in
+// Numbers whose phase is nearly (2 n + 1) * 2^(factor - 1): fractions in the range of the parts, in
 // the expansion of its tangent.
-template <class T>
-std::vector<std::pair<T, T>> convergents(long double tangent) {
-  std::vector<std::pair<T, T>> found;
-  long p[2] = {1, 0}, q[2] = {0, 1};
-  for (long double x = tangent;;) {
-    const long whole = long(std::floor(x)), top = whole * p[0] + p[1], bottom = whole * q[0] + q[1];
-    if (std::max(top, bottom) > std::numeric_limits<T>::max()) return found;
-    p[1] = p[0], p[0] = top, q[1] = q[0], q[0] = bottom;
-    found.push_back({T(bottom), T(top)});
-    x = 1 / (x - whole);
-    if (!(x <= 0x1p31L)) return found;
-  }
-}
 template <class E>
 std::vector<E> nearTies(int count) {
   using T = mox::Part<E>;
@@ -150,8 +133,14 @@ std::vector<E> nearTies(int count) {
   for (int i = 0; i < count; ++i) {
     const long double unit = std::ldexp(1.0L, -int(random.below(8 * sizeof(T) - 2)));
     const long double tie = (std::floor(random.value<double>() / unit / 1.3L) + 0.5L) * unit;
-    for (const auto& [re, im] : convergents<T>(std::tan(std::fabs(tie))))
-      z.push_back({re, im}), z.push_back({T(-re), im}), z.push_back({im, T(-re)});
+    long double x = std::tan(std::fabs(tie));
+    for (long p[2] = {1, 0}, q[2] = {0, 1}; x <= 0x1p31L;) {
+      const long whole = long(x), top = whole * p[0] + p[1], bottom = whole * q[0] + q[1];
+      if (std::max(top, bottom) > std::numeric_limits<T>::max()) break;
+      p[1] = p[0], p[0] = top, q[1] = q[0], q[0] = bottom, x = 1 / (x - whole);
+      const T re = T(bottom), im = T(top);
+      z.insert(z.end(), {{re, im}, {T(-re), im}, {im, T(-re)}});
+    }
   }
   return z;
 }

@@ -25,7 +25,7 @@ enum Order { below, at, above, unordered, near };
 template <class E>
 Order compare(E z, mox::Part<E> level) {
   const long double re = z.re, im = z.im, l = level, m = re * re + im * im, square = l * l;
-  if (std::isnan(re) || std::isnan(im)) return unordered;
+  if (std::isnan(re) || std::isnan(im) || std::isnan(l)) return unordered;
   const long double epsilon = std::numeric_limits<mox::Part<E>>::epsilon();
   const bool small = std::trunc(m) == m && m < 1000 && std::trunc(square) == square;
   if (!small && std::fabs(m - square) <= 4 * epsilon * square) return near;
@@ -59,120 +59,96 @@ void expectNear(auto got, Exact exact, long double bound) {
   ASSERT_LE(error(got.im, exact.im), bound) << got.im << " for " << exact.im;
 }
 
-// All members on `src`: elements that the relation passes stay to the bit, others are `bound` from
-// the exact ones at most.
-template <class E>
-void expectAll(const Members<E>& members, const std::vector<E>& src, mox::Part<E> level,
-               long double bound) {
-  const E value = {9, -7};
-  const auto low = run(members.lt, src, level).values, high = run(members.gt, src, level).values;
-  const auto lowValue = run(members.ltVal, src, level, value).values,
-             highValue = run(members.gtVal, src, level, value).values;
-  EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdLess).values, low));
-  EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdGreater).values, high));
-  for (std::size_t i = 0; i < src.size(); ++i) {
-    SCOPED_TRACE(text(src[i]) + ", level " + text(level));
-    const Order order = compare(src[i], level);
-    if (order == near) continue;
-    const auto expectMoved = [&](E got, bool isMoved) {
-      if (isMoved)
-        expectNear(got, atLevel(src[i], level), bound);
-      else
-        ASSERT_TRUE(sameBits(got, src[i])) << text(got);
-    };
-    expectMoved(low[i], order == below);
-    if (level == 0)
-      ASSERT_TRUE(sameBits(high[i], E{}));
-    else
-      expectMoved(high[i], order == above);
-    ASSERT_TRUE(sameBits(lowValue[i], order == below || order == unordered ? value : src[i]));
-    ASSERT_TRUE(sameBits(highValue[i], order == above || order == unordered ? value : src[i]));
-  }
-}
-
-// Random elements about the level and of all sizes; zeros, Pythagorean triples with a magnitude of
-// the level and next to it, infinities and NaN.
+// Random elements about the level and of all sizes, also such whose squared magnitude is next to
+// overflow; zeros, Pythagorean triples with a magnitude of the level and next to it, infinities and
+// NaN.
 template <class E>
 std::vector<E> manyElements(mox::Part<E> level) {
   using F = mox::Part<E>;
   using Limits = std::numeric_limits<F>;
-  std::vector<E> v;
+  Random random;
+  std::vector<E> v = random.vector<E>(500);
   for (F re : {F(0), F(level / 5 * 3), F(-level), F(level / 2), F(1)})
     for (F im : {F(0), F(level / 5 * 4), F(level), F(-1)}) v.push_back({re, im});
-  if constexpr (std::is_floating_point_v<F>)
+  for (F part : {Limits::lowest(), Limits::max()})
+    v.push_back({part, part}), v.push_back({part, 0});
+  if constexpr (std::is_floating_point_v<F>) {
     for (F part : {F(-0.0), Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(),
                    Limits::max(), Limits::denorm_min(), std::nextafter(level, F(0)),
                    std::nextafter(level, Limits::infinity())})
       for (F other : {part, F(0), F(3)}) v.push_back({part, other}), v.push_back({other, part});
-  else
-    for (F part : {Limits::min(), Limits::max()}) v.push_back({part, part}), v.push_back({part, 0});
-  Random random;
-  for (int i = 0; i < 500; ++i) {
-    E z = random.value<E>();
-    if constexpr (std::is_floating_point_v<F>) {
-      v.push_back(z), v.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
-      if (std::isfinite(level * 2)) z = {z.re * level * 2, z.im * level * 2};
+    const F root = std::ldexp(F(1), Limits::max_exponent / 2);
+    for (int i = 0; i < 5000; ++i) {
+      const E z = random.value<E>();
+      v.push_back({root * (F(0.7) + F(0.25) * z.re), root * F(0.3) * z.im});
+      if (i >= 500) continue;
+      v.push_back({random.anyFloat<F>(), random.anyFloat<F>()});
+      if (std::isfinite(level * 2)) v.push_back({z.re * level * 2, z.im * level * 2});
     }
-    v.push_back(z);
   }
   return v;
 }
 
+// Elements that the relation passes stay to the bit, others are `bound` from the exact ones at
+// most.
 template <class E>
-void expectLevels(const Members<E>& members, const std::vector<mox::Part<E>>& levels,
-                  long double bound) {
-  using F = mox::Part<E>;
-  for (const F level : levels) {
+void expectAll(const Members<E>& members, const std::vector<mox::Part<E>>& levels,
+               long double bound) {
+  for (const auto level : levels) {
+    const E value = {9, -7};
     const auto src = manyElements<E>(level);
-    for (int start = 0; start < 8; ++start)  // other lanes
-      expectAll(members, std::vector<E>(src.begin() + start, src.end()), level, bound);
+    const auto low = run(members.lt, src, level).values, high = run(members.gt, src, level).values,
+               lowValue = run(members.ltVal, src, level, value).values,
+               highValue = run(members.gtVal, src, level, value).values;
+    EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdLess).values, low));
+    EXPECT_TRUE(sameBits(run(members.by, src, level, moxThresholdGreater).values, high));
+    for (std::size_t i = 0; i < src.size(); ++i) {
+      SCOPED_TRACE(text(src[i]) + ", level " + text(level));
+      const Order order = compare(src[i], level);
+      if (order == near) continue;
+      const auto expectMoved = [&](E got, bool isMoved) {
+        if (isMoved)
+          expectNear(got, atLevel(src[i], level), bound);
+        else
+          ASSERT_TRUE(sameBits(got, src[i])) << text(got);
+      };
+      expectMoved(low[i], order == below);
+      if (level == 0)
+        ASSERT_TRUE(sameBits(high[i], E{}));
+      else
+        expectMoved(high[i], order == above);
+      ASSERT_TRUE(sameBits(lowValue[i], order == below || order == unordered ? value : src[i]));
+      ASSERT_TRUE(sameBits(highValue[i], order == above || order == unordered ? value : src[i]));
+    }
   }
 }
 
 TEST(ThresholdComplex, MagnitudesAgainstLevels) {
-  expectLevels(MEMBERS_OF(32fc),
-               {0, 5, 0.3f, 1e-12f, 1e-30f, 1e-45f, 1e17f, 1e25f, 3e38f, INFINITY}, 8);
-  expectLevels(MEMBERS_OF(64fc), {0, 5, 0.3, 1e-119, 1e-200, 5e-324, 1e149, 1e200, 1e308, INFINITY},
-               4);
-  expectLevels(MEMBERS_OF(16sc), {0, 1, 5, 100, 12345, 32767}, 0.5L + 1e-9L);
+  expectAll(MEMBERS_OF(32fc),
+            {0, 5, 0.3f, 1e-12f, 1e-30f, 1e-45f, 1e17f, 1e25f, 3e38f, INFINITY, NAN}, 8);
+  expectAll(MEMBERS_OF(64fc),
+            {0, 5, 0.3, 1e-119, 1e-200, 5e-324, 1e149, 1e200, 1e308, INFINITY, NAN}, 4);
+  expectAll(MEMBERS_OF(16sc), {0, 1, 5, 100, 12345, 32767}, 0.5L + 1e-9L);
 }
 
-TEST(ThresholdComplex, ANaNLevelPassesAllButValues) {
-  const std::vector<Mox32fc> src = {{1, 2}, {0, 0}, {INFINITY, 1}}, values(3, {7, 7});
-  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_LT_32fc), src, NAN).values, src));
-  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_GT_32fc), src, NAN).values, src));
-  EXPECT_TRUE(sameBits(run(MEMBER(Threshold_LTVal_32fc), src, NAN, values[0]).values, values));
-}
-
-template <class E, class F = mox::Part<E>>
-void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<E>& src, F level) {
-  const auto got = run(member, src, level);
-  ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
-  for (std::size_t i = 0; i < src.size(); ++i) {
-    SCOPED_TRACE(text(src[i]) + ", level " + text(level));
-    const E z = src[i], r = got.values[i];
-    const Exact unit = atLevel(z, 1);
-    const long double root = std::hypot((long double)z.re, (long double)z.im);
-    const auto over = [&](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
-    if (compare(z, 1) == unordered)
-      ASSERT_TRUE(std::isnan(r.re) || std::isnan(r.im));
-    else
-      expectNear(r, {over(unit.re), over(root == 0 ? 0 : -unit.im)}, 3);
-  }
-}
-
-// Elements of all sizes, and such whose squared magnitude is next to overflow.
 template <class E, class F = mox::Part<E>>
 void expectReciprocals(Member<const E*, E*, int, F> member, const std::vector<Given<F>>& levels) {
-  for (const F level : levels) expectReciprocals(member, manyElements<E>(level), F(level));
-  Random random;
-  std::vector<E> huge = {{0, 0}};
-  for (int i = 0; i < 20000; ++i) {
-    const F root = std::ldexp(F(1), std::numeric_limits<F>::max_exponent / 2);
-    const F re = root * (F(0.7) + F(0.25) * random.value<F>());
-    huge.push_back({re, root * F(0.3) * random.value<F>()});
+  for (const F level : levels) {
+    const auto src = manyElements<E>(level);
+    const auto got = run(member, src, level);
+    ASSERT_EQ(got.status, level == 0 ? moxWarnInvZero : moxOk);
+    for (std::size_t i = 0; i < src.size(); ++i) {
+      SCOPED_TRACE(text(src[i]) + ", level " + text(level));
+      const E z = src[i], r = got.values[i];
+      const Exact unit = atLevel(z, 1);
+      const long double root = std::hypot((long double)z.re, (long double)z.im);
+      const auto over = [&](long double x) { return x == 0 ? x : x / std::fmax(root, level); };
+      if (compare(z, 1) == unordered)
+        ASSERT_TRUE(std::isnan(r.re) || std::isnan(r.im));
+      else
+        expectNear(r, {over(unit.re), over(root == 0 ? 0 : -unit.im)}, 3);
+    }
   }
-  expectReciprocals(member, huge, F(0));
 }
 
 TEST(ThresholdComplex, ReciprocalsOfRaisedMagnitudes) {

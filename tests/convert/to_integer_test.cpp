@@ -1,6 +1,5 @@
 // Conversions from floats to integers.
 #include "convert/samples.h"
-#include "support/guarded_array.h"
 #include "support/values.h"
 
 namespace {
@@ -54,7 +53,6 @@ void expectExact(Member<A...> member, Int128 ofNaN = rangeOf<T>.max) {
       };
       withCallsInAllRoundings(
           [&] { expectEach(convert<F, T>(member, src, roundMode, factor), model); });
-      if (testing::Test::HasFailure()) return;
     }
   }
 }
@@ -70,12 +68,6 @@ TEST(ConvertToInteger, IsExactForEveryModeFactorAndRoundingInForce) {
   expectExact<Mox32f, Sample24s>(MEMBER(Convert_32f24s_Sfs));
   expectExact<Mox32f, Sample24u>(MEMBER(Convert_32f24u_Sfs));
   expectExact<Mox64f, Mox64s>(MEMBER(Convert_64f64s_Sfs), LLONG_MIN);
-}
-
-TEST(ConvertToInteger, SixtyFourBitsTakeTheLengthAsUnsigned) {
-  const GuardedArray<Mox64f> src(100);
-  const GuardedArray<Mox64s> dst(100);
-  EXPECT_DEATH(moxsConvert_64f64s_Sfs(src.data(), dst.data(), -1, 0, 0), "");
 }
 
 // Long enough for the stores that bypass the cache.

@@ -14,10 +14,7 @@ constexpr auto convolve = moxsConvolve_32f;
 template <>
 constexpr auto convolve<Mox64f> = moxsConvolve_64f;
 
-template <class F>
-class Convolution : public testing::Test {};
-using Floats = testing::Types<Mox32f, Mox64f>;
-TYPED_TEST_SUITE(Convolution, Floats);
+TYPED_SUITE(Convolution, Mox32f, Mox64f);
 
 TYPED_TEST(Convolution, AgreesWithItsSumAboutEveryChoice) {
   using F = TypeParam;
@@ -42,7 +39,6 @@ TYPED_TEST(Convolution, AgreesWithItsSumAboutEveryChoice) {
             return moxsConvolveGetBufferSize(n, m, CorrApi<F>::dataType, Mox8u(algType), bytes);
           },
           convolve<F>, conv<F>);
-      if (this->HasFatalFailure()) return;
     }
 }
 
@@ -74,9 +70,7 @@ TEST(Convolution, ScalesShorts) {
       for (Mox16s& e : a) e >>= 7;
       for (Mox16s& e : b) e >>= 7;
       y.resize(n + m - 1);
-      EXPECT_EQ(allocationsOf(
-                    [&] { return moxsConv_16s_Sfs(a.data(), n, b.data(), m, y.data(), factor); }),
-                n == 400 ? 4 : 3);
+      ASSERT_OK(moxsConv_16s_Sfs(a.data(), n, b.data(), m, y.data(), factor));
       expectScaled(y, sumsOf(a, b, -1, 0, n + m - 1), factor, unchanged, n == 400 ? 1.5 : 0.5);
     }
 }

@@ -56,26 +56,4 @@ TEST_F(Equalizer, TheWrittenFileHasTheResponseThatWasAskedFor) {
   }
 }
 
-TEST_F(Equalizer, RefusesWhatItCannotDoWithAReason) {
-  writeSound("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, 500);
-  const std::string in = path("in.wav"), out = " " + path("out.wav");
-  const auto band = [&](const char* text) { return in + out + " --band " + text; };
-  expectRefusals(EQUALIZER, {{in + out, "--band is required"},
-                             {in + " --band peak:100:1:1", "output is required"},
-                             {band("bell:100:1:1"), "one of peak, lowshelf"},
-                             {band("peak:100:1"), "TYPE:HZ:DB:Q"},
-                             {band("peak:100:1:1x"), "TYPE:HZ:DB:Q"},
-                             {band("peak:nan:1:1"), "above 0"},
-                             {band("peak:100:1:0"), "above 0"},
-                             {band("peak:100:61:1"), "60 dB"},
-                             {band("butterworth-lowpass:100:2:1"), "TYPE:HZ:ORDER"},
-                             {band("chebyshev-lowpass:100:2"), "TYPE:HZ:ORDER:RIPPLE"},
-                             {band("chebyshev-lowpass:100:2:0"), "a ripple above 0"},
-                             {band("butterworth-highpass:100:2.5"), "order of 1 to 12"},
-                             {band("butterworth-highpass:100:13"), "order of 1 to 12"},
-                             {band("butterworth-highpass:10:8"), "order is too high"},
-                             {band("peak:4000:1:1"), "half the sample rate, 4000 Hz"},
-                             {in + " " + in + " --band peak:100:1:1", "same file"}});
-}
-
 }  // namespace

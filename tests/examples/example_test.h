@@ -7,11 +7,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <numeric>
 #include <random>
 #include <sndfile.hh>
 #include <string>
@@ -83,17 +85,6 @@ class ExampleTest : public ::testing::Test {
       for (int c = 0; c < channels; ++c)
         samples[i * channels + c] = noise(engine) + 0.3 * std::sin(0.05 * double(i) * (c + 1));
     write(name, format, {rate, channels, samples});
-  }
-
-  // Arguments that a program refuses without a result, and what it says to them.
-  void expectRefusals(const std::string& program,
-                      const std::vector<std::pair<std::string, std::string>>& refusals) const {
-    for (const auto& [arguments, reason] : refusals) {
-      const Outcome outcome = runProgram(program, arguments);
-      EXPECT_NE(outcome.exitCode, 0) << arguments;
-      EXPECT_THAT(outcome.output, testing::HasSubstr(reason)) << arguments;
-      EXPECT_FALSE(std::filesystem::exists(path("out.wav"))) << arguments;
-    }
   }
 
   std::filesystem::path folder_;

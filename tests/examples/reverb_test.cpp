@@ -46,13 +46,4 @@ TEST_F(Reverb, IsAConvolutionWithTheRoom) {
   EXPECT_NEAR(left[0] * 4, 1, 0.05);
 }
 
-TEST_F(Reverb, RefusesWhatIsNoRoom) {
-  writeSound("sound.wav", floatWav, rate, 1, 100);
-  const std::string in = path("sound.wav"), files = in + " " + path("out.wav");
-  expectRefusals(REVERB, {{files + " --time 0", "--time"},
-                          {files + " --length 0.2", "--length"},
-                          {files + " --height x", "--height"},
-                          {in + " " + in, "same file"}});
-}
-
 }  // namespace

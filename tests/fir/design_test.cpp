@@ -69,10 +69,4 @@ TEST(FIRGen, IsTheWindowedIdealResponse) {
         }
 }
 
-TEST(FIRGen, RefusesBandsWithoutWidth) {
-  Mox64f taps[5];
-  EXPECT_EQ(moxsFIRGenBandpass_64f(0.2, 0.2, taps, 5, 0, 0), moxErrSize);
-  EXPECT_EQ(moxsFIRGenBandstop_64f(0.3, 0.2, taps, 5, 0, 0), moxErrSize);
-}
-
 }  // namespace

@@ -84,8 +84,10 @@ class Fir : public testing::Test {
     const GuardedArray<Tap> guardedTaps(n);
     std::copy(taps.begin(), taps.end(), guardedTaps.begin());
     const GuardedArray<D> ring(2 * n);
-    int index = int(random.below(n));
-    for (int k = 0; k < 2 * n; ++k) ring[(index + 2 * n - 1 - k) % (2 * n)] = x.past[k % n];
+    const int start = int(random.below(n));
+    // Any index is a place of the ring, but with fractions.
+    int index = areFractions ? start : start + n * int(random.below(3) - 1);
+    for (int k = 0; k < 2 * n; ++k) ring[(start + 2 * n - 1 - k) % (2 * n)] = x.past[k % n];
     const auto call = [&](auto f, auto... samples) {
       if constexpr (takesFactor<F> && !areFractions)
         return f(samples..., guardedTaps.data(), n, factor, ring.data(), &index, scale);
@@ -93,8 +95,8 @@ class Fir : public testing::Test {
         return f(samples..., guardedTaps.data(), n, ring.data(), &index, scale);
     };
     std::vector<D> y = x.samples;
+    int place = start;
     for (const Piece& p : cut(random, len, 40)) {
-      const int place = (index + p.len) % n;
       if (p.way == Way::block)
         ASSERT_OK(call(F::direct, &x.samples[p.at], &y[p.at], p.len));
       else if (p.way == Way::inPlace)
@@ -102,12 +104,15 @@ class Fir : public testing::Test {
       else
         for (long i = p.at; i < p.at + p.len; ++i)
           ASSERT_OK(call(F::oneDirect, x.samples[i], &y[i]));
-      ASSERT_EQ(index, areFractions && p.way != Way::singly ? 0 : place);
+      place = areFractions && p.way != Way::singly ? 0 : (place + p.len) % n;
+      ASSERT_EQ(index, place);
     }
     model.expectOutputs(x, {}, scale, y);
     const auto last = x.lastPast();
     for (int k = 0; k < 2 * n; ++k)
-      ASSERT_EQ(exactly(ring[(index + 2 * n - 1 - k) % (2 * n)]), exactly(last[k % n]));
+      ASSERT_EQ(exactly(ring[(place + 2 * n - 1 - k) % (2 * n)]), exactly(last[k % n]));
+    index = n;
+    ASSERT_EQ(call(F::oneDirect, D{}, &y[0]), areFractions ? moxErrDlyLineIndex : moxOk);
   }
   static Model<F> directModel(const std::vector<Tap>& taps, int factor) {
     if constexpr (isFixedPoint<F>) {
@@ -317,37 +322,6 @@ TEST(Fir32s, GivesTapsTruncatedAndSaturated) {
   const auto state = makeFir<Fir64f32s>({std::begin(taps), std::end(taps)});
   ASSERT_OK(moxsFIRGetTaps_32s(state.get(), got.data()));
   EXPECT_THAT(got, testing::ElementsAre(2, -2, INT_MAX, INT_MIN, INT_MAX));
-}
-
-// The spectrum goes where the state with it is too large, not the filter.
-TEST(FirSize, LongFiltersDoWithoutASpectrum) {
-  int with = 0, without = 0, longest = 0;
-  ASSERT_OK(moxsFIRGetStateSize_32f(66'000'000, &with));
-  ASSERT_OK(moxsFIRGetStateSize_32f(67'000'000, &without));
-  ASSERT_OK(moxsFIRGetStateSize_32f(170'000'000, &longest));
-  EXPECT_LT(without, with);
-  EXPECT_GT(longest, without);
-}
-
-TEST(FirDirect32f, TakesAnyIndexForAPlaceOfTheRing) {
-  const Mox32f taps[3] = {0, 0, 1};
-  for (int index : {-1, 2, INT_MAX - 1}) {
-    const int place = (index % 3 + 3) % 3;
-    Mox32f ring[6] = {}, y;
-    ring[(place + 1) % 3] = ring[(place + 1) % 3 + 3] = 5;
-    ASSERT_OK(moxsFIROne_Direct_32f(9, &y, taps, 3, ring, &index));
-    EXPECT_EQ(y, 5);
-    EXPECT_EQ(index, (place + 1) % 3);
-  }
-}
-
-TEST(FirDirect16s, TakesNoIndexOutsideTheRing) {
-  const Mox16s tap = 1;
-  Mox16s y = 0, ring[2] = {};
-  for (int place : {-1, 1}) {
-    EXPECT_EQ(moxsFIR_Direct_16s_Sfs(&y, &y, 1, &tap, 1, ring, &place, 0), moxErrDlyLineIndex);
-    EXPECT_EQ(moxsFIROne_Direct_16s_Sfs(1, &y, &tap, 1, ring, &place, 0), moxErrDlyLineIndex);
-  }
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ bool always(const Function& f) { return f.address && f.signature->returnsStatus;
 // A function without a status is named in the contract table, and no other is.
 void checkDeclaration(const Function& f, Position&) {
   if (!f.address) throw Misbehaved("is declared and not built");
-  if (f.signature->returnsStatus == (deviation(f, Deviation::noStatus) != nullptr))
+  if (f.signature->returnsStatus == deviation(f, Deviation::noStatus))
     throw Misbehaved("has a status, or has none, against the table of deviations");
 }
 

@@ -9,11 +9,6 @@ namespace {
 
 std::uintptr_t address(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
 
-TEST(Core, CountsBelowOneGiveNoBlock) {
-  for (int bytes : {0, -1, INT_MIN}) EXPECT_EQ(moxMalloc(bytes), nullptr) << bytes;
-  moxFree(nullptr);
-}
-
 TEST(Core, TheLargestBlockIsThereOrRefused) {
   auto* p = static_cast<char*>(moxMalloc(INT_MAX));
   if (!p) GTEST_SKIP() << "no memory for a block of 2 GB";

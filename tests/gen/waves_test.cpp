@@ -145,14 +145,4 @@ TEST(Q15, WavesAreThoseOfTheirParametersInAnyPieces) {
   }
 }
 
-TEST(Waves, RefusePhasesOutOfRangeBeforeArrays) {
-  for (const double bad : {-1e-9, twoPi, 7.0, double(NAN)}) {
-    Mox64f phase = bad;
-    Mox32f single = Mox32f(bad);
-    EXPECT_EQ(moxsTone_Direct_64f(nullptr, 0, 1, 0, &phase, 0), moxErrTonePhase);
-    EXPECT_EQ(moxsTriangle_Direct_32f(nullptr, 0, 1, 0, 0, &single), moxErrTrianglePhase);
-    EXPECT_TRUE(same(phase, bad));
-  }
-}
-
 }  // namespace

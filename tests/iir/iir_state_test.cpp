@@ -44,14 +44,6 @@ TYPED_TEST(IirState, SetsTheTapsOfSectionsBeforeABadOne) {
   EXPECT_EQ(this->setTaps(taps, state.get()), moxErrDivByZero);
 }
 
-TEST(IirStates, HaveSizesUpToTheLargestInt) {
-  int bytes = 77;
-  EXPECT_EQ(moxsIIRGetStateSize_BiQuad_64fc(std::numeric_limits<int>::max(), &bytes),
-            moxErrIirOrder);
-  EXPECT_EQ(bytes, 77);
-  EXPECT_OK(moxsIIRGetStateSize_64fc(1000000, &bytes));
-}
-
 // A zero is refused and leaves nothing behind; NaN is a tap like any other.
 TEST(IirStates, TakeNaNForATapButNoZero) {
   const Mox32f bad[] = {1, 0, 0, 0, 0, 0};

@@ -17,10 +17,10 @@ void setBit(Mox8u* p, long i, Order order, int value) {
   p[i / 8] = Mox8u(value ? p[i / 8] | mask : p[i / 8] & ~mask);
 }
 
-void checkBitCopy(BitCopy copy, Order order, Random& random, int srcOffset, int dstOffset, int len,
-                  Guard side) {
+void checkBitCopy(BitCopy copy, Order order, Random& random, int srcOffset, int dstOffset,
+                  int len) {
   // Arrays of just the bytes that the strings touch.
-  GuardedArray<Mox8u> src((srcOffset + len + 7) / 8, side), dst((dstOffset + len + 7) / 8, side);
+  GuardedArray<Mox8u> src((srcOffset + len + 7) / 8), dst((dstOffset + len + 7) / 8);
   for (Mox8u& b : src) b = Mox8u(random.bits());
   for (Mox8u& b : dst) b = Mox8u(random.bits());
   std::vector<Mox8u> expected(dst.begin(), dst.end());
@@ -37,9 +37,8 @@ void checkBitCopies(BitCopy copy, Order order) {
   for (int srcOffset = 0; srcOffset < 8; ++srcOffset)
     for (int dstOffset = 0; dstOffset < 8; ++dstOffset) {
       for (int len = 1; len <= 210; ++len)
-        checkBitCopy(copy, order, random, srcOffset, dstOffset, len, Guard::after);
-      for (int len : {1, 9, 63, 64, 200, 4001})
-        checkBitCopy(copy, order, random, srcOffset, dstOffset, len, Guard::before);
+        checkBitCopy(copy, order, random, srcOffset, dstOffset, len);
+      checkBitCopy(copy, order, random, srcOffset, dstOffset, 4001);
     }
 }
 

@@ -11,32 +11,6 @@ using namespace test;
 template <class E>
 using Limits = std::numeric_limits<E>;
 
-// A search for one extreme, without its index and with it.
-template <class E>
-struct Search {
-  MoxStatus (*alone)(const E*, int, E*);
-  MoxStatus (*withIndex)(const E*, int, E*, int*);
-};
-// The members of one element type, which need not have all.
-template <class E>
-struct Members {
-  MoxStatus (*minMax)(const E*, int, E*, E*);
-  MoxStatus (*minMaxIndx)(const E*, int, E*, int*, E*, int*);
-  Search<E> max{}, min{}, maxAbs{}, minAbs{};
-};
-#define BOTH(t) moxsMinMax_##t, moxsMinMaxIndx_##t
-#define ONE(what, t) \
-  { moxs##what##_##t, moxs##what##Indx_##t }
-#define EACH(t) ONE(Max, t), ONE(Min, t)
-#define EACH_ABS(t) ONE(MaxAbs, t), ONE(MinAbs, t)
-constexpr Members<Mox8u> members(Mox8u) { return {BOTH(8u)}; }
-constexpr Members<Mox16u> members(Mox16u) { return {BOTH(16u)}; }
-constexpr Members<Mox32u> members(Mox32u) { return {BOTH(32u)}; }
-constexpr Members<Mox32f> members(Mox32f) { return {BOTH(32f), EACH(32f)}; }
-constexpr Members<Mox64f> members(Mox64f) { return {BOTH(64f), EACH(64f)}; }
-constexpr Members<Mox16s> members(Mox16s) { return {BOTH(16s), EACH(16s), EACH_ABS(16s)}; }
-constexpr Members<Mox32s> members(Mox32s) { return {BOTH(32s), EACH(32s), EACH_ABS(32s)}; }
-
 template <class E>
 struct Extreme {
   E value;
@@ -48,96 +22,110 @@ struct Extreme {
 };
 
 template <class E>
-E magnitude(E x) {
-  if constexpr (std::is_signed_v<E>)
-    return x == Limits<E>::min() ? Limits<E>::max() : E(std::abs(x));
-  return x;
-}
-template <class E>
-Extreme<E> plainScan(const std::vector<E>& v, bool isMost, bool ofMagnitudes = false) {
+Extreme<E> plainScan(const std::vector<E>& v, bool isMost, bool ofMagnitudes) {
   Extreme<E> best{};
   for (int i = 0; i < int(v.size()); ++i) {
-    const E x = ofMagnitudes ? magnitude(v[i]) : v[i];
+    E x = v[i];
+    if constexpr (std::is_signed_v<E>)
+      if (ofMagnitudes) x = x == Limits<E>::min() ? Limits<E>::max() : E(std::abs(x));
     if (i == 0 || (isMost ? x > best.value : x < best.value)) best = {x, i};
   }
   return best;
 }
 
+// Vectors of few values with many ties: the limits of the type, in floats zeros of both signs and
+// NaN. Every element is drawn, or few of a constant vector are, or one and another behind it.
 template <class E>
-void check(const std::vector<E>& v) {
-  // At the end of a larger array, so that the address varies with the length.
-  std::vector<E> memory(6000 - v.size());
-  memory.insert(memory.end(), v.begin(), v.end());
-  const int len = int(v.size());
-  const E* const src = &memory[6000 - v.size()];
-
-  const Members<E> m = members(E());
-  const Extreme<E> most = plainScan(v, true), least = plainScan(v, false);
-  Extreme<E> low{}, high{}, lowAlone{E(1), least.index}, highAlone{E(1), most.index};
-  EXPECT_OK(m.minMaxIndx(src, len, &low.value, &low.index, &high.value, &high.index));
-  EXPECT_OK(m.minMax(src, len, &lowAlone.value, &highAlone.value));
-  EXPECT_TRUE(low == least && high == most);
-  EXPECT_TRUE(lowAlone == least && highAlone == most) << "without index";
-
-  const auto expect = [&](const Search<E>& search, const Extreme<E>& expected) {
-    if (!search.alone) return;
-    Extreme<E> found{}, alone{E(1), expected.index}, unwanted = alone;
-    EXPECT_OK(search.withIndex(src, len, &found.value, &found.index));
-    EXPECT_OK(search.alone(src, len, &alone.value));
-    EXPECT_OK(search.withIndex(src, len, &unwanted.value, nullptr));
-    EXPECT_EQ(found, expected);
-    EXPECT_EQ(alone, expected) << "without index";
-    EXPECT_EQ(unwanted, expected) << "with a null index";
-  };
-  expect(m.max, most);
-  expect(m.min, least);
-  expect(m.maxAbs, plainScan(v, true, true));
-  expect(m.minAbs, plainScan(v, false, true));
-}
-
-template <class E>
-class Extrema : public testing::Test {
- public:
-  // Few values, many ties: the limits of the type, in floats zeros of both signs and NaN.
-  E value() {
-    using L = Limits<E>;
-    const E values[] = {
-        L::lowest(), L::max(), E(L::lowest() + 1), E(0),          E(-2), E(-1), E(1),
-        E(2),        E(-0.0),  L::infinity(),      L::quiet_NaN()};
-    return values[random.below(std::is_floating_point_v<E> ? 11 : 8)];
-  }
+void forVectors(auto check) {
+  using L = Limits<E>;
+  std::vector<E> few = {L::lowest(), L::max(), E(L::lowest() + 1), 0, E(-2), E(-1), 1, 2};
+  if (std::is_floating_point_v<E>) few.insert(few.end(), {E(-0.0), L::infinity(), L::quiet_NaN()});
   Random random;
-};
-using Elements = testing::Types<Mox8u, Mox16u, Mox16s, Mox32u, Mox32s, Mox32f, Mox64f>;
-TYPED_TEST_SUITE(Extrema, Elements);
-
-// Every element is drawn anew, or few of a constant vector are.
-TYPED_TEST(Extrema, OfFewValues) {
+  const auto value = [&] { return few[random.below(long(few.size()))]; };
   for (int len = 1; len < 6000; len += 1 + len / 50)
     for (const long step : {1, 90, 400}) {
-      std::vector<TypeParam> v(len, this->value());
-      for (long i = 0; i < len; i += 1 + this->random.below(step)) v[i] = this->value();
+      std::vector<E> v(len, value());
+      for (long i = 0; i < len; i += 1 + random.below(step)) v[i] = value();
       check(v);
-      ASSERT_FALSE(this->HasFailure()) << "length " << len;
     }
-}
-
-TYPED_TEST(Extrema, AtEveryPlace) {
   for (const int len : {33, 256, 530, 1030})
     for (int at = 0; at < len; ++at)
-      for (const TypeParam extreme : {3, 9}) {
-        std::vector<TypeParam> v(len, TypeParam(7));
-        v[at] = v[at + (len - at) / 2] = extreme;
+      // Of equal zeros the first one counts, whatever its sign.
+      for (const auto& [rest, x] : {std::pair(7, 3.0), {7, 9.0}, {7, 0.0}, {-7, -0.0}}) {
+        std::vector<E> v(len, E(rest));
+        v[at] = E(x), v[at + (len - at) / 2] = E(x == 0 ? -x : x);
         check(v);
-        if constexpr (std::is_floating_point_v<TypeParam>) {
-          // Of equal zeros the first one counts, whatever its sign.
-          for (TypeParam& e : v) e = extreme == 3 ? TypeParam(7) : TypeParam(-7);
-          v[at] = extreme == 3 ? TypeParam(0) : TypeParam(-0.0);
-          v[at + (len - at) / 2] = -v[at];
-          check(v);
-        }
-        ASSERT_FALSE(this->HasFailure()) << "length " << len << ", at " << at;
       }
+}
+
+template <class E>
+void expectSearch(bool isMost, bool ofMagnitudes, auto withIndex, auto... alone) {
+  forVectors<E>([&](const std::vector<E>& v) {
+    // At the end of a larger array, so that the address varies with the length.
+    std::vector<E> memory(6000 - v.size());
+    memory.insert(memory.end(), v.begin(), v.end());
+    const int len = int(v.size());
+    const E* const src = &memory[6000 - v.size()];
+    const auto expected = plainScan(v, isMost, ofMagnitudes);
+    Extreme<E> found{};
+    ASSERT_OK(withIndex(src, len, &found.value, &found.index));
+    ASSERT_EQ(found, expected) << "length " << len;
+    const auto expectAlone = [&](auto f) {
+      found.value = E(1);
+      ASSERT_OK(f(src, len, &found.value));
+      ASSERT_EQ(found, expected) << "length " << len << ", without index";
+    };
+    (expectAlone(alone), ...);
+  });
+}
+
+// A search for one extreme, and for both at once.
+template <class E>
+void expectOne(MoxStatus (*alone)(const E*, int, E*),
+               MoxStatus (*withIndex)(const E*, int, E*, int*), bool isMost,
+               bool ofMagnitudes = false) {
+  expectSearch<E>(isMost, ofMagnitudes, withIndex, alone, [=](const E* src, int len, E* value) {
+    return withIndex(src, len, value, nullptr);
+  });
+}
+template <class E>
+void expectBoth(MoxStatus (*alone)(const E*, int, E*, E*),
+                MoxStatus (*withIndex)(const E*, int, E*, int*, E*, int*)) {
+  E other;
+  int at;
+  expectSearch<E>(
+      false, false,
+      [&](auto* src, int len, E* value, int* i) {
+        return withIndex(src, len, value, i, &other, &at);
+      },
+      [&](auto* src, int len, E* value) { return alone(src, len, value, &other); });
+  expectSearch<E>(
+      true, false,
+      [&](auto* src, int len, E* value, int* i) {
+        return withIndex(src, len, &other, &at, value, i);
+      },
+      [&](auto* src, int len, E* value) { return alone(src, len, &other, value); });
+}
+
+#define EXPECT_BOTH(t) expectBoth(moxsMinMax_##t, moxsMinMaxIndx_##t)
+#define EXPECT_EACH(t)                           \
+  EXPECT_BOTH(t);                                \
+  expectOne(moxsMax_##t, moxsMaxIndx_##t, true); \
+  expectOne(moxsMin_##t, moxsMinIndx_##t, false)
+#define EXPECT_ABS(t)                                        \
+  expectOne(moxsMaxAbs_##t, moxsMaxAbsIndx_##t, true, true); \
+  expectOne(moxsMinAbs_##t, moxsMinAbsIndx_##t, false, true)
+
+TEST(Extrema, AreThoseOfAScan) {
+  EXPECT_BOTH(8u);
+  EXPECT_BOTH(16u);
+  EXPECT_BOTH(32u);
+  EXPECT_EACH(16s);
+  EXPECT_EACH(32s);
+  EXPECT_EACH(32f);
+  EXPECT_EACH(64f);
+  EXPECT_ABS(16s);
+  EXPECT_ABS(32s);
 }
 
 // All pairs of special values, through vectors and the tail; a negative length is no element.

@@ -40,15 +40,11 @@ void expectSums(Sum sum, Mean mean, bool fast = false) {
   expectReduction<E, E>(model, 1, sum, mean);
 }
 
-TEST(Sum, Fast) {
+TEST(Sum, FastAndAccurate) {
   expectSums<Mox32f>(with(moxsSum_32f, 1), with(moxsMean_32f, 1), true);
   expectSums<Mox32fc>(with(moxsSum_32fc, 1), with(moxsMean_32fc, 1), true);
-}
-TEST(Sum, Accurate) {
   expectSums<Mox32f>(with(moxsSum_32f, 2), with(moxsMean_32f, -7));
   expectSums<Mox32fc>(with(moxsSum_32fc, 0), with(moxsMean_32fc, 2));
-}
-TEST(Sum, Doubles) {
   expectSums<Mox64f>(moxsSum_64f, moxsMean_64f);
   expectSums<Mox64fc>(moxsSum_64fc, moxsMean_64fc);
 }
@@ -179,19 +175,15 @@ void expectNorms(Kind kind, MoxStatus (*norm)(const E*, int, D*),
 #define EXPECT_NORMS(kind, types) \
   expectNorms(kind, moxsNorm_##kind##_##types, moxsNormDiff_##kind##_##types)
 
-TEST(Norm, Inf) {
+TEST(Norm, OfEveryKind) {
   EXPECT_NORMS(Inf, 32f);
   EXPECT_NORMS(Inf, 64f);
   EXPECT_NORMS(Inf, 32fc32f);
   EXPECT_NORMS(Inf, 64fc64f);
-}
-TEST(Norm, L1) {
   EXPECT_NORMS(L1, 32f);
   EXPECT_NORMS(L1, 64f);
   EXPECT_NORMS(L1, 32fc64f);
   EXPECT_NORMS(L1, 64fc64f);
-}
-TEST(Norm, L2) {
   EXPECT_NORMS(L2, 32f);
   EXPECT_NORMS(L2, 64f);
   EXPECT_NORMS(L2, 32fc64f);

@@ -1,6 +1,5 @@
 // The median filter against a sort of each window.
 #include "support/members.h"
-#include "support/test.h"
 
 namespace {
 

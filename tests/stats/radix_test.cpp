@@ -1,26 +1,11 @@
+#include <compare>
 #include <numeric>
 
-#include "frame/elements.h"
 #include "stats/sort_data.h"
 
 namespace {
 
 using namespace test;
-
-// The order of floats by their bits, told by sign and magnitude; that of integers is their own.
-template <class T>
-bool precedes(T a, T b) {
-  if constexpr (std::is_floating_point_v<T>) {
-    const bool negative = std::signbit(a);
-    if (negative != std::signbit(b)) return negative;
-    mox::BitsOf<T> magnitudes[2];
-    std::memcpy(&magnitudes[0], &a, sizeof a);
-    std::memcpy(&magnitudes[1], &b, sizeof b);
-    return negative ? magnitudes[0] > magnitudes[1] : magnitudes[0] < magnitudes[1];
-  } else {
-    return a < b;
-  }
-}
 
 template <class T>
 Patterns<T> radixPatterns(long len) {
@@ -58,7 +43,8 @@ void forEachPattern(const std::vector<long>& lengths, Check check) {
         std::vector<Mox32s> places(len);
         std::iota(places.begin(), places.end(), 0);
         std::stable_sort(places.begin(), places.end(), [down, &keys = data](int a, int b) {
-          return down ? precedes(keys[b], keys[a]) : precedes(keys[a], keys[b]);
+          // Of floats by sign and magnitude, NaN among them.
+          return std::strong_order(keys[down ? b : a], keys[down ? a : b]) < 0;
         });
         check(data, down, places);
       }

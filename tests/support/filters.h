@@ -55,7 +55,7 @@ E one() {
   *mox::parts(&e) = 1;
   return e;
 }
-inline Exact eachPart(Exact z, auto f) { return {f(z.real()), f(z.imag())}; }
+inline Exact eachPart(Exact z, auto f) { return Exact(f(z.real()), f(z.imag())); }
 
 // Within the range of integers D.
 template <class D>

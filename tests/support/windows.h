@@ -8,12 +8,6 @@ namespace test {
 
 constexpr long double pi = std::numbers::pi_v<long double>;
 
-inline long double besselI0(long double x) {
-  long double sum = 1, term = 1;
-  for (int k = 1; term > sum * 1e-21L; ++k) sum += term *= x / 2 / k * (x / 2 / k);
-  return sum;
-}
-
 using Weight = long double (*)(long double n, long double last, long double alpha);
 inline long double rectangular(long double, long double, long double) { return 1; }
 inline long double bartlett(long double n, long double last, long double) {
@@ -33,8 +27,8 @@ inline long double blackmanOpt(long double n, long double last, long double) {
   return blackman(n, last, -std::pow(0.5L / std::cos(pi / last), 2));
 }
 inline long double kaiser(long double n, long double last, long double alpha) {
-  return besselI0(std::fabs(alpha) * std::sqrt(n * (last - n))) /
-         besselI0(std::fabs(alpha) * last / 2);
+  return std::cyl_bessel_i(0.0L, std::fabs(alpha) * std::sqrt(n * (last - n))) /
+         std::cyl_bessel_i(0.0L, std::fabs(alpha) * last / 2);
 }
 
 }  // namespace test

@@ -129,15 +129,4 @@ TEST(Goertzel, FixedPointFrequenciesAreTheFloatingOnes) {
   }
 }
 
-// Frequencies in arrays are beyond what the test of all functions can spoil.
-TEST(Goertzel, EachOfTwoFrequenciesIsLookedAt) {
-  const Mox64f x = 1, bad[][2] = {{-0.1, 0}, {0, 1}, {NAN, 0}, {0, NAN}};
-  Mox64fc dst[2];
-  for (const auto& f : bad) EXPECT_EQ(moxsGoertzTwo_64f(&x, 1, dst, f), moxErrRelFreq);
-  EXPECT_EQ(moxsGoertzTwo_64f(&x, 0, dst, bad[0]), moxErrSize);
-  const Mox16s badQ15[][2] = {{-1, 0}, {0, -1}};
-  for (const auto& f : badQ15)
-    EXPECT_EQ(moxsGoertzTwoQ15_16sc_Sfs(nullptr, 0, nullptr, f, 0), moxErrRelFreq);
-}
-
 }  // namespace

@@ -124,8 +124,7 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
                       {random.vector<Mox32f>(5), offsHigh}};
       const auto x = random.vector<D>(2 * len);
       const Bands bands = analyse(f, x), cut = analyse(f, x, &random);
-      EXPECT_EQ(bands.low, cut.low);
-      EXPECT_EQ(bands.high, cut.high);
+      ASSERT_TRUE(bands.low == cut.low && bands.high == cut.high);
       const long double bound = 1e-6L * most;
       const auto expectBand = [&](const Channel& c, const Floats& band) {
         for (int k = 0; k < len; ++k) {
@@ -143,7 +142,7 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
       for (Floats* band : {&in.low, &in.high})
         for (Mox32f& e : *band) e *= Mox32f(most / std::sqrt(lenLow));
       const auto y = synthesise<D>(f, in);
-      EXPECT_EQ(y, synthesise<D>(f, in, &random));
+      ASSERT_EQ(y, synthesise<D>(f, in, &random));
       for (int n = 0; n < 2 * len; ++n) {
         long double sum = 0;
         const auto add = [&](const Channel& c, const Floats& band) {
@@ -156,7 +155,6 @@ TYPED_TEST(FilterBank, FollowsItsFormulas) {
         if (isInteger) sum = std::clamp<long double>(sum, std::numeric_limits<D>::min(), most);
         ASSERT_LE(std::fabs(y[n] - sum), isInteger ? 0.5L + 4 * bound : 4 * bound) << n;
       }
-      if (this->HasFailure()) return;
     }
 }
 

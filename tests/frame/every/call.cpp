@@ -174,16 +174,9 @@ void Call::fill(int parameter, const std::vector<std::byte>& content) {
   a->initial.assign(a->data, a->data + a->bytes);
 }
 
-Array* Call::array(int parameter) {
-  for (auto& a : arrays_)
-    if (a->parameter == parameter) return a.get();
-  return nullptr;
-}
-
-std::vector<std::byte> Call::content(int parameter) const {
-  for (const auto& a : arrays_)
-    if (a->parameter == parameter) return {a->data, a->data + a->bytes};
-  return {};
+Array* Call::array(int parameter) const {
+  const auto at = std::ranges::find(arrays_, parameter, [](auto& a) { return a->parameter; });
+  return at == arrays_.end() ? nullptr : at->get();
 }
 
 void* Call::object() const {
@@ -284,7 +277,7 @@ long query(const std::string& function, const Setting& setting, const std::strin
   Call call(*f, plain);
   if (const MoxStatus status = call.run(); status != moxOk)
     throw Misbehaved(function + " answers " + std::to_string(status) + " to valid arguments");
-  return read<int>(call.content(f->indexOf(output)).data());
+  return read<int>(call.array(f->indexOf(output))->data);
 }
 
 }  // namespace every

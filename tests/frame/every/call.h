@@ -71,10 +71,9 @@ class Call {
   MoxStatus run();
   void takeAsInitial();  // what the arrays hold now is what they must keep
 
-  Array* array(int parameter);  // the only one of this parameter; null when there is none
+  Array* array(int parameter) const;  // the only one of this parameter; null when there is none
   const std::vector<std::unique_ptr<Array>>& arrays() const { return arrays_; }
   void* object() const;  // what an Init call has set up
-  std::vector<std::byte> content(int parameter) const;
 
   void requireUntouched() const;  // no byte of arrays and objects has changed
   void requireSourcesUntouched() const;

@@ -1,4 +1,4 @@
-// Where a function's contract differs from what holds for all, and why.
+// Where a function's contract differs from what holds for all.
 #pragma once
 
 #include <string>
@@ -18,8 +18,7 @@ enum class Deviation {
   unidentified     // its objects have no identifier: it does not look at what it is given
 };
 
-// The reason, in words; null when the function does as all do.
-const char* deviation(const Function& function, Deviation kind);
+bool deviation(const Function& function, Deviation kind);
 
 // May this pointer be null?
 bool optionalPointer(const Function& function, const std::string& parameter);

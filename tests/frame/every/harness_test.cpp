@@ -47,23 +47,19 @@ MoxStatus checksLengthFirst(const Mox32f* src, Mox32f* dst, int len) {
   return len < 1 ? moxErrSize : checked(src, dst, len);
 }
 
-constexpr auto readsBehind = [](const Mox32f* src, Mox32f*, int len) {
-  seen = *byteOf(src, 4 * len);
-};
-constexpr auto readsBefore = [](const Mox32f* src, Mox32f*, int len) {
+constexpr auto readsBehind = [](auto* src, auto*, int len) { seen = *byteOf(src, 4 * len); };
+constexpr auto readsBefore = [](auto* src, auto*, int len) {
   if (len == 33) seen = *byteOf(src, -1);
 };
-constexpr auto writesBehind = [](const Mox32f*, Mox32f* dst, int len) {
+constexpr auto writesBehind = [](auto*, auto* dst, int len) {
   if (isOdd(dst) && len == 70) *byteOf(dst, 4 * len) = 0;
 };
-constexpr auto dependsOnAlignment = [](const Mox32f*, Mox32f* dst, int) {
-  if (isOdd(dst)) *byteOf(dst, 0) ^= 1;
-};
-constexpr auto dependsOnLength = [](const Mox32f*, Mox32f* dst, int len) {
+constexpr auto dependsOnAlignment = [](auto*, auto* dst, int) { *byteOf(dst, 0) ^= isOdd(dst); };
+constexpr auto dependsOnLength = [](auto*, auto* dst, int len) {
   if (len == 19) *byteOf(dst, 72) ^= 1;
 };
-constexpr auto keepsRounding = [](const Mox32f*, Mox32f*, int) { _mm_setcsr(0x3F80); };
-constexpr auto keepsMemory = [](const Mox32f*, Mox32f*, int) { kept = moxMalloc(8); };
+constexpr auto keepsRounding = [](auto*, auto*, int) { _mm_setcsr(0x3F80); };
+constexpr auto keepsMemory = [](auto*, auto*, int) { kept = moxMalloc(8); };
 MoxStatus readsAfterWriting(const Mox32f* src, Mox32f* dst, int len) {
   if (const MoxStatus s = checked(src, dst, len)) return s;
   for (int i = 0; i < len; ++i) {
@@ -75,10 +71,10 @@ MoxStatus readsAfterWriting(const Mox32f* src, Mox32f* dst, int len) {
 }
 
 std::string verdict(CheckFunction* check, MoxStatus (*f)(const Mox32f*, Mox32f*, int)) {
-  const Function faulty{"moxsFaulty_32f",
-                        {"src", "dst", "len"},
-                        signatureOf<decltype(f)>,
-                        reinterpret_cast<AnyFunction*>(f)};
+  const Function faulty = {"moxsFaulty_32f",
+                           {"src", "dst", "len"},
+                           signatureOf<decltype(f)>,
+                           reinterpret_cast<AnyFunction*>(f)};
   Position at;
   try {
     check(faulty, at);
@@ -122,10 +118,10 @@ TEST(Harness, FindsIdleRowsAndDoubleClaims) {
 
 TEST(Harness, NamesWhatItDoesNotKnow) {
   auto* f = +[](const Mox32f*, int, Mox32f) { return MoxStatus(moxOk); };
-  const Function strange{"moxsStrange_32f",
-                         {"wavelets", "len", "mood"},
-                         signatureOf<decltype(f)>,
-                         reinterpret_cast<AnyFunction*>(f)};
+  const Function strange = {"moxsStrange_32f",
+                            {"wavelets", "len", "mood"},
+                            signatureOf<decltype(f)>,
+                            reinterpret_cast<AnyFunction*>(f)};
   Position at;
   EXPECT_THAT([&] { checkRefusals(strange, at); },
               testing::ThrowsMessage<Unknown>(testing::HasSubstr("'mood' of moxsStrange_32f")));

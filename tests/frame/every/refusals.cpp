@@ -15,7 +15,8 @@ namespace {
 // When arguments are looked at. What has the same rank may be looked at in any order.
 enum Rank { first, object, pointer, length, behindLength, number, level, last };
 
-// Bad values of pointers; those of other parameters are numbers.
+// Bad values of pointers; those of other parameters are numbers, and so are those of "*phase", to
+// which the pointer `phase` points.
 constexpr double null = 0, cleared = 1;
 
 struct Row {
@@ -35,7 +36,9 @@ const std::vector<double> belowOne = {0, -1, INT_MIN}, negative = {-1, INT_MIN};
 
 const Table<Row> refusals = {
     "refusals",
-    {row("*", "len tableLen channels", belowOne, moxErrSize, length),
+    {row("*", "len len1 len2 srcLen lenLow tableLen", belowOne, moxErrSize, length),
+     row("*", "channels numIters nStep inRate outRate", belowOne, moxErrSize, length),
+     row("Conv* *Corr* WTFwd_*", "dstLen", belowOne, moxErrSize, length),
      row("@(StdDev|MeanStdDev)_*", "len", {1, 0, -1, INT_MIN}, moxErrSize, length),
      // A complex sum is the real one of twice the length, which is reckoned first.
      row("@(Add|Sub)_*c?(_I) @(Add|Sub)_*sc_?(I)Sfs MaxOrder_*", "len", belowOne, moxErrSize,
@@ -49,7 +52,6 @@ const Table<Row> refusals = {
 
      row("@(FIR|Tone|Triangle|Rand)!(*Init*|Sparse*|*_Direct_*) IIR!(*Init*|*P|*PSfs|Sparse*)",
          "state", {cleared}, moxErrContext, last),
-     row("Conv* *Corr*", "len1 len2 srcLen dstLen", belowOne, moxErrSize, length),
      row("Convolve* *CorrNorm*", "algType", {3, 255}, moxErrAlgType, number),
      row("Convolve* *CorrNorm*", "dataType", {0, 12, 21}, moxErrDataType, last),
 
@@ -68,20 +70,20 @@ const Table<Row> refusals = {
      row("Convert_32f16f Convert_16s16f Convert_16f16s_Sfs", "roundMode", {2}, moxErrRoundMode,
          number),
      row("@(L|R)ShiftC_*", "val", negative, moxErrShift, number),
-     row("Cauchy*", "c", {0, -1}, moxErrCauchyConst, number),
-     row("Sample@(Up|Down)_*", "srcLen", belowOne, moxErrSize, length),
+     row("Cauchy*", "c", {0, -1, NAN}, moxErrCauchyConst, number),
      row("Sample@(Up|Down)_*", "factor", belowOne, moxErrSampleFactor, number),
-     row("ResamplePolyphase@(GetSize|Init)_*", "nStep", belowOne, moxErrSize, length),
+     row("Sample@(Up|Down)_*", "*phase", {3, -1, INT_MIN, INT_MAX}, moxErrSamplePhase, level),
      row("ResamplePolyphase@(GetSize|Init)_*", "window", {0, -1, 0.124, 1e30}, moxErrBadArg,
          number),
      row("ResamplePolyphase*Init_*", "rollf", {0, -1, 1.01}, moxErrBadArg, number),
      row("ResamplePolyphase*Init_*", "alpha", {0.99, -3}, moxErrBadArg, number),
-     row("ResamplePolyphaseFixed*", "inRate outRate", belowOne, moxErrSize, length),
      row("ResamplePolyphase_*", "factor", {0, -1, 1e-10, 1e30}, moxErrSize, length),
+     row("ResamplePolyphase?(Fixed)_*", "*time", {NAN, 1e300, -INFINITY}, moxErrBadArg, last),
      row("ResamplePolyphase[GS]etFixedFilter_*", "step height", belowOne, moxErrSize, length),
      row("ResamplePolyphase[GS]etFixedFilter_*", "height", {INT_MAX}, moxErrSize, last),
      row("FIRGen*", "tapsLen", {4, 0, -1, INT_MIN}, moxErrSize, length),
      row("FIRGen*", "rFreq rLowFreq rHighFreq", {0, 0.5, 1, -0.1, NAN}, moxErrSize, number),
+     row("FIRGenBand*", "rLowFreq", {0.3, 0.4}, moxErrSize, last),
      row("FilterMedian_*", "maskSize", belowOne, moxErrSize, number),
      row("SumWindow_*", "maskSize", belowOne, moxErrSumWindowLen, number),
      row("ZeroCrossing_*", "zcType", {3, -1, INT_MIN}, moxErrZeroCrossingType, number),
@@ -91,8 +93,10 @@ const Table<Row> refusals = {
      row("Threshold_*", "relOp", {3, -1}, moxErrBadArg, last),
 
      row("Goertz_*", "relFreq", {-1e-9, 1, NAN}, moxErrRelFreq, number),
+     row("GoertzTwo_*", "*relFreq", {-0.1, 1, NAN, -0.1}, moxErrRelFreq, number),
      row("GoertzQ15_*", "relFreqQ15", {-1, -32768}, moxErrRelFreq, first),
      row("GoertzTwoQ15_*", "relFreqQ15", {null}, moxErrNullPtr, first),
+     row("GoertzTwoQ15_*", "*relFreqQ15", {-1, -32768}, moxErrRelFreq, object),
 
      row("FFTGetSize_*", "order", {-1, 31, INT_MIN, INT_MAX}, moxErrFftOrder, first),
      row("FFTGetSize_*", "order", {30}, moxErrFftOrder, last),
@@ -119,9 +123,10 @@ const Table<Row> refusals = {
      row("FIR!(MR*|LMS*)_Direct_*", "taps", {null}, moxErrNullPtr, behindLength),
      row("FIR!(MR*|LMS*)_Direct_*", "tapsLen", belowOne, moxErrFirLen, number),
      row("FIR!(MR*|LMS*)_Direct_*", "dlyLine dlyLineIndex", {null}, moxErrNullPtr, last),
+     row("FIR?(One)_Direct_16s* FIRLMSOne_Direct*", "*dlyLineIndex", {-1, INT_MAX},
+         moxErrDlyLineIndex, last),
      row("FIR*StreamInit*_16s", "rndMode", {3, -1}, moxErrRoundMode, last),
 
-     row("FIRMR*_Direct_*", "numIters", belowOne, moxErrSize, length),
      row("FIRMR*_Direct_*", "tapsLen", belowOne, moxErrFirLen, behindLength),
      row("FIRMR*GetStateSize*", "upFactor downFactor", belowOne, moxErrFirMrPhase, number),
      row("FIRMR*Init* FIRMR*_Direct_*", "upFactor downFactor", belowOne, moxErrFirMrFactor, number),
@@ -136,6 +141,7 @@ const Table<Row> refusals = {
      row("FIRLMSMRGetDlyVal*", "index", {-1, INT_MAX}, moxErrBadArg, last),
 
      row("IIR!(Sparse*)@(Init|GetStateSize)*", "order numBq", belowOne, moxErrIirOrder, length),
+     row("IIRGetStateSize*", "order numBq", {INT_MAX}, moxErrIirOrder, last),
      // The phase's own pointer comes first, the array last.
      row("@(Tone|Triangle)_Direct_*", "phase", {null}, moxErrNullPtr, first),
      row("Tone_Direct_*", "magn", {0, -1}, moxErrToneMagn, object),
@@ -143,6 +149,8 @@ const Table<Row> refusals = {
      row("Tone_Direct_*", "rFreq", {-0.1, 0.5}, moxErrToneFreq, pointer),
      row("Triangle_Direct_*", "rFreq", {-0.1, 0.5}, moxErrTriangleFreq, pointer),
      row("Triangle_Direct_*", "asym", {-3.15, 3.15}, moxErrTriangleAsym, length),
+     row("Tone_Direct_*", "*phase", {-1e-9, 6.2831854, NAN}, moxErrTonePhase, behindLength),
+     row("Triangle_Direct_*", "*phase", {-1e-9, 6.2831854, NAN}, moxErrTrianglePhase, behindLength),
      row("@(Tone|Triangle)_Direct_*", "dst", {null}, moxErrNullPtr, number),
      row("@(Tone|Triangle)_Direct_*", "len", belowOne, moxErrSize, level),
      row("Tone*Q15*", "magn", {0, -1}, moxErrToneMagn, number),
@@ -157,11 +165,9 @@ const Table<Row> refusals = {
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {null}, moxErrNullPtr, first),
      row("WT@(Fwd|Inv)!(InitAlloc*)", "state", {cleared}, moxErrContext, object),
      row("WTInv_*", "dst", {null}, moxErrNullPtr, behindLength),
-     row("WT*InitAlloc*", "lenLow", belowOne, moxErrSize, length),
      row("WT*InitAlloc*", "tapsHigh", {null}, moxErrNullPtr, behindLength),
      row("WT*InitAlloc*", "lenHigh", belowOne, moxErrSize, number),
      row("WT*InitAlloc*", "offsLow offsHigh", {-2, INT_MIN}, moxErrWtOffset, level),
-     row("WTFwd_* WTInv_*", "dstLen srcLen", belowOne, moxErrSize, length),
 
      row("IIR*Direct_16s*", "order numBq", belowOne, moxErrIirOrder, first),
      row("FIRSRInit_*", "tapsLen", {0, -1, INT_MIN, INT_MAX}, moxErrSize, first),
@@ -185,6 +191,7 @@ bool isPointer(const Function& f, int i) { return f.type(i).form != Form::value;
 struct Refusal {
   int parameter;
   Row row;
+  bool ofTarget = false;
 };
 
 std::vector<Refusal> refusalsOf(const Function& f) {
@@ -196,6 +203,7 @@ std::vector<Refusal> refusalsOf(const Function& f) {
       all.push_back({i, *r});
       nullIsKnown |= r->status == moxErrNullPtr;
     }
+    for (const Row* r : refusals.all(f, '*' + name)) all.push_back({i, *r, true});
     if (!nullIsKnown) all.push_back({i, row("", "", {null}, moxErrNullPtr, pointer)});
   }
   return all;
@@ -203,9 +211,18 @@ std::vector<Refusal> refusalsOf(const Function& f) {
 
 alignas(64) std::byte clearedMemory[8192];
 
-// Spoils an argument, and says how.
-std::string spoil(Call& call, int parameter, double value) {
+// Spoils an argument by the k-th bad value, and says how. Of an array it is one element.
+std::string spoil(Call& call, const Refusal& refusal, std::size_t k = 0) {
+  const int parameter = refusal.parameter;
   const std::string& name = call.function().parameters[parameter];
+  const double value = refusal.row.values[k];
+  if (refusal.ofTarget) {
+    const Array& a = *call.array(parameter);
+    auto content = a.initial;
+    a.element->store(&content[k * std::size_t(a.element->bytes) % a.bytes], value);
+    call.fill(parameter, content);
+    return '*' + name + " = " + std::to_string(value);
+  }
   if (!isPointer(call.function(), parameter)) {
     call.setNumber(parameter, value);
     return name + " = " + std::to_string(value);
@@ -256,18 +273,17 @@ void checkRefusals(const Function& f, Position& at) {
   at.length = Setting().length;
   for (const Numbers& numbers : numbersToRefuseWith(f)) {
     const Setting setting{.numbers = numbers};
-    for (const auto& [parameter, one] : all) {
-      for (const double value : one.values) {
+    for (const Refusal& one : all) {
+      for (std::size_t k = 0; k < one.row.values.size(); ++k) {
         Call call(f, setting);
-        at.detail = "with " + spoil(call, parameter, value) + text(numbers);
-        requireRefusal(call, one.status);
+        at.detail = "with " + spoil(call, one, k) + text(numbers);
+        requireRefusal(call, one.row.status);
       }
-      for (const auto& [another, other] : all) {
-        if (other.rank <= one.rank || another == parameter) continue;
+      for (const Refusal& other : all) {
+        if (other.row.rank <= one.row.rank || other.parameter == one.parameter) continue;
         Call call(f, setting);
-        at.detail = "with " + spoil(call, parameter, one.values[0]);
-        at.detail += " and " + spoil(call, another, other.values[0]) + text(numbers);
-        requireRefusal(call, one.status);
+        at.detail = "with " + spoil(call, one) + " and " + spoil(call, other) + text(numbers);
+        requireRefusal(call, one.row.status);
       }
     }
   }

@@ -55,6 +55,21 @@ class Sweep {
 
 constexpr Placement flush{Edge::end, -1};
 
+void forPlaces(const Function& f, Position& at, auto check) {
+  forLengths(f, at, [&](int length) {
+    for (const int remainder : {0, 1, 4, 8, 16}) {
+      at.remainder = remainder;
+      if (!wanted("MOXSP_TEST_OFFSET", remainder)) continue;
+      check(Setting{.length = length, .destination = {Edge::end, remainder}});
+    }
+  });
+}
+
+void requireSameStatus(Call& call, Call& expected) {
+  const MoxStatus status = runWell(expected);
+  if (runWell(call) != status) throw Misbehaved("gives another status");
+}
+
 // The parameter of the plain form that a parameter of the in-place form stands for.
 std::string plainSource(const Function& plain, const std::string& name) {
   std::string source = name;
@@ -173,26 +188,20 @@ bool hasPlainForm(const Function& f) { return plainForm(f); }
 
 void checkInPlaceForm(const Function& f, Position& at) {
   const Function& plain = *plainForm(f);
-  forLengths(f, at, [&](int length) {
-    for (const int remainder : {0, 1, 4, 8, 16}) {
-      at.remainder = remainder;
-      if (!wanted("MOXSP_TEST_OFFSET", remainder)) continue;
-      const Setting setting{.length = length, .destination = {Edge::start, remainder}};
-      Call expected(plain, setting), call(f, setting);
-      for (const auto& a : call.arrays())
-        if (Array* source =
-                expected.array(plain.indexOf(plainSource(plain, f.parameters[a->parameter]))))
-          call.fill(a->parameter, source->initial);
-      at.detail = "compared with " + plain.name;
-      const MoxStatus status = runWell(expected);
-      if (runWell(call) != status) throw Misbehaved("gives another status");
-      for (const auto& a : call.arrays()) {
-        const std::string& name = f.parameters[a->parameter];
-        if (!name.starts_with("srcDst")) continue;
-        const Array* to = expected.array(plain.indexOf("dst" + name.substr(6)));
-        if (!to) throw Unknown(plain.name + " has no counterpart of '" + name + "'");
-        call.requireSameContent(*a, *to);
-      }
+  forPlaces(f, at, [&](const Setting& setting) {
+    Call expected(plain, setting), call(f, setting);
+    for (const auto& a : call.arrays())
+      if (Array* source =
+              expected.array(plain.indexOf(plainSource(plain, f.parameters[a->parameter]))))
+        call.fill(a->parameter, source->initial);
+    at.detail = "compared with " + plain.name;
+    requireSameStatus(call, expected);
+    for (const auto& a : call.arrays()) {
+      const std::string& name = f.parameters[a->parameter];
+      if (!name.starts_with("srcDst")) continue;
+      const Array* to = expected.array(plain.indexOf("dst" + name.substr(6)));
+      if (!to) throw Unknown(plain.name + " has no counterpart of '" + name + "'");
+      call.requireSameContent(*a, *to);
     }
   });
 }
@@ -202,26 +211,18 @@ bool mayRunOntoSource(const Function& f) {
 }
 
 void checkOntoSource(const Function& f, Position& at) {
-  forLengths(f, at, [&](int length) {
-    for (const auto& pairs : aliasings(f))
-      for (const int remainder : {0, 1, 4, 8, 16}) {
-        at.remainder = remainder;
-        if (!wanted("MOXSP_TEST_OFFSET", remainder)) continue;
-        const Setting setting{.length = length, .destination = {Edge::end, remainder}};
-        Call expected(f, setting), call(f, setting);
-        bool sameSize = true;
-        for (const auto& [d, s] : pairs) {
-          sameSize &= call.array(d)->bytes == call.array(s)->bytes;
-          at.detail = "with '" + f.parameters[d] + "' the same array as '" + f.parameters[s] + "'";
-          call.fill(d, call.array(s)->initial);
-          call.alias(s, d);
-        }
-        if (!sameSize) continue;
-        const MoxStatus status = runWell(expected);
-        if (runWell(call) != status) throw Misbehaved("gives another status");
-        call.requireSameOutputs(expected);
+  for (const auto& pairs : aliasings(f))
+    forPlaces(f, at, [&](const Setting& setting) {
+      Call expected(f, setting), call(f, setting);
+      for (const auto& [d, s] : pairs) {
+        if (call.array(d)->bytes != call.array(s)->bytes) return;
+        at.detail = "with '" + f.parameters[d] + "' the same array as '" + f.parameters[s] + "'";
+        call.fill(d, call.array(s)->initial);
+        call.alias(s, d);
       }
-  });
+      requireSameStatus(call, expected);
+      call.requireSameOutputs(expected);
+    });
 }
 
 }  // namespace every

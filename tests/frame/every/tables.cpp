@@ -48,6 +48,7 @@ std::vector<std::string> faultsOf(const std::string& table, const std::vector<Cl
   std::vector<std::set<std::string>> used(rows.size());
   for (const Function& f : allFunctions()) {
     auto parameters = f.parameters;
+    for (const std::string& name : f.parameters) parameters.push_back('*' + name);
     parameters.push_back("");
     for (const std::string& parameter : parameters) {
       std::set<int> kinds;

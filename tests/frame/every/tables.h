@@ -1,5 +1,6 @@
 // How the tables of the harness are read. A row names functions by shell patterns without their
-// "moxs" and parameters by name, several of each between spaces. Rows for "*" hold where no row of
+// "moxs" and parameters by name, or by "*NAME" what they point to, several of each between spaces.
+// Rows for "*" hold where no row of
 // the same table names the function. So the order of rows does not matter, and two rules keep the
 // tables true when functions come and go: each pattern and each name serves some function, and no
 // two rows of the same rank claim the same parameter of one function.
