@@ -1,9 +1,9 @@
 // A recursion waits for its last output before it can go on. So a block is cut into stretches, each
 // in a lane of its own, and every stretch is filtered as if nothing had come out before it. What
-// lacks is the response to the outputs before a stretch, by weights that the state holds. The last
-// outputs of the stretches are completed first, from stretch to stretch, because each stretch
-// follows on those of the one before it; then all others are completed at once, in a cascade on
-// their way into the next section.
+// its outputs then miss is the response to the outputs before the stretch, by weights that the
+// state holds. The last outputs of the stretches are completed first, from stretch to stretch,
+// because each stretch follows on those of the one before it; then all others are completed at
+// once, in a cascade on their way into the next section.
 #include "iir/iir_block.h"
 
 #include "iir/iir_steps.h"
