@@ -49,23 +49,19 @@ MoxStatus setTapsAlone(const typename C::Tap* taps, MoxsFIRState* state) {
 }
 
 template <class C>
-constexpr auto getTapsOf() {
+constexpr auto getTaps = [] {
   if constexpr (takesFactor<C>)
     return getTapsAndFactor<C>;
   else
     return getTapsAlone<C>;
-}
+}();
 template <class C>
-constexpr auto setTapsOf() {
+constexpr auto setTaps = [] {
   if constexpr (takesFactor<C>)
     return setTapsAndFactor<C>;
   else
     return setTapsAlone<C>;
-}
-template <class C>
-constexpr auto getTaps = getTapsOf<C>();
-template <class C>
-constexpr auto setTaps = setTapsOf<C>();
+}();
 
 template <class C>
 MoxStatus getDlyLine(const MoxsFIRState* state, typename C::Data* dlyLine) {
