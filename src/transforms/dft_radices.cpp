@@ -19,7 +19,7 @@ long costOf(const DftRadices& radices, long n, long numbers) {
     const long vector = plain + (columns > 1 ? 2 : 4) * radix + twiddles;
     cost += (columns > 1 ? rows * vectors(columns) : vectors(rows)) * vector;
     if (columns > 1) cost -= vectors(columns) * twiddles;
-    if (rows < numbers && columns == 1) cost += 6 * n;
+    if (rows < numbers && columns == 1) cost += 3 * vectors(n);
     cost += vector / 2;  // the next pass waits for the last vector
     rows *= radix;
   }
