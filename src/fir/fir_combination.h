@@ -11,8 +11,6 @@ namespace mox::fir {
 struct Ids {
   Mox32s single, multirate;
   Mox32s stream = single, streamMultirate = multirate;  // of states without delay line
-
-  constexpr bool hasStream() const { return stream != single; }
 };
 constexpr Mox32s id(int number) { return objectWord("FI", number); }
 
