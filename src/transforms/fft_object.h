@@ -68,8 +68,7 @@ struct RealKind : FloatKind<F> {
   }
   static void fill(FftSpec<F>& spec, int order, QuarterSine<F> sine) {
     if (hasComplexTables(order)) fillComplexTables(spec, order - 1, sine);
-    ownFftRealTwiddleFwd(order, sine, spec.realFwdTwiddle);
-    ownFftRealTwiddleInv(order, sine, spec.realInvTwiddle);
+    fillRealTables(spec, order, sine);
   }
 };
 

@@ -78,21 +78,41 @@ void writeOuterTwiddles(int order, QuarterSine<F> sine, F* table) {
     }
 }
 
+// Butterflies of one record.
+template <class F>
+constexpr int groupOf(int stage) {
+  return stage == 4 ? 4 : lanesOf<F>;
+}
+
+// Twiddles of the radix-4 stages of lengths 16 or 32, then four times as long each, up to 2^order:
+// W^a for a = j, 2j, 3j, as a vector of real parts and one of imaginary parts for each, by vectors
+// of butterflies j.
+template <class F>
+void writeStageTwiddles(int order, QuarterSine<F> sine, F* table) {
+  for (int stage = order % 2 ? 5 : 4; stage <= order; stage += 2) {
+    const Wave<F> wave(sine, stage);
+    const int group = groupOf<F>(stage);
+    for (long j = 0; j < wave.quarter(); j += group) table = writeRecord(table, wave, j, group, 3);
+  }
+}
+
 // Rows that are large themselves are cut up once more.
 template <int depth = 0, class F>
 void fillLevels(const FftSpec<F>& spec, int order, QuarterSine<F> sine) {
   const FftRows<F> rows(order);
   if (rows.order < FftLimits<F>::largeOrder)
-    ownFftTwiddle(rows.order, sine, spec.twiddle);
+    writeStageTwiddles(rows.order, sine, spec.twiddle);
   else if constexpr (depth + 1 < fftMaxDepth)
     fillLevels<depth + 1>(spec, rows.order, sine);
   writeOuterTwiddles(order, sine, spec.levelTwiddle[depth]);
 }
 
-// Butterflies of one record.
-template <class F>
-constexpr int groupOf(int stage) {
-  return stage == 4 ? 4 : lanesOf<F>;
+// Entry i, for 0 < i < 2^(order - 2), is twice the reversal of i in order - 2 bits.
+void writeBitReversal(int order, int* table) {
+  const int count = 1 << (order - 2);
+  for (int i = 0, reversed = 0; i < count; ++i, reversed = nextReversed(reversed, count))
+    table[i] = 2 * reversed;
+  table[count] = 0;
 }
 
 // entry(i) for i = 2, 1, 4, 3 ... count.
@@ -121,12 +141,8 @@ void writeRealTwiddles(int order, const Wave<F>& wave, F* table) {
 }  // namespace
 
 template <class F>
-QuarterSine<F> ownFftConstantSine() {
-  return {constantWave<F>.values, fftConstantSineOrder};
-}
-
-template <class F>
-QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf) {
+QuarterSine<F> quarterSine(int order, Mox8u* initBuf) {
+  if (order <= fftConstantSineOrder) return {constantWave<F>.values, fftConstantSineOrder};
   F* const table = reinterpret_cast<F*>(alignUp(initBuf, fftAlignment));
   const RoundingScope toNearest(Rounding::nearEven);
   const long n = 1L << order, quarter = n / 4, eighth = n / 8;
@@ -137,22 +153,6 @@ QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf) {
   return {table, order};
 }
 
-void ownFftBitRevTable(int order, int* table) {
-  const int count = 1 << (order - 2);
-  for (int i = 0, reversed = 0; i < count; ++i, reversed = nextReversed(reversed, count))
-    table[i] = 2 * reversed;
-  table[count] = 0;
-}
-
-template <class F>
-void ownFftTwiddle(int order, QuarterSine<F> sine, F* table) {
-  for (int stage = order % 2 ? 5 : 4; stage <= order; stage += 2) {
-    const Wave<F> wave(sine, stage);
-    const int group = groupOf<F>(stage);
-    for (long j = 0; j < wave.quarter(); j += group) table = writeRecord(table, wave, j, group, 3);
-  }
-}
-
 template <class F>
 void fillComplexTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine) {
   if (order >= FftLimits<F>::largeOrder) {
@@ -161,36 +161,28 @@ void fillComplexTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine) {
       spec.bitRev[i] = reversed;
     fillLevels(spec, order, sine);
   } else {
-    ownFftBitRevTable(order, spec.bitRev);
-    ownFftTwiddle(order, sine, spec.twiddle);
+    writeBitReversal(order, spec.bitRev);
+    writeStageTwiddles(order, sine, spec.twiddle);
   }
 }
 
 template <class F>
-void ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table) {
+void fillRealTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine) {
   const Wave<F> wave(sine, order);
-  if (order >= fftTwoLevelOrder) return writeRealTwiddles(order, wave, table);
+  writeRealTwiddles(order, wave, spec.realInvTwiddle);
+  if (order >= fftTwoLevelOrder) return writeRealTwiddles(order, wave, spec.realFwdTwiddle);
   const RoundingScope toNearest(Rounding::nearEven);
-  writeSwapped(table, wave.quarter(), [&](long i) {
+  writeSwapped(spec.realFwdTwiddle, wave.quarter(), [&](long i) {
     const Twiddle<F> w = wave.at(i);
     return Twiddle<F>{F(0.5) * w.re, F(0.5 + 0.5 * Mox64f(w.im))};
   });
 }
 
-template <class F>
-void ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table) {
-  writeRealTwiddles(order, Wave<F>(sine, order), table);
-}
-
-template QuarterSine<Mox32f> ownFftConstantSine();
-template QuarterSine<Mox64f> ownFftConstantSine();
-template QuarterSine<Mox32f> ownFftSinTable(int, Mox8u*);
-template QuarterSine<Mox64f> ownFftSinTable(int, Mox8u*);
-template void fillComplexTables(const FftSpec<Mox32f>&, int, QuarterSine<Mox32f>);
-template void fillComplexTables(const FftSpec<Mox64f>&, int, QuarterSine<Mox64f>);
-template void ownFftRealTwiddleFwd(int, QuarterSine<Mox32f>, Mox32f*);
-template void ownFftRealTwiddleFwd(int, QuarterSine<Mox64f>, Mox64f*);
-template void ownFftRealTwiddleInv(int, QuarterSine<Mox32f>, Mox32f*);
-template void ownFftRealTwiddleInv(int, QuarterSine<Mox64f>, Mox64f*);
+#define MOX_INSTANTIATE(F)                                                 \
+  template QuarterSine<F> quarterSine(int, Mox8u*);                        \
+  template void fillComplexTables(const FftSpec<F>&, int, QuarterSine<F>); \
+  template void fillRealTables(const FftSpec<F>&, int, QuarterSine<F>)
+MOX_INSTANTIATE(Mox32f);
+MOX_INSTANTIATE(Mox64f);
 
 }  // namespace mox::transforms

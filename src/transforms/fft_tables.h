@@ -15,13 +15,6 @@ struct QuarterSine {
 // Up to this order a constant table serves all transforms; larger ones build their own.
 constexpr int fftConstantSineOrder = 10;
 
-template <class F>
-QuarterSine<F> ownFftConstantSine();
-
-// Builds the quarter wave of `order` at the first multiple of 64 in `initBuf`.
-template <class F>
-QuarterSine<F> ownFftSinTable(int order, Mox8u* initBuf);
-
 // Bytes of scratch for the quarter wave of a transform of that order, 0 for none.
 template <class F>
 constexpr int fftInitSize(int order) {
@@ -30,20 +23,9 @@ constexpr int fftInitSize(int order) {
 }
 
 // The quarter wave that a transform of that order takes its twiddles from; `initBuf` has
-// fftInitSize() bytes.
+// fftInitSize() bytes, at any address.
 template <class F>
-QuarterSine<F> quarterSine(int order, Mox8u* initBuf) {
-  return order > fftConstantSineOrder ? ownFftSinTable<F>(order, initBuf) : ownFftConstantSine<F>();
-}
-
-// Entry i, for 0 < i < 2^(order - 2), is twice the reversal of i in order - 2 bits.
-void ownFftBitRevTable(int order, int* table);
-
-// Twiddles of the radix-4 stages of lengths 16 or 32, then four times as long each, up to 2^order:
-// W(a) = exp(-2 pi i a / length) for a = j, 2j, 3j, as a vector of real parts and one of imaginary
-// parts for each, by vectors of butterflies j.
-template <class F>
-void ownFftTwiddle(int order, QuarterSine<F> sine, F* table);
+QuarterSine<F> quarterSine(int order, Mox8u* initBuf);
 
 // The tables of the complex transform of that order, mid or large.
 template <class F>
@@ -54,8 +36,6 @@ void fillComplexTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine);
 // entries (cos / 2, 1/2 - sin / 2) of the angle 2 pi k / N, or two levels of W. Inverse: entries W,
 // in one or two levels.
 template <class F>
-void ownFftRealTwiddleFwd(int order, QuarterSine<F> sine, F* table);
-template <class F>
-void ownFftRealTwiddleInv(int order, QuarterSine<F> sine, F* table);
+void fillRealTables(const FftSpec<F>& spec, int order, QuarterSine<F> sine);
 
 }  // namespace mox::transforms
