@@ -122,7 +122,8 @@ MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
   if (shape.hasLeafPlan())
     if (MoxStatus s = leaves.status()) return s;
   return mox::initAlloc<Kind>(object, dftOutOrdId<F>, shape, [&](DftOutOrdSpec<F>& spec) {
-    const WorkBuffer scratch(nullptr, 2 * long(sizeof(F)) * len);
+    const int stages = shape.radices.stages + shape.radices.tileStages;
+    const WorkBuffer scratch(nullptr, stages > 0 ? 2 * long(sizeof(F)) * len : 0);
     if (scratch.failed()) return MoxStatus(moxErrMemAlloc);
     const RoundingScope toNearest(Rounding::nearEven);
     const FftNorm norm = fftNorm(flag);
@@ -130,10 +131,12 @@ MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
     spec.hint = hint;
     spec.fwdFactor = norm.fwd ? factor : F(1);
     spec.invFactor = norm.inv ? factor : F(1);
-    const Roots<F> roots(scratch.as<Twiddle<F>>(), len);
-    for (int i = 0; i < shape.radices.stages + shape.radices.tileStages; ++i)
-      if (spec.stage[i].twiddle)
-        writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
+    if (stages > 0) {
+      const Roots<F> roots(scratch.as<Twiddle<F>>(), len);
+      for (int i = 0; i < stages; ++i)
+        if (spec.stage[i].twiddle)
+          writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
+    }
     if (shape.radices.kind == OutOrdLeaf::tile) writePlaces(spec);
     if (!spec.leafPlan) return MoxStatus(moxOk);
     constexpr int plain = 8;
