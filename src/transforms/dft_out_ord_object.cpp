@@ -111,6 +111,39 @@ void writePlaces(const DftOutOrdSpec<F>& spec) {
 }
 
 template <class F>
+MoxStatus fill(DftOutOrdSpec<F>& spec, const typename OutOrdKind<F>::Shape& shape, int flag,
+               int hint) {
+  const int len = shape.len, stages = shape.radices.stages + shape.radices.tileStages;
+  const WorkBuffer scratch(nullptr, stages > 0 ? 2 * long(sizeof(F)) * len : 0);
+  if (scratch.failed()) return moxErrMemAlloc;
+  const RoundingScope toNearest(Rounding::nearEven);
+  const FftNorm norm = fftNorm(flag);
+  const F factor = fftNormFactor<F>(flag, len);
+  spec.hint = hint;
+  spec.fwdFactor = norm.fwd ? factor : F(1);
+  spec.invFactor = norm.inv ? factor : F(1);
+  if (stages > 0) {
+    const Roots<F> roots(scratch.as<Twiddle<F>>(), len);
+    for (int i = 0; i < stages; ++i)
+      if (spec.stage[i].twiddle)
+        writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
+  }
+  if (shape.radices.kind == OutOrdLeaf::tile) writePlaces(spec);
+  if (!spec.leafPlan) return moxOk;
+  constexpr int plain = 8;
+  if (MoxStatus s = fillWithScratch(*spec.leafPlan, shape.leaves(), plain, 0)) return s;
+  if (shape.isWhole()) {
+    for (int k = 0; k < len; ++k) spec.place[k] = digitReversed(k, len);
+    return moxOk;
+  }
+  spec.bufSize = spec.leafPlan->bufSize;
+  spec.leafPlan->fwdNorm = norm.fwd;
+  spec.leafPlan->invNorm = norm.inv;
+  spec.leafPlan->normFactor = factor;
+  return moxOk;
+}
+
+template <class F>
 MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
   using Kind = OutOrdKind<F>;
   if (anyNull(object)) return moxErrNullPtr;
@@ -118,38 +151,10 @@ MoxStatus initAlloc(MoxsDFTOutOrdSpec** object, int len, int flag, int hint) {
   if (!fftNorm(flag).known) return moxErrFftFlag;
   if (len > DftLimits<F>::most) return moxErrSize;
   const typename Kind::Shape shape{len};
-  const DftShape<F> leaves = shape.leaves();
   if (shape.hasLeafPlan())
-    if (MoxStatus s = leaves.status()) return s;
+    if (MoxStatus s = shape.leaves().status()) return s;
   return mox::initAlloc<Kind>(object, dftOutOrdId<F>, shape, [&](DftOutOrdSpec<F>& spec) {
-    const int stages = shape.radices.stages + shape.radices.tileStages;
-    const WorkBuffer scratch(nullptr, stages > 0 ? 2 * long(sizeof(F)) * len : 0);
-    if (scratch.failed()) return MoxStatus(moxErrMemAlloc);
-    const RoundingScope toNearest(Rounding::nearEven);
-    const FftNorm norm = fftNorm(flag);
-    const F factor = fftNormFactor<F>(flag, len);
-    spec.hint = hint;
-    spec.fwdFactor = norm.fwd ? factor : F(1);
-    spec.invFactor = norm.inv ? factor : F(1);
-    if (stages > 0) {
-      const Roots<F> roots(scratch.as<Twiddle<F>>(), len);
-      for (int i = 0; i < stages; ++i)
-        if (spec.stage[i].twiddle)
-          writeTwiddles(spec.stage[i], stepNumbers<F>(shape.radices, i), roots);
-    }
-    if (shape.radices.kind == OutOrdLeaf::tile) writePlaces(spec);
-    if (!spec.leafPlan) return MoxStatus(moxOk);
-    constexpr int plain = 8;
-    if (MoxStatus s = fillWithScratch(*spec.leafPlan, leaves, plain, 0)) return s;
-    if (shape.isWhole()) {
-      for (int k = 0; k < len; ++k) spec.place[k] = digitReversed(k, len);
-      return MoxStatus(moxOk);
-    }
-    spec.bufSize = spec.leafPlan->bufSize;
-    spec.leafPlan->fwdNorm = norm.fwd;
-    spec.leafPlan->invNorm = norm.inv;
-    spec.leafPlan->normFactor = factor;
-    return MoxStatus(moxOk);
+    return fill(spec, shape, flag, hint);
   });
 }
 
