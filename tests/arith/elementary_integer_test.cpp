@@ -25,42 +25,31 @@ std::vector<S> values() {
   return all;
 }
 
-// Elements without a value have the lowest result, or 0, and a warning, of which the first counts.
-template <class D>
-struct Bad {
-  MoxStatus status = moxOk;
-  D result = 0;
-};
-template <class D>
-Bad<D> never(long) {
-  return {};
-}
-template <class D>
-Bad<D> negativeIsZero(long x) {
-  return {x < 0 ? moxWarnSqrtNegArg : moxOk};
-}
-template <class D>
-Bad<D> lowestUpToZero(long x) {
-  const MoxStatus status = x > 0 ? moxOk : x < 0 ? moxWarnLnNegArg : moxWarnLnZeroArg;
-  return {status, std::numeric_limits<D>::min()};
+// Where a function has values. Elsewhere there is a warning, of which the first counts, and 0, or
+// the lowest result where there is no logarithm.
+enum Domain { all, notNegative, positive };
+
+MoxStatus statusOf(long x, Domain domain) {
+  if (domain == positive) return x > 0 ? moxOk : x < 0 ? moxWarnLnNegArg : moxWarnLnZeroArg;
+  return domain == notNegative && x < 0 ? moxWarnSqrtNegArg : moxOk;
 }
 
 template <class S, class D>
-void expectScaled(Member<const S*, D*, int, int> member, auto function, Bad<D> (*badOf)(long)) {
+void expectScaled(Member<const S*, D*, int, int> member, auto function, Domain domain = all) {
   const auto x = values<S>();
   std::deque<Exact> exact;
   MoxStatus status = moxOk;
   for (const S v : x) {
     mpfr_ptr value = exact.emplace_back(v, 160);
-    if (const MoxStatus s = badOf(v).status; s == moxOk)
+    if (statusOf(v, domain) == moxOk)
       function(value, value, MPFR_RNDN);
     else if (status == moxOk)
-      status = s;
+      status = statusOf(v, domain);
   }
+  const D without = domain == positive ? std::numeric_limits<D>::min() : 0;
   forAllFactors([&](int factor) {
     expectAt(run(member, x, factor).warning(status), [&](std::size_t i) {
-      const auto [bad, result] = badOf(x[i]);
-      return bad == moxOk ? scaledExactly<D>(exact[i], factor) : result;
+      return statusOf(x[i], domain) == moxOk ? scaledExactly<D>(exact[i], factor) : without;
     });
   });
 }
@@ -71,22 +60,22 @@ int decibels(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t mode) {
 }
 
 TEST(ElementaryIntegers, AreExact) {
-  expectScaled(MEMBER(Sqr_8u_Sfs), mpfr_sqr, never<Mox8u>);
-  expectScaled(MEMBER(Sqr_16s_Sfs), mpfr_sqr, never<Mox16s>);
-  expectScaled(MEMBER(Sqr_16u_Sfs), mpfr_sqr, never<Mox16u>);
-  expectScaled(MEMBER(Sqrt_8u_Sfs), mpfr_sqrt, never<Mox8u>);
-  expectScaled(MEMBER(Sqrt_16s_Sfs), mpfr_sqrt, negativeIsZero<Mox16s>);
-  expectScaled(MEMBER(Sqrt_16u_Sfs), mpfr_sqrt, never<Mox16u>);
-  expectScaled(MEMBER(Sqrt_32s16s_Sfs), mpfr_sqrt, negativeIsZero<Mox16s>);
-  expectScaled(MEMBER(Sqrt_64s_Sfs), mpfr_sqrt, negativeIsZero<Mox64s>);
-  expectScaled(MEMBER(Sqrt_64s16s_Sfs), mpfr_sqrt, negativeIsZero<Mox16s>);
-  expectScaled(MEMBER(Cubrt_32s16s_Sfs), mpfr_cbrt, never<Mox16s>);
-  expectScaled(MEMBER(Ln_16s_Sfs), mpfr_log, lowestUpToZero<Mox16s>);
-  expectScaled(MEMBER(Ln_32s_Sfs), mpfr_log, lowestUpToZero<Mox32s>);
-  expectScaled(MEMBER(Ln_32s16s_Sfs), mpfr_log, lowestUpToZero<Mox16s>);
-  expectScaled(MEMBER(10Log10_32s_Sfs), decibels, lowestUpToZero<Mox32s>);
-  expectScaled(MEMBER(Exp_16s_Sfs), mpfr_exp, never<Mox16s>);
-  expectScaled(MEMBER(Exp_32s_Sfs), mpfr_exp, never<Mox32s>);
+  expectScaled(MEMBER(Sqr_8u_Sfs), mpfr_sqr);
+  expectScaled(MEMBER(Sqr_16s_Sfs), mpfr_sqr);
+  expectScaled(MEMBER(Sqr_16u_Sfs), mpfr_sqr);
+  expectScaled(MEMBER(Sqrt_8u_Sfs), mpfr_sqrt);
+  expectScaled(MEMBER(Sqrt_16s_Sfs), mpfr_sqrt, notNegative);
+  expectScaled(MEMBER(Sqrt_16u_Sfs), mpfr_sqrt);
+  expectScaled(MEMBER(Sqrt_32s16s_Sfs), mpfr_sqrt, notNegative);
+  expectScaled(MEMBER(Sqrt_64s_Sfs), mpfr_sqrt, notNegative);
+  expectScaled(MEMBER(Sqrt_64s16s_Sfs), mpfr_sqrt, notNegative);
+  expectScaled(MEMBER(Cubrt_32s16s_Sfs), mpfr_cbrt);
+  expectScaled(MEMBER(Ln_16s_Sfs), mpfr_log, positive);
+  expectScaled(MEMBER(Ln_32s_Sfs), mpfr_log, positive);
+  expectScaled(MEMBER(Ln_32s16s_Sfs), mpfr_log, positive);
+  expectScaled(MEMBER(10Log10_32s_Sfs), decibels, positive);
+  expectScaled(MEMBER(Exp_16s_Sfs), mpfr_exp);
+  expectScaled(MEMBER(Exp_32s_Sfs), mpfr_exp);
 }
 
 // Of 64 bits up to those of a double, in rounding to nearest.

@@ -95,13 +95,15 @@ TEST(ViterbiSteps, KeepTheLeastWayToEachState) {
 }
 
 TEST(ViterbiSteps, UpdateFromTheFirstLeastMetric) {
-  std::vector<Mox16u> metrics(64, 700), expected(64, 577);
-  metrics[40] = metrics[9] = 123, expected[40] = expected[9] = 0;
-  Mox16u least;
-  Mox8u index;
-  moxsUpdatePathMetricsDV_16u(metrics.data(), &least, &index, metrics.data(), 64);
-  EXPECT_TRUE(least == 123 && index == 9);
-  EXPECT_EQ(metrics, expected);
+  for (const auto& [first, another] : {std::pair(9, 40), {0, 63}}) {
+    std::vector<Mox16u> metrics(64, 700), expected(64, 577);
+    metrics[first] = metrics[another] = 123, expected[first] = expected[another] = 0;
+    Mox16u least;
+    Mox8u index;
+    moxsUpdatePathMetricsDV_16u(metrics.data(), &least, &index, metrics.data(), 64);
+    EXPECT_TRUE(least == 123 && index == first);
+    EXPECT_EQ(metrics, expected);
+  }
 }
 
 }  // namespace

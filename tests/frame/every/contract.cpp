@@ -18,7 +18,8 @@ const Table<Row> deviations = {
     "deviations",
     {row(noStatus, "Malloc_* Free GetLibVersion"),
 
-     // Elements meet inside one vector, outputs depend on inputs at other places, or stand there.
+     // Elements meet inside one vector, or outputs stand at other places than the inputs that they
+     // depend on.
      row(notOntoSource,
          "SwapBytes_24* Copy?([LB]E)_1u SumWindow_* ConjPack_* ConjPerm_* ConjCcs_* "
          "SortRadixIndex* Conv_* Convolve_* ConvBiased_* *Corr* BuildSymblTable* "
@@ -33,8 +34,8 @@ const Table<Row> deviations = {
      // Outputs depend on inputs at other places, or the length decides where stretches begin.
      row(notElementwise, "FilterMedian_* Conv_* Convolve_* WTHaarInv_* IIR*"),
 
-     // It has stored 0 where it answers that the type is none of its own; a failure of the
-     // magnitudes leaves the phases; channels before one that is refused have been filtered.
+     // The size is 0 where the type is none of its own; a failure of the magnitudes leaves the
+     // phases; channels before one that is refused have been filtered.
      row(outputsApart, "ConvolveGetBufferSize CartToPolar_* IIR*_?(I)P?(Sfs)"),
      // So that nobody takes it for a bank.
      row(clearsObject, "WT*InitAlloc*"),

@@ -32,10 +32,15 @@ ControlWords controlWords() {
   return words;
 }
 
-void setControlWords(ControlWords words) {
-  _mm_setcsr(words.vector);
-  asm volatile("fnclex\n\tfldcw %0" : : "m"(words.x87));
-}
+// Whatever the words have become, they are those of a new program behind the scope.
+struct UnderControlWords {
+  explicit UnderControlWords(ControlWords words) { set(words); }
+  ~UnderControlWords() { set({allMasked, x87Default}); }
+  static void set(ControlWords words) {
+    _mm_setcsr(words.vector);
+    asm volatile("fnclex\n\tfldcw %0" : : "m"(words.x87));
+  }
+};
 
 // All eight registers of the x87 stack are free, as the calling convention wants them.
 bool x87StackIsEmpty() {
@@ -77,20 +82,15 @@ void checkControlWords(const Function& f, Position& at) {
       ControlWords after = words;
       bool emptyStack = true;
       errno = 0;
-      setControlWords(words);
       try {
+        const UnderControlWords scope(words);
         call.run();
         after = controlWords();
         emptyStack = x87StackIsEmpty();
       } catch (const FloatingPointTrap&) {
-        setControlWords(settings[0]);
-        if (hides) throw;
         // The caller asked for it; what a trap interrupts need not restore anything.
-      } catch (...) {
-        setControlWords(settings[0]);
-        throw;
+        if (hides) throw;
       }
-      setControlWords(settings[0]);
       if ((after.vector ^ words.vector) & (hides ? ~0u : ~statusFlags))
         throw Misbehaved("leaves vector control word " + std::to_string(after.vector));
       if (after.x87 != words.x87)
