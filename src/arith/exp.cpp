@@ -52,7 +52,8 @@ struct Exp32f {
 
   static Mask<Lanes> special(Lanes x) { return notAtMost(absolute(x), 87.33654022216797f); }
 
-  // The bits of a subnormal number x are the integer x * 2^149. Past 88.75 every result overflows,
+  // Low results are computed times 2^149, because the bits of a subnormal number x are the integer
+  // x * 2^149; high ones by half, because 2^128 is no number. Past 88.75 every result overflows,
   // and below -104 every one is less than half of the least number.
   static Lanes rare(Lanes x, int&) {
     const Lanes zero = {}, clamped = greater(lesser(x, zero + 88.75f), zero - 104.0f);
