@@ -118,7 +118,7 @@ void ownDftMixed(const DftSpec<F>& plan, const Source& src, const Target& dst, F
   } else {
     // Too few rows for a vector: stores reach into the numbers behind, which come later.
     detail::ownDftLast<F, Area>[detail::numberOf(pass)]({from.p}, to, pass);
-    forVectors<F>(plan.core, [&](long i) { dst.putInterleaved(i, to.interleaved(i)); });
+    forVectors<F>(plan.core, [&, to = to](long i) { dst.putInterleaved(i, to.interleaved(i)); });
   }
 }
 
