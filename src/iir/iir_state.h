@@ -52,7 +52,7 @@ struct State : MoxsIIRState {
 // Samples that are converted in one step: those that set a block off, and the block.
 template <class E>
 long pieceLen(const State<E>& s) {
-  return s.order + stretchesOf<E> * mostLength;
+  return long(s.order) + stretchesOf<E> * mostLength;
 }
 
 struct Shape {
