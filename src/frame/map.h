@@ -227,8 +227,9 @@ template <long count, class S, class D, class Block>
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. A
 // round stores `vecs` registers: by default four, which keep the processor's store unit busy.
-// Complex elements and registers of 64 bytes gain nothing from more than two; where two arrays are
-// loaded, more than one such register costs a tenth on processors that store it in two cycles.
+// Complex elements and registers of 64 bytes gain nothing from more than two. Where two arrays are
+// loaded, one such register was faster or slower than two by a tenth, as the arrays lay, on a
+// processor that stores it in two cycles.
 template <Stores stores = Stores::cached, int width = widestBytes, int vecs = 0, class D, class Op,
           class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
