@@ -226,17 +226,14 @@ template <long count, class S, class D, class Block>
 // dst[i] = op(src[i]...), where a source is an array, `Same` or `Ramp`. `op` takes scalars or
 // vectors, complex elements as interleaved parts; results are stored before the next are made,
 // which keeps the processor's loads and stores in step, so that `dst` may be one of the sources. A
-// round stores `vecs` registers: by default four, which keep the processor's store unit busy.
-// Complex elements and registers of 64 bytes gain nothing from more than two. Where two arrays are
-// loaded, one such register was faster or slower than two by a tenth, as the arrays lay, on a
-// processor that stores it in two cycles.
+// round stores `vecs` registers: by default four, which keep the processor's store unit busy; two
+// for registers of 64 bytes and for complex elements, whose operations gain nothing from four.
 template <Stores stores = Stores::cached, int width = widestBytes, int vecs = 0, class D, class Op,
           class... Source>
 [[gnu::always_inline]] inline void mapElements(Op op, D* dst, long len, Source... src) {
   constexpr int widest = int(std::max({sizeof(D), sizeof(ElementOf<Source>)...}));
   constexpr int lanes = width / widest, least = 16 / widest;
-  constexpr bool fromPair = (std::is_pointer_v<Source> + ...) == 2;
-  constexpr int ownVecs = width == 64 ? (fromPair ? 1 : 2) : Complex<D> ? 2 : 4;
+  constexpr int ownVecs = width < 64 && !Complex<D> ? 4 : 2;
   const auto atLanes = [&]<class E>(std::type_identity<E>, auto n, auto source, long i) {
     return lanesFrom<V<Part<E>, n * partsPerElement<E>>>(source, i);
   };
