@@ -48,9 +48,8 @@ typedef struct MoxsIIRState MoxsIIRState;
  * `GetStateSize` tells the bytes that `Init` needs, at any address. `Init` sets the filter up there
  * and stores the address of its state, which is inside `buffer`; `InitAlloc` takes the memory
  * itself. Taps (@ref iir_names) and delay line (@ref iir_dlyline) are copied; a null `dlyLine`
- * stands for zeros. `Free` releases what `InitAlloc` took and leaves other states as they are. A
- * state of `BiQuad` or `DF1` is freed by the `Free` of the same types, one of `32s_16s32f` by that
- * of `32s_16s`.
+ * stands for zeros. `Free` releases what `InitAlloc` took and leaves other states as they are; its
+ * names leave out `BiQuad`, `DF1`, and `32f` and `32fc` behind the types of integer taps.
  *
  * Taps are divided by a[0]: multiplied by its reciprocal in the type of the taps that the state
  * holds.
